@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "InterAppCommBridge/MenuEntry.h"
+#include "InterAppCommBridge/MenubarStatusItemData.h"
+
+#include <QString>
+
+#include <variant>
+#include <vector>
+
+namespace quor {
+
+/// The keys of the preferences suite that both applications share, typed.
+///
+/// Each call opens the suite afresh, makes one access and lets go; nothing is cached. Where the
+/// suite cannot be opened, the process's standard defaults serve in its place. What is missing or
+/// unreadable reads as its default; a record that cannot be encoded is stored as no bytes. Nothing
+/// is reported. Synchronous, on the calling thread; no locks: a later write of a key replaces an
+/// earlier one, read or not.
+class GroupStorage final {
+public:
+    /// What one application asks of the other. One slot: the last one written counts.
+    struct Action {
+        struct StopTimer {
+            QString taskID;
+            double delta = 0; ///< seconds relative to now: 0 for now, negative in the past
+            friend bool operator==(const StopTimer&, const StopTimer&) = default;
+        };
+        struct AdjustTimer {
+            QString taskID;
+            double delta = 0; ///< seconds to move the start by; 0 moves it to the end of the last entry
+            friend bool operator==(const AdjustTimer&, const AdjustTimer&) = default;
+        };
+        struct StartTimer {
+            QString taskID;
+            friend bool operator==(const StartTimer&, const StartTimer&) = default;
+        };
+        struct None {
+            friend bool operator==(const None&, const None&) = default;
+        };
+        struct OpenMenu {
+            friend bool operator==(const OpenMenu&, const OpenMenu&) = default;
+        };
+        struct OpenQuor {
+            friend bool operator==(const OpenQuor&, const OpenQuor&) = default;
+        };
+        struct QuitQuor {
+            friend bool operator==(const QuitQuor&, const QuitQuor&) = default;
+        };
+        struct RequestMenuEntries {
+            friend bool operator==(const RequestMenuEntries&, const RequestMenuEntries&) = default;
+        };
+
+        using Value = std::variant<StopTimer, AdjustTimer, StartTimer, None, OpenMenu, OpenQuor, QuitQuor,
+            RequestMenuEntries>;
+        Value value = None{};
+
+        friend bool operator==(const Action&, const Action&) = default;
+    };
+
+    /// The suite's name.
+    const QString groupID = QStringLiteral("QX77Z4012M.com.quor-app");
+
+    [[nodiscard]] MenubarStatusItemData timerData() const;
+    [[nodiscard]] std::vector<MenuEntry> menuEntryData() const;
+    [[nodiscard]] Action action() const;
+    [[nodiscard]] bool showWorkingDays() const;
+    [[nodiscard]] double workingDayLengthSeconds() const;
+    [[nodiscard]] bool showDurationInPercent() const;
+    [[nodiscard]] bool enableLogging() const;
+
+    void setSearchTerm(const QString& term) const;
+    void setAction(const Action& action) const;
+
+    // The main application's side of the same keys.
+    [[nodiscard]] QString searchTerm() const;
+    void setTimerData(const MenubarStatusItemData& data) const;
+    void setMenuEntryData(const std::vector<MenuEntry>& entries) const;
+    void setShowWorkingDays(bool show) const;
+    void setWorkingDayLengthSeconds(double seconds) const;
+    void setShowDurationInPercent(bool show) const;
+    void setEnableLogging(bool enable) const;
+};
+
+} // namespace quor

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Concurrency/MainQueue.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+
+#include <algorithm>
+#include <utility>
+
+namespace quor::platform {
+
+struct WorkItem::Pending {
+    QTimer timer;
+    std::function<void()> work;
+
+    // The timer's connection keeps this object alive, so taking the work also ends the timer:
+    // a cancelled item must not wake the process later.
+    std::function<void()> take()
+    {
+        timer.stop();
+        QObject::disconnect(&timer, nullptr, nullptr, nullptr);
+        return std::exchange(work, nullptr);
+    }
+};
+
+WorkItem::WorkItem(std::shared_ptr<Pending> pending)
+    : pending_(std::move(pending))
+{
+}
+
+void WorkItem::cancel()
+{
+    if (const auto pending = std::exchange(pending_, nullptr))
+        pending->take();
+}
+
+bool WorkItem::isPending() const
+{
+    return pending_ && pending_->work;
+}
+
+void MainQueue::async(std::function<void()> work)
+{
+    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(work), Qt::QueuedConnection);
+}
+
+WorkItem MainQueue::after(std::chrono::milliseconds delay, std::function<void()> work)
+{
+    auto pending = std::make_shared<WorkItem::Pending>();
+    pending->work = std::move(work);
+    pending->timer.setSingleShot(true);
+    pending->timer.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&pending->timer, &QTimer::timeout, QCoreApplication::instance(), [pending] {
+        const auto alive = pending; // taking the work ends the connection that holds this closure
+        if (const auto run = alive->take())
+            run();
+    });
+    pending->timer.start(std::max(delay, std::chrono::milliseconds::zero()));
+    return WorkItem(std::move(pending));
+}
+
+} // namespace quor::platform

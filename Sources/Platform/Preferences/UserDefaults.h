@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+namespace quor::platform {
+
+/// A preferences suite: keyed, typed values that every process of the user can read and write.
+///
+/// A suite is a folder, `$XDG_DATA_HOME/<suite>/Preferences` (mode 0700), with one regular file
+/// (mode 0600) a key: a line with the type (`data`, `string`, `bool`, `real`), a line feed, the value.
+/// The file's name is the key, every byte outside `A-Za-z0-9._-` and a leading dot as `%XX`.
+/// A write is renamed over the key's file, so a reader sees the old value or the new one, whole.
+/// Nothing is cached: each read is of the file as it stands.
+///
+/// A missing, unreadable or malformed value reads as unset. A value of another type converts: a
+/// boolean from a number or from "true", "yes", "1"; a double from a numeric text; all else is unset.
+/// Any thread; a value type without open handles.
+class UserDefaults final {
+public:
+    /// The suite of that name, its folder made where missing; none if it cannot be opened.
+    [[nodiscard]] static std::optional<UserDefaults> suite(const QString& name);
+
+    /// This process's own defaults: the suite named as the application is
+    /// (`QCoreApplication::applicationName`).
+    [[nodiscard]] static UserDefaults standard();
+
+    /// `suite(name)`, or the standard defaults in its place.
+    [[nodiscard]] static UserDefaults suiteOrStandard(const QString& name);
+
+    [[nodiscard]] std::optional<QByteArray> dataForKey(const QString& key) const;
+    [[nodiscard]] std::optional<QString> stringForKey(const QString& key) const;
+    [[nodiscard]] bool boolForKey(const QString& key) const; ///< false where unset
+    [[nodiscard]] double doubleForKey(const QString& key) const; ///< 0 where unset
+
+    /// Replaces the value. False if it could not be stored whole (full disk, say); the old value
+    /// then stands.
+    bool setObject(const QByteArray& data, const QString& key) const;
+    bool setObject(const QString& string, const QString& key) const;
+    bool setObject(bool value, const QString& key) const;
+    bool setObject(double value, const QString& key) const;
+    bool removeObject(const QString& key) const;
+
+private:
+    explicit UserDefaults(QByteArray folder);
+
+    QByteArray folder_; ///< in the file system's encoding, without a closing slash
+};
+
+} // namespace quor::platform

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Services/Workspace.h"
+
+#include <algorithm>
+
+namespace quor::platform {
+
+bool isApplicationRunning(const Workspace& workspace, const QString& bundleIdentifier)
+{
+    const auto applications = workspace.runningApplications();
+    return std::ranges::find(applications, bundleIdentifier, &RunningApplication::bundleIdentifier)
+        != applications.end();
+}
+
+} // namespace quor::platform

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTemporaryDir>
+
+namespace quor::test {
+
+/// Puts the user's data folder into a fresh temporary one for as long as it lives.
+class TemporaryDataHome final {
+public:
+    TemporaryDataHome() { qputenv("XDG_DATA_HOME", folder_.path().toUtf8()); }
+    ~TemporaryDataHome()
+    {
+        if (before_.isNull())
+            qunsetenv("XDG_DATA_HOME");
+        else
+            qputenv("XDG_DATA_HOME", before_);
+    }
+    TemporaryDataHome(const TemporaryDataHome&) = delete;
+    TemporaryDataHome& operator=(const TemporaryDataHome&) = delete;
+
+    [[nodiscard]] QString path(const QString& below = {}) const { return folder_.filePath(below); }
+
+private:
+    QByteArray before_ = qgetenv("XDG_DATA_HOME");
+    QTemporaryDir folder_;
+};
+
+} // namespace quor::test

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <chrono>
+#include <functional>
+
+namespace quor::test {
+
+/// Turns the event loop until `condition` holds; its last answer if it does not within `limit`.
+inline bool waitFor(
+    const std::function<bool()>& condition, std::chrono::milliseconds limit = std::chrono::seconds(5))
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition() && clock.elapsed() < limit.count())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    return condition();
+}
+
+} // namespace quor::test
