@@ -1,1 +1,13 @@
+# The CMake package: find_package(Quor) then link Quor::ToolKit and whatever else is wanted.
 include_guard(GLOBAL)
+
+set(quor_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Quor)
+configure_package_config_file(
+  ${CMAKE_CURRENT_LIST_DIR}/QuorConfig.cmake.in ${PROJECT_BINARY_DIR}/QuorConfig.cmake
+  INSTALL_DESTINATION ${quor_package_dir})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuorConfigVersion.cmake
+  COMPATIBILITY SameMinorVersion)
+install(
+  FILES ${PROJECT_BINARY_DIR}/QuorConfig.cmake ${PROJECT_BINARY_DIR}/QuorConfigVersion.cmake
+  DESTINATION ${quor_package_dir} COMPONENT Development)
+install(EXPORT QuorTargets NAMESPACE Quor:: DESTINATION ${quor_package_dir} COMPONENT Development)
