@@ -2,6 +2,7 @@
 #include "Platform/Concurrency/MainQueue.h"
 
 #include <QCoreApplication>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -42,6 +43,15 @@ bool WorkItem::isPending() const
 void MainQueue::async(std::function<void()> work)
 {
     QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(work), Qt::QueuedConnection);
+}
+
+void MainQueue::sync(const std::function<void()>& work)
+{
+    auto* application = QCoreApplication::instance();
+    if (application->thread() == QThread::currentThread())
+        work();
+    else
+        QMetaObject::invokeMethod(application, work, Qt::BlockingQueuedConnection);
 }
 
 WorkItem MainQueue::after(std::chrono::milliseconds delay, std::function<void()> work)
