@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Concurrency/MainQueue.h"
+#include "ToolKit/Deferred/TargetActionWrapper.h"
+
+#include <any>
+#include <concepts>
+#include <memory>
+#include <unordered_map>
+#include <utility>
+#include <vector>
+
+namespace quor::toolkit {
+
+/// Whether the caller is on the main thread: the application object's.
+[[nodiscard]] bool isMainThread();
+
+/// Base of a class that publishes events to targets which it holds weakly.
+///
+///     enum class FormEvent { internalNeedsRender, ... };
+///     class Form : public EventProtocol<Form, FormEvent> { ... };
+///
+///     form.add(*this, &Presenter::needsRender, Form::Event::internalNeedsRender, 0.1);
+///     void Presenter::needsRender(Form& sender, const std::any& payload);
+///
+/// A target needs no clean-up: it may end at any moment, also within a call (see `WeakReference` for
+/// what can be a target; a publisher can). `EventType` is hashed by `std::hash`, which an enumeration
+/// has. Everything is for the main thread, but `trigger`, and calls come on the main thread only.
+template <class Publisher, class EventType>
+class EventProtocol : public Trackable {
+public:
+    using Event = EventType;
+    using TargetActions = std::vector<std::shared_ptr<TargetAction<Publisher>>>;
+    using Actions = std::unordered_map<Event, TargetActions>;
+
+    EventProtocol(const EventProtocol&) = delete;
+    EventProtocol& operator=(const EventProtocol&) = delete;
+
+    [[nodiscard]] const Actions& actions() const { return actions_; }
+    void setActions(Actions actions) { actions_ = std::move(actions); }
+
+    /// Calls `action` on `target` at each `trigger` of `event`; with a `delay` above 0, in seconds,
+    /// once for a burst, that long after its last. `action` is a member of the target, or anything
+    /// called with (target, sender, payload). Added twice, a target is called twice.
+    template <class Target, class Action>
+    requires std::invocable<Action&, Target&, Publisher&, const std::any&>
+    void add(Target& target, Action action, const Event& event, double delay = 0)
+    {
+        actions_[event].push_back(
+            std::make_shared<TargetActionWrapper<Publisher, Target>>(target, std::move(action), delay));
+    }
+
+    /// Takes `target` out of all events. It must be told as the type it was added as. A delayed
+    /// call that is pending still comes, if the target lives.
+    template <class Target>
+    void remove(const Target& target)
+    {
+        for (auto& [event, list] : actions_)
+            removeFrom(list, target);
+    }
+    template <class Target>
+    void remove(const Target& target, const Event& event)
+    {
+        if (const auto found = actions_.find(event); found != actions_.end())
+            removeFrom(found->second, target);
+    }
+
+    /// Calls the targets of `event` in the order they were added; an empty payload means none. On
+    /// the main thread before it returns, from any other thread (which must keep this object alive
+    /// for the call) in a later turn of the main queue, if this object still lives then.
+    ///
+    /// Who is called is settled before the first call; whoever ends before its turn is left out, and
+    /// the pass ends with this object.
+    void trigger(const Event& event, std::any payload = {})
+    {
+        if (!isMainThread()) {
+            platform::MainQueue::async([life = life(), this, event, payload = std::move(payload)]() mutable {
+                if (!life.expired())
+                    trigger(event, std::move(payload));
+            });
+            return;
+        }
+        const auto found = actions_.find(event);
+        if (found == actions_.end())
+            return;
+        std::erase_if(found->second, [](const auto& entry) { return !entry->isAlive(); });
+        const TargetActions pass = found->second;
+        const auto alive = life();
+        for (const auto& entry : pass) {
+            if (alive.expired())
+                return;
+            entry->perform(static_cast<Publisher&>(*this), payload);
+        }
+    }
+
+    /// Entries of `event`, with those whose target has gone since its last `trigger`.
+    [[nodiscard]] std::size_t numberOfTargets(const Event& event) const
+    {
+        const auto found = actions_.find(event);
+        return found == actions_.end() ? 0 : found->second.size();
+    }
+
+protected:
+    EventProtocol() = default;
+    ~EventProtocol() = default;
+
+private:
+    template <class Target>
+    static void removeFrom(TargetActions& list, const Target& target)
+    {
+        std::erase_if(list, [&target](const auto& entry) {
+            const auto wrapper = dynamic_cast<const TargetActionWrapper<Publisher, Target>*>(entry.get());
+            return wrapper && wrapper->holds(target);
+        });
+    }
+
+    Actions actions_;
+};
+
+} // namespace quor::toolkit

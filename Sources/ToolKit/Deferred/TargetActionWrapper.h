@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ToolKit/Deferred/DelayedAction.h"
+#include "ToolKit/Deferred/TargetAction.h"
+#include "ToolKit/Deferred/WeakReference.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <typeinfo>
+#include <utility>
+
+namespace quor::toolkit {
+
+/// The readable name of a type, as in "quor::Presenter".
+[[nodiscard]] QString typeDescription(const std::type_info& type);
+
+/// The entry of a target of one type, held weakly. With a delay above 0 (seconds) a burst of calls
+/// reaches the target once, with the last sender and payload, that long after the last call; whether
+/// target and sender still live is asked when the time has come. Main thread only.
+template <class Publisher, class Target>
+class TargetActionWrapper final : public TargetAction<Publisher> {
+public:
+    using Action = std::function<void(Target&, Publisher&, const std::any&)>;
+
+    TargetActionWrapper(Target& target, Action action, double delay)
+        : target_(target)
+        , action_(std::move(action))
+    {
+        if (delay > 0)
+            delayedAction_.emplace(delay);
+    }
+
+    [[nodiscard]] bool isAlive() const override { return target_.lock() != nullptr; }
+    [[nodiscard]] bool holds(const Target& target) const
+    {
+        const auto held = target_.lock();
+        return held && &*held == &target;
+    }
+
+    void perform(Publisher& sender, const std::any& payload) override
+    {
+        if (!delayedAction_) {
+            call(target_, action_, sender, payload);
+            return;
+        }
+        // Holds no entry: one that is removed meanwhile ends, and its pending call still comes.
+        delayedAction_->run(
+            [target = target_, action = action_, life = sender.life(), sender = &sender, payload] {
+                if (!life.expired())
+                    call(target, action, *sender, payload);
+            });
+    }
+
+    /// The name of the target's type; "nil" once the target has gone.
+    [[nodiscard]] QString debugDescription() const
+    {
+        return isAlive() ? typeDescription(typeid(Target)) : QStringLiteral("nil");
+    }
+
+private:
+    static void call(const WeakReference<Target>& reference, const Action& action, Publisher& sender,
+        const std::any& payload)
+    {
+        if (const auto target = reference.lock(); target && action)
+            action(*target, sender, payload);
+    }
+
+    WeakReference<Target> target_;
+    Action action_;
+    std::optional<DelayedAction> delayedAction_;
+};
+
+} // namespace quor::toolkit

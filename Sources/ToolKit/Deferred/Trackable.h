@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+namespace quor::toolkit {
+
+/// Base of a class whose objects can be referred to weakly without being a `QObject` or living in a
+/// `std::shared_ptr`: what others hold is a token that expires with the object.
+/// Such an object must end on the thread that uses the references, since nothing keeps it alive
+/// while it is called. A copy is an object of its own, with a token of its own.
+class Trackable {
+public:
+    /// Expired as soon as this object has ended. Any thread, as long as the object lives.
+    [[nodiscard]] std::weak_ptr<const void> life() const { return life_; }
+
+protected:
+    Trackable() = default;
+    Trackable(const Trackable& /*other*/)
+        : Trackable()
+    {
+    }
+    Trackable& operator=(const Trackable& /*other*/) { return *this; }
+    ~Trackable() = default;
+
+private:
+    std::shared_ptr<const void> life_ = std::make_shared<char>();
+};
+
+} // namespace quor::toolkit

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ToolKit/Deferred/Trackable.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <concepts>
+#include <memory>
+
+namespace quor::toolkit {
+
+template <class T>
+concept SharedFromThis = requires(T& object)
+{
+    {
+        object.weak_from_this()
+        } -> std::convertible_to<std::weak_ptr<T>>;
+};
+
+/// A weak reference to an object, by the means that its class has: a `QPointer` for a `QObject`, a
+/// `std::weak_ptr` for what derives from `std::enable_shared_from_this`, else the token of a
+/// `Trackable`. `lock()` gives something like a pointer, null once the object has gone; an object
+/// in a `std::shared_ptr` stays alive as long as the result.
+template <class T>
+class WeakReference final {
+    static_assert(!std::same_as<T, T>,
+        "the target must be a QObject, or derive from std::enable_shared_from_this or "
+        "quor::toolkit::Trackable, so that it may end before whoever refers to it");
+};
+
+template <std::derived_from<QObject> T>
+class WeakReference<T> final {
+public:
+    explicit WeakReference(T& object)
+        : object_(&object)
+    {
+    }
+    [[nodiscard]] T* lock() const { return object_.data(); }
+
+private:
+    QPointer<T> object_;
+};
+
+template <class T>
+requires(!std::derived_from<T, QObject> && SharedFromThis<T>) class WeakReference<T> final {
+public:
+    /// The object must be in a `std::shared_ptr` by now, so not within its constructor.
+    explicit WeakReference(T& object)
+        : object_(object.weak_from_this())
+    {
+        Q_ASSERT_X(!object_.expired(), "WeakReference", "the object is in no std::shared_ptr yet");
+    }
+    [[nodiscard]] std::shared_ptr<T> lock() const { return object_.lock(); }
+
+private:
+    std::weak_ptr<T> object_;
+};
+
+template <class T>
+requires(!std::derived_from<T,
+             QObject> && !SharedFromThis<T> && std::derived_from<T, Trackable>) class WeakReference<T> final {
+public:
+    explicit WeakReference(T& object)
+        : life_(object.life())
+        , object_(&object)
+    {
+    }
+    [[nodiscard]] T* lock() const { return life_.expired() ? nullptr : object_; }
+
+private:
+    std::weak_ptr<const void> life_;
+    T* object_;
+};
+
+} // namespace quor::toolkit
