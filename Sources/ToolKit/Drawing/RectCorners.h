@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFlags>
+
+namespace quor::toolkit {
+
+enum class RectCorner { topLeft = 1, bottomLeft = 2, topRight = 4, bottomRight = 8 };
+
+/// Any of a rectangle's corners, as a set; `toInt()` is its raw value.
+Q_DECLARE_FLAGS(RectCorners, RectCorner)
+Q_DECLARE_OPERATORS_FOR_FLAGS(RectCorners)
+
+} // namespace quor::toolkit

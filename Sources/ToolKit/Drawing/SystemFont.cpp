@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Drawing/SystemFont.h"
+
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QHash>
+
+#include <algorithm>
+#include <cmath>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::toolkit {
+
+namespace {
+
+int wholePixels(double size)
+{
+    constexpr double largest = 1000;
+    return size > 1 ? static_cast<int>(std::lround(std::min(size, largest))) : 1;
+}
+
+bool hasEqualDigits(const QFont& font)
+{
+    // A run shows hinting and kerning too, which a single digit would not.
+    constexpr int run = 8;
+    constexpr double slack = 1.0 / 64; // the resolution of Qt's text measures
+    const QFontMetricsF metrics(font);
+    const double expected = metrics.horizontalAdvance(QString(run, u'0'));
+    const QString others = u"123456789"_s;
+    return std::all_of(others.begin(), others.end(), [&](QChar digit) {
+        return std::abs(metrics.horizontalAdvance(QString(run, digit)) - expected) <= slack;
+    });
+}
+
+QFont withEqualDigits(QFont font)
+{
+    if (hasEqualDigits(font))
+        return font;
+    for (const auto& family : {u"Noto Sans"_s, u"DejaVu Sans"_s, u"Liberation Sans"_s}) {
+        font.setFamilies({family});
+        if (QFontDatabase::hasFamily(family) && hasEqualDigits(font))
+            return font;
+    }
+    font.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
+    return font;
+}
+
+} // namespace
+
+QFont systemFont(double size, QFont::Weight weight)
+{
+    QFont font = QGuiApplication::font();
+    font.setPixelSize(wholePixels(size));
+    font.setWeight(weight);
+    return font;
+}
+
+QFont monospacedDigitFont(double size, QFont::Weight weight)
+{
+    // Keyed by the whole font asked for, so that a change of the user's font is seen. The few sizes
+    // and weights in use keep it small.
+    static QHash<QFont, QFont> chosen;
+    const QFont wanted = systemFont(size, weight);
+    auto entry = chosen.find(wanted);
+    if (entry == chosen.end())
+        entry = chosen.insert(wanted, withEqualDigits(wanted));
+    return *entry;
+}
+
+} // namespace quor::toolkit

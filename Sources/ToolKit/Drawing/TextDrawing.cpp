@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Drawing/TextDrawing.h"
+
+#include "Platform/Text/AttributedString.h"
+#include "ToolKit/Drawing/TextLayout.h"
+#include "ToolKit/Drawing/TextShadow.h"
+
+#include <QCache>
+#include <QHashFunctions>
+#include <QPainter>
+
+#include <cmath>
+
+using quor::platform::AttributedString;
+
+namespace quor::toolkit {
+
+namespace {
+
+struct Measured {
+    QString text;
+    QFont font;
+    bool wraps = false;
+    double maxWidth = 0;
+
+    friend bool operator==(const Measured&, const Measured&) = default;
+};
+
+size_t qHash(const Measured& key, size_t seed = 0)
+{
+    return qHashMulti(seed, key.text, key.font, key.wraps, key.maxWidth);
+}
+
+QSizeF rounded(QSizeF size)
+{
+    return {roundedTextLength(size.width()), roundedTextLength(size.height())};
+}
+
+QSizeF measure(const AttributedString& text, const QFont& font, bool wraps, double maxWidth)
+{
+    return rounded(TextLayout(text, font, wraps, maxWidth).size());
+}
+
+QPointF upperLeft(
+    QPointF at, QSizeF size, Qt::AlignmentFlag alignment, TextVerticalAlignment verticalAlignment)
+{
+    if (alignment == Qt::AlignRight)
+        at.rx() -= size.width();
+    else if (alignment == Qt::AlignHCenter || alignment == Qt::AlignCenter)
+        at.rx() -= size.width() / 2;
+    if (verticalAlignment == TextVerticalAlignment::bottom)
+        at.ry() -= size.height();
+    else if (verticalAlignment == TextVerticalAlignment::center)
+        at.ry() -= size.height() / 2;
+    return at;
+}
+
+} // namespace
+
+double roundedTextLength(double length)
+{
+    if (!std::isfinite(length))
+        return 0;
+    const double whole = std::trunc(length);
+    return whole + (length - whole < 0.5 ? 0.5 : 1.0);
+}
+
+QSizeF textSize(const QString& text, const QFont& font, bool wraps, double maxWidth)
+{
+    constexpr qsizetype longestKept = 500;
+    constexpr int sizesKept = 200;
+    if (text.size() > longestKept || std::isnan(maxWidth))
+        return measure(AttributedString(text), font, wraps, maxWidth);
+    // The same few texts are measured at each layout and each drawing.
+    static QCache<Measured, QSizeF> sizes(sizesKept);
+    const Measured key{text, font, wraps, maxWidth};
+    if (const QSizeF* known = sizes.object(key))
+        return *known;
+    const QSizeF size = measure(AttributedString(text), font, wraps, maxWidth);
+    sizes.insert(key, new QSizeF(size)); // NOLINT(cppcoreguidelines-owning-memory): the cache takes it
+    return size;
+}
+
+QSizeF textSize(const AttributedString& text, const QFont& font, bool wraps, double maxWidth)
+{
+    return measure(text, font, wraps, maxWidth);
+}
+
+void drawText(QPainter& painter, const QString& text, const QColor& color, const QFont& font,
+    Qt::AlignmentFlag alignment, TextVerticalAlignment verticalAlignment, bool wraps,
+    std::optional<QColor> shadowColor, double x, double y, double maxWidth)
+{
+    QTextCharFormat attributes;
+    attributes.setForeground(color);
+    attributes.setFont(font);
+    drawAttributedText(painter, AttributedString(text, attributes), alignment, verticalAlignment, wraps,
+        shadowColor, x, y, maxWidth);
+}
+
+void drawAttributedText(QPainter& painter, const AttributedString& text, Qt::AlignmentFlag alignment,
+    TextVerticalAlignment verticalAlignment, bool wraps, std::optional<QColor> shadowColor, double x,
+    double y, double maxWidth)
+{
+    if (!painter.isActive() || !std::isfinite(x) || !std::isfinite(y))
+        return;
+    const TextLayout layout(text, painter.font(), wraps, maxWidth);
+    const QSizeF size = rounded(layout.size());
+    const QPointF origin = upperLeft({x, y}, size, alignment, verticalAlignment);
+    const auto draw = [&](QPainter& on) { layout.draw(on, origin, size.width(), alignment); };
+    if (shadowColor)
+        drawSoftShadow(painter, {origin, size}, *shadowColor, draw);
+    draw(painter);
+}
+
+} // namespace quor::toolkit

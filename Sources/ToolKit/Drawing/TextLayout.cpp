@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Drawing/TextLayout.h"
+
+#include "ToolKit/Drawing/TextTruncation.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+using quor::platform::AttributedString;
+using quor::platform::TextAttachment;
+
+namespace quor::toolkit {
+
+namespace {
+
+// The widest line that a layout can hold: it counts in 1/64 and multiplies by 4.
+constexpr double widestLine = std::numeric_limits<int>::max() / 256;
+
+// Without a document, a layout gives no room to an inline object, but to a letter it does. This one
+// is drawn clear, and letter spacing brings it to the width of the attachment.
+constexpr QChar placeholder(u'x');
+
+std::optional<TextAttachment> attachmentOf(const QTextFormat& format)
+{
+    const QVariant value = format.property(AttributedString::attachmentProperty);
+    if (!value.isValid())
+        return std::nullopt;
+    return value.value<TextAttachment>();
+}
+
+void makeRoom(QTextCharFormat& format, const TextAttachment& attachment, const QFont& font)
+{
+    const double own = QFontMetricsF(format.font().resolve(font)).horizontalAdvance(placeholder);
+    format.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+    format.setFontLetterSpacing(attachment.bounds.width() - own);
+    format.setForeground(Qt::transparent);
+}
+
+FormattedText prepared(const AttributedString& text, const QFont& font)
+{
+    FormattedText result{text.string(), text.runs()};
+    // A layout breaks lines at its own separator only. Positions must stay, so a carriage return
+    // before a line feed becomes something without width.
+    result.text.replace(QStringLiteral("\r\n"), QStringLiteral("\u200B\u2028"));
+    for (const QChar mark : {QChar(u'\n'), QChar(u'\r'), QChar(QChar::ParagraphSeparator)})
+        result.text.replace(mark, QChar(QChar::LineSeparator));
+    for (auto& run : result.formats) {
+        if (const auto attachment = attachmentOf(run.format)) {
+            makeRoom(run.format, *attachment, font);
+            std::fill_n(result.text.begin() + run.start, run.length, placeholder);
+        }
+    }
+    return result;
+}
+
+double alignedOffset(double room, Qt::AlignmentFlag alignment)
+{
+    switch (alignment) {
+    case Qt::AlignRight:
+        return room;
+    case Qt::AlignHCenter:
+    case Qt::AlignCenter:
+        return room / 2;
+    default:
+        return 0;
+    }
+}
+
+} // namespace
+
+TextLayout::TextLayout(const AttributedString& text, const QFont& font, bool wraps, double maxWidth)
+{
+    const double width = maxWidth > 0 ? std::min(maxWidth, widestLine) : 0.0;
+    auto content = prepared(text, font);
+    if (!wraps)
+        content = truncatedInMiddle(content, font, width);
+    layout_.setFont(font);
+    layout_.setText(content.text);
+    layout_.setFormats(content.formats);
+    layout_.setCacheEnabled(true);
+    // Lines are aligned by hand, since their common width is known only when all are laid out.
+    QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    layout_.setTextOption(option);
+    placeLines(wraps ? width : widestLine);
+}
+
+void TextLayout::placeLines(double width)
+{
+    layout_.beginLayout();
+    for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
+        line.setLineWidth(width);
+        placeLine(line);
+    }
+    layout_.endLayout();
+}
+
+void TextLayout::placeLine(QTextLine& line)
+{
+    double ascent = line.ascent();
+    double descent = line.descent();
+    const int start = line.textStart();
+    const int end = start + line.textLength();
+    const std::size_t first = attachments_.size();
+    for (const auto& run : layout_.formats()) {
+        const auto attachment = attachmentOf(run.format);
+        if (!attachment)
+            continue;
+        for (int at = std::max(run.start, start); at < std::min(run.start + run.length, end); ++at) {
+            const QRectF& bounds = attachment->bounds;
+            const double left = std::min(line.cursorToX(at), line.cursorToX(at + 1));
+            attachments_.push_back({line.lineNumber(),
+                QRectF(left + bounds.x(), -bounds.y() - bounds.height(), bounds.width(), bounds.height()),
+                attachment->image});
+            ascent = std::max(ascent, bounds.y() + bounds.height());
+            descent = std::max(descent, -bounds.y());
+        }
+    }
+    line.setPosition({0, size_.height() + ascent - line.ascent()});
+    for (std::size_t i = first; i < attachments_.size(); ++i)
+        attachments_[i].rect.translate(0, size_.height() + ascent);
+    size_ = {std::max(size_.width(), line.naturalTextWidth()), size_.height() + ascent + descent};
+}
+
+void TextLayout::draw(QPainter& painter, QPointF origin, double width, Qt::AlignmentFlag alignment) const
+{
+    const auto offset = [&](const QTextLine& line) {
+        return QPointF(alignedOffset(width - line.naturalTextWidth(), alignment), 0);
+    };
+    for (int i = 0; i < layout_.lineCount(); ++i) {
+        const QTextLine line = layout_.lineAt(i);
+        line.draw(&painter, origin + offset(line));
+    }
+    const bool smooth = painter.testRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    for (const auto& attachment : attachments_)
+        painter.drawImage(
+            attachment.rect.translated(origin + offset(layout_.lineAt(attachment.line))), attachment.image);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, smooth);
+}
+
+} // namespace quor::toolkit

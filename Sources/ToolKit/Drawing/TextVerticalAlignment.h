@@ -1,0 +1,9 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+namespace quor::toolkit {
+
+/// Which of a text's edges, or its middle, stands at the y that it is drawn at.
+enum class TextVerticalAlignment { top, bottom, center };
+
+} // namespace quor::toolkit
