@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QAbstractButton>
 #include <QColor>
 #include <QImage>
-#include <QWidget>
 
 namespace quor::platform {
 
@@ -13,14 +13,17 @@ struct TemplateImage {
     QImage pixels;
     bool isTemplate = false;
 
-    friend bool operator==(const TemplateImage&, const TemplateImage&) = default;
+    /// Equal pixels of an equal device pixel ratio, shown in the same way.
+    friend bool operator==(const TemplateImage& a, const TemplateImage& b);
 };
 
 /// The button of a status item: an image, centred, a template one in the bar's text colour, and
 /// above it whatever child widgets it was given, in their own colours.
 ///
-/// Setting what already is repaints nothing. Takes no focus. Main thread only.
-class StatusBarButton final : public QWidget {
+/// Setting what already is repaints nothing. Takes no focus. Its children get no mouse events: a
+/// press on one is a press on the button. Assistive tools see a button and can press it too; its
+/// accessible name is the application's until another is set. Main thread only.
+class StatusBarButton final : public QAbstractButton {
     Q_OBJECT
 
 public:
@@ -28,6 +31,11 @@ public:
 
     [[nodiscard]] const TemplateImage& image() const { return image_; }
     void setImage(TemplateImage image);
+
+    /// Where the image's top left corner is painted, in device-independent pixels of the button:
+    /// centred as nearly as whole device pixels of the window allow, so at a fractional scale not
+    /// always a whole number. A child that must fit the image to the pixel paints from here.
+    [[nodiscard]] QPointF imageOrigin() const;
 
     /// The bar's text colour. The host sets it to suit the bar's background.
     [[nodiscard]] QColor tintColor() const { return tint_; }
@@ -43,17 +51,24 @@ public:
 Q_SIGNALS:
     /// A left or right press on the button or on anything in it.
     void mouseDown();
-    /// The window of the button has moved to a screen of another scale.
+    /// The button has come to a screen of another scale.
     void backingScaleChanged();
 
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
 
 private:
+    [[nodiscard]] const QImage& paintedImage();
+    void checkBackingScale();
+
     TemplateImage image_;
+    QImage tinted_; ///< The template image in the tint; null until painted.
     QColor tint_ = Qt::black;
+    double backingScale_;
     bool highlighted_ = false;
 };
 

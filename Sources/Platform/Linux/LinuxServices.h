@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/DBusWorkspace.h"
+#include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/QtApplication.h"
+#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Strip.h"
+#include "Platform/Services/Appearance.h"
+#include "Platform/Services/Clock.h"
+#include "Platform/Services/PlatformServices.h"
+#include "Platform/Services/StatusBar.h"
+
+namespace quor::platform {
+
+/// The real desktop: every service that an application is given, built and ended in the right order.
+///
+/// Made by `main` after the QApplication, and outlives whatever it is handed to. A `main` calls, in
+/// this order: `chooseDesktopPlatform`, `SessionBus::sessionAddress`, the QApplication, this,
+/// `sessionBus().claim`. Main thread only.
+class LinuxServices final {
+public:
+    LinuxServices() = default;
+    LinuxServices(const LinuxServices&) = delete;
+    LinuxServices& operator=(const LinuxServices&) = delete;
+
+    [[nodiscard]] SessionBus& sessionBus() { return bus_; }
+    [[nodiscard]] PlatformServices services()
+    {
+        return {application_, clock_, notificationCenter_, workspace_, statusBar_, appearance_};
+    }
+
+private:
+    QtApplication application_;
+    SystemClock clock_;
+    SessionBus bus_;
+    Appearance appearance_;
+    PortalAppearance portalAppearance_{bus_, appearance_};
+    DBusNotificationCenter notificationCenter_{bus_};
+    DBusWorkspace workspace_{bus_};
+    Strip strip_{appearance_};
+    StatusBar statusBar_{strip_};
+};
+
+} // namespace quor::platform

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/NotificationChannel.h"
+
+#include <QDBusMessage>
+#include <QPointer>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::platform {
+
+namespace {
+
+constexpr auto signalPath = "/com/quor_app/DistributedNotifications"_L1;
+constexpr auto signalInterface = "com.quor_app.DistributedNotifications"_L1;
+constexpr auto signalMember = "Posted"_L1;
+
+// Qt writes the argument into the match rule as it is, and an apostrophe would end it there. Such
+// a name is left to the channel to compare; the bus then sends it the posts of all names.
+QStringList argumentMatch(const QString& name)
+{
+    return name.contains(u'\'') ? QStringList() : QStringList(name);
+}
+
+} // namespace
+
+NotificationChannel::NotificationChannel(const QDBusConnection& bus, const QString& name)
+    : bus_(bus)
+    , name_(name)
+{
+    bus_.connect({}, signalPath, signalInterface, signalMember, argumentMatch(name_), u"s"_s, this,
+        SLOT(posted(QString)));
+}
+
+NotificationChannel::~NotificationChannel()
+{
+    bus_.disconnect({}, signalPath, signalInterface, signalMember, argumentMatch(name_), u"s"_s, this,
+        SLOT(posted(QString)));
+}
+
+void NotificationChannel::add(ObserverToken token, Handler handler)
+{
+    observers_.emplace(token, std::move(handler));
+}
+
+void NotificationChannel::remove(ObserverToken token)
+{
+    observers_.erase(token);
+}
+
+QDBusMessage NotificationChannel::signalFor(const QString& name)
+{
+    auto signal = QDBusMessage::createSignal(signalPath, signalInterface, signalMember);
+    signal << name;
+    return signal;
+}
+
+void NotificationChannel::posted(const QString& name)
+{
+    if (name != name_ || observers_.empty())
+        return;
+    const Notification notification{name};
+    const auto last = observers_.rbegin()->first;
+    const QPointer<NotificationChannel> self(this);
+    auto token = ObserverToken(0);
+    while (self) {
+        const auto next = observers_.upper_bound(token);
+        if (next == observers_.end() || next->first > last)
+            return;
+        token = next->first;
+        if (const auto handler = next->second) // a copy, since it may remove itself
+            handler(notification);
+    }
+}
+
+} // namespace quor::platform

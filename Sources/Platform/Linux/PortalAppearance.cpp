@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/PortalAppearance.h"
+
+#include "Platform/Linux/SessionBus.h"
+
+#include <QApplication>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QEvent>
+#include <QPalette>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::platform {
+
+namespace {
+
+constexpr auto portalService = "org.freedesktop.portal.Desktop"_L1;
+constexpr auto portalPath = "/org/freedesktop/portal/desktop"_L1;
+constexpr auto settingsInterface = "org.freedesktop.portal.Settings"_L1;
+constexpr auto settingGroup = "org.freedesktop.appearance"_L1;
+constexpr auto settingKey = "color-scheme"_L1;
+
+std::optional<ColorScheme> schemeFromSetting(QVariant value)
+{
+    // Reading wraps the value twice, the change signal once.
+    while (value.metaType() == QMetaType::fromType<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    if (value == 1U)
+        return ColorScheme::dark;
+    if (value == 2U)
+        return ColorScheme::light;
+    return std::nullopt;
+}
+
+ColorScheme schemeFromPalette()
+{
+    const auto palette = QApplication::palette();
+    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness()
+        ? ColorScheme::dark
+        : ColorScheme::light;
+}
+
+} // namespace
+
+PortalAppearance::PortalAppearance(SessionBus& bus, Appearance& appearance, QObject* parent)
+    : QObject(parent)
+    , appearance_(appearance)
+{
+    apply();
+    QCoreApplication::instance()->installEventFilter(this);
+    askPortal(bus);
+}
+
+void PortalAppearance::askPortal(SessionBus& bus)
+{
+    auto connection = bus.connection();
+    // From whichever service: naming it would cost a round trip to find its owner.
+    connection.connect({}, portalPath, settingsInterface, u"SettingChanged"_s, {settingGroup, settingKey},
+        u"ssv"_s, this, SLOT(settingChanged(QString, QString, QDBusVariant)));
+
+    auto request = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);
+    request << QString(settingGroup) << QString(settingKey);
+    auto* answer = new QDBusPendingCallWatcher(connection.asyncCall(request), this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+        answer->deleteLater();
+        const QDBusPendingReply<QDBusVariant> reply = *answer;
+        if (reply.isValid())
+            setPortalScheme(reply.value().variant());
+    });
+}
+
+void PortalAppearance::settingChanged(const QString&, const QString&, const QDBusVariant& value)
+{
+    setPortalScheme(value.variant());
+}
+
+void PortalAppearance::setPortalScheme(const QVariant& value)
+{
+    portalScheme_ = schemeFromSetting(value);
+    apply();
+}
+
+bool PortalAppearance::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance())
+        apply();
+    return QObject::eventFilter(watched, event);
+}
+
+void PortalAppearance::apply()
+{
+    appearance_.setDesktopScheme(portalScheme_ ? *portalScheme_ : schemeFromPalette());
+}
+
+} // namespace quor::platform

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/QtApplication.h"
+
+#include <QCoreApplication>
+
+namespace quor::platform {
+
+void QtApplication::terminate()
+{
+    // Not quit(), which asks each window and so could be refused.
+    QMetaObject::invokeMethod(
+        QCoreApplication::instance(), [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+}
+
+} // namespace quor::platform

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/SessionBus.h"
+
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QFile>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace quor::platform {
+
+namespace {
+
+constexpr auto busService = "org.freedesktop.DBus"_L1;
+constexpr auto busPath = "/org/freedesktop/DBus"_L1;
+constexpr std::chrono::milliseconds claimLimit = 5s;
+
+// Of the bus's own interface: flags of RequestName, and what it answers.
+constexpr uint doNotQueue = 4;
+enum RequestNameReply : uint { primaryOwner = 1, inQueue = 2, exists = 3, alreadyOwner = 4 };
+
+QDBusConnection connectTo(const QString& address, const QString& name)
+{
+    return address.isEmpty() ? QDBusConnection(name) : QDBusConnection::connectToBus(address, name);
+}
+
+} // namespace
+
+QString SessionBus::sessionAddress()
+{
+    // An address that asks for a bus to be launched is none.
+    const auto given = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    if (!given.isEmpty() && !given.startsWith("autolaunch:"_L1))
+        return given;
+    const auto runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");
+    const auto socket = runtimeFolder + "/bus"_L1;
+    if (runtimeFolder.isEmpty() || !QFile::exists(socket))
+        return {};
+    return "unix:path="_L1 + QString::fromLatin1(QFile::encodeName(socket).toPercentEncoding("/*", "~"));
+}
+
+SessionBus::SessionBus(const QString& address, QObject* parent)
+    : QObject(parent)
+    , connection_(connectTo(address, u"quor-session-%1"_s.arg(reinterpret_cast<quintptr>(this))))
+{
+    connection_.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
+        u"Disconnected"_s, this, SIGNAL(disconnected()));
+}
+
+SessionBus::~SessionBus()
+{
+    QDBusConnection::disconnectFromBus(connection_.name());
+}
+
+SessionBus::Claim SessionBus::claim(const QString& name)
+{
+    auto request = QDBusMessage::createMethodCall(busService, busPath, busService, u"RequestName"_s);
+    request << name << doNotQueue;
+    const QDBusReply<uint> reply = connection_.call(request, QDBus::Block, int(claimLimit.count()));
+    if (!reply.isValid())
+        return Claim::failed;
+    switch (reply.value()) {
+    case primaryOwner:
+    case alreadyOwner:
+        return Claim::claimed;
+    default:
+        return Claim::taken;
+    }
+}
+
+} // namespace quor::platform

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/StripWindow.h"
+
+#include "Platform/Linux/X11Struts.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace quor::platform {
+
+StripWindow::StripWindow()
+    : QWidget(nullptr,
+        Qt::Window | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    winId(); // the window's type is ignored until the native window is there
+    setAttribute(Qt::WA_X11NetWmWindowTypeDock);
+}
+
+void StripWindow::setBackground(const QColor& color)
+{
+    background_ = color;
+    update();
+}
+
+void StripWindow::place(QScreen& screen, const QRect& frame)
+{
+    setScreen(&screen);
+    setGeometry(frame);
+}
+
+void StripWindow::reserve(const TopStrut& strut)
+{
+    if (strut == strut_)
+        return;
+    strut_ = strut;
+    setTopStrut(winId(), strut);
+}
+
+bool StripWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::LayoutRequest)
+        Q_EMIT layoutRequested();
+    return QWidget::event(event);
+}
+
+void StripWindow::paintEvent(QPaintEvent* event)
+{
+    QPainter(this).fillRect(event->rect(), background_);
+}
+
+void StripWindow::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton || event->button() == Qt::RightButton)
+        Q_EMIT pressedBesideWidgets();
+}
+
+} // namespace quor::platform

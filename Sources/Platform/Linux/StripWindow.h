@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Linux/StripGeometry.h"
+
+#include <QColor>
+#include <QWidget>
+
+namespace quor::platform {
+
+/// The window of the strip: a dock in the eyes of the window manager, above others, without frame or
+/// focus, opaque (without a compositor anything else shows black). Whoever owns it places it and
+/// puts widgets into it.
+class StripWindow final : public QWidget {
+    Q_OBJECT
+
+public:
+    StripWindow();
+
+    void setBackground(const QColor& color);
+
+    /// Moves and resizes in one step. `frame` is in device-independent pixels.
+    void place(QScreen& screen, const QRect& frame);
+
+    /// Where there are struts at all; elsewhere it does nothing.
+    void reserve(const TopStrut& strut);
+
+Q_SIGNALS:
+    void layoutRequested(); ///< A widget in the window wants another size.
+    void pressedBesideWidgets(); ///< A left or right press that met no widget.
+
+protected:
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    QColor background_;
+    TopStrut strut_;
+};
+
+} // namespace quor::platform
