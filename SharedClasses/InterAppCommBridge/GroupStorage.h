@@ -11,6 +11,71 @@
 
 namespace quor {
 
+namespace groupstorage {
+
+// The payloads of Action. Outside of it because a variant needs their initializers, which are only
+// known once the class around them is complete.
+namespace action {
+
+struct StopTimer {
+    QString taskID;
+    double delta = 0; ///< seconds relative to now: 0 for now, negative in the past
+    friend bool operator==(const StopTimer&, const StopTimer&) = default;
+};
+
+struct AdjustTimer {
+    QString taskID;
+    double delta = 0; ///< seconds to move the start by; 0 moves it to the end of the last entry
+    friend bool operator==(const AdjustTimer&, const AdjustTimer&) = default;
+};
+
+struct StartTimer {
+    QString taskID;
+    friend bool operator==(const StartTimer&, const StartTimer&) = default;
+};
+
+struct None {
+    friend bool operator==(const None&, const None&) = default;
+};
+
+struct OpenMenu {
+    friend bool operator==(const OpenMenu&, const OpenMenu&) = default;
+};
+
+struct OpenQuor {
+    friend bool operator==(const OpenQuor&, const OpenQuor&) = default;
+};
+
+struct QuitQuor {
+    friend bool operator==(const QuitQuor&, const QuitQuor&) = default;
+};
+
+struct RequestMenuEntries {
+    friend bool operator==(const RequestMenuEntries&, const RequestMenuEntries&) = default;
+};
+
+} // namespace action
+
+/// What one application asks of the other. One slot: the last one written counts.
+struct Action {
+    using StopTimer = action::StopTimer;
+    using AdjustTimer = action::AdjustTimer;
+    using StartTimer = action::StartTimer;
+    using None = action::None;
+    using OpenMenu = action::OpenMenu;
+    using OpenQuor = action::OpenQuor;
+    using QuitQuor = action::QuitQuor;
+    using RequestMenuEntries = action::RequestMenuEntries;
+
+    using Value = std::variant<StopTimer, AdjustTimer, StartTimer, None, OpenMenu, OpenQuor, QuitQuor,
+        RequestMenuEntries>;
+    Value value = None{};
+
+    friend bool operator==(const Action&, const Action&) = default;
+};
+
+} // namespace groupstorage
+
 /// The keys of the preferences suite that both applications share, typed.
 ///
 /// Each call opens the suite afresh, makes one access and lets go; nothing is cached. Where the
@@ -20,44 +85,7 @@ namespace quor {
 /// earlier one, read or not.
 class GroupStorage final {
 public:
-    /// What one application asks of the other. One slot: the last one written counts.
-    struct Action {
-        struct StopTimer {
-            QString taskID;
-            double delta = 0; ///< seconds relative to now: 0 for now, negative in the past
-            friend bool operator==(const StopTimer&, const StopTimer&) = default;
-        };
-        struct AdjustTimer {
-            QString taskID;
-            double delta = 0; ///< seconds to move the start by; 0 moves it to the end of the last entry
-            friend bool operator==(const AdjustTimer&, const AdjustTimer&) = default;
-        };
-        struct StartTimer {
-            QString taskID;
-            friend bool operator==(const StartTimer&, const StartTimer&) = default;
-        };
-        struct None {
-            friend bool operator==(const None&, const None&) = default;
-        };
-        struct OpenMenu {
-            friend bool operator==(const OpenMenu&, const OpenMenu&) = default;
-        };
-        struct OpenQuor {
-            friend bool operator==(const OpenQuor&, const OpenQuor&) = default;
-        };
-        struct QuitQuor {
-            friend bool operator==(const QuitQuor&, const QuitQuor&) = default;
-        };
-        struct RequestMenuEntries {
-            friend bool operator==(const RequestMenuEntries&, const RequestMenuEntries&) = default;
-        };
-
-        using Value = std::variant<StopTimer, AdjustTimer, StartTimer, None, OpenMenu, OpenQuor, QuitQuor,
-            RequestMenuEntries>;
-        Value value = None{};
-
-        friend bool operator==(const Action&, const Action&) = default;
-    };
+    using Action = groupstorage::Action;
 
     /// The suite's name.
     const QString groupID = QStringLiteral("QX77Z4012M.com.quor-app");

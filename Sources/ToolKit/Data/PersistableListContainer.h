@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ToolKit/Data/FileManager.h"
+#include "ToolKit/Data/JSONDecoder.h"
+#include "ToolKit/Data/JSONEncoder.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QString>
+
+#include <limits>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace quor::toolkit {
+
+/// The image in memory of one file of a `PersistableList`: a JSON object, its members the elements by
+/// their keys. Without a `storageURL` (the file's path) it never touches the disk. An empty one has no
+/// file. Borrows the file manager. Failures are dropped; not for several threads at once.
+template <typename Element>
+class PersistableListContainer final {
+public:
+    static constexpr qint64 noLimit = std::numeric_limits<qint64>::max();
+
+    PersistableListContainer(std::optional<QString> storageURL, const FileManager& fileManager)
+        : storageURL_(std::move(storageURL))
+        , fileManager_(fileManager)
+    {
+    }
+
+    /// Reads the file, unless there are entries already. What is no object of such elements reads as
+    /// nothing.
+    void load()
+    {
+        if (!storageURL_ || !dict_.isEmpty())
+            return;
+        if (const auto data = fileManager_.contents(*storageURL_))
+            if (auto dict = JSONDecoder().decode<QHash<QString, Element>>(*data))
+                dict_ = std::move(*dict);
+    }
+
+    /// Writes the file, or removes it where there are no entries. False if the disk does not hold what
+    /// this does.
+    bool save() const
+    {
+        if (!storageURL_)
+            return false;
+        const QString directory = QFileInfo(*storageURL_).path();
+        if (!fileManager_.itemExists(directory))
+            fileManager_.createDirectory(directory);
+        if (dict_.isEmpty())
+            return fileManager_.removeFile(*storageURL_);
+        const auto data = JSONEncoder().encode(dict_);
+        return data && fileManager_.write(*data, *storageURL_);
+    }
+
+    /// Forgets the entries and removes the file. (`delete` is a keyword.)
+    void deleteAll()
+    {
+        if (storageURL_)
+            fileManager_.removeFile(*storageURL_);
+        dict_ = {};
+    }
+
+    [[nodiscard]] bool isEmpty() const { return dict_.isEmpty(); }
+
+    /// In no particular order.
+    [[nodiscard]] std::vector<QString> keys(qint64 limit = noLimit) const
+    {
+        std::vector<QString> keys;
+        for (auto entry = dict_.keyBegin(); entry != dict_.keyEnd() && qint64(keys.size()) < limit; ++entry)
+            keys.push_back(*entry);
+        return keys;
+    }
+
+    [[nodiscard]] std::vector<std::pair<QString, Element>> entries(qint64 limit = noLimit) const
+    {
+        std::vector<std::pair<QString, Element>> entries;
+        for (QString& key : keys(limit)) {
+            const Element element = dict_.value(key);
+            entries.emplace_back(std::move(key), element);
+        }
+        return entries;
+    }
+
+    [[nodiscard]] std::optional<Element> value(const QString& key) const
+    {
+        const auto entry = dict_.constFind(key);
+        return entry == dict_.cend() ? std::nullopt : std::optional<Element>(*entry);
+    }
+
+    void setValue(Element value, const QString& key) { dict_.emplace(key, std::move(value)); }
+    void removeValue(const QString& key) { dict_.remove(key); }
+
+private:
+    QHash<QString, Element> dict_;
+    std::optional<QString> storageURL_;
+    const FileManager& fileManager_;
+};
+
+} // namespace quor::toolkit
