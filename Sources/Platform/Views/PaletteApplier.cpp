@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Views/PaletteApplier.h"
+
+#include <QApplication>
+#include <QPalette>
+
+namespace quor::platform {
+
+namespace {
+
+ColorScheme schemeOf(const QPalette& palette)
+{
+    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness()
+        ? ColorScheme::dark
+        : ColorScheme::light;
+}
+
+QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
+{
+    const bool dark = scheme == ColorScheme::dark;
+    const QColor text = dark ? QColor(0xF2, 0xF2, 0xF2) : QColor(0x1C, 0x1C, 0x1E);
+    const QColor button = dark ? QColor(0x3C, 0x3C, 0x40) : QColor(0xF0, 0xF0, 0xF2);
+    const QColor window = dark ? QColor(0x2A, 0x2A, 0x2D) : QColor(0xF0, 0xF0, 0xF2);
+    QColor faint = text;
+    faint.setAlphaF(0.45F);
+
+    QPalette palette(button, window);
+    for (const auto role :
+        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, faint);
+    }
+    palette.setColor(QPalette::PlaceholderText, faint);
+    palette.setColor(QPalette::Base, dark ? QColor(0x1E, 0x1E, 0x20) : QColor(Qt::white));
+    palette.setColor(QPalette::AlternateBase, dark ? QColor(0x26, 0x26, 0x29) : QColor(0xF7, 0xF7, 0xF9));
+    palette.setColor(QPalette::ToolTipBase, button);
+    palette.setColor(QPalette::Link, dark ? QColor(0x6C, 0xB0, 0xFF) : QColor(0x0A, 0x5F, 0xD6));
+    palette.setColor(QPalette::LinkVisited, dark ? QColor(0xC0, 0x9A, 0xFF) : QColor(0x7A, 0x3F, 0xC8));
+    for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
+        palette.setColor(role, desktop.color(role));
+    return palette;
+}
+
+} // namespace
+
+PaletteApplier::PaletteApplier(Appearance& appearance)
+    : appearance_(appearance)
+    , changes_(appearance.observe([this] { apply(); }))
+{
+    apply();
+}
+
+void PaletteApplier::apply() const
+{
+    const auto wanted = appearance_.effectiveAppearance();
+    if (schemeOf(QApplication::palette()) == wanted)
+        return;
+    if (QCoreApplication::testAttribute(Qt::AA_SetPalette))
+        QApplication::setPalette({}); // back to the desktop's
+    if (schemeOf(QApplication::palette()) != wanted)
+        QApplication::setPalette(plainPalette(wanted, QApplication::palette()));
+}
+
+} // namespace quor::platform
