@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Deferred/DelayedAction.h"
+#include "Support/WaitFor.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <string>
+
+using quor::test::waitFor;
+using quor::toolkit::DelayedAction;
+
+namespace {
+
+TEST(DelayedAction, RunsTheLastOfABurstAfterItsDelay)
+{
+    std::string ran;
+    QElapsedTimer sinceLast;
+    DelayedAction action(0.05);
+    DelayedAction between(0.03);
+    action.run([&] { ran += 'a'; });
+    between.run([&] {
+        action.run([&] { ran += 'b'; });
+        sinceLast.start();
+        action.run([&] { ran += 'c'; });
+    });
+    EXPECT_TRUE(waitFor([&] { return !ran.empty(); }));
+    EXPECT_GE(sinceLast.elapsed(), 50) << "the delay counts from the last call";
+    EXPECT_EQ(ran, "c");
+    action.cancel();
+    action.run([&] { ran += 'd'; });
+    EXPECT_TRUE(waitFor([&] { return ran == "cd"; })) << "cancelling what has run leaves it usable";
+}
+
+TEST(DelayedAction, CancelDropsAndAnEndedOneStillRuns)
+{
+    bool cancelled = false;
+    bool outlived = false;
+    {
+        DelayedAction dropped(0);
+        dropped.run([&] { cancelled = true; });
+        dropped.cancel();
+        DelayedAction ended(std::numeric_limits<double>::quiet_NaN());
+        ended.run([&] { outlived = true; });
+    }
+    EXPECT_TRUE(waitFor([&] { return outlived; }));
+    EXPECT_FALSE(cancelled);
+}
+
+TEST(DelayedAction, AClosureMayStartItAnewOrEndIt)
+{
+    auto action = std::make_unique<DelayedAction>(-1);
+    DelayedAction endless(std::numeric_limits<double>::infinity());
+    endless.run([] { FAIL(); });
+    int runs = 0;
+    std::function<void()> again = [&] {
+        if (++runs == 3)
+            action.reset();
+        else
+            action->run(again);
+    };
+    action->run(again);
+    EXPECT_TRUE(waitFor([&] { return !action; }));
+    EXPECT_EQ(runs, 3);
+    endless.cancel();
+}
+
+} // namespace
