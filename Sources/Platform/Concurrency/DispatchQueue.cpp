@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Concurrency/DispatchQueue.h"
+
+#include <QtGlobal>
+
+#include <condition_variable>
+#include <cstdint>
+#include <deque>
+#include <mutex>
+
+#include <pthread.h>
+
+namespace quor::platform {
+
+// Every block draws a ticket when it is submitted and runs when its number is up, whichever thread
+// runs it. Shared with the worker, which may outlive a queue that ends within one of its blocks.
+struct DispatchQueue::State {
+    using Ticket = std::uint64_t;
+    struct Waiting {
+        Ticket ticket;
+        std::function<void()> block;
+    };
+
+    explicit State(QByteArray name)
+        : label(std::move(name))
+    {
+    }
+
+    void run(std::unique_lock<std::mutex>& lock, std::function<void()> block)
+    {
+        occupant = std::this_thread::get_id();
+        lock.unlock();
+        if (block)
+            block();
+        block = nullptr; // what it holds is let go of in its turn as well
+        lock.lock();
+        occupant = {};
+        ++serving;
+        changed.notify_all();
+    }
+
+    void work()
+    {
+        // The kernel keeps 15 characters of a thread's name.
+        pthread_setname_np(pthread_self(), label.left(15).constData());
+        std::unique_lock lock(mutex);
+        while (true) {
+            changed.wait(
+                lock, [this] { return waiting.empty() ? isEnding : waiting.front().ticket == serving; });
+            if (waiting.empty())
+                return;
+            auto block = std::move(waiting.front().block);
+            waiting.pop_front();
+            run(lock, std::move(block));
+        }
+    }
+
+    const QByteArray label;
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::deque<Waiting> waiting; // for the worker; a thread within sync waits by itself
+    std::thread::id occupant;
+    Ticket issued = 0;
+    Ticket serving = 0;
+    bool isEnding = false;
+};
+
+DispatchQueue::DispatchQueue(QByteArray label)
+    : state_(std::make_shared<State>(std::move(label)))
+{
+}
+
+DispatchQueue::~DispatchQueue()
+{
+    {
+        const std::lock_guard lock(state_->mutex);
+        state_->isEnding = true;
+    }
+    state_->changed.notify_all();
+    if (!worker_.joinable())
+        return;
+    if (worker_.get_id() == std::this_thread::get_id())
+        worker_.detach();
+    else
+        worker_.join();
+}
+
+void DispatchQueue::async(std::function<void()> block)
+{
+    {
+        const std::lock_guard lock(state_->mutex);
+        state_->waiting.push_back({state_->issued++, std::move(block)});
+        if (!worker_.joinable())
+            worker_ = std::thread([state = state_] { state->work(); });
+    }
+    state_->changed.notify_all();
+}
+
+void DispatchQueue::runInTurn(std::function<void()> block) noexcept
+{
+    std::unique_lock lock(state_->mutex);
+    if (state_->occupant == std::this_thread::get_id())
+        qFatal("%s: sync from within the queue's own block would never return", state_->label.constData());
+    const auto ticket = state_->issued++;
+    state_->changed.wait(lock, [this, ticket] { return state_->serving == ticket; });
+    state_->run(lock, std::move(block));
+}
+
+} // namespace quor::platform

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Concurrency/Operation.h"
+
+#include <cstdint>
+#include <map>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace quor::platform {
+
+class Operation::Observers {
+public:
+    using Token = std::uint64_t;
+
+    Token add(Key key, std::function<void()> changed)
+    {
+        const std::lock_guard lock(mutex_);
+        observers_.emplace(++last_, Observer{key, std::move(changed)});
+        return last_;
+    }
+
+    void remove(Token token)
+    {
+        Node gone; // let go of behind the lock: what the closure holds may come back here
+        const std::lock_guard lock(mutex_);
+        gone = observers_.extract(token);
+    }
+
+    void notify(Key key) const
+    {
+        for (const auto& changed : closures(key))
+            changed();
+    }
+
+private:
+    struct Observer {
+        Key key;
+        std::function<void()> changed;
+    };
+    using Map = std::map<Token, Observer>;
+    using Node = Map::node_type;
+
+    std::vector<std::function<void()>> closures(Key key) const
+    {
+        const std::lock_guard lock(mutex_);
+        std::vector<std::function<void()>> closures;
+        for (const auto& [token, observer] : observers_) {
+            if (observer.key == key && observer.changed)
+                closures.push_back(observer.changed);
+        }
+        return closures;
+    }
+
+    mutable std::mutex mutex_;
+    Map observers_; // in the order of registration
+    Token last_ = 0;
+};
+
+Operation::Operation()
+    : observers_(std::make_shared<Observers>())
+{
+}
+
+Operation::~Operation() = default;
+
+void Operation::start()
+{
+    if (isStarted_.exchange(true))
+        return;
+    if (!isCancelled()) {
+        isExecuting_ = true;
+        didChangeValueForKey(Key::isExecuting);
+        main();
+        isExecuting_ = false;
+        didChangeValueForKey(Key::isExecuting);
+    }
+    isFinished_ = true;
+    didChangeValueForKey(Key::isFinished);
+}
+
+void Operation::main() { }
+
+void Operation::cancel()
+{
+    isCancelled_ = true;
+}
+
+bool Operation::isCancelled() const
+{
+    return isCancelled_;
+}
+
+bool Operation::isExecuting() const
+{
+    return isExecuting_;
+}
+
+bool Operation::isFinished() const
+{
+    return isFinished_;
+}
+
+bool Operation::isAsynchronous() const
+{
+    return false;
+}
+
+Subscription Operation::observe(Key key, std::function<void()> changed)
+{
+    const auto token = observers_->add(key, std::move(changed));
+    return Subscription([observers = std::weak_ptr(observers_), token] {
+        if (const auto alive = observers.lock())
+            alive->remove(token);
+    });
+}
+
+void Operation::didChangeValueForKey(Key key)
+{
+    const auto observers = observers_; // an observer may let go of this operation
+    observers->notify(key);
+}
+
+} // namespace quor::platform
