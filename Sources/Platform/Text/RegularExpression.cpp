@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Text/RegularExpression.h"
+
+#include <unicode/regex.h>
+
+#include <utility>
+
+namespace quor::platform {
+
+namespace {
+
+// A step is ten thousand states tried, about 0.1 ms; the limit holds for all matches of one call.
+constexpr int32_t mostSteps = 5000;
+
+/// A view of `text` for ICU, without a copy.
+icu::UnicodeString viewOf(const QString& text)
+{
+    return {false, reinterpret_cast<const char16_t*>(text.utf16()), static_cast<int32_t>(text.size())};
+}
+
+RegularExpression::Match matchOf(const icu::RegexMatcher& matcher, UErrorCode& status)
+{
+    RegularExpression::Match match;
+    for (int32_t group = 0; group <= matcher.groupCount(); ++group) {
+        const int32_t start = matcher.start(group, status);
+        const int32_t end = matcher.end(group, status);
+        match.groups.push_back(start < 0 ? std::nullopt : std::optional(TextRange{start, end - start}));
+    }
+    return match;
+}
+
+} // namespace
+
+// Never changes, so any thread may make matchers of it; each holds one search.
+struct RegularExpression::Pattern {
+    std::unique_ptr<icu::RegexPattern> compiled;
+
+    /// `text` must live as long as the result, which is null if `status` tells of a failure.
+    std::unique_ptr<icu::RegexMatcher> search(const icu::UnicodeString& text, UErrorCode& status) const
+    {
+        std::unique_ptr<icu::RegexMatcher> matcher(compiled->matcher(text, status));
+        if (matcher)
+            matcher->setTimeLimit(mostSteps, status);
+        return U_SUCCESS(status) ? std::move(matcher) : nullptr;
+    }
+};
+
+RegularExpression::RegularExpression(std::shared_ptr<const Pattern> pattern)
+    : pattern_(std::move(pattern))
+{
+}
+
+std::optional<RegularExpression> RegularExpression::compile(const QString& pattern)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    UParseError where;
+    std::unique_ptr<icu::RegexPattern> compiled(icu::RegexPattern::compile(viewOf(pattern), where, status));
+    if (U_FAILURE(status))
+        return std::nullopt;
+    return RegularExpression(std::make_shared<const Pattern>(Pattern{std::move(compiled)}));
+}
+
+std::vector<RegularExpression::Match> RegularExpression::matches(const QString& text) const
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const auto input = viewOf(text);
+    const auto matcher = pattern_->search(input, status);
+    std::vector<Match> matches;
+    while (matcher && matcher->find(status))
+        matches.push_back(matchOf(*matcher, status));
+    return U_SUCCESS(status) ? matches : std::vector<Match>();
+}
+
+QString RegularExpression::replaceAll(const QString& text, const QString& replacement) const
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const auto input = viewOf(text);
+    const auto matcher = pattern_->search(input, status);
+    if (!matcher)
+        return text;
+    const auto replaced = matcher->replaceAll(viewOf(replacement), status);
+    if (U_FAILURE(status))
+        return text;
+    return QString(reinterpret_cast<const QChar*>(replaced.getBuffer()), replaced.length());
+}
+
+} // namespace quor::platform
