@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Services/Appearance.h"
+
+#include <QColor>
+
+namespace quor::platform {
+
+/// A colour that has one value on light ground and another on dark.
+struct DynamicColor {
+    QColor light;
+    QColor dark;
+
+    [[nodiscard]] QColor resolved(ColorScheme scheme) const
+    {
+        return scheme == ColorScheme::dark ? dark : light;
+    }
+
+    friend bool operator==(const DynamicColor&, const DynamicColor&) = default;
+};
+
+} // namespace quor::platform
