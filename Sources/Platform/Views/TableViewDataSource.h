@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Views/TableViewClient.h"
+
+namespace quor::platform {
+
+class TableView;
+
+/// Tells a `TableView` how many rows it has. The table asks once for each `reloadData()`, so the
+/// answer may change at any time. Main thread only.
+class TableViewDataSource : public TableViewClient {
+public:
+    /// Never negative.
+    [[nodiscard]] virtual int numberOfRows(const TableView& table) const = 0;
+
+protected:
+    ~TableViewDataSource() = default;
+};
+
+} // namespace quor::platform

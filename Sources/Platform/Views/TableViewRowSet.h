@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <vector>
+
+namespace quor::platform {
+
+/// A set of row indexes, kept as runs: a selection of a million rows in a row takes one.
+class TableViewRowSet final {
+public:
+    struct Run {
+        int first;
+        int last; ///< included
+        friend bool operator==(const Run&, const Run&) = default;
+    };
+
+    TableViewRowSet() = default;
+    explicit TableViewRowSet(int row) { insert(row, row); }
+    TableViewRowSet(int first, int last) { insert(first, last); }
+
+    /// Rows below 0 are left out.
+    void insert(int row) { insert(row, row); }
+    void insert(int first, int last);
+    void insert(const TableViewRowSet& rows);
+    void remove(int first, int last);
+
+    [[nodiscard]] bool contains(int row) const;
+    [[nodiscard]] bool isEmpty() const { return runs_.empty(); }
+    [[nodiscard]] int count() const;
+    /// The highest row; -1 if empty.
+    [[nodiscard]] int last() const { return runs_.empty() ? -1 : runs_.back().last; }
+    /// In ascending order, with a gap between any two.
+    [[nodiscard]] const std::vector<Run>& runs() const { return runs_; }
+
+    friend bool operator==(const TableViewRowSet&, const TableViewRowSet&) = default;
+
+private:
+    std::vector<Run> runs_;
+};
+
+} // namespace quor::platform
