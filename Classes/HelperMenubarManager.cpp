@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "HelperMenubarManager.h"
+
+#include "Platform/Preferences/DataHome.h"
+#include "Platform/Services/Application.h"
+#include "Platform/Services/StatusBar.h"
+#include "Platform/Services/Workspace.h"
+#include "ToolKit/Logging/FileErrorLogger.h"
+#include "View/MenubarMenuRenderer.h"
+#include "View/MenubarStatusItemRenderer.h"
+
+#include <QPointer>
+
+#include <utility>
+
+namespace quor::helper {
+
+using Action = GroupStorage::Action;
+
+namespace {
+
+// A closure for an owner that may go first: without it, calling does nothing.
+template <typename Function>
+auto whileAlive(HelperMenubarManager* manager, Function function)
+{
+    return [weak = QPointer(manager), function = std::move(function)](const auto&... arguments) {
+        if (weak)
+            function(*weak, arguments...);
+    };
+}
+
+} // namespace
+
+HelperMenubarManager::HelperMenubarManager(const platform::PlatformServices& services)
+    : services_(services)
+    , interAppCommBridge_(services.notificationCenter)
+{
+    notificationObserver_ = interAppCommBridge_.registerForNotification(InterAppNotification::updatedHelper,
+        whileAlive(this, [](auto& manager, const platform::Notification&) { manager.handleUpdate(); }));
+    setUpLogging();
+    interAppCommBridge_.groupStorage.setAction({Action::None{}});
+    interAppCommBridge_.postNotification(InterAppNotification::updatedMain);
+    showStatusItem(true);
+}
+
+HelperMenubarManager::~HelperMenubarManager()
+{
+    removeObserver();
+}
+
+void HelperMenubarManager::setUpLogging() const
+{
+    const bool enableLogging = interAppCommBridge_.groupStorage.enableLogging();
+    const auto dataHome = platform::dataHome();
+    if (!dataHome)
+        return;
+    toolkit::FileErrorLogger::setup(
+        *dataHome + u'/' + interAppCommBridge_.helperItemBundleID + QStringLiteral("/logs"));
+    toolkit::FileErrorLogger::setEnabled(enableLogging); // off, it empties the folder too
+}
+
+void HelperMenubarManager::removeObserver()
+{
+    if (const auto observer = std::exchange(notificationObserver_, std::nullopt))
+        services_.notificationCenter.removeObserver(*observer);
+}
+
+void HelperMenubarManager::showStatusItem(bool show)
+{
+    if (show == (statusItem_ != nullptr))
+        return;
+    if (show) {
+        statusItem_ = services_.statusBar.statusItem(platform::StatusItem::variableLength);
+        menubarMenuRenderer_ = std::make_unique<MenubarMenuRenderer>(*statusItem_);
+        connectMenu();
+        statusItemRenderer_ = std::make_unique<MenubarStatusItemRenderer>(*statusItem_, services_);
+    } else {
+        closeMenu();
+        menubarMenuRenderer_.reset();
+        statusItemRenderer_.reset();
+        services_.statusBar.removeStatusItem(std::move(statusItem_));
+    }
+}
+
+void HelperMenubarManager::handleUpdate()
+{
+    const auto& storage = interAppCommBridge_.groupStorage;
+    const Action action = storage.action();
+    if (std::holds_alternative<Action::OpenMenu>(action.value)) {
+        storage.setAction({Action::None{}});
+        if (menubarMenuRenderer_)
+            menubarMenuRenderer_->toggle();
+    } else if (std::holds_alternative<Action::RequestMenuEntries>(action.value)) {
+        storage.setAction({Action::None{}});
+        if (menubarMenuRenderer_)
+            menubarMenuRenderer_->showEntries(storage.menuEntryData());
+    }
+    refresh();
+}
+
+void HelperMenubarManager::refresh()
+{
+    if (!statusItemRenderer_)
+        return;
+    const auto& storage = interAppCommBridge_.groupStorage;
+    const bool showWorkingDays = storage.showWorkingDays();
+    const double workingDayLengthSeconds = storage.workingDayLengthSeconds();
+    const bool showDurationInPercent = storage.showDurationInPercent();
+    statusItemRenderer_->durationFormatter.configure(
+        showWorkingDays, showDurationInPercent, workingDayLengthSeconds);
+    statusItemRenderer_->data = storage.timerData();
+    statusItemRenderer_->update();
+}
+
+void HelperMenubarManager::connectMenu()
+{
+    auto& menu = *menubarMenuRenderer_;
+    menu.requestMenuEntries = whileAlive(
+        this, [](auto& manager, const QString& searchTerm) { manager.requestMenuEntries(searchTerm); });
+    menu.stopTimer = whileAlive(this, [](auto& manager, const QString& taskID, double delta) {
+        manager.send({Action::StopTimer{taskID, delta}});
+    });
+    menu.adjustTimer = whileAlive(this, [](auto& manager, const QString& taskID, double delta) {
+        manager.send({Action::AdjustTimer{taskID, delta}});
+    });
+    menu.startTimer = whileAlive(
+        this, [](auto& manager, const QString& taskID) { manager.send({Action::StartTimer{taskID}}); });
+    menu.openQuorHandler = whileAlive(this, [](auto& manager) {
+        manager.closeMenu();
+        manager.send({Action::OpenQuor{}});
+    });
+    menu.quitQuorHandler = whileAlive(this, [](auto& manager) {
+        manager.closeMenu();
+        manager.send({Action::QuitQuor{}});
+    });
+}
+
+void HelperMenubarManager::closeMenu()
+{
+    if (menubarMenuRenderer_)
+        menubarMenuRenderer_->close();
+}
+
+void HelperMenubarManager::send(const Action& action) const
+{
+    interAppCommBridge_.groupStorage.setAction(action);
+    interAppCommBridge_.postNotification(InterAppNotification::updatedMain);
+}
+
+void HelperMenubarManager::requestMenuEntries(const QString& searchTerm)
+{
+    interAppCommBridge_.groupStorage.setSearchTerm(searchTerm);
+    send({Action::RequestMenuEntries{}});
+    if (!platform::isApplicationRunning(services_.workspace, interAppCommBridge_.mainAppBundleID))
+        services_.application.terminate();
+}
+
+} // namespace quor::helper

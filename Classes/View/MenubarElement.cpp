@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenubarElement.h"
+
+#include <QPainter>
+
+namespace quor::helper {
+
+MenubarElement::MenubarElement(int tag, QWidget* parent)
+    : QWidget(parent)
+    , tag_(tag)
+{
+}
+
+void MenubarElement::place(QPointF origin)
+{
+    // One more around it: at a fractional scale the window clips widgets in the middle of a pixel.
+    const QRect wholePixels = frame_.translated(origin).toAlignedRect().adjusted(-1, -1, 1, 1);
+    origin_ = origin - wholePixels.topLeft();
+    setGeometry(wholePixels);
+}
+
+void MenubarElement::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.translate(origin_ + frame_.topLeft());
+    draw(painter);
+}
+
+} // namespace quor::helper

@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenubarStatusItemRenderer.h"
+
+#include "Platform/Services/Appearance.h"
+#include "Platform/Services/Clock.h"
+#include "Platform/Services/StatusBar.h"
+#include "Platform/Views/StatusBarButton.h"
+#include "View/MenubarStackView.h"
+#include "View/PillImage.h"
+#include "View/StatusItemElements.h"
+
+#include <QGuiApplication>
+#include <QStringList>
+
+#include <chrono>
+#include <cmath>
+#include <utility>
+
+namespace quor::helper {
+
+namespace {
+
+constexpr double spacing = 2;
+
+double edgeInset(double thickness)
+{
+    return std::ceil(std::ceil(thickness - rawValue(HeightPadding::single)) * 0.5 * 0.8);
+}
+
+} // namespace
+
+MenubarStatusItemRenderer::MenubarStatusItemRenderer(
+    platform::StatusItem& statusItem, const platform::PlatformServices& services, MainScreen mainScreen)
+    : statusItem_(statusItem)
+    , services_(services)
+    , mainScreen_(std::move(mainScreen))
+    , bundle_(platform::Bundle::named(QStringLiteral("Quor")))
+    , stackView_(std::make_unique<MenubarStackView>(Qt::Horizontal, LiveTag))
+{
+    const double inset = edgeInset(services_.statusBar.thickness());
+    stackView_->setSpacing(spacing);
+    stackView_->setEdgeInsets({inset, 0, inset, 0});
+    clockUpdateTimer_.setInterval(std::chrono::seconds(60));
+    connect(&clockUpdateTimer_, &QTimer::timeout, this, &MenubarStatusItemRenderer::update);
+    const auto renderAnew = [this] {
+        if (shown_)
+            update();
+    };
+    connect(&statusItem_.button(), &platform::StatusBarButton::backingScaleChanged, this, renderAnew);
+    appearanceChanges_ = services_.appearance.observe(renderAnew);
+}
+
+MenubarStatusItemRenderer::~MenubarStatusItemRenderer()
+{
+    stop();
+}
+
+void MenubarStatusItemRenderer::update()
+{
+    Drawing next = drawing();
+    if (!shown_ || next.scale != shown_->scale || next.warningColor != shown_->warningColor
+        || !looksLike(next.plan, shown_->plan))
+        render(std::move(next));
+    restartClock();
+}
+
+void MenubarStatusItemRenderer::stop()
+{
+    clockUpdateTimer_.stop();
+    stackView_->detach();
+}
+
+MenubarStatusItemRenderer::Drawing MenubarStatusItemRenderer::drawing() const
+{
+    const auto screen = mainScreen_();
+    const bool hasNotch = screen && screen->auxiliaryTopLeftArea;
+    return {statusItemPlan(data, services_.clock.now(), durationFormatter, hasNotch),
+        statusItem_.button().devicePixelRatioF(), warningColor()};
+}
+
+QColor MenubarStatusItemRenderer::warningColor() const
+{
+    const platform::DynamicColor systemPink{QColor(255, 45, 85), QColor(255, 55, 95)};
+    return bundle_.color(QStringLiteral("cellWarningColor"))
+        .value_or(systemPink)
+        .resolved(services_.appearance.effectiveAppearance());
+}
+
+void MenubarStatusItemRenderer::render(Drawing drawing)
+{
+    StatusItemPlan& plan = drawing.plan;
+    const bool keepSymbol = shown_ && drawing.warningColor == shown_->warningColor
+        && looksLike(plan.symbol, shown_->plan.symbol);
+    if (keepSymbol)
+        plan.symbol = shown_->plan.symbol; // so that small steps add up until they show
+    buildElements(*stackView_, plan, drawing.warningColor, keepSymbol);
+    heightPadding_ = plan.heightPadding.value_or(heightPadding_);
+    const double width = std::ceil(stackView_->fittingSize().width());
+    const double height = std::ceil(services_.statusBar.thickness() - rawValue(heightPadding_));
+    auto& button = statusItem_.button();
+    platform::TemplateImage pill{pillImage(*stackView_, QSizeF(width, height).toSize(), drawing.scale), true};
+    statusItem_.setLength(width);
+    button.setImage(std::move(pill));
+    stackView_->showOver(button);
+    describe(plan);
+    shown_ = std::move(drawing);
+}
+
+void MenubarStatusItemRenderer::describe(const StatusItemPlan& plan)
+{
+    QStringList texts;
+    for (const auto& text : {plan.taskText, plan.timeText}) {
+        if (text && !text->isEmpty())
+            texts += *text;
+    }
+    const QString name = texts.isEmpty() ? QGuiApplication::applicationDisplayName() : texts.join(u' ');
+    if (statusItem_.button().accessibleName() != name)
+        statusItem_.button().setAccessibleName(name);
+}
+
+void MenubarStatusItemRenderer::restartClock()
+{
+    if (!data.trackerActive && shown_->plan.clockFace)
+        clockUpdateTimer_.start();
+    else
+        clockUpdateTimer_.stop();
+}
+
+} // namespace quor::helper

@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+#include "View/PillImage.h"
+
+#include "ToolKit/Drawing/GraphicsContext.h"
+#include "View/MenubarStackView.h"
+#include "View/StatusItemPlan.h"
+
+#include <QPainter>
+
+namespace quor::helper {
+
+namespace {
+
+QImage transparentImage(QSize pixels, double devicePixelRatio)
+{
+    QImage image(pixels, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio);
+    image.fill(Qt::transparent);
+    return image;
+}
+
+} // namespace
+
+QImage pillImage(MenubarStackView& content, QSize size, double devicePixelRatio)
+{
+    const QSize pixels = (QSizeF(size) * devicePixelRatio).toSize();
+    const QRectF bounds({}, QSizeF(pixels) / devicePixelRatio);
+    content.layOut(bounds.size());
+
+    // All cut-outs are drawn into one mask first: punching them out one by one takes twice as long.
+    QImage mask = transparentImage(pixels, devicePixelRatio);
+    QPainter maskPainter(&mask);
+    content.drawTagged(maskPainter, CutoutTag);
+    maskPainter.end();
+
+    QImage pill = transparentImage(pixels, devicePixelRatio);
+    QPainter painter(&pill);
+    toolkit::drawRoundedRect(painter, Qt::white, true, bounds.height() / 2, bounds);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationOut);
+    painter.drawImage(0, 0, mask);
+    return pill;
+}
+
+} // namespace quor::helper
