@@ -27,7 +27,7 @@ template <typename T>
     DecodingError error;
     auto value = decoder.decode<T>(*data, &error);
     if (!value)
-        Logger::log(QStringLiteral("decodeError: ") + error.text(), true);
+        Logger::log(QStringLiteral("decodeError: ") + error.text(), __FILE__, __func__, __LINE__, true);
     return value;
 }
 
@@ -37,7 +37,7 @@ template <typename T>
     EncodingError error;
     auto data = encoder.encode(object, &error);
     if (!data)
-        Logger::log(QStringLiteral("encodeError: ") + error.description, true);
+        Logger::log(QStringLiteral("encodeError: ") + error.description, __FILE__, __func__, __LINE__, true);
     return data;
 }
 

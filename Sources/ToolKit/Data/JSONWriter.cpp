@@ -38,14 +38,13 @@ JSONWriter::~JSONWriter() = default;
 
 bool JSONWriter::begin()
 {
-    if (hasFailed())
-        return false;
-    if (depth_ == maximumJSONDepth) {
+    if (depth_ == maximumJSONDepth)
         fail(u"The value is nested too deeply."_s);
-        return false;
-    }
-    ++depth_;
-    return true;
+    else if (hasFailed())
+        null();
+    else
+        ++depth_;
+    return !hasFailed();
 }
 
 bool JSONWriter::beginObject()
@@ -122,6 +121,7 @@ void JSONWriter::fail(const QString& description)
 {
     if (!error_)
         error_ = EncodingError{description};
+    null(); // keeps keys and values in turn, which the writer insists on
 }
 
 std::optional<QByteArray> JSONWriter::take(EncodingError& error)

@@ -25,7 +25,8 @@ public:
     JSONWriter(const JSONWriter&) = delete;
     JSONWriter& operator=(const JSONWriter&) = delete;
 
-    /// False, and a failure, beyond `maximumJSONDepth`; then neither members nor an end may follow.
+    /// False after a failure, as nesting beyond `maximumJSONDepth` is one; then neither members nor an
+    /// end may follow.
     [[nodiscard]] bool beginObject();
     void endObject();
     [[nodiscard]] bool beginArray();
@@ -41,7 +42,7 @@ public:
     void number(std::uint64_t value);
     void text(QStringView value);
 
-    void fail(const QString& description);
+    void fail(const QString& description); ///< stands for a value
     [[nodiscard]] bool hasFailed() const { return error_.has_value(); }
 
     /// The text; none after a failure, which is then in `error`. Ends the writer's use.

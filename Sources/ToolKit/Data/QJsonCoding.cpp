@@ -4,6 +4,7 @@
 #include <QJsonArray>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 #include <vector>
 
@@ -61,10 +62,12 @@ QJsonValue converted(JSONValue value)
 void encodeNumber(const QJsonValue& value, JSONWriter& writer)
 {
     // Integers may have more digits than a double; zero has a sign only as a double.
-    if (const qint64 integer = value.toInteger(); integer != 0)
+    const double number = value.toDouble();
+    const qint64 integer = std::isfinite(number) ? value.toInteger() : 0;
+    if (integer != 0)
         writer.number(std::int64_t(integer));
     else
-        writer.number(value.toDouble());
+        writer.number(number);
 }
 
 void encodeArray(const QJsonArray& array, JSONWriter& writer)

@@ -1,0 +1,201 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Data/JSONDecoder.h"
+#include "ToolKit/Data/JSONEncoder.h"
+
+#include <QJsonArray>
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+using namespace quor::toolkit;
+
+namespace {
+
+struct Task {
+    QString name;
+    std::optional<std::uint64_t> color;
+    std::vector<double> times;
+
+    friend bool operator==(const Task&, const Task&) = default;
+};
+
+} // namespace
+
+template <>
+struct quor::toolkit::JSONFields<Task> {
+    static constexpr auto fields = std::tuple(
+        jsonField("name", &Task::name), jsonField("color", &Task::color), jsonField("times", &Task::times));
+};
+
+namespace {
+
+template <typename T>
+std::optional<T> decode(const QByteArray& text)
+{
+    return JSONDecoder().decode<T>(text);
+}
+
+QByteArray nested(qsizetype levels)
+{
+    return QByteArray(levels, '[') + QByteArray(levels, ']');
+}
+
+TEST(JSONDecoder, TakesNumbersThatTheTypeHolds)
+{
+    const double e308 = 1e308;
+    const struct {
+        const char* text;
+        std::optional<double> real;
+        std::optional<std::uint64_t> natural;
+        std::optional<std::int64_t> integer;
+    } cases[] = {
+        {"0", 0, 0, 0},
+        {"-0.0", 0, 0, 0},
+        {"16711680.0", 16711680, 16711680, 16711680},
+        {"1e3", 1000, 1000, 1000},
+        {"1.5", 1.5, {}, {}},
+        {"-1", -1, {}, -1},
+        {"-300.0", -300, {}, -300},
+        {"9223372036854775808", 9223372036854775808.0, 9223372036854775808U, {}},
+        {"-9223372036854775808", -9223372036854775808.0, {}, std::numeric_limits<std::int64_t>::min()},
+        {"18446744073709551615", 18446744073709551615.0, 18446744073709551615U, {}},
+        {"18446744073709551616", 18446744073709551616.0, {}, {}},
+        {"1e308", e308, {}, {}},
+        {"1e309", {}, {}, {}},
+        {"1e-400", 0, 0, 0},
+        {"0.1000000000000000055511151231257827", 0.1, {}, {}},
+        {"123456789012345680000e-20", 1.2345678901234568, {}, {}},
+        {"01", {}, {}, {}},
+        {"1.", {}, {}, {}},
+        {".5", {}, {}, {}},
+        {"+1", {}, {}, {}},
+        {"0x10", {}, {}, {}},
+        {"NaN", {}, {}, {}},
+        {"Infinity", {}, {}, {}},
+        {"\"1\"", {}, {}, {}},
+        {"true", {}, {}, {}},
+        {"null", {}, {}, {}},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(decode<double>(c.text), c.real) << c.text;
+        EXPECT_EQ(decode<std::uint64_t>(c.text), c.natural) << c.text;
+        EXPECT_EQ(decode<std::int64_t>(c.text), c.integer) << c.text;
+    }
+    EXPECT_EQ(decode<bool>("1"), std::nullopt);
+    EXPECT_EQ(decode<bool>("true"), true);
+}
+
+TEST(JSONDecoder, RefusesWhatIsNoJSONAndSaysWhy)
+{
+    const QByteArray cases[] = {"", " ", "{", "[1,]", "{\"a\":1,}", "{'a':1}", "{a:1}", "[1] 2", "nul",
+        "// c\n1", "\"\t\"", "\"\\x\"", "\"\\ud800\"", "\"\\udc00\"", "\"\\udc00\\ud800\"", "\"\xff\"",
+        "\"\xc0\x80\"", "\"\xed\xa0\x80\"", "\"\xf5\x80\x80\x80\"", "\xef\xbb\xbf[]", QByteArray("[]\0", 3),
+        QByteArray("[\0]", 3)};
+    for (const auto& text : cases) {
+        DecodingError error;
+        EXPECT_FALSE(JSONDecoder().decode<QJsonValue>(text, &error)) << text.toHex().constData();
+        EXPECT_EQ(error.kind, DecodingError::Kind::dataCorrupted);
+        EXPECT_TRUE(error.description.startsWith(u"The data is not valid: "_s)) << qPrintable(error.text());
+    }
+    EXPECT_EQ(decode<QString>("\"\\u00fc\\ud83d\\ude00\\u0000\xc3\xad\xed\x9f\xbf\""),
+        QString(u"\u00fc\U0001F600"_s + QChar(0) + u"\u00ed\ud7ff"_s));
+}
+
+TEST(JSONDecoder, StopsAtTheFirstFieldThatFails)
+{
+    const struct {
+        const char* text;
+        DecodingError::Kind kind;
+        const char* reason;
+    } cases[] = {
+        {"[]", DecodingError::Kind::typeMismatch, "Expected an object, but found an array."},
+        {"{\"times\":1,\"color\":-1}", DecodingError::Kind::keyNotFound,
+            "There is no value for the key \"name\"."},
+        {"{\"times\":1,\"color\":-1,\"name\":\"\"}", DecodingError::Kind::dataCorrupted,
+            "The number -1 is not an unsigned integer. (at color)"},
+        {"{\"times\":[0,1,null],\"name\":\"\"}", DecodingError::Kind::typeMismatch,
+            "Expected a number, but found null. (at times[2])"},
+        {"{\"name\":null,\"times\":[]}", DecodingError::Kind::typeMismatch,
+            "Expected a text, but found null. (at name)"},
+    };
+    for (const auto& c : cases) {
+        DecodingError error;
+        EXPECT_EQ(JSONDecoder().decode<Task>(c.text, &error), std::nullopt) << c.text;
+        EXPECT_EQ(error.kind, c.kind) << c.text;
+        EXPECT_EQ(error.text().toStdString(), c.reason);
+    }
+}
+
+TEST(JSONDecoder, TheLastOfDuplicateMembersCounts)
+{
+    const Task task{u"b"_s, std::nullopt, {2}};
+    EXPECT_EQ(
+        decode<Task>(
+            "{\"name\":1,\"color\":7,\"times\":[1],\"x\":{},\"times\":[2],\"color\":null,\"name\":\"b\"}"),
+        task);
+    EXPECT_EQ(decode<Task>("{\"name\":\"b\",\"times\":[],\"name\":1}"), std::nullopt);
+    using Numbers = QHash<QString, double>;
+    EXPECT_EQ(decode<Numbers>("{\"a\":\"\",\"b\":1,\"a\":2}"), (Numbers{{u"a"_s, 2}, {u"b"_s, 1}}));
+    EXPECT_EQ(decode<Numbers>("{\"a\":1,\"a\":\"\"}"), std::nullopt);
+    EXPECT_EQ(decode<QJsonObject>("{\"b\":1,\"a\":0,\"b\":2}"), (QJsonObject{{u"a"_s, 0}, {u"b"_s, 2}}));
+}
+
+TEST(JSONDecoder, DepthIsNoAttack)
+{
+    EXPECT_TRUE(decode<QJsonValue>(nested(maximumJSONDepth)));
+    EXPECT_FALSE(decode<QJsonValue>(nested(maximumJSONDepth + 1)));
+    for (const qsizetype levels : {qsizetype(1'000'000), qsizetype(64) << 20}) {
+        EXPECT_FALSE(decode<QJsonValue>(QByteArray(levels, '[')));
+        EXPECT_FALSE(decode<Task>("{\"other\":" + nested(levels / 2) + '}'));
+    }
+    EXPECT_FALSE(decode<QJsonValue>(QByteArray("{\"a\":").repeated(1'000'000)));
+}
+
+TEST(JSONDecoder, TakesLargeTexts)
+{
+    constexpr qsizetype size = qsizetype(64) << 20;
+    const auto task = decode<Task>("{\"times\":[],\"name\":\"" + QByteArray(size, 'x') + "\"}");
+    ASSERT_TRUE(task);
+    EXPECT_EQ(task->name.size(), size);
+}
+
+TEST(JSONEncoder, WritesCompactlyAndLeavesAbsentFieldsOut)
+{
+    EXPECT_EQ(JSONEncoder().encode(Task{u"\"\n\u00fc\U0001F600"_s, {}, {-300, 0.5, -0.0, 1e300}}),
+        "{\"name\":\"\\\"\\n\u00fc\U0001F600\",\"times\":[-300,0.5,-0.0,1e300]}");
+    EXPECT_EQ(JSONEncoder().encode(std::optional<double>()), "null");
+    EXPECT_EQ(JSONEncoder().encode(QString(QChar(0xD800))), "\"\uFFFD\"");
+}
+
+TEST(JSONEncoder, RefusesWhatCouldNotBeReadBack)
+{
+    EncodingError error;
+    for (const double number :
+        {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_FALSE(JSONEncoder().encode(Task{{}, {}, {1, number}}, &error));
+        EXPECT_EQ(error.description, u"A number is not finite."_s);
+        EXPECT_FALSE(JSONEncoder().encode(QJsonValue(number)));
+    }
+    QJsonArray array;
+    for (int level = 1; level < maximumJSONDepth; ++level)
+        array = QJsonArray{array};
+    EXPECT_EQ(JSONEncoder().encode(QJsonValue(array)), nested(maximumJSONDepth));
+    EXPECT_FALSE(JSONEncoder().encode(QJsonValue(QJsonArray{array}), &error));
+    EXPECT_EQ(error.description, u"The value is nested too deeply."_s);
+}
+
+TEST(JSONEncoder, QtValuesComeBackAsTheyWere)
+{
+    const char text[]
+        = "{\"a\":[null,true,-9223372036854775808,9007199254740993,0.1,1e22],\"\":{\"\xc3\xbc\":\"\"}}";
+    const auto value = decode<QJsonValue>(text);
+    ASSERT_TRUE(value);
+    const auto encoded = JSONEncoder().encode(*value);
+    ASSERT_TRUE(encoded);
+    EXPECT_EQ(decode<QJsonValue>(*encoded), value);
+    EXPECT_THAT(encoded->toStdString(), testing::HasSubstr("-9223372036854775808,9007199254740993,0.1,1e22"));
+}
+
+} // namespace

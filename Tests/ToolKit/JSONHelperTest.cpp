@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Data/JSONHelper.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+using namespace quor::toolkit;
+
+namespace {
+
+class JSONHelperTest : public testing::Test {
+protected:
+    JSONHelperTest()
+    {
+        FileErrorLogger::setup(folder_.path());
+        FileErrorLogger::setEnabled(true);
+    }
+    ~JSONHelperTest() override
+    {
+        FileErrorLogger::setEnabled(false);
+        FileErrorLogger::setup(std::nullopt);
+    }
+
+    [[nodiscard]] std::string log() const
+    {
+        std::string lines;
+        const QDir folder(folder_.path());
+        for (const auto& name : folder.entryList(QDir::Files)) {
+            QFile file(folder.filePath(name));
+            if (file.open(QIODevice::ReadOnly))
+                lines += file.readAll().toStdString();
+        }
+        return lines;
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+TEST_F(JSONHelperTest, FailuresOfTypedValuesLeaveALine)
+{
+    EXPECT_EQ(JSONHelper::decode<double>(QByteArray("\"1\""), JSONDecoder()), std::nullopt);
+    EXPECT_THAT(log(),
+        testing::ContainsRegex(
+            ": JSONHelper\\.decode:[0-9]+: decodeError: Expected a number, but found a text\\.\n$"));
+    const std::optional<double> infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(JSONHelper::encode(infinity, JSONEncoder()), std::nullopt);
+    EXPECT_THAT(log(),
+        testing::ContainsRegex(": JSONHelper\\.encode:[0-9]+: encodeError: A number is not finite\\.\n$"));
+}
+
+TEST_F(JSONHelperTest, NothingIsNoFailure)
+{
+    EXPECT_EQ(JSONHelper::decode<double>(std::nullopt, JSONDecoder()), std::nullopt);
+    EXPECT_EQ(JSONHelper::decode<double>(QByteArray(""), JSONDecoder()), std::nullopt);
+    EXPECT_EQ(JSONHelper::encode(std::optional<double>(), JSONEncoder()), std::nullopt);
+    EXPECT_EQ(JSONHelper::decode<double>(JSONHelper::encode(1.5, JSONEncoder()), JSONDecoder()), 1.5);
+    EXPECT_EQ(log(), "");
+}
+
+TEST_F(JSONHelperTest, DictionariesComeAndGoSilently)
+{
+    const QJsonObject dictionary{{u"a"_s, 1.5}, {u"b"_s, QJsonArray{u"x"_s, QJsonValue::Null}}};
+    const auto data = JSONHelper::dataFromDictionary(dictionary);
+    EXPECT_EQ(data, "{\n    \"a\": 1.5,\n    \"b\": [\n        \"x\",\n        null\n    ]\n}");
+    EXPECT_EQ(JSONHelper::dictionaryFromData(*data), dictionary);
+    for (const char* text : {"", "[]", "3", "{", "null"})
+        EXPECT_EQ(JSONHelper::dictionaryFromData(text), std::nullopt) << text;
+    EXPECT_EQ(
+        JSONHelper::dataFromDictionary({{u"a"_s, std::numeric_limits<double>::quiet_NaN()}}), std::nullopt);
+    EXPECT_EQ(log(), "");
+}
+
+} // namespace

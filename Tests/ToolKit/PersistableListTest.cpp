@@ -1,0 +1,308 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Data/PersistableList.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <limits>
+#include <thread>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using namespace quor::toolkit;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+constexpr int cannotMount = 77;
+
+class PersistableListTest : public testing::Test {
+protected:
+    [[nodiscard]] QString path(const QString& name = {}) const
+    {
+        return folder_.filePath(u"above/list"_s) + (name.isEmpty() ? name : u'/' + name);
+    }
+    [[nodiscard]] QStringList files() const
+    {
+        return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+    [[nodiscard]] QByteArray content(const QString& name) const
+    {
+        QFile file(path(name));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+    }
+    void put(const QString& name, const QByteArray& content) const
+    {
+        QDir().mkpath(path());
+        QFile file(path(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+    }
+    // Whatever was submitted before has run once a synchronous call returns.
+    static void flush(PersistableList<double>& list)
+    {
+        list.flush();
+        (void)list.isEmpty();
+    }
+
+    QTemporaryDir folder_;
+};
+
+TEST_F(PersistableListTest, KeepsKeysWithTheSameEndInOneFile)
+{
+    PersistableList<double> list(path());
+    EXPECT_TRUE(list.isEmpty());
+    list.set(1, u"abcd"_s);
+    list.set(2, u"ABCD"_s);
+    list.set(3, u"x"_s);
+    EXPECT_EQ(list.value(u"abcd"_s), 1) << "a look-up sees what was set before it";
+    EXPECT_FALSE(QDir(path()).exists()) << "nothing reaches the disk before the flush";
+    flush(list);
+    EXPECT_THAT(files(), UnorderedElementsAre(u"CD"_s, u"X"_s));
+    EXPECT_EQ(content(u"X"_s), "{\"x\":3}");
+
+    PersistableList<double> again(path());
+    EXPECT_FALSE(again.isEmpty());
+    EXPECT_EQ(again.value(u"abcd"_s), 1);
+    EXPECT_EQ(again.value(u"ABCD"_s), 2);
+    EXPECT_EQ(again.value(u"cd"_s), std::nullopt);
+    EXPECT_THAT(again.entries(9),
+        UnorderedElementsAre(std::pair(u"abcd"_s, 1.0), std::pair(u"ABCD"_s, 2.0), std::pair(u"x"_s, 3.0)));
+    EXPECT_EQ(again.keys(2).size(), 2U);
+    EXPECT_THAT(again.keys(0), IsEmpty());
+    EXPECT_THAT(again.keys(std::numeric_limits<qint64>::min()), IsEmpty());
+}
+
+TEST_F(PersistableListTest, RemovesAFileWithItsLastKeyAtOnce)
+{
+    PersistableList<double> list(path());
+    list.set(1, u"ab"_s);
+    list.set(2, u"cab"_s);
+    flush(list);
+    list.removeValue(u"ab"_s);
+    EXPECT_EQ(list.value(u"ab"_s), std::nullopt);
+    EXPECT_EQ(files(), QStringList(u"AB"_s));
+    list.removeValue(u"cab"_s);
+    EXPECT_TRUE(list.isEmpty());
+    EXPECT_THAT(files(), IsEmpty());
+}
+
+TEST_F(PersistableListTest, LivesInMemoryWithoutAFolder)
+{
+    PersistableList<> list(std::nullopt);
+    list.set(u"text"_s, u"a"_s);
+    list.flush();
+    EXPECT_EQ(list.value(u"a"_s), QJsonValue(u"text"_s));
+    EXPECT_THAT(list.allKeys(), UnorderedElementsAre(u"a"_s));
+    list.clear();
+    EXPECT_TRUE(list.isEmpty());
+}
+
+TEST_F(PersistableListTest, ClearRemovesTheFolderAndOnlyIt)
+{
+    put(u"AB"_s, "{\"ab\":1}");
+    put(u".hidden"_s, "");
+    QDir(path()).mkdir(u"sub"_s);
+    put(u"sub/CD"_s, "");
+    QFile::link(folder_.path(), path(u"LI"_s));
+    PersistableList<double> list(path());
+    EXPECT_EQ(list.allKeys(), std::vector{u"ab"_s});
+    list.set(1, u"new"_s);
+    list.clear();
+    EXPECT_TRUE(list.isEmpty());
+    EXPECT_FALSE(QFileInfo::exists(path()));
+    EXPECT_TRUE(QFileInfo::exists(folder_.filePath(u"above"_s)));
+}
+
+TEST_F(PersistableListTest, AnEmptyKeyIsRefused)
+{
+    put(u"AB"_s, "{\"ab\":1}");
+    PersistableList<double> list(path());
+    list.set(1, {});
+    list.removeValue(QString());
+    EXPECT_EQ(list.value(u""_s), std::nullopt);
+    flush(list);
+    EXPECT_EQ(files(), QStringList(u"AB"_s));
+}
+
+TEST_F(PersistableListTest, NoKeyLeadsOutOfTheFolder)
+{
+    const QString zalgo = u"e"_s + QString(300, QChar(0x301));
+    const struct {
+        QString key;
+        QString name;
+    } cases[] = {
+        {u"/"_s, u"%2F"_s},
+        {u"."_s, u"%2E"_s},
+        {u".."_s, u"%2E."_s},
+        {u"x/.."_s, u"%2E."_s},
+        {u"a."_s, u"A."_s},
+        {u".a"_s, u"%2EA"_s},
+        {u"50%"_s, u"0%25"_s},
+        {u"2F"_s, u"2F"_s},
+        {QString(QChar(0)), u"%00"_s},
+        {u"a\n"_s, u"A%0A"_s},
+        {u"\r\n"_s, u"%0D%0A"_s},
+        {u"a\u0085"_s, u"A%C2%85"_s},
+        {u" -"_s, u" -"_s},
+        {u"xaß"_s, u"ASS"_s},
+        {u"\ufb03\u0390"_s, u"FFI\u0399\u0308\u0301"_s},
+        {u"i\u0131"_s, u"II"_s},
+        {u"x\u00e9e\u0301"_s, u"\u00c9E\u0301"_s},
+        {u"12\U0001F468\u200D\U0001F469"_s, u"2\U0001F468\u200D\U0001F469"_s},
+        {u"\u0600ab"_s, u"\u0600AB"_s},
+        {u"a"_s + QChar(0xD83D), u"A\uFFFD"_s},
+        {u"x"_s + zalgo, u"XE"_s + QString(126, QChar(0x301))},
+    };
+    std::vector<QString> keys;
+    QSet<QString> names;
+    PersistableList<double> list(path());
+    for (const auto& c : cases) {
+        EXPECT_EQ(storageKey(c.key).toStdString(), c.name.toStdString());
+        list.set(double(keys.size()), c.key);
+        keys.push_back(c.key);
+        names.insert(c.name);
+    }
+    flush(list);
+    const auto stored = files();
+    EXPECT_EQ(QSet(stored.begin(), stored.end()), names);
+    EXPECT_EQ(
+        QDir(folder_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
+    EXPECT_EQ(PersistableList<double>(path()).allKeys().size(), keys.size()) << "none is hidden";
+    for (std::size_t index = 0; index < keys.size(); ++index) {
+        const bool isUnicode = !keys[index].back().isHighSurrogate();
+        EXPECT_EQ(list.value(keys[index]).has_value(), isUnicode) << qPrintable(keys[index]);
+        EXPECT_EQ(list.value(keys[index]).value_or(double(index)), double(index));
+    }
+}
+
+TEST_F(PersistableListTest, UnreadableFilesReadAsEmptyAndAreReplaced)
+{
+    for (const char* text : {"", "3", "[]", "{\"ab\":1", "{\"ab\":\"1\"}", "{\"xab\":1,\"ab\":null}"}) {
+        put(u"AB"_s, text);
+        PersistableList<double> list(path());
+        EXPECT_EQ(list.value(u"ab"_s), std::nullopt) << text;
+        list.set(5, u"xab"_s);
+        flush(list);
+        EXPECT_EQ(content(u"AB"_s), "{\"xab\":5}");
+        put(u"AB"_s, text);
+        EXPECT_THAT(list.allKeys(), IsEmpty());
+        flush(list);
+        EXPECT_THAT(files(), IsEmpty());
+    }
+}
+
+TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)
+{
+    const QString outside = folder_.filePath(u"outside"_s);
+    QFile file(outside);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("{\"li\":1}") == 8);
+    file.close();
+    QDir().mkpath(path(u"DI"_s));
+    QFile::link(outside, path(u"LI"_s));
+    ASSERT_EQ(mkfifo(qPrintable(path(u"PI"_s)), 0600), 0);
+    PersistableList<double> list(path());
+    EXPECT_TRUE(list.isEmpty());
+    for (const auto& key : {u"li"_s, u"di"_s, u"pi"_s}) {
+        EXPECT_EQ(list.value(key), std::nullopt);
+        list.set(2, key);
+    }
+    flush(list);
+    EXPECT_EQ(content(u"LI"_s), "{\"li\":2}") << "the file stands in the link's place";
+    EXPECT_EQ(QFileInfo(outside).size(), 8);
+    EXPECT_EQ(list.value(u"di"_s), 2) << "what cannot be written stays in memory";
+}
+
+TEST_F(PersistableListTest, WhatAFlushCannotWriteStaysForTheNext)
+{
+    put(u"AB"_s, "{\"ab\":1}");
+    PersistableList<double> list(path());
+    list.set(std::numeric_limits<double>::infinity(), u"xab"_s);
+    flush(list);
+    EXPECT_EQ(content(u"AB"_s), "{\"ab\":1}");
+    list.set(2, u"xab"_s);
+    list.flush();
+    EXPECT_EQ(list.value(u"ab"_s), 1);
+    EXPECT_EQ(PersistableList<double>(path()).value(u"xab"_s), 2);
+}
+
+// In a process of its own, which alone sees the small disk.
+int writeOnAFullDisk(const QString& folder)
+{
+    if (unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0
+        || mount("none", qPrintable(folder), "tmpfs", 0, "size=64k") != 0)
+        return cannotMount;
+    const FileManager files;
+    const QByteArray tooMuch(1 << 20, 'x');
+    const bool isFirstWritten = files.write("{\"ab\":1}", folder + u"/AB"_s);
+    const bool isKept
+        = !files.write(tooMuch, folder + u"/AB"_s) && files.contents(folder + u"/AB"_s) == "{\"ab\":1}";
+    const bool leavesNothing
+        = !files.write(tooMuch, folder + u"/CD"_s) && !files.itemExists(folder + u"/CD"_s);
+    return isFirstWritten && isKept && leavesNothing ? 0 : 1;
+}
+
+TEST_F(PersistableListTest, AFullDiskLeavesTheOldContent)
+{
+    QDir().mkpath(path());
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(writeOnAFullDisk(path()));
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    if (WEXITSTATUS(status) == cannotMount)
+        GTEST_SKIP() << "this system lets no user mount";
+    EXPECT_EQ(status, 0);
+}
+
+TEST_F(PersistableListTest, AShorterContentLeavesNothingOfTheLongerOne)
+{
+    const FileManager fileManager;
+    put(u"AB"_s, "{\"ab\":1}");
+    EXPECT_TRUE(fileManager.write("{}", path(u"AB"_s)));
+    EXPECT_EQ(content(u"AB"_s), "{}");
+}
+
+TEST_F(PersistableListTest, TheDestructorWaitsForTheFlush)
+{
+    {
+        PersistableList<double> list(path());
+        for (int i = 0; i < 1000; ++i)
+            list.set(i, QString::number(i));
+        list.flush();
+    }
+    EXPECT_EQ(PersistableList<double>(path()).allKeys().size(), 1000U);
+}
+
+TEST_F(PersistableListTest, ThreadsShareAList)
+{
+    constexpr int threadCount = 4;
+    constexpr int keyCount = 200;
+    PersistableList<double> list(path());
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < threadCount; ++thread)
+        threads.emplace_back([&list, thread] {
+            for (int i = 0; i < keyCount; ++i) {
+                const QString key = u"%1-%2"_s.arg(thread).arg(i);
+                list.set(i, key);
+                EXPECT_EQ(list.value(key), i);
+                if (i % 2)
+                    list.removeValue(key);
+                if (i % 50 == thread)
+                    list.flush();
+            }
+        });
+    for (auto& thread : threads)
+        thread.join();
+    EXPECT_EQ(list.allKeys().size(), std::size_t(threadCount * keyCount / 2));
+}
+
+} // namespace
