@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Services/Appearance.h"
+#include "Platform/Services/Application.h"
+#include "Platform/Services/DistributedNotificationCenter.h"
+#include "Platform/Services/PlatformServices.h"
+#include "Platform/Services/StatusBar.h"
+#include "Platform/Services/StatusItemHost.h"
+#include "Platform/Services/Workspace.h"
+#include "Platform/Views/StatusBarButton.h"
+
+#include "Support/TemporaryDataHome.h"
+#include "Support/TestClock.h"
+
+#include <QFile>
+#include <QWidget>
+
+#include <map>
+
+namespace quor::test {
+
+/// A desktop whose every step a test can see: posts arrive at once, and each is written down together
+/// with the action that the suite holds at that moment.
+class TestDesktop final : public platform::Application,
+                          public platform::DistributedNotificationCenter,
+                          public platform::StatusItemHost,
+                          public platform::Workspace {
+public:
+    static constexpr double barThickness = 22;
+
+    TestDesktop()
+    {
+        window.setGeometry(40, 40, 300, int(barThickness));
+        window.show();
+    }
+
+    [[nodiscard]] platform::PlatformServices services()
+    {
+        return {*this, clock, *this, *this, statusBar, appearance};
+    }
+
+    [[nodiscard]] QByteArray stored(const QString& key) const
+    {
+        QFile file(home.path(QStringLiteral("QX77Z4012M.com.quor-app/Preferences/") + key));
+        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void terminate() override { steps += QStringLiteral("terminate"); }
+
+    void post(const QString& name) override
+    {
+        steps += name + u' ' + QString::fromUtf8(stored(QStringLiteral("action")));
+        const auto observersThen = observers;
+        for (const auto& [token, observer] : observersThen) {
+            if (observer.first == name && observers.contains(token))
+                observer.second({name});
+        }
+    }
+    [[nodiscard]] ObserverToken addObserver(const QString& name, Handler handler) override
+    {
+        steps += QStringLiteral("observe ") + name;
+        const ObserverToken token{++lastToken};
+        observers[token] = {name, std::move(handler)};
+        return token;
+    }
+    void removeObserver(ObserverToken token) override
+    {
+        steps += QStringLiteral("forget ") + observers[token].first;
+        observers.erase(token);
+    }
+
+    [[nodiscard]] double thickness() const override { return barThickness; }
+    void attach(platform::StatusItem& item) override
+    {
+        items += &item;
+        item.button().setParent(&window);
+        lengthChanged(item);
+        item.button().show();
+    }
+    void detach(platform::StatusItem& item) override
+    {
+        items.removeOne(&item);
+        item.button().hide();
+        item.button().setParent(nullptr);
+    }
+    void lengthChanged(platform::StatusItem& item) override
+    {
+        item.button().setGeometry(9, 0, int(item.length()) + 8, int(barThickness));
+    }
+
+    [[nodiscard]] std::vector<platform::RunningApplication> runningApplications() const override
+    {
+        return running;
+    }
+
+    TemporaryDataHome home;
+    TestClock clock;
+    platform::Appearance appearance;
+    QWidget window;
+    QList<platform::StatusItem*> items;
+    QStringList steps;
+    std::vector<platform::RunningApplication> running{{QStringLiteral("com.quor-app.Quor3-macOS")}};
+    std::map<ObserverToken, std::pair<QString, Handler>> observers;
+    std::uint64_t lastToken = 0;
+    platform::StatusBar statusBar{*this};
+};
+
+} // namespace quor::test
