@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Concurrency/OperationQueue.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <future>
+#include <latch>
+#include <string>
+#include <vector>
+
+using quor::platform::Operation;
+using quor::platform::OperationQueue;
+using testing::ElementsAre;
+
+namespace {
+
+class Work final : public Operation {
+public:
+    explicit Work(std::function<void()> work = {})
+        : work_(std::move(work))
+    {
+    }
+    void main() override
+    {
+        didRun = true;
+        if (work_)
+            work_();
+    }
+    std::atomic<bool> didRun = false;
+
+private:
+    std::function<void()> work_;
+};
+
+/// Ends when it is told to, not when `start()` returns.
+class LateOperation final : public Operation {
+public:
+    void start() override
+    {
+        if (isCancelled())
+            finish();
+        else
+            started.set_value();
+    }
+    void finish()
+    {
+        isFinished_ = true;
+        didChangeValueForKey(Key::isFinished);
+    }
+    [[nodiscard]] bool isAsynchronous() const override { return true; }
+    [[nodiscard]] bool isFinished() const override { return isFinished_; }
+    std::promise<void> started;
+
+private:
+    std::atomic<bool> isFinished_ = false;
+};
+
+TEST(Operation, AnnouncesItsStates)
+{
+    std::vector<std::string> heard;
+    Work operation([&] { heard.emplace_back("main"); });
+    const auto executing = operation.observe(Operation::Key::isExecuting,
+        [&] { heard.emplace_back(operation.isExecuting() ? "begins" : "ends"); });
+    auto finished = operation.observe(Operation::Key::isFinished, [&] { heard.emplace_back("finished"); });
+    auto dropped = operation.observe(Operation::Key::isFinished, [&] { heard.emplace_back("dropped"); });
+    dropped.reset();
+    operation.start();
+    operation.start();
+    EXPECT_THAT(heard, ElementsAre("begins", "main", "ends", "finished"));
+}
+
+TEST(OperationQueue, RunsAsManyAsItIsWide)
+{
+    constexpr int width = 3;
+    OperationQueue queue(width);
+    std::latch together(width); // lets nobody through unless three run at a time
+    std::atomic<int> running = 0;
+    std::atomic<int> most = 0;
+    for (int i = 0; i < 30; ++i) {
+        queue.add([&, i] {
+            const int now = ++running;
+            for (int known = most; known < now && !most.compare_exchange_weak(known, now);) { }
+            if (i < width)
+                together.arrive_and_wait();
+            --running;
+        });
+    }
+    queue.waitUntilAllAreFinished();
+    EXPECT_EQ(most, width);
+    EXPECT_EQ(queue.operationCount(), 0);
+}
+
+TEST(OperationQueue, StartsInOrderOnceResumed)
+{
+    OperationQueue queue(1);
+    queue.setSuspended(true);
+    std::vector<int> order;
+    for (int i = 0; i < 5; ++i)
+        queue.add([&, i] { order.push_back(i); });
+    EXPECT_EQ(queue.operationCount(), 5);
+    queue.setSuspended(false);
+    queue.waitUntilAllAreFinished();
+    EXPECT_THAT(order, ElementsAre(0, 1, 2, 3, 4));
+}
+
+TEST(OperationQueue, AnAsynchronousOperationKeepsItsSlotUntilItSaysThatItHasFinished)
+{
+    OperationQueue queue(1);
+    const auto late = std::make_shared<LateOperation>();
+    bool wasFinished = false;
+    queue.add(late);
+    queue.add([&] { wasFinished = late->isFinished(); });
+    late->started.get_future().wait();
+    EXPECT_EQ(queue.operationCount(), 2);
+    std::thread([&] { late->finish(); }).join();
+    queue.waitUntilAllAreFinished();
+    EXPECT_TRUE(wasFinished);
+}
+
+TEST(OperationQueue, CancelledOperationsFinishWithoutRunning)
+{
+    OperationQueue queue(2);
+    queue.setSuspended(true);
+    std::vector<std::shared_ptr<Work>> operations(4);
+    for (auto& operation : operations) {
+        operation = std::make_shared<Work>();
+        queue.add(operation);
+    }
+    queue.cancelAll();
+    const auto kept = std::make_shared<Work>();
+    queue.add(kept);
+    queue.setSuspended(false);
+    queue.waitUntilAllAreFinished();
+    for (const auto& operation : operations)
+        EXPECT_TRUE(operation->isFinished() && !operation->didRun);
+    EXPECT_TRUE(kept->didRun) << "what is added later is not cancelled";
+}
+
+TEST(OperationQueue, EndsWithoutRunningWhatStillWaits)
+{
+    const auto late = std::make_shared<LateOperation>();
+    const auto waiting = std::make_shared<Work>();
+    std::promise<void> started;
+    const auto untilCancelled = std::make_shared<Work>();
+    const auto running = std::make_shared<Work>([&] {
+        started.set_value();
+        while (!untilCancelled->isCancelled())
+            std::this_thread::yield();
+    });
+    {
+        OperationQueue queue(2);
+        queue.add(late);
+        queue.add(running);
+        queue.add(untilCancelled);
+        queue.add(waiting);
+        late->started.get_future().wait();
+        started.get_future().wait();
+    }
+    EXPECT_TRUE(running->isFinished());
+    EXPECT_TRUE(waiting->isFinished() && !waiting->didRun);
+    EXPECT_FALSE(late->isFinished());
+    late->finish(); // nobody is left to hear it
+}
+
+TEST(OperationQueue, MayEndWithinItsOwnOperation)
+{
+    auto owner = std::make_shared<OperationQueue>(1);
+    std::promise<void> mayEnd;
+    const auto behind = std::make_shared<Work>();
+    std::promise<void> finished;
+    const auto end = behind->observe(Operation::Key::isFinished, [&] { finished.set_value(); });
+    auto* const queue = owner.get();
+    queue->add([owner, mayEnd = mayEnd.get_future().share()]() mutable {
+        mayEnd.wait();
+        owner.reset();
+    });
+    queue->add(behind);
+    owner.reset();
+    mayEnd.set_value();
+    finished.get_future().wait();
+    EXPECT_FALSE(behind->didRun);
+}
+
+TEST(OperationQueueDeathTest, WaitingWithinItselfIsFatal)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_DEATH(
+        {
+            OperationQueue queue(1);
+            queue.add([&] { queue.waitUntilAllAreFinished(); });
+            queue.waitUntilAllAreFinished();
+        },
+        "waits for its own queue");
+}
+
+} // namespace

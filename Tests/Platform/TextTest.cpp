@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Text/AttributedString.h"
+#include "Platform/Text/GraphemeClusters.h"
+#include "Platform/Text/RegularExpression.h"
+
+#include <gmock/gmock.h>
+
+#include <QStringList>
+
+#include <limits>
+
+using quor::platform::AttributedString;
+using quor::platform::GraphemeClusters;
+using quor::platform::RegularExpression;
+using quor::platform::TextAttachment;
+using quor::platform::TextRange;
+using testing::ElementsAre;
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+TEST(GraphemeClusters, AreWhatAReaderSees)
+{
+    const QStringList texts[] = {
+        {},
+        {u"a"_s},
+        {u"a"_s, u"b"_s, u"c"_s},
+        {u"a"_s, u"\r\n"_s, u"b"_s, u"\r"_s},
+        {u"e\u0301"_s, u"x"_s},
+        {u"x"_s, u"e\u0301"_s},
+        {u"🇩🇪"_s, u"🇫🇷"_s, u"a"_s},
+        {u"👨‍👩‍👧‍👦"_s, u"👍🏽"_s},
+        {u"a"_s,
+            u"\u0600"
+            u"1"_s,
+            u"2"_s}, // the number sign takes what follows it along
+        {u"각"_s, u"हि"_s},
+        {QString(QChar(0xD83D)), u"a"_s},
+    };
+    for (const auto& characters : texts) {
+        const QString text = characters.join(QString());
+        EXPECT_EQ(GraphemeClusters::count(text), characters.size()) << text.toStdString();
+        QStringList found;
+        for (const auto character : GraphemeClusters::characters(text))
+            found += character.toString();
+        EXPECT_EQ(found, characters) << text.toStdString();
+        for (int n = -1; n <= characters.size() + 1; ++n)
+            EXPECT_EQ(GraphemeClusters::last(text, n),
+                characters.mid(std::max<int>(characters.size() - n, 0)).join(QString()))
+                << text.toStdString() << ' ' << n;
+    }
+}
+
+TEST(RegularExpression, FindsRangesInUTF16Units)
+{
+    const auto expression = RegularExpression::compile(u"(\\w)(\\d)?!"_s).value();
+    const auto matches = expression.matches(u"👍 a1! b!"_s);
+    ASSERT_EQ(matches.size(), 2);
+    EXPECT_THAT(matches[0].groups, ElementsAre(TextRange{3, 3}, TextRange{3, 1}, TextRange{4, 1}));
+    EXPECT_THAT(matches[1].groups, ElementsAre(TextRange{7, 2}, TextRange{7, 1}, std::nullopt));
+    EXPECT_TRUE(expression.matches(QString()).empty());
+}
+
+TEST(RegularExpression, ReplacesAllMatches)
+{
+    const struct {
+        QString pattern, text, replacement, result;
+    } cases[] = {
+        {u"\\(.*\\)"_s, u"decode(data:(type):)"_s, u""_s, u"decode"_s},
+        {u"[^0-9,.]"_s, u"€ 1,50 👍"_s, u""_s, u"1,50"_s},
+        {u"(a)(b)"_s, u"ab ab"_s, u"$2\\$1"_s, u"b$1 b$1"_s},
+        {u"(a)"_s, u"a"_s, u"$7"_s, u"a"_s}, // no such group
+        {u"x*"_s, u"ab"_s, u"-"_s, u"-a-b-"_s},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(RegularExpression::compile(c.pattern)->replaceAll(c.text, c.replacement), c.result);
+    EXPECT_FALSE(RegularExpression::compile(u"(a"_s));
+}
+
+TEST(RegularExpression, GivesUpOnHostileText)
+{
+    const auto expression = RegularExpression::compile(u"(a+)+b|c"_s).value();
+    const QString hostile = u"c"_s + QString(100, u'a');
+    EXPECT_TRUE(expression.matches(hostile).empty());
+    EXPECT_EQ(expression.replaceAll(hostile, u"d"_s), hostile);
+    EXPECT_EQ(expression.matches(QString(100'000, u'c')).size(), 100'000);
+}
+
+/// The runs as "from+length" with "b" for bold, "u" for underlined.
+QString described(const AttributedString& text)
+{
+    QStringList runs;
+    for (const auto& run : text.runs())
+        runs += u"%1+%2%3%4"_s.arg(run.start)
+                    .arg(run.length)
+                    .arg(run.format.fontWeight() == QFont::Bold ? u"b"_s : QString())
+                    .arg(run.format.fontUnderline() ? u"u"_s : QString());
+    return runs.join(u' ');
+}
+
+TEST(AttributedString, KeepsItsRunsInOrderAndJoined)
+{
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    AttributedString text(u"0123456789"_s);
+    EXPECT_EQ(described(text), u"0+10");
+    text.addAttributes(bold, {2, 3});
+    text.addAttribute(QTextFormat::TextUnderlineStyle, QTextCharFormat::SingleUnderline, {4, 3});
+    EXPECT_EQ(described(text), u"0+2 2+2b 4+1bu 5+2u 7+3");
+    EXPECT_TRUE(text.attributes(4).fontUnderline());
+    EXPECT_FALSE(text.attributes(7).fontUnderline());
+    EXPECT_TRUE(text.attributes(10).isEmpty());
+    EXPECT_TRUE(text.attributes(-1).isEmpty());
+
+    text.addAttribute(QTextFormat::TextUnderlineStyle, QVariant(), {-3, 100});
+    EXPECT_EQ(described(text), u"0+2 2+3b 5+5");
+    text.addAttributes(bold, {10, 5});
+    text.addAttributes(bold, {3, 0});
+    text.addAttributes(bold, {3, -2});
+    EXPECT_EQ(described(text), u"0+2 2+3b 5+5");
+    text.append(text);
+    EXPECT_EQ(text.string(), u"01234567890123456789");
+    EXPECT_EQ(described(text), u"0+2 2+3b 5+7 12+3b 15+5");
+    text.addAttributes(bold, {0, text.length()});
+    EXPECT_EQ(described(text), u"0+20b");
+}
+
+TEST(AttributedString, HoldsAttachmentsAsCharacters)
+{
+    QImage image(2, 3, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::red);
+    const TextAttachment attachment{image, QRectF(0, -1, 10, 15)};
+    AttributedString text(attachment);
+    text.append(AttributedString(attachment));
+    text.append(AttributedString(u" a"_s));
+    text.addAttribute(QTextFormat::FontPointSize, 12.0, {0, text.length()});
+    EXPECT_EQ(text.string(), u"\uFFFC\uFFFC a");
+    EXPECT_EQ(text.runs().size(), 3) << "each attachment is one character's";
+    EXPECT_EQ(text.attachment(1), attachment);
+    EXPECT_EQ(text.attachment(2), std::nullopt);
+}
+
+} // namespace
