@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "Peer/CommandLine/ClientCommands.h"
+#include "Peer/CommandLine/Command.h"
+#include "Peer/CommandLine/Serve.h"
+#include "Peer/Model/Settings.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor::peer {
+
+namespace {
+
+const auto taskDetails
+    = "TASK is a task's identifier, or a name that only one task has; case and accents do not\n"
+      "matter where nothing else tells tasks apart.\n"_L1;
+
+QCommandLineOption agoOption()
+{
+    return {u"ago"_s, u"That many minutes ago instead of now; may have a fraction."_s, u"MINUTES"_s};
+}
+
+QCommandLineOption jsonOption()
+{
+    return {u"json"_s, u"Print JSON, durations in seconds, moments in seconds since 1970."_s};
+}
+
+QString settingDetails()
+{
+    QString text = u"All of them are set, or none. Durations are in seconds. The keys:\n"_s;
+    const Settings defaults;
+    for (const SettingField& field : settingFields()) {
+        const QString value = std::holds_alternative<bool Settings::*>(field.member)
+            ? (defaults.*std::get<bool Settings::*>(field.member) ? u"true"_s : u"false"_s)
+            : QString::number(defaults.*std::get<double Settings::*>(field.member));
+        text += u"  %1  %2 (at first %3)\n"_s.arg(QString(field.key), -23).arg(QString(field.help), value);
+    }
+    return text;
+}
+
+std::vector<Command> makeCommands()
+{
+    return {
+        {"serve"_L1, ""_L1, 0, 0, "Be the main application, until told to quit"_L1,
+            u"Owns com.quor-app.Quor3-macOS on the session bus, keeps the data in\n"
+            "$XDG_DATA_HOME/com.quor-app.Quor3-macOS, tells the helper what to show and does what it\n"
+            "asks for. A second one on the same bus fails. Starting a timer leaves the others running,\n"
+            "unless the setting singleTimer is true.\n"_s,
+            {}, &serve},
+        {"add"_L1, "NAME"_L1, 1, 1, "Add a task and print its identifier"_L1, {},
+            {{u"color"_s, u"Its colour, six hexadecimal digits."_s, u"RRGGBB"_s}}, &addTask},
+        {"list"_L1, ""_L1, 0, 0, "Print the tasks"_L1,
+            u"A line for each task, its fields parted by tabs: identifier, colour or \"-\", \"running\" or\n"
+            "\"idle\", today's total as HH:MM:SS, name. In names, a tab is written as \\t, a line feed as\n"
+            "\\n and a backslash as \\\\.\n"_s,
+            {jsonOption()}, &listTasks},
+        {"start"_L1, "TASK"_L1, 1, 1, "Start a timer"_L1, taskDetails, {agoOption()}, &startTimer},
+        {"stop"_L1, "[TASK]"_L1, 0, 1, "Stop a timer; without TASK, the one that runs"_L1,
+            taskDetails + "A timer does not stop before it started.\n"_L1,
+            {agoOption(), {u"all"_s, u"Stop all that run."_s}}, &stopTimer},
+        {"status"_L1, ""_L1, 0, 0, "Print what runs, today's total and the settings"_L1,
+            u"Lines of fields parted by tabs. For each running timer: \"running\", identifier, start in\n"
+            "ISO 8601, running time as HH:MM:SS, name, written as in \"list\". Then \"today\" and today's\n"
+            "total, and for each setting \"setting\", key, value.\n"_s,
+            {jsonOption()}, &printStatus},
+        {"set"_L1, "KEY=VALUE..."_L1, 1, 1000, "Change settings"_L1, settingDetails(), {}, &changeSettings},
+        {"open-menu"_L1, ""_L1, 0, 0, "Have the helper open its menu, or close it"_L1, {}, {}, &openMenu},
+        {"kill-helper"_L1, ""_L1, 0, 0, "Have the helper quit"_L1, {}, {}, &killHelper},
+    };
+}
+
+} // namespace
+
+const std::vector<Command>& commands()
+{
+    static const std::vector<Command> all = makeCommands();
+    return all;
+}
+
+} // namespace quor::peer

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Services/Clock.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace quor::peer {
+
+class Tracker;
+
+/// What is told to whoever asks for the state of things. Durations in seconds, moments in seconds
+/// since 1970; "color" is "RRGGBB" and left out where a task has none.
+
+///     [{"id":"T1","name":"Design","color":"F58C6E","running":true,"secondsToday":90}, ...]
+[[nodiscard]] QJsonArray taskReport(const Tracker& tracker, platform::Date now);
+
+///     {"running":[{"id":"T1","name":"Design","start":1700000000,"seconds":90}, ...],
+///      "secondsToday":90,"settings":{"singleTimer":false, ...}}
+[[nodiscard]] QJsonObject statusReport(const Tracker& tracker, platform::Date now);
+
+} // namespace quor::peer

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "Peer/Service/PeerService.h"
+
+#include "Peer/Model/RecordJSON.h"
+#include "Peer/Model/Reports.h"
+#include "Peer/Model/TaskLookup.h"
+#include "Peer/Model/Tracker.h"
+#include "Peer/Service/Exchange.h"
+#include "Platform/Services/Workspace.h"
+
+#include <QJsonDocument>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::peer {
+
+const QString PeerService::serviceName = u"com.quor-app.Quor3-macOS"_s;
+const QString PeerService::path = u"/com/quor_app/Peer"_s;
+const QString PeerService::interfaceName = u"com.quor_app.Peer"_s;
+const QString PeerService::refusedError = u"com.quor_app.Peer.Refused"_s;
+
+namespace {
+
+std::optional<QString> problem(Outcome outcome, const QString& task)
+{
+    switch (outcome) {
+    case Outcome::done:
+        return std::nullopt;
+    case Outcome::notStored:
+        return u"done, but it could not be written to disk; it will be with a later change"_s;
+    case Outcome::unknownTask:
+        return u"there is no task \"%1\""_s.arg(task);
+    case Outcome::alreadyRunning:
+        return u"\"%1\" runs already"_s.arg(task);
+    case Outcome::notRunning:
+        return u"\"%1\" does not run"_s.arg(task);
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+PeerService::PeerService(
+    Tracker& tracker, Exchange& exchange, const platform::Clock& clock, const platform::Workspace& workspace)
+    : tracker_(tracker)
+    , exchange_(exchange)
+    , clock_(clock)
+    , workspace_(workspace)
+{
+}
+
+QString PeerService::add(const QString& name, const QString& color)
+{
+    const auto value = colorFromText(color);
+    if (!value && !color.isEmpty()) {
+        refuse(u"\"%1\" is no colour: give six hexadecimal digits, as in F58C6E"_s.arg(color));
+        return {};
+    }
+    if (name.trimmed().isEmpty()) {
+        refuse(u"a task needs a name"_s);
+        return {};
+    }
+    const Outcome outcome = tracker_.addTask(name.trimmed(), value);
+    conclude(outcome, name);
+    return tracker_.tasks().back().id;
+}
+
+void PeerService::start(const QString& task, double secondsAgo)
+{
+    withTask(task, [&](const QString& taskID) { return tracker_.start(taskID, secondsAgo); });
+}
+
+void PeerService::stop(const QString& task, double secondsAgo)
+{
+    QString meant = task;
+    if (meant.isEmpty()) {
+        const auto running = tracker_.runningEntries();
+        if (running.size() != 1) {
+            refuse(running.empty() ? u"no timer runs"_s
+                                   : u"%1 timers run: name a task, or stop them all"_s.arg(running.size()));
+            return;
+        }
+        meant = running.front().taskID;
+    }
+    withTask(meant, [&](const QString& taskID) { return tracker_.stop(taskID, -secondsAgo); });
+}
+
+void PeerService::stopAll(double secondsAgo)
+{
+    conclude(tracker_.stopAll(-secondsAgo), {});
+}
+
+void PeerService::set(const QStringList& assignments)
+{
+    Settings settings = tracker_.settings();
+    for (const QString& assignment : assignments) {
+        const qsizetype equals = assignment.indexOf(u'=');
+        if (equals < 0) {
+            refuse(u"\"%1\" is not of the form KEY=VALUE"_s.arg(assignment));
+            return;
+        }
+        if (const auto problem = assign(settings, assignment.left(equals), assignment.mid(equals + 1))) {
+            refuse(*problem);
+            return;
+        }
+    }
+    const Outcome outcome = tracker_.setSettings(settings);
+    exchange_.publishSettings();
+    if (const auto reason = problem(outcome, {}))
+        refuse(*reason);
+}
+
+QString PeerService::list()
+{
+    return QString::fromUtf8(
+        QJsonDocument(taskReport(tracker_, clock_.now())).toJson(QJsonDocument::Compact));
+}
+
+QString PeerService::status()
+{
+    return QString::fromUtf8(
+        QJsonDocument(statusReport(tracker_, clock_.now())).toJson(QJsonDocument::Compact));
+}
+
+void PeerService::openMenu()
+{
+    if (!refuseWithoutHelper())
+        exchange_.openMenu();
+}
+
+void PeerService::killHelper()
+{
+    if (!refuseWithoutHelper())
+        exchange_.killHelper();
+}
+
+void PeerService::refuse(const QString& message)
+{
+    sendErrorReply(refusedError, message);
+}
+
+void PeerService::withTask(const QString& text, const std::function<Outcome(const QString& taskID)>& change)
+{
+    const auto meant = tasksMeant(tracker_.tasks(), text);
+    if (meant.empty()) {
+        refuse(u"there is no task \"%1\""_s.arg(text));
+        return;
+    }
+    if (meant.size() > 1) {
+        QStringList ids;
+        for (const Task* const task : meant)
+            ids.append(task->id);
+        refuse(u"\"%1\" is ambiguous: use one of %2"_s.arg(text, ids.join(u", "_s)));
+        return;
+    }
+    conclude(change(QString(meant.front()->id)), text);
+}
+
+void PeerService::conclude(Outcome outcome, const QString& task)
+{
+    if (outcome == Outcome::done || outcome == Outcome::notStored)
+        exchange_.publish();
+    if (const auto reason = problem(outcome, task))
+        refuse(*reason);
+}
+
+bool PeerService::refuseWithoutHelper()
+{
+    const bool runs = platform::isApplicationRunning(workspace_, exchange_.helperBundleID());
+    if (!runs)
+        refuse(u"the helper does not run"_s);
+    return !runs;
+}
+
+} // namespace quor::peer
