@@ -14,10 +14,13 @@ namespace {
 
 void applyShadow(QWidget& widget, QPointF offset, double radius)
 {
+    // The radius is the deviation of a bell curve; the effect counts from the edge to where its own
+    // curve has faded. Measured, this factor brings the two closest.
+    constexpr double effectPerDeviation = 4;
     auto shadow = std::make_unique<QGraphicsDropShadowEffect>();
     shadow->setColor(QColor::fromRgbF(0, 0, 0, 0.2F));
     shadow->setOffset(offset);
-    shadow->setBlurRadius(radius);
+    shadow->setBlurRadius(radius * effectPerDeviation);
     widget.setGraphicsEffect(shadow.release());
 }
 

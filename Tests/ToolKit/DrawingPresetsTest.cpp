@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Canvas.h"
+#include "ToolKit/Drawing/ComposedLabel.h"
+#include "ToolKit/Drawing/CoreImageFactory.h"
+#include "ToolKit/Drawing/CustomFontSizeModifier.h"
+#include "ToolKit/Drawing/ShadowPresets.h"
+
+#include <QFontInfo>
+#include <QFontMetricsF>
+#include <QGraphicsOpacityEffect>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+using quor::platform::AttributedString;
+
+namespace {
+
+TEST(CoreImageFactory, TheKitsImagesAreThereAtEveryScale)
+{
+    using Name = CoreImageFactory::ImageName;
+    for (const auto& [name, side] :
+        {std::pair(Name::syncSpinner, 32), std::pair(Name::syncSpinnerSmall, 16)}) {
+        for (const bool isTemplate : {false, true}) {
+            const auto image = CoreImageFactory::image(name, isTemplate, 2);
+            EXPECT_EQ(image.isTemplate, isTemplate);
+            EXPECT_EQ(image.pixels.size(), QSize(2 * side, 2 * side));
+            EXPECT_EQ(image.pixels.deviceIndependentSize(), QSizeF(side, side));
+            // A quarter's turn on, the arrows stand where the gaps were.
+            EXPECT_EQ(image.pixels.pixelColor(side, side).alpha(), 0);
+            EXPECT_GT(image.pixels.pixelColor(2 * side * 27 / 32, side).alpha(), 200);
+        }
+    }
+}
+
+class ComposedLabel : public testing::Test {
+protected:
+    ComposedLabel()
+    {
+        EXPECT_TRUE(QDir(folder_.path()).mkpath(u"Images"_s));
+        QImage wide(40, 20, QImage::Format_ARGB32);
+        wide.fill(Qt::blue);
+        EXPECT_TRUE(wide.save(folder_.filePath(u"Images/wide.png"_s)));
+    }
+    [[nodiscard]] AttributedString label(const QStringList& names, bool imagesFirst) const
+    {
+        return composedLabel(AttributedString(u"Text"_s), names, Qt::red, font_, imagesFirst,
+            quor::platform::Bundle(folder_.path()));
+    }
+
+    QTemporaryDir folder_;
+    QFont font_ = QGuiApplication::font();
+};
+
+TEST_F(ComposedLabel, PutsIconsOnTheToldSide)
+{
+    using quor::platform::LineBreakMode;
+    using quor::platform::TextAlignment;
+    const QStringList names{u"wide"_s, u"missing"_s, u"wide"_s};
+    const auto first = label(names, true);
+    EXPECT_EQ(first.string(), u"\uFFFC \uFFFC Text"_s);
+    EXPECT_EQ(first.paragraphStyle().alignment, TextAlignment::right);
+    EXPECT_EQ(first.paragraphStyle().lineBreakMode, LineBreakMode::byTruncatingTail);
+    const auto last = label(names, false);
+    EXPECT_EQ(last.string(), u"Text \uFFFC \uFFFC"_s);
+    EXPECT_EQ(last.paragraphStyle().alignment, TextAlignment::left);
+    EXPECT_EQ(label({u"missing"_s}, false).string(), u"Text "_s);
+}
+
+TEST_F(ComposedLabel, IconsAreTintedAndCentredOnCapitals)
+{
+    const auto icon = label({u"wide"_s}, true).attachment(0);
+    ASSERT_TRUE(icon.has_value());
+    const double cap = QFontMetricsF(font_).capHeight();
+    EXPECT_EQ(icon->bounds.height(), std::round(cap * 1.4));
+    EXPECT_NEAR(icon->bounds.width(), 2 * icon->bounds.height(), 1e-9);
+    EXPECT_NEAR(icon->bounds.center().y(), cap / 2, 1e-9);
+    EXPECT_EQ(icon->image.pixelColor(icon->image.rect().center()), QColor(Qt::red));
+}
+
+TEST(ShadowPresets, FallOnWhatIsAroundTheWidget)
+{
+    const auto picture = [](void (*apply)(QWidget&)) {
+        QWidget window;
+        window.resize(100, 100);
+        window.setStyleSheet(u"background: white"_s);
+        QWidget box(&window);
+        box.setGeometry(30, 30, 40, 40);
+        apply(box);
+        return window.grab().toImage();
+    };
+    const auto darkness
+        = [](const QImage& image, int x, int y) { return 255 - image.pixelColor(x, y).lightness(); };
+    const QImage light = picture(applyLightShadow);
+    EXPECT_GT(darkness(light, 50, 71), 12);
+    EXPECT_LT(darkness(light, 50, 80), 4);
+    EXPECT_NEAR(darkness(light, 50, 71), darkness(light, 50, 28), 3) << "even all around";
+    const QImage strong = picture(applyStrongShadow);
+    EXPECT_GT(darkness(strong, 50, 73), 20);
+    EXPECT_LT(darkness(strong, 50, 27), darkness(strong, 50, 72) / 2) << "it falls down";
+    EXPECT_GT(darkness(strong, 72, 50), darkness(strong, 28, 50)) << "and to the right";
+    const QImage none = picture([](QWidget& widget) {
+        applyStrongShadow(widget);
+        removeShadow(widget);
+    });
+    EXPECT_EQ(darkness(none, 50, 73), 0);
+
+    QWidget faded;
+    faded.setGraphicsEffect(new QGraphicsOpacityEffect);
+    removeShadow(faded);
+    EXPECT_NE(faded.graphicsEffect(), nullptr) << "another effect is nobody's shadow";
+}
+
+TEST(CustomFontSizeModifier, SizesFollowTheUsersFont)
+{
+    const double body = QFontInfo(QGuiApplication::font()).pointSizeF();
+    EXPECT_DOUBLE_EQ(preferredPointSize(TextStyle::body), body);
+    EXPECT_DOUBLE_EQ(preferredPointSize(TextStyle::largeTitle), 2 * body);
+    EXPECT_LT(preferredPointSize(TextStyle::caption), body);
+
+    QLabel label;
+    CustomFontSizeModifier{TextStyle::title2, QFont::Bold, 1.5}.apply(label);
+    EXPECT_NEAR(label.font().pointSizeF(), body * 17 / 13 * 1.5, 0.01);
+    EXPECT_EQ(label.font().weight(), QFont::Bold);
+    for (const double factor : {std::nan(""), -1.0, 0.0, HUGE_VAL}) {
+        const double size
+            = CustomFontSizeModifier{TextStyle::body, QFont::Normal, factor}.font().pointSizeF();
+        EXPECT_TRUE(size >= 1 && size <= 1000) << factor;
+    }
+}
+
+} // namespace

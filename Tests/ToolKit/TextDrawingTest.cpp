@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Drawing/TextDrawing.h"
+#include "Platform/Text/AttributedString.h"
+#include "ToolKit/Canvas.h"
+#include "ToolKit/Drawing/IconAttachment.h"
+#include "ToolKit/Drawing/SystemFont.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+using quor::platform::AttributedString;
+using quor::test::Canvas;
+
+namespace {
+
+const QString words = u"The quick brown fox jumps over the lazy dog"_s;
+
+QFont plainFont()
+{
+    return systemFont(13, QFont::Normal);
+}
+
+QRectF inkOf(const QString& text, Qt::AlignmentFlag alignment, TextVerticalAlignment vertical,
+    bool wraps = false, double maxWidth = unlimitedWidth)
+{
+    return Canvas({600, 300})
+        .draw([&](QPainter& painter) {
+            drawText(painter, text, Qt::black, plainFont(), alignment, vertical, wraps, std::nullopt, 300,
+                150, maxWidth);
+        })
+        .ink();
+}
+
+TEST(TextSize, RoundsUpToTheNextHalf)
+{
+    const double nan = std::nan("");
+    const std::pair<double, double> cases[]
+        = {{0, 0.5}, {3, 3.5}, {3.2, 3.5}, {3.5, 4}, {3.6, 4}, {nan, 0}, {HUGE_VAL, 0}};
+    for (const auto& [length, expected] : cases)
+        EXPECT_EQ(roundedTextLength(length), expected) << length;
+}
+
+TEST(TextSize, CoversTheTextItsLinesAndItsWrapping)
+{
+    const QFont font = plainFont();
+    const QFontMetricsF metrics(font);
+    const QSizeF one = textSize(words, font, false);
+    EXPECT_EQ(one.width(), roundedTextLength(metrics.horizontalAdvance(words)));
+    EXPECT_EQ(one.height(), roundedTextLength(metrics.ascent() + metrics.descent()));
+    EXPECT_EQ(textSize(AttributedString(words), font, false), one);
+    EXPECT_EQ(textSize(words, font, true), one) << "nothing to wrap";
+    EXPECT_EQ(textSize(QString(), font, false), QSizeF(0.5, one.height())) << "no text still has a line";
+
+    for (const auto& lines : {u"a\nb\nc"_s, u"a\r\nb\rc"_s})
+        EXPECT_NEAR(textSize(lines, font, false).height(), 3 * one.height(), 2) << qPrintable(lines);
+
+    const QSizeF wrapped = textSize(words, font, true, 100);
+    EXPECT_LE(wrapped.width(), 101);
+    EXPECT_GT(wrapped.height(), 2.5 * one.height());
+    EXPECT_LE(textSize(QString(100, u'x'), font, true, 100).width(), 101) << "a word alone is broken";
+}
+
+TEST(TextSize, CutsTheMiddleToTheWidth)
+{
+    const QFont font = plainFont();
+    for (const double width : {250.0, 150.0, 60.0}) {
+        const QSizeF size = textSize(words, font, false, width);
+        EXPECT_LE(size.width(), width + 1);
+        EXPECT_GT(size.width(), width - 25) << "as much as fits";
+        EXPECT_EQ(size.height(), textSize(words, font, false).height());
+    }
+    const auto image = [&](const QString& text, double width) {
+        return Canvas()
+            .draw([&](QPainter& painter) {
+                drawText(painter, text, Qt::black, font, Qt::AlignLeft, TextVerticalAlignment::top, false,
+                    std::nullopt, 5, 5, width);
+            })
+            .image();
+    };
+    const QString family = u"\U0001F469\u200D\U0001F469\u200D\U0001F467"_s;
+    EXPECT_EQ(image(u"abcdefghijklmnop"_s, QFontMetricsF(font).horizontalAdvance(u"abc…nop"_s) + 0.5),
+        image(u"abc…nop"_s, unlimitedWidth));
+    EXPECT_EQ(image(words, 0), image(u"…"_s, unlimitedWidth));
+    EXPECT_EQ(image(family + words, 1), image(u"…"_s, unlimitedWidth));
+}
+
+TEST(TextSize, SurvivesAnyWidthAndText)
+{
+    const QFont font = plainFont();
+    const QString broken = QString(QChar(0xD800)) + u"\0\uFFFC\u2028\u202E\t"_s + QString(QChar(0xDC00));
+    for (const bool wraps : {false, true}) {
+        for (const double width : {std::nan(""), -5.0, 0.0, 1e-300, HUGE_VAL, -HUGE_VAL}) {
+            for (const auto& text : {words, broken, u"\n\n"_s, u"\u0645\u0631\u062D\u0628\u0627"_s}) {
+                const QSizeF size = textSize(text, font, wraps, width);
+                EXPECT_TRUE(size.isValid() && std::isfinite(size.width()) && std::isfinite(size.height()));
+            }
+        }
+    }
+    EXPECT_GT(textSize(QString(200'000, u'm'), font, false).width(), 1'000'000);
+    EXPECT_LT(textSize(QString(200'000, u'm'), font, false, 100).width(), 101);
+}
+
+TEST(DrawText, StandsWhereItsAlignmentSays)
+{
+    const QSizeF size = textSize(u"Hxg"_s, plainFont(), false);
+    const struct {
+        Qt::AlignmentFlag alignment;
+        TextVerticalAlignment vertical;
+        QPointF corner;
+    } cases[] = {
+        {Qt::AlignLeft, TextVerticalAlignment::top, {300, 150}},
+        {Qt::AlignHCenter, TextVerticalAlignment::center, {300 - size.width() / 2, 150 - size.height() / 2}},
+        {Qt::AlignRight, TextVerticalAlignment::bottom, {300 - size.width(), 150 - size.height()}},
+    };
+    for (const auto& [alignment, vertical, corner] : cases) {
+        const QRectF box(corner, size);
+        const QRectF ink = inkOf(u"Hxg"_s, alignment, vertical);
+        EXPECT_TRUE(box.adjusted(-1, -1, 1, 1).contains(ink)) << corner.x() << ' ' << corner.y();
+        EXPECT_NEAR(ink.center().x(), box.center().x(), 1.5);
+        EXPECT_GT(ink.height(), box.height() * 0.6);
+    }
+}
+
+TEST(DrawText, AlignsItsLinesAmongEachOther)
+{
+    const QString text = u"HHHHHHHHHH\nH"_s;
+    const double line = textSize(u"H"_s, plainFont(), false).height();
+    const auto secondLine = [&](Qt::AlignmentFlag alignment) {
+        Canvas canvas({600, 300});
+        canvas.draw([&](QPainter& painter) {
+            drawText(painter, text, Qt::black, plainFont(), alignment, TextVerticalAlignment::top, true,
+                std::nullopt, 300, 150);
+            painter.setCompositionMode(QPainter::CompositionMode_Clear);
+            painter.fillRect(QRectF(0, 0, 600, 150 + line), Qt::black);
+        });
+        return canvas.ink().center().x();
+    };
+    EXPECT_LT(secondLine(Qt::AlignLeft), 310);
+    EXPECT_NEAR(secondLine(Qt::AlignHCenter), 300, 1.5);
+    EXPECT_GT(secondLine(Qt::AlignRight), 290);
+    EXPECT_LT(secondLine(Qt::AlignRight), 300);
+}
+
+TEST(DrawText, TheShadowLiesAllAroundAndBelow)
+{
+    for (const double scale : {1.0, 2.0}) {
+        const auto draw = [&](std::optional<QColor> shadow) {
+            return Canvas({200, 100}, scale).draw([&](QPainter& painter) {
+                drawText(painter, u"HH"_s, Qt::white, plainFont(), Qt::AlignLeft, TextVerticalAlignment::top,
+                    false, shadow, 50, 40);
+            });
+        };
+        const Canvas plain = draw(std::nullopt);
+        const Canvas shadowed = draw(QColor(Qt::red));
+        const QRectF letters = plain.ink();
+        const QRectF all = shadowed.ink(8);
+        EXPECT_TRUE(all.contains(letters.adjusted(-1, -1, 1, 1))) << scale;
+        EXPECT_TRUE(letters.adjusted(-4, -4, 4, 4).contains(all)) << scale;
+        EXPECT_NEAR(all.center().y(), letters.center().y(), 0.6) << "no offset";
+        const QColor beside = shadowed.at(letters.left() - 0.75, letters.center().y());
+        EXPECT_GT(beside.alpha(), 20);
+        EXPECT_EQ(beside.green(), 0) << "the shadow has its own colour";
+        EXPECT_EQ(plain.at(letters.left() - 1.5, letters.center().y()).alpha(), 0);
+    }
+}
+
+TEST(DrawAttributedText, AttachmentsTakeTheirRoomAndPlace)
+{
+    const QFont font = plainFont();
+    QImage square(8, 8, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::black);
+    const auto icon = iconAttachment(square, Qt::green, font);
+    AttributedString text(u"H "_s);
+    text.append(AttributedString(icon));
+    const double before = QFontMetricsF(font).horizontalAdvance(u"H "_s);
+    EXPECT_NEAR(textSize(text, font, false).width(), before + icon.bounds.width(), 1);
+
+    const auto ascent = QFontMetricsF(font).ascent();
+    const auto drawn = [&](const AttributedString& label, bool wraps, double width) {
+        return Canvas().draw([&](QPainter& painter) {
+            painter.setFont(font);
+            drawAttributedText(painter, label, Qt::AlignLeft, TextVerticalAlignment::top, wraps, std::nullopt,
+                10, 10, width);
+        });
+    };
+    const Canvas canvas = drawn(text, false, unlimitedWidth);
+    const double middle = 10 + ascent - icon.bounds.center().y();
+    EXPECT_EQ(canvas.at(10 + before + icon.bounds.width() / 2, middle), QColor(Qt::green));
+    EXPECT_EQ(canvas.ink().right(), std::ceil(10 + before + icon.bounds.width()));
+
+    const Canvas wrapped = drawn(text, true, icon.bounds.width() + 1);
+    EXPECT_EQ(wrapped.at(10 + icon.bounds.width() / 2, middle + textSize(u"H"_s, font, false).height() - 0.5),
+        QColor(Qt::green));
+
+    auto high = icon;
+    high.bounds = {0, -10, 20, 50};
+    EXPECT_EQ(textSize(AttributedString(high), font, false).height(), 50.5) << "it makes its line higher";
+    EXPECT_EQ(drawn(AttributedString(high), false, unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
+
+    const Canvas cut = drawn(AttributedString(icon), false, 1);
+    EXPECT_FALSE(cut.isClear()) << "an ellipsis in its stead is seen";
+}
+
+TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
+{
+    const auto widthOf = [](const QFont& font, QChar digit) {
+        return QFontMetricsF(font).horizontalAdvance(QString(10, digit));
+    };
+    const auto isEven = [&](const QFont& font) {
+        for (const QChar digit : u"123456789"_s)
+            if (std::abs(widthOf(font, digit) - widthOf(font, u'0')) > 0.05)
+                return false;
+        return true;
+    };
+    const QFont own = QGuiApplication::font();
+    // A font of symbols makes the fallback necessary; where there is none, the user's is checked.
+    for (const auto& family : QFontDatabase::families()) {
+        if (!isEven(QFont(family)))
+            QGuiApplication::setFont(QFont(family));
+    }
+    for (const auto weight : {QFont::Normal, QFont::Medium, QFont::Bold}) {
+        const QFont font = monospacedDigitFont(11, weight);
+        EXPECT_TRUE(isEven(font)) << qPrintable(font.family());
+        EXPECT_EQ(font.pixelSize(), 11);
+        EXPECT_EQ(font.weight(), weight);
+    }
+    QGuiApplication::setFont(own);
+    EXPECT_EQ(monospacedDigitFont(0, QFont::Normal).pixelSize(), 1);
+    EXPECT_EQ(monospacedDigitFont(std::nan(""), QFont::Normal).pixelSize(), 1);
+}
+
+} // namespace
