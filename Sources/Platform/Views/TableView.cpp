@@ -26,7 +26,11 @@ TableView::TableView(QWidget* parent)
     connect(qApp, &QApplication::focusChanged, this, &TableView::updateEmphasis);
 }
 
-TableView::~TableView() = default;
+TableView::~TableView()
+{
+    // The base class, on its way out, still gives the focus away.
+    disconnect(qApp, nullptr, this, nullptr);
+}
 
 void TableView::setDataSource(TableViewDataSource* dataSource)
 {

@@ -32,6 +32,8 @@ void TableViewRowSet::insert(const TableViewRowSet& rows)
 
 void TableViewRowSet::remove(int first, int last)
 {
+    if (last < first)
+        return;
     std::vector<Run> kept;
     for (const Run& run : runs_) {
         if (run.last < first || run.first > last) {

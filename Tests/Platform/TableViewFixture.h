@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Views/TableView.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace quor::test {
+
+/// Rows of labels that remembers what the table told it; row `searchRow` is a text field.
+class LabelRows final : public platform::TableViewDataSource, public platform::TableViewDelegate {
+public:
+    explicit LabelRows(int count)
+        : count_(count)
+    {
+    }
+
+    int numberOfRows(const platform::TableView& /*table*/) const override { return count_; }
+    int heightOfRow(const platform::TableView& /*table*/, int row) const override
+    {
+        ++heightsAsked;
+        return heights.empty() ? 20 : heights.at(static_cast<std::size_t>(row) % heights.size());
+    }
+    QWidget* viewForRow(platform::TableView& table, int row) override
+    {
+        ++viewsAsked;
+        if (row == searchRow)
+            return searchField;
+        auto* label = qobject_cast<QLabel*>(table.makeView(QStringLiteral("label")));
+        if (!label) {
+            label = new QLabel;
+            label->setObjectName(QStringLiteral("label"));
+            ++labelsMade;
+        }
+        label->setText(text(row));
+        return label;
+    }
+    bool shouldSelectRow(const platform::TableView& /*table*/, int row) const override
+    {
+        return !barred.contains(row) && row != searchRow;
+    }
+    QString typeSelectString(const platform::TableView& /*table*/, int row) const override
+    {
+        return text(row);
+    }
+    void selectionDidChange(platform::TableView& table) override
+    {
+        selections.push_back(table.selectedRow());
+    }
+    void didClickRow(platform::TableView& table, int row) override
+    {
+        clicks.push_back(row);
+        EXPECT_EQ(table.clickedRow(), row);
+    }
+    void pointerDidHoverRow(platform::TableView& /*table*/, int row) override { hovers.push_back(row); }
+    void pointerDidLeave(platform::TableView& /*table*/) override { hovers.push_back(left); }
+
+    QString text(int row) const
+    {
+        const auto known = texts.find(row);
+        return known == texts.end() ? QStringLiteral("Row %1").arg(row) : known->second;
+    }
+
+    static constexpr int left = -2;
+
+    int count_;
+    std::vector<int> heights; // by turns
+    std::map<int, QString> texts;
+    std::set<int> barred;
+    int searchRow = -1;
+    QLineEdit* searchField = nullptr; // the table's once shown
+    mutable int heightsAsked = 0;
+    int viewsAsked = 0;
+    int labelsMade = 0;
+    std::vector<int> selections;
+    std::vector<int> clicks;
+    std::vector<int> hovers;
+};
+
+/// A table of 200 by 200 pixels at the screen's upper left, with rows 20 pixels high.
+class TableViewTest : public testing::Test {
+protected:
+    void show(int count)
+    {
+        rows.count_ = count;
+        table.setFrameShape(QFrame::NoFrame);
+        table.setDataSource(&rows);
+        table.setDelegate(&rows);
+        table.setGeometry(0, 0, 200, 200);
+        table.show();
+        table.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&table));
+        table.reloadData();
+    }
+    QString shownText(int row) const
+    {
+        const auto* label = qobject_cast<QLabel*>(table.viewAtRow(row));
+        return label ? label->text() : QString();
+    }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&table, key, modifiers);
+    }
+    void movePointer(int x, int y) { QTest::mouseMove(&table, QPoint(x, y)); }
+
+    LabelRows rows{0};
+    platform::TableView table;
+};
+
+} // namespace quor::test

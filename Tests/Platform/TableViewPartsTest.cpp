@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Views/TableViewRowHeights.h"
+#include "Platform/Views/TableViewRowSet.h"
+#include "Platform/Views/TableViewTypeSelect.h"
+
+#include <gmock/gmock.h>
+
+#include <climits>
+#include <random>
+#include <set>
+
+using namespace quor::platform;
+using namespace std::chrono_literals;
+
+namespace {
+
+TEST(TableViewRowHeights, HugeSumsStopInsteadOfTurningRound)
+{
+    TableViewRowHeights heights;
+    heights.setVarying(3, [](int row) { return row == 0 ? -5 : INT_MAX; });
+    EXPECT_EQ(heights.total(), TableViewRowHeights::limit);
+    EXPECT_EQ(heights.rowAt(0), 1) << "a row without a height is nowhere";
+    EXPECT_EQ(heights.rowAt(INT_MAX), -1);
+    heights.setUniform(INT_MAX, 1000);
+    EXPECT_EQ(heights.total(), TableViewRowHeights::limit);
+    EXPECT_EQ(heights.rowAt(TableViewRowHeights::limit - 1), (TableViewRowHeights::limit - 1) / 1000);
+    heights.setUniform(5, 0);
+    EXPECT_EQ(heights.rowAt(0), -1);
+    heights.setVarying(-1, [](int) { return 1; });
+    EXPECT_EQ(heights.count(), 0);
+    EXPECT_EQ(heights.total(), 0);
+}
+
+TEST(TableViewRowSet, AgreesWithASetOfNumbersWhateverIsDoneToIt)
+{
+    std::mt19937 random(7);
+    for (int round = 0; round < 200; ++round) {
+        TableViewRowSet rows;
+        std::set<int> expected;
+        for (int step = 0; step < 30; ++step) {
+            const int first = static_cast<int>(random() % 40);
+            const int last = first + static_cast<int>(random() % 6) - 1;
+            const bool inserts = random() % 3 != 0;
+            inserts ? rows.insert(first, last) : rows.remove(first, last);
+            for (int row = first; row <= last; ++row)
+                inserts ? void(expected.insert(row)) : void(expected.erase(row));
+        }
+        for (int row = 0; row < 50; ++row)
+            ASSERT_EQ(rows.contains(row), expected.contains(row)) << row;
+        ASSERT_EQ(rows.count(), static_cast<int>(expected.size()));
+        for (std::size_t run = 1; run < rows.runs().size(); ++run)
+            ASSERT_GT(rows.runs()[run].first, rows.runs()[run - 1].last + 1) << "runs that touch are one";
+    }
+    TableViewRowSet all(-3, INT_MAX);
+    all.insert(5, INT_MAX);
+    EXPECT_THAT(all.runs(), testing::ElementsAre(TableViewRowSet::Run{0, INT_MAX}));
+}
+
+TEST(TableViewTypeSelect, LettersGrowUntilTheUserPauses)
+{
+    const std::vector<QString> texts{QStringLiteral("alpha"), QStringLiteral("beta"), QStringLiteral("Bravo"),
+        QStringLiteral("bb"), QStringLiteral("ärger")};
+    TableViewTypeSelect select;
+    int selected = -1;
+    const auto type = [&](const char16_t* letter, std::chrono::milliseconds now) {
+        const int row = select.find(QString::fromUtf16(letter), now, selected, static_cast<int>(texts.size()),
+            [&](int index) { return texts.at(static_cast<std::size_t>(index)); });
+        selected = row < 0 ? selected : row;
+        return row;
+    };
+    EXPECT_EQ(type(u"b", 0ms), 1);
+    EXPECT_EQ(type(u"r", 900ms), 2);
+    EXPECT_EQ(type(u"x", 1000ms), -1);
+    EXPECT_EQ(type(u"b", 1900ms), -1) << "still the same word";
+    EXPECT_EQ(type(u"b", 2900ms), 3) << "a new one";
+    EXPECT_EQ(type(u"b", 3000ms), 3) << "a word of this letter twice comes before the next row";
+    EXPECT_EQ(type(u"b", 3100ms), 1) << "the same letter again goes on, and round the end";
+    EXPECT_EQ(type(u"Ä", 5000ms), 4);
+    EXPECT_EQ(type(u"", 5100ms), -1);
+    selected = 99; // from before the rows changed
+    EXPECT_EQ(type(u"a", 9000ms), 0);
+}
+
+} // namespace

@@ -1,0 +1,287 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/TableViewFixture.h"
+#include "Support/WaitFor.h"
+
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include <gmock/gmock.h>
+
+using namespace quor::platform;
+using quor::test::LabelRows;
+using quor::test::TableViewTest;
+using quor::test::waitFor;
+using testing::ElementsAre;
+using Step = TableViewStep;
+
+namespace {
+
+TEST_F(TableViewTest, AMillionRowsTakeTheWidgetsOfAScreenful)
+{
+    show(1'000'000);
+    EXPECT_EQ(table.contentHeight(), 20'000'000);
+    EXPECT_EQ(rows.viewsAsked, 10);
+    for (const int place : {19'999'800, 5'000'003, 0, 123, 20'000'000})
+        table.verticalScrollBar()->setValue(place);
+    EXPECT_EQ(shownText(999'999), QStringLiteral("Row 999999"));
+    EXPECT_EQ(shownText(0), QString()) << "gone from the screen";
+    EXPECT_LE(rows.labelsMade, 11) << "one more while the edges cut a row each";
+    EXPECT_LE(table.viewport()->findChildren<TableRowView*>().size(), 11);
+
+    table.setUniformRowHeight(20);
+    rows.heightsAsked = 0;
+    table.reloadData();
+    EXPECT_EQ(rows.heightsAsked, 0);
+    EXPECT_EQ(table.contentHeight(), 20'000'000);
+}
+
+TEST_F(TableViewTest, RowsLieWhereTheirHeightsPutThem)
+{
+    rows.heights = {30, 0, 10};
+    table.setIntercellSpacing(6);
+    table.setContentInsets({10, 4, 5, 8});
+    show(6);
+    EXPECT_EQ(table.contentHeight(), 4 + 2 * (36 + 6 + 16) + 8);
+    EXPECT_EQ(table.rectOfRow(2), QRect(10, 46, 185, 16));
+    EXPECT_EQ(table.viewAtRow(2)->geometry(), QRect(0, 3, 185, 10)) << "half the spacing above";
+    EXPECT_EQ(table.rowAtPoint({50, 3}), -1);
+    EXPECT_EQ(table.rowAtPoint({50, 4}), 0);
+    EXPECT_EQ(table.rowAtPoint({50, 46}), 2);
+    EXPECT_EQ(table.rowAtPoint({50, 120}), -1);
+    EXPECT_TRUE(table.rectOfRow(6).isNull());
+    EXPECT_EQ(table.rowForView(table.viewAtRow(3)), 3);
+
+    table.setLayoutDirection(Qt::RightToLeft);
+    EXPECT_EQ(table.rowViewAtRow(2)->geometry().left(), 5) << "insets change sides";
+
+    rows.heights = {30, 100, 10};
+    table.noteHeightOfRowsChanged(1, 1);
+    EXPECT_EQ(table.rectOfRow(2).top(), 146);
+    EXPECT_EQ(table.rectOfRow(4).height(), 6) << "not asked again";
+}
+
+TEST_F(TableViewTest, AReloadKeepsScrollWidgetsAndValidSelection)
+{
+    show(100);
+    table.verticalScrollBar()->setValue(400);
+    table.selectRowIndexes(TableViewRowSet(25), false);
+    const QWidget* before = table.viewAtRow(25);
+    rows.texts[25] = QStringLiteral("Changed");
+    table.reloadData();
+    EXPECT_EQ(table.viewAtRow(25), before);
+    EXPECT_EQ(shownText(25), QStringLiteral("Changed"));
+    EXPECT_EQ(table.verticalScrollBar()->value(), 400);
+    EXPECT_EQ(table.selectedRow(), 25);
+
+    rows.barred = {25};
+    table.reloadData();
+    EXPECT_EQ(table.selectedRow(), -1) << "may not be selected any more";
+    table.selectRowIndexes(TableViewRowSet(90), false);
+    rows.count_ = 12;
+    table.reloadData();
+    EXPECT_EQ(table.selectedRow(), -1) << "is gone";
+    EXPECT_EQ(table.verticalScrollBar()->value(), 40);
+
+    table.setDelegate(nullptr);
+    table.reloadData();
+    EXPECT_EQ(table.numberOfRows(), 0);
+    EXPECT_EQ(table.viewAtRow(3), nullptr);
+}
+
+TEST_F(TableViewTest, TheFieldWithTheFocusKeepsItAndItsCaretWhereverItsRowGoes)
+{
+    rows.searchField = new QLineEdit;
+    rows.searchField->setObjectName(QStringLiteral("search"));
+    rows.searchRow = 0;
+    show(100);
+    rows.searchField->setFocus();
+    QTest::keyClicks(rows.searchField, QStringLiteral("task"));
+    rows.searchField->setCursorPosition(2);
+    const auto isUntouched = [&] {
+        return rows.searchField->hasFocus() && rows.searchField->cursorPosition() == 2
+            && !rows.searchField->hasSelectedText() && rows.searchField->isVisible();
+    };
+    table.reloadData();
+    EXPECT_TRUE(isUntouched()) << "reloaded";
+    rows.searchRow = 3;
+    table.reloadData();
+    EXPECT_TRUE(isUntouched()) << "in another row";
+    EXPECT_EQ(table.rowForView(rows.searchField), 3);
+    table.verticalScrollBar()->setValue(1000);
+    EXPECT_TRUE(isUntouched()) << "scrolled off";
+    table.verticalScrollBar()->setValue(0);
+    EXPECT_TRUE(isUntouched()) << "back again";
+
+    EXPECT_TRUE(table.walk(Step::down));
+    EXPECT_TRUE(isUntouched()) << "walking leaves the keyboard where it is";
+    EXPECT_EQ(table.selectedRow(), 0);
+
+    rows.searchRow = -1;
+    table.reloadData();
+    EXPECT_TRUE(table.hasFocus()) << "rather than some other widget";
+}
+
+TEST_F(TableViewTest, KeysWalkOverWhatMayNotBeSelected)
+{
+    show(100);
+    rows.barred = {0, 2, 3, 50, 99};
+    struct Press {
+        Qt::Key key;
+        int row;
+    };
+    const Press presses[]
+        = {{Qt::Key_Down, 1}, {Qt::Key_Down, 4}, {Qt::Key_Up, 1}, {Qt::Key_Up, 1}, {Qt::Key_PageDown, 10},
+            {Qt::Key_PageDown, 19}, {Qt::Key_PageUp, 10}, {Qt::Key_End, 98}, {Qt::Key_Down, 98},
+            {Qt::Key_PageDown, 98}, {Qt::Key_PageUp, 89}, {Qt::Key_Home, 1}, {Qt::Key_PageUp, 1}};
+    for (const Press& step : presses) {
+        press(step.key);
+        EXPECT_EQ(table.selectedRow(), step.row);
+        EXPECT_TRUE(table.visibleRect().contains(table.rectOfRow(step.row)));
+    }
+    EXPECT_EQ(table.verticalScrollBar()->value(), 0) << "the end of the walk shows what lies beyond";
+    table.deselectAll();
+    press(Qt::Key_Up);
+    EXPECT_EQ(table.selectedRow(), 98) << "from nowhere, up begins at the end";
+
+    for (int row = 0; row < 100; ++row)
+        rows.barred.insert(row);
+    table.reloadData();
+    EXPECT_FALSE(table.walk(Step::down) || table.walk(Step::pageUp) || table.walk(Step::last));
+    rows.count_ = 0;
+    table.reloadData();
+    EXPECT_FALSE(table.walk(Step::down) || table.walk(Step::up) || table.walk(Step::pageDown));
+}
+
+TEST_F(TableViewTest, SeveralRowsAreSelectedAsOnAnyDesktop)
+{
+    show(10);
+    rows.barred = {4};
+    const auto click = [&](int row, Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, keys, table.viewportRectOfRow(row).center());
+    };
+    click(2);
+    click(5, Qt::ShiftModifier);
+    EXPECT_EQ(table.selectedRowIndexes(), TableViewRowSet(5)) << "one at a time at the start";
+    table.setAllowsMultipleSelection(true);
+    click(2);
+    click(5, Qt::ShiftModifier);
+    click(8, Qt::ControlModifier);
+    click(3, Qt::ControlModifier);
+    using Run = TableViewRowSet::Run;
+    EXPECT_THAT(table.selectedRowIndexes().runs(), ElementsAre(Run{2, 2}, Run{5, 5}, Run{8, 8}));
+    click(9);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    press(Qt::Key_Up, Qt::ShiftModifier);
+    EXPECT_THAT(table.selectedRowIndexes().runs(), ElementsAre(Run{7, 9}));
+    press(Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_THAT(table.selectedRowIndexes().runs(), ElementsAre(Run{8, 9}));
+    click(4);
+    EXPECT_EQ(table.selectedRowIndexes().count(), 2) << "a row that may not be selected changes nothing";
+    table.setAllowsMultipleSelection(false);
+    EXPECT_EQ(table.selectedRowIndexes(), TableViewRowSet(8));
+    table.selectRowIndexes(TableViewRowSet(70), false);
+    EXPECT_EQ(table.selectedRow(), -1) << "no such row";
+    EXPECT_EQ(rows.clicks, (std::vector{2, 5, 2, 5, 8, 3, 9, 4})) << "clicks count on any row";
+}
+
+TEST_F(TableViewTest, TypingSelectsTheRowThatBeginsSo)
+{
+    rows.texts = {{1, QStringLiteral("Quince")}, {4, QStringLiteral("quarry")}, {5, QStringLiteral("Quart")},
+        {7, QStringLiteral("quarter")}};
+    rows.barred = {4};
+    show(10);
+    QTest::keyClicks(&table, QStringLiteral("q"));
+    EXPECT_EQ(table.selectedRow(), 1);
+    QTest::keyClicks(&table, QStringLiteral("uar"));
+    EXPECT_EQ(table.selectedRow(), 5);
+    QTest::keyClicks(&table, QStringLiteral("te"));
+    EXPECT_EQ(table.selectedRow(), 7);
+    QTest::keyClicks(&table, QStringLiteral(" x"));
+    EXPECT_EQ(table.selectedRow(), 7);
+    table.setAllowsTypeSelect(false);
+    QTest::keyClicks(&table, QStringLiteral("r"));
+    EXPECT_EQ(table.selectedRow(), 7);
+}
+
+TEST_F(TableViewTest, HoverStaysRightUnderARestingPointer)
+{
+    show(100);
+    movePointer(50, 30);
+    movePointer(50, 50);
+    EXPECT_EQ(rows.hovers.back(), 2);
+    EXPECT_EQ(table.hoveredRow(), 2);
+    rows.hovers.clear();
+    table.verticalScrollBar()->setValue(100);
+    EXPECT_THAT(rows.hovers, ElementsAre(7)) << "scrolled under it";
+    rows.heights = {200};
+    table.reloadData();
+    EXPECT_THAT(rows.hovers, ElementsAre(7, 0)) << "other rows under it";
+    rows.heights = {};
+    table.reloadData();
+    rows.hovers.clear();
+    press(Qt::Key_End);
+    table.reloadData();
+    EXPECT_THAT(rows.hovers, ElementsAre()) << "the keyboard leads now";
+    EXPECT_EQ(table.hoveredRow(), -1);
+    movePointer(50, 52);
+    EXPECT_EQ(rows.hovers.back(), table.rowAtPoint({50, 52}));
+    movePointer(700, 700);
+    EXPECT_TRUE(waitFor([&] { return rows.hovers.back() == LabelRows::left; }));
+}
+
+TEST_F(TableViewTest, WheelsAndTouchpadsScrollByWhatTheyTell)
+{
+    show(1000);
+    const auto turn = [&](QPoint pixels, QPoint angle) {
+        QWheelEvent event({50, 50}, table.mapToGlobal(QPointF(50, 50)), pixels, angle, Qt::NoButton,
+            Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(table.viewport(), &event);
+        return table.verticalScrollBar()->value();
+    };
+    EXPECT_EQ(turn({0, -7}, {0, -120}), 7) << "pixels win";
+    EXPECT_EQ(turn({0, 7}, {}), 0);
+    const int notch = turn({}, {0, -120});
+    EXPECT_EQ(notch, QApplication::wheelScrollLines() * table.verticalScrollBar()->singleStep());
+    EXPECT_EQ(turn({}, {0, 120}), 0);
+    for (int part = 0; part < 120; ++part)
+        turn({}, {0, -1});
+    EXPECT_NEAR(table.verticalScrollBar()->value(), notch, 1) << "parts add up";
+    EXPECT_EQ(rows.hovers.back(), table.rowAtPoint({50, 50})) << "the pointer is where it turned";
+}
+
+TEST_F(TableViewTest, EitherSideMayEndFirstAlsoDuringACall)
+{
+    {
+        LabelRows shortLived(30);
+        table.setDataSource(&shortLived);
+        table.setDelegate(&shortLived);
+        table.resize(200, 200);
+        table.show();
+        table.reloadData();
+        table.selectRowIndexes(TableViewRowSet(3), false);
+    }
+    table.verticalScrollBar()->setValue(100);
+    press(Qt::Key_Down);
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, {50, 50});
+    table.reloadData();
+    EXPECT_EQ(table.numberOfRows(), 0);
+
+    struct Closing final : TableViewDataSource, TableViewDelegate {
+        std::unique_ptr<TableView> list = std::make_unique<TableView>();
+        int numberOfRows(const TableView& /*table*/) const override { return 3; }
+        QWidget* viewForRow(TableView& asked, int /*row*/) override
+        {
+            asked.reloadData(); // takes effect later, else this would never end
+            return nullptr;
+        }
+        void didClickRow(TableView& /*table*/, int /*row*/) override { list.reset(); }
+    } closing;
+    closing.list->setDataSource(&closing);
+    closing.list->setDelegate(&closing);
+    closing.list->resize(100, 100);
+    closing.list->reloadData();
+    QTest::mouseClick(closing.list->viewport(), Qt::LeftButton, {}, {50, 10});
+    EXPECT_EQ(closing.list, nullptr);
+}
+
+} // namespace
