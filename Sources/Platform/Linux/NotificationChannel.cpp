@@ -4,6 +4,7 @@
 #include <QDBusMessage>
 #include <QPointer>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,11 +17,14 @@ constexpr auto signalPath = "/com/quor_app/DistributedNotifications"_L1;
 constexpr auto signalInterface = "com.quor_app.DistributedNotifications"_L1;
 constexpr auto signalMember = "Posted"_L1;
 
-// Qt writes the argument into the match rule as it is, and an apostrophe would end it there. Such
-// a name is left to the channel to compare; the bus then sends it the posts of all names.
+// Qt writes the argument into the match rule without escaping it, where an apostrophe would end it,
+// and in Latin-1, where the bus library aborts on anything but ASCII. Other names are left to the
+// channel to compare; the bus then sends it the posts of all names.
 QStringList argumentMatch(const QString& name)
 {
-    return name.contains(u'\'') ? QStringList() : QStringList(name);
+    const bool survives
+        = std::ranges::all_of(name, [](QChar c) { return c >= u' ' && c <= u'~' && c != u'\''; });
+    return survives ? QStringList(name) : QStringList();
 }
 
 } // namespace

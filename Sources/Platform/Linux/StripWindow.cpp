@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Linux/StripWindow.h"
 
-#include "Platform/Linux/X11Struts.h"
+#include "Platform/Linux/X11Window.h"
 
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,8 +15,8 @@ StripWindow::StripWindow()
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
-    winId(); // the window's type is ignored until the native window is there
-    setAttribute(Qt::WA_X11NetWmWindowTypeDock);
+    keepContentAtRight(winId());
+    setAttribute(Qt::WA_X11NetWmWindowTypeDock); // ignored while there is no native window
 }
 
 void StripWindow::setBackground(const QColor& color)
@@ -28,6 +28,9 @@ void StripWindow::setBackground(const QColor& color)
 void StripWindow::place(QScreen& screen, const QRect& frame)
 {
     setScreen(&screen);
+    // At a fractional scale Qt tells the window manager to size windows in steps of several pixels.
+    // Counted from just this size, no step takes anything from it.
+    setBaseSize(frame.size());
     setGeometry(frame);
 }
 

@@ -22,7 +22,7 @@ public:
     /// Moves and resizes in one step. `frame` is in device-independent pixels.
     void place(QScreen& screen, const QRect& frame);
 
-    /// Where there are struts at all; elsewhere it does nothing.
+    /// Asks the window manager to keep this room free while the window is shown.
     void reserve(const TopStrut& strut);
 
 Q_SIGNALS:

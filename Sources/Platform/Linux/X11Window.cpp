@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11Struts.h"
+#include "Platform/Linux/X11Window.h"
 
 #include <QGuiApplication>
 
@@ -16,6 +16,14 @@ using namespace Qt::StringLiterals;
 namespace quor::platform {
 
 namespace {
+
+// Null on other platforms; some of them offer the native interface too.
+xcb_connection_t* xConnection()
+{
+    return QGuiApplication::platformName() == "xcb"_L1
+        ? qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection()
+        : nullptr;
+}
 
 xcb_intern_atom_cookie_t requestAtom(xcb_connection_t* connection, std::string_view name)
 {
@@ -40,12 +48,19 @@ void setCardinals(xcb_connection_t* connection, WId window, xcb_atom_t property,
 
 } // namespace
 
+void keepContentAtRight(WId window)
+{
+    if (auto* connection = xConnection()) {
+        const std::array gravity{std::uint32_t(XCB_GRAVITY_NORTH_EAST)};
+        xcb_change_window_attributes(connection, xcb_window_t(window), XCB_CW_BIT_GRAVITY, gravity.data());
+    }
+}
+
 void setTopStrut(WId window, const TopStrut& strut)
 {
-    // The native interface is there on other platforms too, and has no connection to give.
-    if (QGuiApplication::platformName() != "xcb"_L1)
+    auto* connection = xConnection();
+    if (!connection)
         return;
-    auto* connection = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
     const auto whole = requestAtom(connection, "_NET_WM_STRUT");
     const auto partial = requestAtom(connection, "_NET_WM_STRUT_PARTIAL");
 

@@ -1,0 +1,20 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Linux/StripGeometry.h"
+
+#include <QtGui/qwindowdefs.h>
+
+namespace quor::platform {
+
+// What Qt cannot say about a window to the X server. Each does nothing where the application does not
+// run through X.
+
+/// Keeps what the window shows at its right edge while it is resized, until it is painted anew.
+void keepContentAtRight(WId window);
+
+/// Tells the window manager what room the window reserves, by `_NET_WM_STRUT` and
+/// `_NET_WM_STRUT_PARTIAL`.
+void setTopStrut(WId window, const TopStrut& strut);
+
+} // namespace quor::platform

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/SessionBus.h"
+#include "Support/WaitFor.h"
+
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+using namespace quor::platform;
+using quor::test::waitFor;
+using testing::ElementsAre;
+
+namespace {
+
+class DBusNotificationCenterTest : public testing::Test {
+protected:
+    // Posts arrive in order: once this one is here, all before it are.
+    void settle()
+    {
+        bool arrived = false;
+        const auto token = center->addObserver(u"settled"_s, [&](const Notification&) { arrived = true; });
+        center->post(u"settled"_s);
+        EXPECT_TRUE(waitFor([&] { return arrived; }));
+        center->removeObserver(token);
+    }
+    DistributedNotificationCenter::ObserverToken record(const QString& name, int id)
+    {
+        return center->addObserver(name, [this, id](const Notification&) { calls.push_back(id); });
+    }
+    [[nodiscard]] uint matchRules() const
+    {
+        auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus"_L1, "/org/freedesktop/DBus"_L1,
+            "org.freedesktop.DBus.Debug.Stats"_L1, "GetConnectionStats"_L1);
+        request << bus.connection().baseService();
+        const QDBusReply<QVariantMap> reply = bus.connection().call(request);
+        return reply.value().value(u"MatchRules"_s).toUInt();
+    }
+
+    SessionBus bus;
+    std::unique_ptr<DBusNotificationCenter> center = std::make_unique<DBusNotificationCenter>(bus);
+    std::vector<int> calls;
+};
+
+} // namespace
+
+TEST_F(DBusNotificationCenterTest, PostsReachTheObserversOfJustThatNameWhateverItsCharacters)
+{
+    const QStringList names{u"com.quor-app.Quor3.Updated.Helper"_s, u"com.quor-app.Quor3.Updated"_s,
+        u"it's"_s, u"'"_s, u"back\\slash"_s, u"a,arg0='b'"_s, u""_s, u"Zeit läuft"_s};
+    QStringList heard;
+    for (const auto& name : names)
+        std::ignore
+            = center->addObserver(name, [&](const Notification& told) { heard << name << told.name; });
+    QStringList expected;
+    for (const auto& name : names) {
+        center->post(name);
+        expected << name << name;
+    }
+    center->post(u"nobody listens"_s);
+    settle();
+    EXPECT_EQ(heard, expected);
+}
+
+TEST_F(DBusNotificationCenterTest, ABurstLosesNothing)
+{
+    std::ignore = record(u"burst"_s, 0);
+    for (int i = 0; i < 10'000; ++i)
+        center->post(u"burst"_s);
+    settle();
+    EXPECT_EQ(calls.size(), 10'000U);
+}
+
+TEST_F(DBusNotificationCenterTest, HearsOtherProcessesAndIgnoresSignalsOfAnotherShape)
+{
+    std::ignore = record(u"shell"_s, 1);
+    for (const auto& arguments : {QStringList{}, {u"int32:7"_s}, {u"string:shell"_s, u"int32:7"_s},
+             {u"array:string:shell"_s}, {u"objpath:/shell"_s}, {u"string:shell"_s}}) {
+        QStringList command{u"--session"_s, u"--type=signal"_s, u"/com/quor_app/DistributedNotifications"_s,
+            u"com.quor_app.DistributedNotifications.Posted"_s};
+        ASSERT_EQ(QProcess::execute(u"dbus-send"_s, command << arguments), 0);
+    }
+    EXPECT_TRUE(waitFor([&] { return !calls.empty(); }));
+    settle();
+    EXPECT_THAT(calls, ElementsAre(1));
+}
+
+TEST_F(DBusNotificationCenterTest, HandlersMayAddAndRemoveObservers)
+{
+    DistributedNotificationCenter::ObserverToken self{}, other{};
+    self = center->addObserver(u"change"_s, [&](const Notification&) {
+        calls.push_back(1);
+        center->removeObserver(self);
+        center->removeObserver(other);
+        std::ignore = record(u"change"_s, 3);
+    });
+    other = record(u"change"_s, 2);
+    center->post(u"change"_s);
+    settle();
+    EXPECT_THAT(calls, ElementsAre(1));
+    center->post(u"change"_s);
+    settle();
+    EXPECT_THAT(calls, ElementsAre(1, 3));
+}
+
+TEST_F(DBusNotificationCenterTest, TheLastObserverMayLeaveFromItsHandler)
+{
+    DistributedNotificationCenter::ObserverToken self{};
+    self = center->addObserver(u"once"_s, [&](const Notification& told) {
+        center->removeObserver(self);
+        calls.push_back(told.name == u"once"_s ? 1 : 0);
+    });
+    center->post(u"once"_s);
+    center->post(u"once"_s);
+    settle();
+    EXPECT_THAT(calls, ElementsAre(1));
+
+    std::ignore = center->addObserver(u"end"_s, [&](const Notification&) { center.reset(); });
+    center->post(u"end"_s);
+    EXPECT_TRUE(waitFor([&] { return !center; }));
+}
+
+TEST_F(DBusNotificationCenterTest, ARemovedObserverDoesNotHearWhatWasOnItsWay)
+{
+    const auto first = record(u"late"_s, 1);
+    center->post(u"late"_s);
+    center->removeObserver(first);
+    center->removeObserver(first);
+    settle();
+    EXPECT_TRUE(calls.empty());
+}
+
+TEST_F(DBusNotificationCenterTest, TheBusKeepsOneRulePerNameAndNoneAfterwards)
+{
+    const auto before = matchRules();
+    const auto first = record(u"rule"_s, 1);
+    const auto second = record(u"rule"_s, 2);
+    const auto quoted = record(u"ru'le"_s, 3);
+    EXPECT_EQ(matchRules(), before + 2);
+    center->removeObserver(first);
+    EXPECT_EQ(matchRules(), before + 2);
+    center->removeObserver(second);
+    center->removeObserver(quoted);
+    EXPECT_EQ(matchRules(), before);
+}

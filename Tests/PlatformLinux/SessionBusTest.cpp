@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/SessionBus.h"
+
+#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/DBusWorkspace.h"
+#include "Support/WaitFor.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+using namespace quor::platform;
+using Claim = SessionBus::Claim;
+
+namespace {
+
+class Variable final {
+public:
+    Variable(const char* name, const QByteArray& value)
+        : name_(name)
+    {
+        qputenv(name, value);
+    }
+    ~Variable() { before_.isNull() ? qunsetenv(name_) : qputenv(name_, before_); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    const char* name_;
+    QByteArray before_ = qgetenv(name_);
+};
+
+} // namespace
+
+TEST(SessionBusTest, FindsTheBusByTheEnvironmentAndLaunchesNone)
+{
+    const QTemporaryDir runtime;
+    QFile socket(runtime.filePath(u"bus"_s));
+    ASSERT_TRUE(socket.open(QIODevice::WriteOnly));
+    const QString bySocket = u"unix:path="_s + socket.fileName();
+
+    const struct {
+        QByteArray address, runtimeFolder;
+        QString expected;
+    } cases[]{
+        {"unix:path=/run/a,guid=1", runtime.path().toUtf8(), u"unix:path=/run/a,guid=1"_s},
+        {"", runtime.path().toUtf8(), bySocket},
+        {"autolaunch:", runtime.path().toUtf8(), bySocket},
+        {"autolaunch:scope=user", "", u""_s},
+        {"", "/nowhere", u""_s},
+        {"", "", u""_s},
+    };
+    for (const auto& [address, runtimeFolder, expected] : cases) {
+        const Variable first("DBUS_SESSION_BUS_ADDRESS", address);
+        const Variable second("XDG_RUNTIME_DIR", runtimeFolder);
+        EXPECT_EQ(SessionBus::sessionAddress(), expected) << address.constData();
+    }
+}
+
+TEST(SessionBusTest, ANameHasOneOwnerAndIsARunningApplication)
+{
+    const auto name = u"com.quor-app.Quor3-MenubarHelper"_s;
+    auto first = std::make_unique<SessionBus>();
+    SessionBus second;
+    const DBusWorkspace workspace(second);
+    ASSERT_TRUE(first->isConnected());
+    EXPECT_FALSE(isApplicationRunning(workspace, name));
+
+    EXPECT_EQ(first->claim(name), Claim::claimed);
+    EXPECT_EQ(first->claim(name), Claim::claimed);
+    EXPECT_EQ(second.claim(name), Claim::taken);
+    EXPECT_EQ(second.claim(u"not a name"_s), Claim::failed);
+    EXPECT_TRUE(isApplicationRunning(workspace, name));
+    EXPECT_FALSE(isApplicationRunning(workspace, second.connection().baseService()));
+
+    first.reset();
+    EXPECT_TRUE(quor::test::waitFor([&] { return !isApplicationRunning(workspace, name); }));
+    EXPECT_EQ(second.claim(name), Claim::claimed);
+}
+
+TEST(SessionBusTest, TellsWhenTheBusGoesAndThenDoesNothing)
+{
+    QProcess daemon;
+    daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
+    ASSERT_TRUE(daemon.waitForReadyRead());
+    SessionBus bus(QString::fromUtf8(daemon.readLine().trimmed()));
+    ASSERT_TRUE(bus.isConnected());
+    int told = 0;
+    QObject::connect(&bus, &SessionBus::disconnected, [&] { ++told; });
+    DBusNotificationCenter center(bus);
+    const auto token = center.addObserver(u"a"_s, {});
+
+    daemon.kill();
+    EXPECT_TRUE(quor::test::waitFor([&] { return told > 0; }));
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(bus.isConnected());
+    EXPECT_EQ(bus.claim(u"com.quor-app.Late"_s), Claim::failed);
+    EXPECT_TRUE(DBusWorkspace(bus).runningApplications().empty());
+    center.post(u"a"_s);
+    center.removeObserver(token);
+    daemon.waitForFinished();
+}
+
+TEST(SessionBusTest, WithoutABusNothingIsConnected)
+{
+    for (const auto& address : {u""_s, u"unix:path=/nowhere/bus"_s, u"nonsense"_s}) {
+        SessionBus bus(address);
+        EXPECT_FALSE(bus.isConnected());
+        EXPECT_EQ(bus.claim(u"com.quor-app.None"_s), Claim::failed);
+        EXPECT_TRUE(DBusWorkspace(bus).runningApplications().empty());
+        DBusNotificationCenter(bus).post(u"a"_s);
+    }
+}

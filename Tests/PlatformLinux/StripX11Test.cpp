@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/Strip.h"
+#include "Platform/Services/Appearance.h"
+#include "Platform/Services/StatusBar.h"
+#include "Platform/Views/StatusBarButton.h"
+#include "Support/WaitFor.h"
+
+#include <QApplication>
+#include <QProcess>
+#include <QScreen>
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+using namespace Qt::StringLiterals;
+using namespace quor::platform;
+using quor::test::waitFor;
+using testing::ElementsAre;
+
+namespace {
+
+// All in device pixels, as the X server tells it.
+class StripX11Test : public testing::Test {
+protected:
+    template <typename Reply>
+    static std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
+    {
+        return {reply, std::free};
+    }
+    [[nodiscard]] std::vector<std::uint32_t> cardinals(xcb_window_t window, QByteArrayView name) const
+    {
+        const auto atom = owned(xcb_intern_atom_reply(
+            x, xcb_intern_atom(x, 0, std::uint16_t(name.size()), name.data()), nullptr));
+        const auto reply = owned(xcb_get_property_reply(
+            x, xcb_get_property(x, 0, window, atom->atom, XCB_ATOM_ANY, 0, 64), nullptr));
+        const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+        return {values, values + xcb_get_property_value_length(reply.get()) / 4};
+    }
+    [[nodiscard]] QRect frame() const
+    {
+        const auto id = windowId();
+        const auto geometry = owned(xcb_get_geometry_reply(x, xcb_get_geometry(x, id), nullptr));
+        const auto origin = owned(
+            xcb_translate_coordinates_reply(x, xcb_translate_coordinates(x, id, root->root, 0, 0), nullptr));
+        return {origin->dst_x, origin->dst_y, geometry->width, geometry->height};
+    }
+    [[nodiscard]] xcb_window_t windowId() const { return xcb_window_t(item->button().window()->winId()); }
+    [[nodiscard]] xcb_window_t focus() const
+    {
+        return owned(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr))->focus;
+    }
+    [[nodiscard]] bool hasWindowManager() const
+    {
+        return !cardinals(root->root, "_NET_SUPPORTING_WM_CHECK").empty();
+    }
+    static void click(int column, int row)
+    {
+        const auto at = [](int value) { return QString::number(value); };
+        QProcess::execute(u"xdotool"_s, {u"mousemove"_s, at(column), at(row), u"click"_s, u"1"_s});
+    }
+
+    xcb_connection_t* x = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+    const xcb_screen_t* root = xcb_setup_roots_iterator(xcb_get_setup(x)).data;
+    const double scale = qApp->devicePixelRatio();
+    const int height = int(std::lround(22 * scale));
+    const int lastColumn = root->width_in_pixels - 1;
+
+    Appearance appearance;
+    Strip strip{appearance};
+    StatusBar bar{strip};
+    std::unique_ptr<StatusItem> item = bar.statusItem(101);
+};
+
+} // namespace
+
+TEST_F(StripX11Test, StandsInTheCornerAtItsFullHeight)
+{
+    for (const double length : {101.0, 102.0, 157.0}) {
+        item->setLength(length);
+        const auto width = std::lround(item->button().window()->width() * scale);
+        EXPECT_GE(width, length * scale);
+        const auto covers = [&] {
+            const auto now = frame();
+            return now.top() == 0 && now.height() == height && now.width() == width
+                && now.right() >= lastColumn && now.right() <= lastColumn + int(std::ceil(scale));
+        };
+        EXPECT_TRUE(waitFor(covers)) << length << ": " << frame().left() << ' ' << frame().width();
+    }
+}
+
+TEST_F(StripX11Test, ReservesItsHeight)
+{
+    const auto top = std::uint32_t(height), end = std::uint32_t(lastColumn);
+    EXPECT_THAT(cardinals(windowId(), "_NET_WM_STRUT"), ElementsAre(0, 0, top, 0));
+    EXPECT_THAT(
+        cardinals(windowId(), "_NET_WM_STRUT_PARTIAL"), ElementsAre(0, 0, top, 0, 0, 0, 0, 0, 0, end, 0, 0));
+    if (!hasWindowManager())
+        return;
+    const auto freeFrom = [&](std::uint32_t row) {
+        return waitFor([&] {
+            const auto area = cardinals(root->root, "_NET_WORKAREA");
+            return area.size() >= 4 && area[1] == row;
+        });
+    };
+    EXPECT_TRUE(freeFrom(top));
+    item.reset();
+    EXPECT_TRUE(freeFrom(0)) << "a strip without items must give its room back";
+}
+
+TEST_F(StripX11Test, IsPressedInItsCornersAndTakesNoFocus)
+{
+    QWidget other;
+    other.setGeometry(10, 100, 100, 100);
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(waitFor([&] { return focus() == other.winId(); }));
+
+    int presses = 0;
+    QObject::connect(&item->button(), &StatusBarButton::mouseDown, [&] { ++presses; });
+    const auto second = bar.statusItem(40);
+    item->setLength(60);
+    ASSERT_TRUE(waitFor([&] { return frame().width() >= int(100 * scale) && frame().top() == 0; }));
+    for (const auto corner : {QPoint(lastColumn, 0), QPoint(lastColumn, height - 1)}) {
+        const int before = presses;
+        click(corner.x(), corner.y());
+        EXPECT_TRUE(waitFor([&] { return presses > before; })) << corner.x() << ' ' << corner.y();
+    }
+    EXPECT_EQ(presses, 2);
+    EXPECT_EQ(focus(), other.winId());
+}
+
+TEST_F(StripX11Test, IsOpaqueOnScreenInLightAndDark)
+{
+    for (const auto scheme : {ColorScheme::dark, ColorScheme::light}) {
+        appearance.setDesktopScheme(scheme);
+        const bool dark = scheme == ColorScheme::dark;
+        EXPECT_TRUE(waitFor([&] {
+            const auto picture = QGuiApplication::primaryScreen()->grabWindow().toImage();
+            const auto lightness = picture.pixelColor(lastColumn, 0).lightness();
+            return dark ? lightness > 10 && lightness < 60 : lightness > 200;
+        }));
+    }
+}
