@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <string>
 #include <thread>
 
 using quor::platform::OperationQueue;
@@ -16,34 +17,22 @@ namespace {
 
 class Download final : public AsyncOperation {
 public:
-    ~Download() override
-    {
-        if (worker_.joinable())
-            worker_.join();
-    }
     void complete() { finish(); }
-    void completeOnAnotherThread()
-    {
-        worker_ = std::thread([this] { finish(); });
-    }
     [[nodiscard]] bool isUnderWay() const { return isUnderWay_; }
 
 private:
     void work() override { isUnderWay_ = true; }
 
     std::atomic<bool> isUnderWay_ = false;
-    std::thread worker_;
 };
 
 TEST(AsyncOperation, KeepsItsSlotUntilItFinishes)
 {
     const auto first = std::make_shared<Download>();
     const auto second = std::make_shared<Download>();
-    int handlerCalls = 0;
-    bool finishedInHandler = true;
-    first->setFinishHandler([&] {
-        ++handlerCalls;
-        finishedInHandler = first->isFinished() || !first->isExecuting();
+    std::string inHandler;
+    first->setFinishHandler([&, download = first.get()] {
+        inHandler += download->isExecuting() && !download->isFinished() ? "executing" : "over";
     });
     OperationQueue queue(1);
     queue.add(first);
@@ -52,18 +41,16 @@ TEST(AsyncOperation, KeepsItsSlotUntilItFinishes)
     EXPECT_TRUE(first->isExecuting() && !first->isFinished());
     EXPECT_FALSE(second->isUnderWay());
 
-    first->completeOnAnotherThread();
+    std::thread([&] { first->complete(); }).join();
     EXPECT_TRUE(waitFor([&] { return second->isUnderWay(); }));
     EXPECT_TRUE(first->isFinished() && !first->isExecuting());
-    EXPECT_FALSE(finishedInHandler) << "the handler comes before the states change";
     first->complete();
-    EXPECT_EQ(handlerCalls, 1);
+    EXPECT_EQ(inHandler, "executing") << "called once, before the states change";
     second->complete();
     queue.waitUntilAllAreFinished();
-    first->setFinishHandler(nullptr);
 }
 
-TEST(AsyncOperation, CancelledBeforeItsStartItFinishesWithoutWork)
+TEST(AsyncOperation, CancelledInAQueueItFinishesWithoutWork)
 {
     const auto operation = std::make_shared<Download>();
     bool handled = false;
@@ -78,18 +65,18 @@ TEST(AsyncOperation, CancelledBeforeItsStartItFinishesWithoutWork)
 
 TEST(AsyncOperation, CancelledAsItStartsItStillFinishes)
 {
-    const auto operation = std::make_shared<Download>();
+    Download operation;
     std::string announced;
-    const auto executing = operation->observe(AsyncOperation::Key::isExecuting, [&] {
-        announced += operation->isExecuting() ? 'e' : 'i';
-        operation->cancel();
+    const auto executing = operation.observe(AsyncOperation::Key::isExecuting, [&] {
+        announced += operation.isExecuting() ? 'e' : 'i';
+        operation.cancel();
     });
-    const auto finished = operation->observe(
-        AsyncOperation::Key::isFinished, [&] { announced += operation->isFinished() ? 'f' : '?'; });
-    operation->start();
-    operation->start();
+    const auto finished = operation.observe(
+        AsyncOperation::Key::isFinished, [&] { announced += operation.isFinished() ? 'f' : '?'; });
+    operation.start();
+    operation.start();
     EXPECT_EQ(announced, "eif");
-    EXPECT_FALSE(operation->isUnderWay());
+    EXPECT_FALSE(operation.isUnderWay());
 }
 
 } // namespace

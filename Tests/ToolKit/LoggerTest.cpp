@@ -16,12 +16,9 @@
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
-using quor::platform::dateFromSeconds;
 using quor::platform::SystemClock;
 
 namespace {
-
-constexpr double day = 86400;
 
 class LoggerTest : public testing::Test {
 protected:
@@ -32,27 +29,24 @@ protected:
         FileErrorLogger::setup(std::nullopt);
     }
 
-    [[nodiscard]] QString path(const QString& name = u"logs"_s) const { return folder_.filePath(name); }
+    [[nodiscard]] QString path(const QString& name = {}) const { return folder_.filePath(u"logs/"_s + name); }
     [[nodiscard]] QStringList names() const
     {
         return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
-    void create(const QString& name) const
-    {
-        EXPECT_TRUE(QFile(path() + u'/' + name).open(QFile::WriteOnly));
-    }
-    /// All lines of the folder's logs, in the order of the files' names.
+    void create(const QString& name) const { EXPECT_TRUE(QFile(path(name)).open(QFile::WriteOnly)); }
+    /// Of all files: the date may turn between two lines.
     [[nodiscard]] QByteArrayList lines() const
     {
-        QByteArray all;
+        QByteArray text;
         for (const QString& name : names()) {
-            QFile file(path() + u'/' + name);
+            QFile file(path(name));
             EXPECT_TRUE(file.open(QFile::ReadOnly));
-            all += file.readAll();
+            text += file.readAll();
         }
-        EXPECT_TRUE(all.isEmpty() || all.endsWith('\n'));
-        all.chop(1);
-        return all.isEmpty() ? QByteArrayList() : all.split('\n');
+        EXPECT_TRUE(text.endsWith('\n'));
+        text.chop(1);
+        return text.split('\n');
     }
 
 private:
@@ -62,30 +56,21 @@ private:
 TEST_F(LoggerTest, WritesPlaceAndMessageOnlyWhenOnAndAsked)
 {
     Logger::log(u"off", true);
-    EXPECT_EQ(names(), QStringList());
     FileErrorLogger::setEnabled(true);
     Logger::log(u"trace", false);
     EXPECT_EQ(names(), QStringList());
 
-    struct Case {
-        const char* file;
-        const char* function;
-        const char* place;
-    };
-    for (const auto& [file, function, place] : std::initializer_list<Case>{
-             {"Data/JSONHelper.cpp", "decode(data:type:decoder:)", "JSONHelper.decode:21: "},
-             {"/a.b/Two.Dots.h", "run", "Two.Dots.run:21: "},
-             {"Plain", "void f(int (*)(char)) const", "Plainvoid f const:21: "},
-             {"A.cpp", "a)b(c", "A.a)b(c:21: "},
-         }) {
-        FileErrorLogger::removeLogs(0);
-        Logger::log(u"grün", file, function, 21, true);
-        EXPECT_EQ(lines().value(0).mid(27), QByteArray(place) + "grün") << place;
-    }
-    FileErrorLogger::removeLogs(0);
+    Logger::log(u"grün", "Data/JSONHelper.cpp", "decode(data:type:decoder:)", 21, true);
+    Logger::log(u"m", "/a.b/Two.Dots.h", "run", 1, true);
+    Logger::log(u"m", "Plain", "void f(int (*)(char)) const", 1, true);
+    Logger::log(u"m", "A.cpp", "a)b(c", 1, true);
     Logger::log(u"here", true);
-    const QByteArray here = lines().value(0);
-    EXPECT_TRUE(here.contains(": LoggerTest.TestBody:") && here.endsWith(": here")) << here.toStdString();
+    const std::string here = "LoggerTest.TestBody:" + std::to_string(__LINE__ - 1) + ": here";
+    const std::vector<std::string> places
+        = {"JSONHelper.decode:21: grün", "Two.Dots.run:1: m", "Plainvoid f const:1: m", "A.a)b(c:1: m", here};
+    ASSERT_EQ(lines().size(), 5);
+    for (int i = 0; i < 5; ++i)
+        EXPECT_EQ(lines()[i].mid(27).toStdString(), places[i]);
 }
 
 TEST_F(LoggerTest, NamesTheFileByLocalDateAndStampsUtc)
@@ -93,69 +78,56 @@ TEST_F(LoggerTest, NamesTheFileByLocalDateAndStampsUtc)
     const QByteArray zone = qgetenv("TZ");
     qputenv("TZ", "AHEAD-14");
     tzset();
-    const auto moment = dateFromSeconds(1794845964.9);
-    FileErrorLogger::write(u"first", moment);
-    FileErrorLogger::write(u"two\r\nlines", moment);
+    FileErrorLogger::write(u"two\r\nlines", quor::platform::dateFromSeconds(1794845964.9));
     zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
     tzset();
     EXPECT_EQ(names(), QStringList(u"2026-11-17.log"_s));
-    EXPECT_EQ(lines(),
-        QByteArrayList({"2026-11-16 16:19:24 +0000: first", "2026-11-16 16:19:24 +0000: two\\r\\nlines"}));
+    EXPECT_EQ(lines(), QByteArrayList({"2026-11-16 16:19:24 +0000: two\\r\\nlines"}));
 }
 
 TEST_F(LoggerTest, PrunesByCreationAndNotByChange)
 {
     create(u"a.log"_s);
-    QFile file(path() + u"/a.log"_s);
-    const QDateTime now = QDateTime::currentDateTime();
-    const auto changed = [&](int days) {
-        EXPECT_TRUE(file.open(QFile::Append));
-        EXPECT_TRUE(file.setFileTime(now.addDays(days), QFileDevice::FileModificationTime));
-        file.close();
+    const auto setupAfter = [&](std::chrono::days age, int changedInDays) {
+        QFile file(path(u"a.log"_s));
+        const QDateTime changed = QDateTime::currentDateTime().addDays(changedInDays);
+        EXPECT_TRUE(file.open(QFile::Append) && file.setFileTime(changed, QFile::FileModificationTime));
+        FileErrorLogger::setup(path(), SystemClock().now() + age);
+        return names().size();
     };
-    changed(-30);
-    FileErrorLogger::setup(path(), SystemClock().now() + std::chrono::days(6));
-    EXPECT_EQ(names().size(), 1);
-    changed(8);
-    FileErrorLogger::setup(path(), SystemClock().now() + std::chrono::days(8));
-    EXPECT_EQ(names().size(), 0);
-    create(u"a.log"_s);
-    FileErrorLogger::removeLogs(-day, SystemClock().now() - std::chrono::hours(1));
-    EXPECT_EQ(names().size(), 0) << "a negative age reaches into the future";
+    EXPECT_EQ(setupAfter(std::chrono::days(6), -30), 1);
+    EXPECT_EQ(setupAfter(std::chrono::days(8), 8), 0);
 }
 
 TEST_F(LoggerTest, TurningOffEmptiesTheFolderOfWhatIsVisible)
 {
-    create(u"notes.txt"_s);
-    create(u".hidden"_s);
+    for (const QString& name : {u"notes.txt"_s, u".hidden"_s, u"../outside"_s})
+        create(name);
     EXPECT_TRUE(QDir(path()).mkdir(u"empty"_s) && QDir(path()).mkdir(u"full"_s));
     create(u"full/kept"_s);
-    create(u"../outside"_s);
-    EXPECT_TRUE(QFile::link(path(u"outside"_s), path() + u"/link"_s));
+    EXPECT_TRUE(QFile::link(path(u"../outside"_s), path(u"link"_s)));
     FileErrorLogger::setEnabled(true);
     EXPECT_EQ(names().size(), 5) << "turning on removes nothing";
     FileErrorLogger::setEnabled(false);
     EXPECT_EQ(names(), QStringList({u".hidden"_s, u"full"_s}));
-    EXPECT_TRUE(QFile::exists(path(u"logs/full/kept"_s)) && QFile::exists(path(u"outside"_s)));
+    EXPECT_TRUE(QFile::exists(path(u"full/kept"_s)) && QFile::exists(path(u"../outside"_s)));
 }
 
 TEST_F(LoggerTest, FaultsLoseLinesAndNothingElse)
 {
-    EXPECT_EQ(FileErrorLogger::logDirectory(), path());
     EXPECT_TRUE(QDir(path()).removeRecursively());
     FileErrorLogger::write(u"lost");
     EXPECT_FALSE(QFile::exists(path())) << "the folder comes back with the next setup only";
-    FileErrorLogger::setup(path(u"logs/deep/er"_s));
+    FileErrorLogger::setup(path(u"deeper"_s));
     FileErrorLogger::write(u"kept");
-    EXPECT_EQ(QDir(path(u"logs/deep/er"_s)).count(), 3U);
-
-    EXPECT_TRUE(QFile(path(u"file"_s)).open(QFile::WriteOnly));
+    EXPECT_EQ(QDir(path(u"deeper"_s)).entryList(QDir::Files).size(), 1);
+    create(u"file"_s);
     for (const QString& unusable : {path(u"file"_s), u"/proc/none"_s, QString()}) {
         FileErrorLogger::setup(unusable);
         FileErrorLogger::write(u"lost");
         FileErrorLogger::removeLogs(0);
     }
-    EXPECT_EQ(QFile(path(u"file"_s)).size(), 0);
+    EXPECT_TRUE(QFile::exists(path(u"file"_s)));
     EXPECT_EQ(FileErrorLogger::logDirectory(), std::nullopt);
 }
 
@@ -163,29 +135,30 @@ TEST_F(LoggerTest, LinesOfThreadsAndProcessesStayWhole)
 {
     constexpr int perWriter = 500;
     const QString tail(300, u'x');
+    const auto moment = SystemClock().now();
     const auto writeAll = [&](int writer) {
         for (int i = 0; i < perWriter; ++i)
-            FileErrorLogger::write(u"%1:%2:"_s.arg(writer).arg(i) + tail);
+            FileErrorLogger::write(u"%1:%2:"_s.arg(writer).arg(i) + tail, moment);
     };
-    std::vector<pid_t> children;
-    for (const int writer : {0, 1}) {
-        children.push_back(fork());
-        if (children.back() == 0) {
+    const auto forked = [&](int writer) {
+        const pid_t child = fork();
+        if (child == 0) {
             writeAll(writer);
             _exit(0);
         }
+        return child;
+    };
+    const pid_t children[] = {forked(0), forked(1)};
+    {
+        std::thread other(writeAll, 2);
+        writeAll(3);
+        other.join();
     }
-    std::vector<std::thread> threads;
-    for (const int writer : {2, 3})
-        threads.emplace_back(writeAll, writer);
-    for (auto& thread : threads)
-        thread.join();
     for (const pid_t child : children) {
         int status = -1;
         EXPECT_EQ(waitpid(child, &status, 0), child);
         EXPECT_EQ(status, 0);
     }
-
     std::map<QByteArray, int> next; // what each writer's next line is: in order, none lost
     for (const QByteArray& line : lines()) {
         const QByteArrayList fields = line.mid(27).split(':');
@@ -193,8 +166,8 @@ TEST_F(LoggerTest, LinesOfThreadsAndProcessesStayWhole)
         ASSERT_EQ(fields[1].toInt(), next[fields[0]]++);
         ASSERT_EQ(fields[2], tail.toLatin1());
     }
-    for (const char* writer : {"0", "1", "2", "3"})
-        EXPECT_EQ(next[writer], perWriter);
+    EXPECT_EQ(next,
+        (std::map<QByteArray, int>{{"0", perWriter}, {"1", perWriter}, {"2", perWriter}, {"3", perWriter}}));
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "ToolKit/Logging/Logger.h"
 
 #include <QString>
+#include <QStringBuilder>
 
 #include <string>
 #include <string_view>
@@ -36,7 +37,7 @@ void write(QStringView message, const char* file, const char* function, int line
     place += ':';
     place += std::to_string(line);
     place += ": ";
-    FileErrorLogger::write(QString::fromUtf8(place).append(message));
+    FileErrorLogger::write(QString(QString::fromUtf8(place) % message));
 }
 
 } // namespace quor::toolkit::Logger
