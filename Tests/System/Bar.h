@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QImage>
+
+namespace quor::test {
+
+/// What stands at the right end of the bar on the screen, pixel for pixel; null while there is none.
+/// The screen behind it is black, the bar is not.
+[[nodiscard]] QImage shownItem();
+
+/// How many pixels of the picture come within a hair of that colour.
+[[nodiscard]] int countOf(const QColor& color, const QImage& picture);
+
+/// Turns the event loop until the bar shows something else than `before`, and that stands still;
+/// returns it, or a null picture if the bar does not change within five seconds.
+[[nodiscard]] QImage nextItem(const QImage& before);
+
+/// Turns the event loop until the bar shows exactly this; false if it does not.
+[[nodiscard]] bool shows(const QImage& item);
+
+/// Moves the pointer there and presses and lets go the left button, as a hand would.
+void click(QPoint place);
+
+} // namespace quor::test
