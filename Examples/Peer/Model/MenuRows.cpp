@@ -6,6 +6,7 @@
 
 #include <QCollator>
 #include <QHash>
+#include <QLocale>
 
 #include <algorithm>
 
@@ -74,7 +75,8 @@ std::vector<const Task*> idleTasks(const Tracker& tracker, const TextSearch& sea
         if (!running.contains(task.id) && search.isFoundIn(task.name))
             tasks.push_back(&task);
     }
-    QCollator collator;
+    // The C locale would compare code by code.
+    QCollator collator(QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale());
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
     std::stable_sort(tasks.begin(), tasks.end(),

@@ -11,12 +11,13 @@ namespace {
 
 QString folded(const QString& text)
 {
+    // Upper-casing first takes apart what has no simple lower case of its own, such as a sharp s.
+    const QString plain = text.trimmed().normalized(QString::NormalizationForm_KD).toUpper().toCaseFolded();
     QString bare;
-    const QString decomposed = text.trimmed().normalized(QString::NormalizationForm_KD);
-    bare.reserve(decomposed.size());
-    std::copy_if(decomposed.begin(), decomposed.end(), std::back_inserter(bare),
+    bare.reserve(plain.size());
+    std::copy_if(plain.begin(), plain.end(), std::back_inserter(bare),
         [](QChar character) { return character.category() != QChar::Mark_NonSpacing; });
-    return bare.toCaseFolded();
+    return bare;
 }
 
 QStringList characters(const QString& text)

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "Peer/Model/Store.h"
+
+#include "Peer/Model/Tracker.h"
+#include "Support/TestClock.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using namespace quor::peer;
+using quor::test::TestClock;
+
+namespace {
+
+void write(const QString& path, const QByteArray& content)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QFile::WriteOnly));
+    file.write(content);
+}
+
+/// A tracker over a folder, as after a start of the program.
+struct Session {
+    explicit Session(const QTemporaryDir& folder)
+        : store(folder.path())
+    {
+        tracker.load();
+    }
+    TestClock clock;
+    Store store;
+    Tracker tracker{clock, store};
+};
+
+TEST(Store, EachChangeSurvivesWithoutAnEnd)
+{
+    const QTemporaryDir folder;
+    Session first(folder);
+    Settings settings;
+    settings.menuBarShowDailyTotal = true;
+    settings.expectedWorkingTime = 1.5;
+    first.tracker.setSettings(settings);
+    for (int i = 0; i < 11; ++i)
+        first.tracker.addTask(u"Task\n\u00e4\U0001F600"_s, 0x00BFF9);
+    first.tracker.start(u"T1"_s, 0.25);
+    first.tracker.start(u"T2"_s);
+    first.tracker.stop(u"T2"_s);
+
+    Session second(folder); // while the first one stands, as if it had been killed
+    EXPECT_EQ(second.tracker.tasks(), first.tracker.tasks());
+    EXPECT_THAT(second.tracker.entries(), testing::UnorderedElementsAreArray(first.tracker.entries()));
+    EXPECT_EQ(second.tracker.settings(), settings);
+    EXPECT_TRUE(second.tracker.runningEntry(u"T1"_s));
+    second.tracker.addTask(u"Next"_s, {});
+    EXPECT_EQ(second.tracker.tasks().back().id, u"T12"_s);
+}
+
+TEST(Store, WhatIsNoRecordIsPassedOverAndKept)
+{
+    const QTemporaryDir folder;
+    write(folder.filePath(u"Tasks/T1"_s), R"({"T1":{"name":"Design","color":"red"},"AT1":{"name":"x"}})");
+    write(folder.filePath(u"Tasks/T2"_s), "{\"T2\":{\"name\":");
+    write(folder.filePath(u"TimeEntries/AB"_s),
+        R"({"ab":{"taskID":"T1","start":20,"end":10},"cab":{"taskID":"T1"},"dab":3})");
+    write(folder.filePath(u"Settings/ME"_s), R"({"expectedWorkingTime":-3,"nonWorkingTime":"1"})");
+    Session run(folder);
+    ASSERT_EQ(run.tracker.tasks().size(), 1U);
+    EXPECT_FALSE(run.tracker.tasks()[0].color);
+    ASSERT_EQ(run.tracker.entries().size(), 1U);
+    EXPECT_EQ(run.tracker.entries()[0].end, run.tracker.entries()[0].start);
+    EXPECT_EQ(run.tracker.settings().expectedWorkingTime, 0);
+    EXPECT_EQ(run.tracker.settings().nonWorkingTime, 0);
+
+    EXPECT_TRUE(run.store.save(std::vector{TimeEntry{u"eab"_s, u"T1"_s, {}, {}}}));
+    QFile file(folder.filePath(u"TimeEntries/AB"_s));
+    ASSERT_TRUE(file.open(QFile::ReadOnly));
+    EXPECT_THAT(
+        file.readAll().toStdString(), testing::AllOf(testing::HasSubstr("cab"), testing::HasSubstr("dab")));
+}
+
+TEST(Store, TellsWhatTheDiskRefusesAndWritesItLater)
+{
+    const QTemporaryDir folder;
+    write(folder.filePath(u"Tasks"_s), "in the way");
+    Session run(folder);
+    EXPECT_EQ(run.tracker.addTask(u"Design"_s, {}), Outcome::notStored);
+    EXPECT_EQ(run.tracker.tasks().size(), 1U) << "tracking goes on";
+    QFile::remove(folder.filePath(u"Tasks"_s));
+    EXPECT_EQ(run.tracker.addTask(u"Meeting"_s, {}), Outcome::done);
+    EXPECT_EQ(Session(folder).tracker.tasks().size(), 2U);
+}
+
+} // namespace
