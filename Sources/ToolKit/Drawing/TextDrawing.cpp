@@ -55,6 +55,19 @@ QPointF upperLeft(
     return at;
 }
 
+void place(QPainter& painter, const TextLayout& layout, QPointF at, Qt::AlignmentFlag alignment,
+    TextVerticalAlignment verticalAlignment, const std::optional<QColor>& shadowColor)
+{
+    if (!std::isfinite(at.x()) || !std::isfinite(at.y()))
+        return;
+    const QSizeF size = rounded(layout.size());
+    const QPointF origin = upperLeft(at, size, alignment, verticalAlignment);
+    const auto draw = [&](QPainter& on) { layout.draw(on, origin, size.width(), alignment); };
+    if (shadowColor)
+        drawSoftShadow(painter, {origin, size}, *shadowColor, draw);
+    draw(painter);
+}
+
 } // namespace
 
 double roundedTextLength(double length)
@@ -90,26 +103,23 @@ void drawText(QPainter& painter, const QString& text, const QColor& color, const
     Qt::AlignmentFlag alignment, TextVerticalAlignment verticalAlignment, bool wraps,
     std::optional<QColor> shadowColor, double x, double y, double maxWidth)
 {
-    QTextCharFormat attributes;
-    attributes.setForeground(color);
-    attributes.setFont(font);
-    drawAttributedText(painter, AttributedString(text, attributes), alignment, verticalAlignment, wraps,
-        shadowColor, x, y, maxWidth);
+    if (!painter.isActive())
+        return;
+    const QPen before = painter.pen();
+    painter.setPen(color);
+    const TextLayout layout(AttributedString(text), font, wraps, maxWidth);
+    place(painter, layout, {x, y}, alignment, verticalAlignment, shadowColor);
+    painter.setPen(before);
 }
 
 void drawAttributedText(QPainter& painter, const AttributedString& text, Qt::AlignmentFlag alignment,
     TextVerticalAlignment verticalAlignment, bool wraps, std::optional<QColor> shadowColor, double x,
     double y, double maxWidth)
 {
-    if (!painter.isActive() || !std::isfinite(x) || !std::isfinite(y))
+    if (!painter.isActive())
         return;
     const TextLayout layout(text, painter.font(), wraps, maxWidth);
-    const QSizeF size = rounded(layout.size());
-    const QPointF origin = upperLeft({x, y}, size, alignment, verticalAlignment);
-    const auto draw = [&](QPainter& on) { layout.draw(on, origin, size.width(), alignment); };
-    if (shadowColor)
-        drawSoftShadow(painter, {origin, size}, *shadowColor, draw);
-    draw(painter);
+    place(painter, layout, {x, y}, alignment, verticalAlignment, shadowColor);
 }
 
 } // namespace quor::toolkit

@@ -43,6 +43,7 @@ void makeRoom(QTextCharFormat& format, const TextAttachment& attachment, const Q
 FormattedText prepared(const AttributedString& text, const QFont& font)
 {
     FormattedText result{text.string(), text.runs()};
+    result.formats.removeIf([](const AttributedString::Run& run) { return run.format.isEmpty(); });
     // A layout breaks lines at its own separator only. Positions must stay, so a carriage return
     // before a line feed becomes something without width.
     result.text.replace(QStringLiteral("\r\n"), QStringLiteral("\u200B\u2028"));
@@ -76,7 +77,7 @@ TextLayout::TextLayout(const AttributedString& text, const QFont& font, bool wra
 {
     const double width = maxWidth > 0 ? std::min(maxWidth, widestLine) : 0.0;
     auto content = prepared(text, font);
-    if (!wraps)
+    if (!wraps && (width < widestLine || content.text.size() > longestMeasurableLine))
         content = truncatedInMiddle(content, font, width);
     layout_.setFont(font);
     layout_.setText(content.text);

@@ -43,7 +43,7 @@ private:
 
     QTextLayout layout_;
     std::vector<PlacedAttachment> attachments_;
-    QSizeF size_ {0, 0};
+    QSizeF size_{0, 0};
 };
 
 } // namespace quor::toolkit

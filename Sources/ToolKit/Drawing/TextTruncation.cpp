@@ -65,7 +65,8 @@ FormattedText shortened(const FormattedText& line, const std::vector<qsizetype>&
 
 FormattedText fittedLine(const FormattedText& line, const QFont& font, double maxWidth)
 {
-    if (line.text.isEmpty() || naturalWidth(line, font) <= maxWidth)
+    const bool isMeasurable = line.text.size() <= longestMeasurableLine;
+    if (line.text.isEmpty() || (isMeasurable && naturalWidth(line, font) <= maxWidth))
         return line;
     std::vector<qsizetype> ends;
     qsizetype end = 0;
@@ -74,12 +75,15 @@ FormattedText fittedLine(const FormattedText& line, const QFont& font, double ma
 
     const auto fits
         = [&](std::size_t kept) { return naturalWidth(shortened(line, ends, kept), font) <= maxWidth; };
+    const std::size_t most = std::min(ends.size() - 1, static_cast<std::size_t>(longestMeasurableLine));
     // Growing first keeps the cost to what is shown, however long the line is.
+    std::size_t kept = 0;
     std::size_t tooMany = 1;
-    while (tooMany < ends.size() && fits(tooMany))
+    while (tooMany <= most && fits(tooMany)) {
+        kept = tooMany;
         tooMany *= 2;
-    std::size_t kept = tooMany / 2;
-    tooMany = std::min(tooMany, ends.size());
+    }
+    tooMany = std::min(tooMany, most + 1);
     while (tooMany - kept > 1) {
         const std::size_t middle = (kept + tooMany) / 2;
         (fits(middle) ? kept : tooMany) = middle;
