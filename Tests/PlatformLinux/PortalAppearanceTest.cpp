@@ -2,11 +2,13 @@
 #include "Platform/Linux/PortalAppearance.h"
 
 #include "Platform/Linux/SessionBus.h"
+#include "Platform/Views/PaletteApplier.h"
 #include "Support/WaitFor.h"
 
 #include <QApplication>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QEvent>
 #include <QPalette>
 
 #include <gmock/gmock.h>
@@ -54,7 +56,14 @@ class PortalAppearanceTest : public testing::Test {
 protected:
     ~PortalAppearanceTest() override { QApplication::setPalette(palette_); }
 
-    static void setPalette(const QColor& window) { QApplication::setPalette(QPalette(window, window)); }
+    // As if the desktop had given it, not the application.
+    static void setPalette(const QColor& window)
+    {
+        QApplication::setPalette(QPalette(window, window));
+        QCoreApplication::setAttribute(Qt::AA_SetPalette, false);
+        QEvent change(QEvent::ApplicationPaletteChange);
+        QCoreApplication::sendEvent(QCoreApplication::instance(), &change);
+    }
     bool becomes(ColorScheme scheme)
     {
         return waitFor([&] { return appearance.effectiveAppearance() == scheme; });
@@ -102,6 +111,19 @@ TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItHasASay)
     EXPECT_TRUE(becomes(ColorScheme::light));
     portal.change(u"color-scheme"_s, u"odd"_s);
     EXPECT_TRUE(becomes(ColorScheme::dark));
+}
+
+TEST_F(PortalAppearanceTest, WhatWasAppliedIsNotTakenForTheDesktops)
+{
+    constexpr uint preferDark = 1, noPreference = 0;
+    FakePortal portal(preferDark);
+    const PortalAppearance portalAppearance(bus, appearance);
+    const quor::platform::PaletteApplier applier(appearance);
+    EXPECT_TRUE(becomes(ColorScheme::dark));
+    EXPECT_LT(QApplication::palette().color(QPalette::Window).lightness(), 80);
+    portal.change(u"color-scheme"_s, noPreference);
+    EXPECT_TRUE(becomes(ColorScheme::light));
+    EXPECT_GT(QApplication::palette().color(QPalette::Window).lightness(), 180);
 }
 
 #include "PortalAppearanceTest.moc"

@@ -11,6 +11,7 @@
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/PlatformServices.h"
 #include "Platform/Services/StatusBar.h"
+#include "Platform/Views/PaletteApplier.h"
 
 namespace quor::platform {
 
@@ -37,6 +38,7 @@ private:
     SessionBus bus_;
     Appearance appearance_;
     PortalAppearance portalAppearance_{bus_, appearance_};
+    PaletteApplier paletteApplier_{appearance_};
     DBusNotificationCenter notificationCenter_{bus_};
     DBusWorkspace workspace_{bus_};
     Strip strip_{appearance_};

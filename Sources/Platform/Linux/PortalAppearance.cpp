@@ -92,7 +92,10 @@ bool PortalAppearance::eventFilter(QObject* watched, QEvent* event)
 
 void PortalAppearance::apply()
 {
-    appearance_.setDesktopScheme(portalScheme_ ? *portalScheme_ : schemeFromPalette());
+    // A palette that the application was given does not speak for the desktop.
+    if (!QCoreApplication::testAttribute(Qt::AA_SetPalette))
+        paletteScheme_ = schemeFromPalette();
+    appearance_.setDesktopScheme(portalScheme_.value_or(paletteScheme_));
 }
 
 } // namespace quor::platform

@@ -14,7 +14,7 @@ namespace quor::platform {
 class SessionBus;
 
 /// Tells an `Appearance` whether the desktop is light or dark: by the settings portal where it knows,
-/// else by the application's palette. Follows both; never waits for the portal.
+/// else by the palette that the desktop gives the application. Follows both; never waits for the portal.
 ///
 /// Borrows both arguments, which must outlive it. Needs a QApplication. Main thread only.
 class PortalAppearance final : public QObject {
@@ -35,6 +35,7 @@ private:
 
     Appearance& appearance_;
     std::optional<ColorScheme> portalScheme_; ///< None while the portal has no say.
+    ColorScheme paletteScheme_ = ColorScheme::light; ///< Of the palette that the desktop gave last.
 };
 
 } // namespace quor::platform
