@@ -91,6 +91,11 @@ void TableView::mouseReleaseEvent(QMouseEvent* event)
         clickRow(pressed);
 }
 
+void TableView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event); // the second of two quick clicks
+}
+
 void TableView::clickRow(int row)
 {
     TableViewDelegate* delegate = delegate_.get();

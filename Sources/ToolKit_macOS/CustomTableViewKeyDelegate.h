@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ToolKit/Deferred/Trackable.h"
+
+namespace quor::toolkit {
+
+class CustomTableView;
+
+/// Told of the keys and double clicks of a `CustomTableView`, each with the row that is selected
+/// then, -1 if none is. The table refers to it weakly. Main thread only.
+class CustomTableViewKeyDelegate : public Trackable {
+public:
+    virtual void tableViewDidPressEnter(CustomTableView& table, int row) = 0;
+    virtual void tableViewDidPressSpace(CustomTableView& table, int row) = 0;
+    virtual void tableViewDidMoveLeft(CustomTableView& table, int row) = 0;
+    virtual void tableViewDidMoveRight(CustomTableView& table, int row) = 0;
+    virtual void tableViewDidDoubleClick(CustomTableView& table, int row) = 0;
+
+protected:
+    ~CustomTableViewKeyDelegate() = default;
+};
+
+} // namespace quor::toolkit

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit_macOS/FlippedEffectView.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace quor::toolkit {
+
+FlippedEffectView::FlippedEffectView(QWidget* parent)
+    : QWidget(parent)
+{
+    setGeometry(0, 0, 0, 0);
+}
+
+void FlippedEffectView::paintEvent(QPaintEvent* event)
+{
+    constexpr double translucency = 0.85; // as much as keeps text readable on any desktop
+    QColor sidebar = palette().color(QPalette::Active, QPalette::Window);
+    if (window()->testAttribute(Qt::WA_TranslucentBackground))
+        sidebar.setAlphaF(translucency);
+    QPainter painter(this);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(event->rect(), sidebar);
+}
+
+} // namespace quor::toolkit

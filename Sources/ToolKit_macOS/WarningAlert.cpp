@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit_macOS/WarningAlert.h"
+
+#include "Platform/Concurrency/MainQueue.h"
+
+#include <QApplication>
+#include <QPushButton>
+
+#include <algorithm>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace quor::toolkit {
+
+namespace {
+
+bool canHoldSheet(const QWidget* window)
+{
+    const bool isOrdinary = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
+    return isOrdinary && window->isVisible() && !window->testAttribute(Qt::WA_X11NetWmWindowTypeDock)
+        && !(window->windowFlags() & Qt::WindowDoesNotAcceptFocus);
+}
+
+QWidget* sheetWindow(QWidget* wanted)
+{
+    if (wanted)
+        return wanted->window();
+    if (QWidget* key = QApplication::activeWindow())
+        return key;
+    if (const QWidget* focus = QApplication::focusWidget())
+        return focus->window();
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto first = std::find_if(windows.begin(), windows.end(), canHoldSheet);
+    return first == windows.end() ? nullptr : *first;
+}
+
+QIcon iconOf(const AlertContent& content)
+{
+    constexpr double largest = 64; // points
+    const QImage image = content.images
+        ? content.images->image(content.iconName, {largest, largest}, qApp->devicePixelRatio())
+        : QImage();
+    return image.isNull() ? QIcon::fromTheme(content.iconName) : QIcon(QPixmap::fromImage(image));
+}
+
+} // namespace
+
+WarningAlert::WarningAlert(QObject* parent)
+    : QObject(parent)
+{
+}
+
+WarningAlert::~WarningAlert()
+{
+    (void)forget();
+}
+
+void WarningAlert::show(const AlertContent& content, Handler handler)
+{
+    QWidget* window = sheetWindow(content.window);
+    const Handler before = forget();
+    completeHandler = std::move(handler);
+    auto* alert = new Alert(window);
+    alert_ = alert;
+    fill(content);
+    alert->setEndedHandler([this](int tag) { finish(tag); });
+    connect(alert, &QObject::destroyed, this, [this] { (void)forget(); });
+    if (content.modal) {
+        alert->exec();
+        return;
+    }
+    alert->setWindowModality(window ? Qt::WindowModal : Qt::ApplicationModal);
+    alert->show();
+}
+
+void WarningAlert::fill(const AlertContent& content)
+{
+    alert_->setAlertIcon(iconOf(content));
+    alert_->setMessageText(content.message);
+    alert_->setInformativeText(content.informativeText);
+    alert_->setAccessoryView(content.accessoryView);
+    alert_->addButton(content.buttonTitle, 0);
+    for (std::size_t index = 0; index < content.otherTitles.size(); ++index) {
+        QPushButton* button = alert_->addButton(content.otherTitles[index], static_cast<int>(index) + 1);
+        const bool acts = index < content.targets.size() && index < content.actions.size()
+            && content.targets[index] && content.actions[index];
+        if (acts)
+            connect(button, &QPushButton::clicked, content.targets[index], content.actions[index]);
+    }
+    if (content.cancelTitle)
+        alert_->addButton(*content.cancelTitle, Alert::cancelTag);
+}
+
+void WarningAlert::finish(int tag)
+{
+    ending_ = true;
+    if (!completeHandler)
+        return;
+    const auto tell = [self = QPointer(this), alert = alert_, handler = completeHandler, tag] {
+        if (!self)
+            return;
+        handler(tag == 0, tag);
+        if (self && alert && self->alert_ == alert)
+            (void)self->forget();
+    };
+    // The handler may open something, which must not meet the closing sheet.
+    (void)platform::MainQueue::after(300ms, tell);
+}
+
+void WarningAlert::close()
+{
+    if (!alert_ || ending_)
+        return;
+    // May hold the last reference to this object: let go at the very end.
+    const Handler handler = forget();
+}
+
+WarningAlert::Handler WarningAlert::forget()
+{
+    ending_ = false;
+    if (Alert* alert = std::exchange(alert_, nullptr)) {
+        disconnect(alert, nullptr, this, nullptr);
+        alert->dismiss();
+        alert->setAccessoryView(nullptr);
+        alert->deleteLater(); // a click on one of its buttons may have led here
+    }
+    return std::exchange(completeHandler, nullptr);
+}
+
+} // namespace quor::toolkit

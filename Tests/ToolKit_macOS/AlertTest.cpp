@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#include "Support/WaitFor.h"
+#include "ToolKit_macOS/AlertUI.h"
+#include "ToolKit_macOS/ProgressAlert.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <thread>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+using quor::test::waitFor;
+
+namespace {
+
+class AlertTest : public testing::Test {
+protected:
+    AlertTest()
+    {
+        window.resize(300, 200);
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        content.message = u"Delete <b>everything</b>?"_s;
+        content.informativeText = u"There is no way back."_s;
+        content.buttonTitle = u"Delete"_s;
+        content.window = &window;
+    }
+    WarningAlert::Handler record()
+    {
+        return [this](bool first, int tag) { ended.emplace_back(first, tag); };
+    }
+
+    QWidget window;
+    AlertContent content;
+    std::vector<std::pair<bool, int>> ended;
+};
+
+TEST_F(AlertTest, EachButtonEndsItWithItsTagAfterThePause)
+{
+    content.cancelTitle = u"Cancel"_s;
+    content.otherTitles = {u"Archive"_s, u"Move"_s};
+    QObject target;
+    int archived = 0;
+    content.targets = {&target};
+    content.actions = {[&] { ++archived; }, [] { FAIL() << "it has no target"; }};
+    for (const int tag : {0, 1, 2, Alert::cancelTag}) {
+        WarningAlert alert;
+        ended.clear();
+        alert.show(content, record());
+        ASSERT_NE(alert.alert()->button(tag), nullptr);
+        EXPECT_EQ(alert.alert()->windowModality(), Qt::WindowModal);
+        EXPECT_EQ(alert.alert()->parentWidget(), &window);
+        QElapsedTimer time;
+        time.start();
+        alert.alert()->button(tag)->click();
+        EXPECT_FALSE(alert.alert()->isVisible());
+        EXPECT_TRUE(waitFor([&] { return !ended.empty(); }));
+        EXPECT_GE(time.elapsed(), 300);
+        EXPECT_EQ(ended, (std::vector{std::pair(tag == 0, tag)}));
+        EXPECT_EQ(alert.alert(), nullptr);
+        EXPECT_FALSE(alert.completeHandler);
+    }
+    EXPECT_EQ(archived, 1);
+}
+
+TEST_F(AlertTest, KeysChooseWhatTheUserExpects)
+{
+    struct Case {
+        Qt::Key key;
+        bool hasCancel;
+        bool hasOther;
+        std::optional<int> tag;
+    };
+    const Case cases[] = {{Qt::Key_Return, true, true, 0}, {Qt::Key_Escape, true, true, Alert::cancelTag},
+        {Qt::Key_Escape, false, false, 0}, {Qt::Key_Escape, false, true, std::nullopt}};
+    for (const Case& entry : cases) {
+        content.cancelTitle = entry.hasCancel ? std::optional(u"Cancel"_s) : std::nullopt;
+        content.otherTitles.assign(entry.hasOther ? 1 : 0, u"Other"_s);
+        WarningAlert alert;
+        ended.clear();
+        alert.show(content, record());
+        ASSERT_TRUE(QTest::qWaitForWindowActive(alert.alert()));
+        QTest::keyClick(alert.alert(), entry.key);
+        EXPECT_EQ(alert.alert()->isVisible(), !entry.tag.has_value());
+        if (entry.tag) {
+            EXPECT_TRUE(waitFor([&] { return !ended.empty(); }));
+            EXPECT_EQ(ended.front().second, *entry.tag);
+        }
+    }
+}
+
+TEST_F(AlertTest, ClosingTellsNobodyAndLetsGoWhatTheHandlerHolds)
+{
+    auto held = std::make_shared<int>(1);
+    {
+        WarningAlert alert;
+        alert.show(content, [held](bool, int) { FAIL(); });
+        const QPointer<Alert> shown = alert.alert();
+        alert.close();
+        alert.close();
+        EXPECT_EQ(held.use_count(), 1);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_FALSE(shown);
+        alert.show(content, record());
+        alert.alert()->button(0)->click();
+        alert.close();
+        EXPECT_TRUE(waitFor([&] { return !ended.empty(); })) << "a button was chosen before";
+
+        alert.show(content, [held](bool, int) { FAIL() << "replaced"; });
+        alert.show(content, [held](bool, int) { FAIL() << "gone with its window"; });
+        EXPECT_EQ(held.use_count(), 2);
+        delete alert.alert();
+        EXPECT_EQ(held.use_count(), 1);
+        alert.show(content, [held](bool, int) { FAIL() << "gone with its owner"; });
+    }
+    EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST_F(AlertTest, AModalOneBlocksUntilItIsAnswered)
+{
+    content.modal = true;
+    WarningAlert alert;
+    QTimer::singleShot(0, &alert, [&] { alert.alert()->button(0)->click(); });
+    alert.show(content, record());
+    EXPECT_FALSE(alert.alert()->isVisible());
+    EXPECT_TRUE(ended.empty());
+    EXPECT_TRUE(waitFor([&] { return !ended.empty(); }));
+}
+
+TEST_F(AlertTest, AnyThreadMayShowOneAndKeepNothing)
+{
+    auto held = std::make_shared<int>(1);
+    std::thread([&] {
+        AlertUI::show(u"Message"_s, u"no such icon"_s, u"Text"_s, u"OK"_s, u"Cancel"_s,
+            [held, this](bool first, int tag) { ended.emplace_back(first, tag); });
+    }).join();
+    Alert* shown = nullptr;
+    EXPECT_TRUE(waitFor([&] { return (shown = window.findChild<Alert*>()) != nullptr; }))
+        << "on the active window";
+    const QPointer<Alert> watched(shown);
+    EXPECT_EQ(shown->messageText(), u"Message"_s);
+    shown->button(Alert::cancelTag)->click();
+    EXPECT_TRUE(waitFor([&] { return !watched; }));
+    EXPECT_EQ(ended, (std::vector{std::pair(false, Alert::cancelTag)}));
+    EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST_F(AlertTest, ProgressMovesStandsAndStaysWithinItsScale)
+{
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
+    ProgressAlert alert;
+    alert.update(u"not shown yet"_s, 0.25);
+    alert.show(u"Copying"_s, {}, u"Starting"_s, u"Stop"_s, record());
+    EXPECT_TRUE(alert.progressBar().isVisible());
+    EXPECT_EQ(alert.progressBar().size(), QSize(200, 20));
+    struct Case {
+        double progress;
+        bool moves;
+        double value;
+    };
+    const Case cases[] = {
+        {-1, true, 0}, {0.5, false, 0.5}, {7, false, 1}, {nan, false, 0}, {-0.001, true, 0}, {1, false, 1}};
+    for (const Case& entry : cases) {
+        alert.update(QString::number(entry.progress), entry.progress);
+        EXPECT_EQ(alert.alert()->informativeText(), QString::number(entry.progress));
+        EXPECT_EQ(alert.isIndeterminate(), entry.moves) << entry.progress;
+        EXPECT_DOUBLE_EQ(alert.value(), entry.value) << entry.progress;
+    }
+    alert.close();
+    alert.show(u"Again"_s, {}, u"Text"_s, u"Stop"_s, record());
+    EXPECT_TRUE(waitFor([&] { return alert.progressBar().isVisible(); })) << "the bar outlives its alert";
+}
+
+} // namespace

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit_macOS/SyncSpinner.h"
+#include "Support/WaitFor.h"
+#include "ToolKit_macOS/FlippedEffectView.h"
+
+#include <gtest/gtest.h>
+
+using namespace quor::toolkit;
+using quor::test::waitFor;
+
+namespace {
+
+TEST(SyncSpinner, TurnsEitherWayUntilStopped)
+{
+    SyncSpinner spinner(SpinnerType::normal);
+    EXPECT_GT(spinner.width(), SyncSpinner(SpinnerType::small).width());
+    EXPECT_FALSE(spinner.imageView().size().isEmpty());
+    spinner.show();
+    double lowest = 0;
+    double highest = 0;
+    const auto turnsTo = [&](double low, double high) {
+        const double angle = spinner.imageView().angle();
+        lowest = std::min(lowest, angle);
+        highest = std::max(highest, angle);
+        return lowest < low && highest > high;
+    };
+    spinner.startSpinning(0.2);
+    EXPECT_TRUE(waitFor([&] { return turnsTo(-3, -1); }));
+    EXPECT_EQ(highest, 0);
+    spinner.startSpinningReverse(0.1); // is ignored: it turns already
+    EXPECT_TRUE(waitFor([&] { return turnsTo(-6, -1); }));
+    EXPECT_EQ(highest, 0);
+    spinner.stop();
+    EXPECT_EQ(spinner.imageView().angle(), 0) << "upright, also for what starts anew";
+    spinner.startSpinningReverse(0.2);
+    EXPECT_TRUE(waitFor([&] { return turnsTo(1, 3); }));
+}
+
+TEST(SyncSpinner, TurnsOnlyWhileItIsSeen)
+{
+    SyncSpinner spinner(SpinnerType::small);
+    spinner.startSpinning(-1);
+    EXPECT_TRUE(spinner.isSpinning());
+    QElapsedTimer time;
+    time.start();
+    EXPECT_TRUE(waitFor([&] { return time.elapsed() > 60; }));
+    EXPECT_EQ(spinner.imageView().angle(), 0);
+    spinner.show();
+    EXPECT_TRUE(waitFor([&] { return spinner.imageView().angle() != 0; }));
+    spinner.hide();
+    EXPECT_TRUE(spinner.isSpinning());
+}
+
+TEST(FlippedEffectView, IsOpaqueUnlessItsWindowShinesThrough)
+{
+    for (const bool shines : {false, true}) {
+        FlippedEffectView view;
+        view.setAttribute(Qt::WA_TranslucentBackground, shines);
+        view.resize(4, 4);
+        QImage image(4, 4, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        view.render(&image, {}, {}, {});
+        EXPECT_EQ(qAlpha(image.pixel(2, 2)) < 255, shines);
+        EXPECT_GT(qAlpha(image.pixel(2, 2)), 200);
+    }
+}
+
+} // namespace
