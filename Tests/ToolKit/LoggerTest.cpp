@@ -88,6 +88,8 @@ TEST_F(LoggerTest, NamesTheFileByLocalDateAndStampsUtc)
 TEST_F(LoggerTest, PrunesByCreationAndNotByChange)
 {
     create(u"a.log"_s);
+    if (!QFileInfo(path(u"a.log"_s)).birthTime().isValid())
+        GTEST_SKIP() << "the file system keeps no creation time";
     const auto setupAfter = [&](std::chrono::days age, int changedInDays) {
         QFile file(path(u"a.log"_s));
         const QDateTime changed = QDateTime::currentDateTime().addDays(changedInDays);

@@ -38,7 +38,7 @@ std::string nativeDirectory()
     return current ? current->nativePath : std::string();
 }
 
-// Digits by hand: any printing by a format takes about a tenth of the system calls' time for a line.
+// Digits by hand: printing both dates by a format costs a tenth of the whole line.
 void appendTwoDigits(std::string& text, int value)
 {
     text += static_cast<char>('0' + value / 10 % 10);
