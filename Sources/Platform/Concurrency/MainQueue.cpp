@@ -6,6 +6,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <future>
 #include <utility>
 
 namespace quor::platform {
@@ -47,11 +48,18 @@ void MainQueue::async(std::function<void()> work)
 
 void MainQueue::sync(const std::function<void()>& work)
 {
-    auto* application = QCoreApplication::instance();
-    if (application->thread() == QThread::currentThread())
+    if (QCoreApplication::instance()->thread() == QThread::currentThread()) {
         work();
-    else
-        QMetaObject::invokeMethod(application, work, Qt::BlockingQueuedConnection);
+        return;
+    }
+    // Work that the queue drops takes the promise with it, which ends the wait too.
+    auto promise = std::make_shared<std::promise<void>>();
+    const auto done = promise->get_future();
+    async([&work, promise = std::move(promise)] {
+        work();
+        promise->set_value();
+    });
+    done.wait();
 }
 
 WorkItem MainQueue::after(std::chrono::milliseconds delay, std::function<void()> work)
