@@ -22,17 +22,28 @@ constexpr std::size_t recentLimit = 5;
 
 MenuEntry titleRow(const QString& text)
 {
-    return {Entry{text, {}, std::nullopt, std::nullopt, true, {}}};
+    Entry row;
+    row.label = text;
+    row.isTitle = true;
+    return {row};
 }
 
-MenuEntry taskRow(const Task& task, const QString& iconName, Entry::Action action)
+MenuEntry taskRow(const Task& task, const QString& iconName, const Entry::Action& action)
 {
-    return {Entry{task.name, {}, iconName, task.color, false, std::move(action)}};
+    Entry row;
+    row.label = task.name;
+    row.iconName = iconName;
+    row.color = task.color;
+    row.action = action;
+    return {row};
 }
 
-MenuEntry commandRow(const QString& text, Entry::Action action)
+MenuEntry commandRow(const QString& text, const Entry::Action& action)
 {
-    return {Entry{text, {}, std::nullopt, std::nullopt, false, std::move(action)}};
+    Entry row;
+    row.label = text;
+    row.action = action;
+    return {row};
 }
 
 void appendRunning(
