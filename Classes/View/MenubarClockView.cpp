@@ -10,8 +10,8 @@
 
 namespace quor::helper {
 
-MenubarClockView::MenubarClockView(StatusItemPlan::ClockFace time, int tag, QWidget* parent)
-    : MenubarView(tag, parent)
+MenubarClockView::MenubarClockView(StatusItemPlan::ClockFace time, double diameter, int tag, QWidget* parent)
+    : MenubarView(diameter, tag, parent)
     , time_(time)
 {
 }

@@ -11,7 +11,7 @@ class MenubarClockView final : public MenubarView {
     Q_OBJECT
 
 public:
-    MenubarClockView(StatusItemPlan::ClockFace time, int tag, QWidget* parent = nullptr);
+    MenubarClockView(StatusItemPlan::ClockFace time, double diameter, int tag, QWidget* parent = nullptr);
 
     void draw(QPainter& painter) const override;
 

@@ -15,8 +15,9 @@ constexpr double fullTurn = 2 * std::numbers::pi;
 
 } // namespace
 
-MenubarProgressView::MenubarProgressView(double progress, const Colors& colors, int tag, QWidget* parent)
-    : MenubarView(tag, parent)
+MenubarProgressView::MenubarProgressView(
+    double progress, const Colors& colors, double diameter, int tag, QWidget* parent)
+    : MenubarView(diameter, tag, parent)
     , progress_(progress)
     , colors_(colors)
 {

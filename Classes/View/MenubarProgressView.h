@@ -18,7 +18,8 @@ public:
     };
 
     /// `progress` is finite; 1 is a full turn.
-    MenubarProgressView(double progress, const Colors& colors, int tag, QWidget* parent = nullptr);
+    MenubarProgressView(
+        double progress, const Colors& colors, double diameter, int tag, QWidget* parent = nullptr);
 
     void draw(QPainter& painter) const override;
 

@@ -131,9 +131,13 @@ void MenubarStackView::cover(const platform::StatusBarButton& button)
 {
     setGeometry(button.rect());
     const QPointF origin = button.imageOrigin();
-    for (const Subview& subview : subviews_)
-        subview.element->place(origin);
+    for (const Subview& subview : subviews_) {
+        if (subview.element->tag() == LiveTag)
+            subview.element->place(origin);
+    }
 }
+
+void MenubarStackView::paintEvent(QPaintEvent*) { }
 
 bool MenubarStackView::eventFilter(QObject*, QEvent* event)
 {

@@ -56,6 +56,7 @@ public:
     void detach();
 
 protected:
+    void paintEvent(QPaintEvent* event) override; ///< nothing: its elements paint themselves
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -35,6 +35,7 @@ MenubarStatusItemRenderer::MenubarStatusItemRenderer(
     , services_(services)
     , mainScreen_(std::move(mainScreen))
     , bundle_(platform::Bundle::named(QStringLiteral("Quor")))
+    , style_(StatusItemStyle::ofSystem())
     , stackView_(std::make_unique<MenubarStackView>(Qt::Horizontal, LiveTag))
 {
     const double inset = edgeInset(services_.statusBar.thickness());
@@ -93,7 +94,7 @@ void MenubarStatusItemRenderer::render(Drawing drawing)
         && looksLike(plan.symbol, shown_->plan.symbol);
     if (keepSymbol)
         plan.symbol = shown_->plan.symbol; // so that small steps add up until they show
-    buildElements(*stackView_, plan, drawing.warningColor, keepSymbol);
+    buildElements(*stackView_, plan, style_, drawing.warningColor, keepSymbol);
     heightPadding_ = plan.heightPadding.value_or(heightPadding_);
     const double width = std::ceil(stackView_->fittingSize().width());
     const double height = std::ceil(services_.statusBar.thickness() - rawValue(heightPadding_));

@@ -9,6 +9,7 @@
 #include "ToolKit/Formatting/DurationFormatter.h"
 #include "View/HeightPadding.h"
 #include "View/StatusItemPlan.h"
+#include "View/StatusItemStyle.h"
 
 #include <QObject>
 #include <QTimer>
@@ -71,8 +72,9 @@ private:
     platform::PlatformServices services_;
     MainScreen mainScreen_;
     platform::Bundle bundle_;
+    StatusItemStyle style_;
     std::unique_ptr<MenubarStackView> stackView_;
-    QTimer clockUpdateTimer_; ///< runs only while the idle clock's face shows
+    QTimer clockUpdateTimer_{this}; ///< runs only while the idle clock's face shows
     HeightPadding heightPadding_ = HeightPadding::single;
     std::optional<Drawing> shown_;
     platform::Subscription appearanceChanges_;

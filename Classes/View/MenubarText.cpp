@@ -41,15 +41,14 @@ QPointF alignedToDevicePixels(const QPainter& painter, QPointF point)
 
 } // namespace
 
-MenubarText::MenubarText(const QString& text, const QFont& font, int tag, QWidget* parent)
+MenubarText::MenubarText(const QString& text, const TextStyle& style, int tag, QWidget* parent)
     : MenubarElement(tag, parent)
     , text_(shownText(text))
-    , font_(font)
+    , style_(style)
 {
-    const QFontMetricsF metrics(font_);
+    const QFontMetricsF metrics(style_.font);
     width_ = std::ceil(metrics.horizontalAdvance(text_)) + 2 * sideBearing;
     height_ = std::ceil(metrics.height());
-    capHeight_ = metrics.capHeight();
 }
 
 void MenubarText::draw(QPainter& painter) const
@@ -58,9 +57,9 @@ void MenubarText::draw(QPainter& painter) const
         painter.setClipRect(
             QRectF(sideBearing, 0, frame().width() - 2 * sideBearing, frame().height()), Qt::IntersectClip);
     }
-    painter.setFont(font_);
+    painter.setFont(style_.font);
     painter.setPen(Qt::white);
-    const QPointF baseline(sideBearing, (frame().height() + capHeight_) / 2);
+    const QPointF baseline(sideBearing, (frame().height() + style_.capHeight) / 2);
     painter.drawText(alignedToDevicePixels(painter, baseline), text_);
 }
 

@@ -2,10 +2,11 @@
 #pragma once
 
 #include "View/MenubarElement.h"
+#include "View/StatusItemStyle.h"
 
-#include <QFont>
 #include <QString>
 
+#include <algorithm>
 #include <limits>
 
 namespace quor::helper {
@@ -16,7 +17,7 @@ class MenubarText final : public MenubarElement {
     Q_OBJECT
 
 public:
-    MenubarText(const QString& text, const QFont& font, int tag, QWidget* parent = nullptr);
+    MenubarText(const QString& text, const TextStyle& style, int tag, QWidget* parent = nullptr);
 
     /// What is shown: of a long text its beginning, and line breaks as blanks.
     [[nodiscard]] const QString& text() const { return text_; }
@@ -28,10 +29,9 @@ public:
 
 private:
     QString text_;
-    QFont font_;
+    TextStyle style_;
     double width_;
     double height_;
-    double capHeight_;
     double maximumWidth_ = std::numeric_limits<double>::infinity();
 };
 

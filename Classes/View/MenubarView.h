@@ -9,23 +9,21 @@
 
 namespace quor::helper {
 
-/// A square element, as large as the status item's text is high: a solid disc where it has a
-/// background, or what a derived class draws.
+/// A square element: a solid disc where it has a background, or what a derived class draws.
 class MenubarView : public MenubarElement {
     Q_OBJECT
 
 public:
-    explicit MenubarView(int tag, QWidget* parent = nullptr);
-
-    /// The side of every such element, in device-independent pixels.
-    [[nodiscard]] static double diameter();
+    /// `diameter` is its side, in device-independent pixels.
+    MenubarView(double diameter, int tag, QWidget* parent = nullptr);
 
     void setBackground(const QColor& color) { background_ = color; }
 
-    [[nodiscard]] QSizeF fittingSize() const override;
+    [[nodiscard]] QSizeF fittingSize() const override { return {diameter_, diameter_}; }
     void draw(QPainter& painter) const override;
 
 private:
+    double diameter_;
     std::optional<QColor> background_;
 };
 

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "View/StatusItemElements.h"
 
-#include "ToolKit/Drawing/SystemFont.h"
 #include "View/MenubarClockView.h"
 #include "View/MenubarProgressView.h"
 #include "View/MenubarStackView.h"
 #include "View/MenubarText.h"
 
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace quor::helper {
 
@@ -18,90 +19,98 @@ constexpr double longestTask = 90;
 
 using Elements = std::vector<std::unique_ptr<MenubarElement>>;
 
-std::unique_ptr<MenubarElement> ring(
-    const StatusItemPlan::Ring& ring, const QColor& warningColor, QWidget* parent)
+// What every element is made with.
+struct Making {
+    MenubarStackView& stack;
+    const StatusItemPlan& plan;
+    const StatusItemStyle& style;
+    const QColor& warningColor;
+};
+
+std::unique_ptr<MenubarElement> ring(const Making& making, const StatusItemPlan::Ring& ring)
 {
-    return std::make_unique<MenubarProgressView>(ring.progress,
-        MenubarProgressView::Colors{ring.color, ring.backgroundColor, warningColor}, ring.tag, parent);
+    const MenubarProgressView::Colors colors{ring.color, ring.backgroundColor, making.warningColor};
+    return std::make_unique<MenubarProgressView>(
+        ring.progress, colors, making.style.diameter, ring.tag, &making.stack);
 }
 
-std::unique_ptr<MenubarElement> dot(const StatusItemPlan::Dot& dot, QWidget* parent)
+std::unique_ptr<MenubarElement> dot(const Making& making, const StatusItemPlan::Dot& dot)
 {
-    auto view = std::make_unique<MenubarView>(LiveTag, parent);
+    auto view = std::make_unique<MenubarView>(making.style.diameter, LiveTag, &making.stack);
     view->setBackground(dot.color);
     return view;
 }
 
 // The symbol, and above it the over-time arc where there is one.
-Elements symbol(const StatusItemPlan& plan, const QColor& warningColor, QWidget* parent)
+Elements symbol(const Making& making)
 {
     Elements elements;
-    if (const auto* planned = std::get_if<StatusItemPlan::Ring>(&plan.symbol))
-        elements.push_back(ring(*planned, warningColor, parent));
-    else if (const auto* disc = std::get_if<StatusItemPlan::Dot>(&plan.symbol))
-        elements.push_back(dot(*disc, parent));
-    if (plan.overTime)
-        elements.push_back(ring(*plan.overTime, warningColor, parent));
+    if (const auto* planned = std::get_if<StatusItemPlan::Ring>(&making.plan.symbol))
+        elements.push_back(ring(making, *planned));
+    else if (const auto* disc = std::get_if<StatusItemPlan::Dot>(&making.plan.symbol))
+        elements.push_back(dot(making, *disc));
+    if (making.plan.overTime)
+        elements.push_back(ring(making, *making.plan.overTime));
     return elements;
 }
 
-void addSymbol(MenubarStackView& stack, Elements& elements, const StatusItemPlan& plan)
+void addSymbol(const Making& making, Elements elements)
 {
-    if (std::holds_alternative<std::monostate>(plan.symbol))
+    if (std::holds_alternative<std::monostate>(making.plan.symbol))
         return;
     const MenubarElement& view = *elements.front();
-    stack.addArrangedSubview(std::move(elements.front()));
-    stack.setCustomSpacing(spacingAfterSymbol);
-    if (plan.overTime)
-        stack.addSubview(std::move(elements[1]), view);
+    making.stack.addArrangedSubview(std::move(elements.front()));
+    making.stack.setCustomSpacing(spacingAfterSymbol);
+    if (making.plan.overTime)
+        making.stack.addSubview(std::move(elements[1]), view);
 }
 
-std::unique_ptr<MenubarText> label(const QString& text, QWidget* parent)
+std::unique_ptr<MenubarElement> twoLines(const Making& making)
 {
-    return std::make_unique<MenubarText>(
-        text, toolkit::monospacedDigitFont(11, QFont::Medium), CutoutTag, parent);
-}
-
-std::unique_ptr<MenubarElement> twoLines(const QString& task, const QString& time, QWidget* parent)
-{
-    const QFont font = toolkit::systemFont(8, QFont::Medium);
-    auto lines = std::make_unique<MenubarStackView>(Qt::Vertical, CutoutTag, parent);
+    auto lines = std::make_unique<MenubarStackView>(Qt::Vertical, CutoutTag, &making.stack);
     lines->setSpacing(-1);
     lines->setEdgeInsets({2, 0, 2, 0});
-    auto taskLabel = std::make_unique<MenubarText>(task, font, CutoutTag, lines.get());
-    auto timeLabel = std::make_unique<MenubarText>(time, font, CutoutTag, lines.get());
-    taskLabel->setMaximumFrameWidth(timeLabel->fittingSize().width());
-    lines->addArrangedSubview(std::move(taskLabel));
-    lines->addArrangedSubview(std::move(timeLabel));
+    const auto label = [&](const QString& text) {
+        return std::make_unique<MenubarText>(text, making.style.smallLabel, CutoutTag, lines.get());
+    };
+    auto task = label(*making.plan.taskText);
+    auto time = label(*making.plan.timeText);
+    task->setMaximumFrameWidth(time->fittingSize().width());
+    lines->addArrangedSubview(std::move(task));
+    lines->addArrangedSubview(std::move(time));
     return lines;
 }
 
-void addTexts(MenubarStackView& stack, const StatusItemPlan& plan)
+void addTexts(const Making& making)
 {
-    if (plan.twoLines) {
-        stack.addArrangedSubview(twoLines(*plan.taskText, *plan.timeText, &stack));
+    if (making.plan.twoLines) {
+        making.stack.addArrangedSubview(twoLines(making));
         return;
     }
-    if (plan.taskText) {
-        auto task = label(*plan.taskText, &stack);
+    const auto label = [&](const QString& text) {
+        return std::make_unique<MenubarText>(text, making.style.label, CutoutTag, &making.stack);
+    };
+    if (making.plan.taskText) {
+        auto task = label(*making.plan.taskText);
         task->setMaximumFrameWidth(longestTask);
-        stack.addArrangedSubview(std::move(task));
+        making.stack.addArrangedSubview(std::move(task));
     }
-    if (plan.timeText)
-        stack.addArrangedSubview(label(*plan.timeText, &stack));
+    if (making.plan.timeText)
+        making.stack.addArrangedSubview(label(*making.plan.timeText));
 }
 
 } // namespace
 
-void buildElements(
-    MenubarStackView& stack, const StatusItemPlan& plan, const QColor& warningColor, bool keepSymbol)
+void buildElements(MenubarStackView& stack, const StatusItemPlan& plan, const StatusItemStyle& style,
+    const QColor& warningColor, bool keepSymbol)
 {
+    const Making making{stack, plan, style, warningColor};
     Elements previous = stack.takeSubviews();
-    Elements symbolElements = keepSymbol ? std::move(previous) : symbol(plan, warningColor, &stack);
-    addSymbol(stack, symbolElements, plan);
-    addTexts(stack, plan);
+    addSymbol(making, keepSymbol ? std::move(previous) : symbol(making));
+    addTexts(making);
     if (plan.clockFace)
-        stack.addArrangedSubview(std::make_unique<MenubarClockView>(*plan.clockFace, CutoutTag, &stack));
+        stack.addArrangedSubview(
+            std::make_unique<MenubarClockView>(*plan.clockFace, style.diameter, CutoutTag, &stack));
 }
 
 } // namespace quor::helper

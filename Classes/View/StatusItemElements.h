@@ -2,6 +2,7 @@
 #pragma once
 
 #include "View/StatusItemPlan.h"
+#include "View/StatusItemStyle.h"
 
 #include <QColor>
 
@@ -11,7 +12,8 @@ class MenubarStackView;
 
 /// Fills the stack with the elements of the plan, in place of those that it has. With `keepSymbol` its
 /// symbol, which must be that of the plan, stays, and so nothing has to be painted anew for it.
-void buildElements(
-    MenubarStackView& stack, const StatusItemPlan& plan, const QColor& warningColor, bool keepSymbol);
+/// `warningColor` is that of over-time.
+void buildElements(MenubarStackView& stack, const StatusItemPlan& plan, const StatusItemStyle& style,
+    const QColor& warningColor, bool keepSymbol);
 
 } // namespace quor::helper
