@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <limits>
+#include <vector>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
@@ -25,10 +26,11 @@ TEST(ColorOperations, EveryChannelSurvivesTheWayThereAndBack)
 
 TEST(ColorOperations, HexTextIsReadAsAPlainNumber)
 {
-    const struct {
+    struct Case {
         QString text;
         quint32 value;
-    } cases[] = {
+    };
+    const std::vector<Case> cases{
         {u"#F58C6E"_s, 0xF58C6E},
         {u"f58c6e"_s, 0xF58C6E},
         {u"##0xBf9"_s, 0xBF9},

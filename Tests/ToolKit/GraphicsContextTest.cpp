@@ -9,6 +9,7 @@
 #include <cmath>
 #include <limits>
 #include <numbers>
+#include <vector>
 
 using namespace quor::toolkit;
 using quor::test::Canvas;
@@ -32,11 +33,12 @@ std::string eighths(const Canvas& canvas, QPointF center, double radius)
 
 TEST(GraphicsContext, ArcsRunClockwiseFromTwelve)
 {
-    const struct {
+    struct Case {
         double start;
         double end;
         const char* expected;
-    } cases[] = {
+    };
+    const std::vector<Case> cases{
         {0, pi / 2, "11000000"},
         {pi, 1.5 * pi, "00001100"},
         {0, 2 * pi, "11111111"},
