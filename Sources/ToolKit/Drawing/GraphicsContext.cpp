@@ -46,7 +46,7 @@ private:
 
 QPen penOf(const QColor& color, double width, Qt::PenCapStyle cap = Qt::FlatCap)
 {
-    return QPen(color, width, Qt::SolidLine, cap, Qt::MiterJoin);
+    return {color, width, Qt::SolidLine, cap, Qt::MiterJoin};
 }
 
 void stroke(QPainter& painter, const QPainterPath& path, const QPen& pen)

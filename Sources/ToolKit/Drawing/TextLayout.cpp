@@ -18,7 +18,7 @@ namespace quor::toolkit {
 namespace {
 
 // The widest line that a layout can hold: it counts in 1/64 and multiplies by 4.
-constexpr double widestLine = std::numeric_limits<int>::max() / 256;
+constexpr double widestLine = std::numeric_limits<int>::max() / 256.0;
 
 // Without a document, a layout gives no room to an inline object, but to a letter it does. This one
 // is drawn clear, and letter spacing brings it to the width of the attachment.

@@ -31,13 +31,14 @@ std::vector<double> gaussian(double deviation)
 QImage blurredRowsTransposed(const QImage& mask, const std::vector<double>& weights)
 {
     const int radius = static_cast<int>(weights.size() / 2);
+    const double* middle = weights.data() + radius;
     QImage result(mask.height(), mask.width(), QImage::Format_Alpha8);
     for (int y = 0; y < mask.height(); ++y) {
         const uchar* row = mask.constScanLine(y);
         for (int x = 0; x < mask.width(); ++x) {
             double sum = 0;
             for (int i = std::max(-radius, -x); i <= std::min(radius, mask.width() - 1 - x); ++i)
-                sum += weights[static_cast<std::size_t>(i + radius)] * row[x + i];
+                sum += middle[i] * row[x + i];
             result.scanLine(x)[y] = static_cast<uchar>(std::lround(sum));
         }
     }
