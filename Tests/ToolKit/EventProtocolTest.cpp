@@ -153,13 +153,4 @@ TEST(EventProtocol, ATriggerFromAnotherThreadHopsIfThePublisherLives)
     EXPECT_EQ(calledOn, QThread::currentThread());
 }
 
-TEST(TargetActionWrapper, DescribesTheTypeOfALiveTarget)
-{
-    auto target = std::make_unique<QObject>();
-    const TargetActionWrapper<Form, QObject> wrapper(*target, nullptr, 0);
-    EXPECT_EQ(wrapper.debugDescription(), QStringLiteral("QObject"));
-    target.reset();
-    EXPECT_EQ(wrapper.debugDescription(), QStringLiteral("nil"));
-}
-
 } // namespace
