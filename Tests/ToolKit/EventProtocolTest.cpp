@@ -2,12 +2,11 @@
 #include "ToolKit/Deferred/EventProtocol.h"
 #include "Support/WaitFor.h"
 
-#include <QThread>
-
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
+#include <thread>
 
 using namespace quor::toolkit;
 using quor::test::waitFor;
@@ -133,24 +132,22 @@ TEST(EventProtocol, ATriggerFromAnotherThreadHopsIfThePublisherLives)
     TrackedTarget target(calls, 't');
     Form form;
     auto ended = std::make_unique<Form>();
-    QThread* calledOn = nullptr;
+    std::thread::id calledOn;
     const auto note = [&](TrackedTarget& self, Form& sender, const std::any& payload) {
-        calledOn = QThread::currentThread();
+        calledOn = std::this_thread::get_id();
         self.changed(sender, payload);
     };
     form.add(target, note, Form::Event::changed);
     ended->add(target, note, Form::Event::changed);
-    const std::unique_ptr<QThread> worker(QThread::create([&] {
+    std::thread([&] {
         ended->trigger(Form::Event::changed, 1);
         form.trigger(Form::Event::changed, 2);
-    }));
-    worker->start();
-    worker->wait();
+    }).join();
     EXPECT_EQ(calls, "");
     ended.reset();
     EXPECT_TRUE(waitFor([&] { return !calls.empty(); }));
     EXPECT_EQ(calls, "t2");
-    EXPECT_EQ(calledOn, QThread::currentThread());
+    EXPECT_EQ(calledOn, std::this_thread::get_id());
 }
 
 } // namespace
