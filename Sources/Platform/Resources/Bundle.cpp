@@ -116,7 +116,7 @@ public:
             return *kept;
         const QString base = path + "/Images/"_L1 + key.name;
         const QString vector = base + ".svg"_L1;
-        const QImage image
+        QImage image
             = readImage(QFile::exists(vector) ? vector : base + ".png"_L1, key.size, key.devicePixelRatio);
         images_.insert(key, new QImage(image), image.sizeInBytes());
         return image;

@@ -44,7 +44,7 @@ icu::Locale localeFor(const QString& language)
 {
     const QString user = QLocale().bcp47Name();
     const bool isUsers = user.section(u'-', 0, 0) == language.section(u'-', 0, 0);
-    return icu::Locale(qPrintable(isUsers ? user : language));
+    return {qPrintable(isUsers ? user : language)};
 }
 
 } // namespace
@@ -106,6 +106,7 @@ QString formatMessage(const LocalizedTexts::Text& text, const std::vector<Bundle
     if (text.language.isEmpty())
         return text.string;
     std::vector<icu::Formattable> values;
+    values.reserve(arguments.size());
     for (const auto& argument : arguments)
         values.push_back(formattable(argument));
     UErrorCode status = U_ZERO_ERROR;

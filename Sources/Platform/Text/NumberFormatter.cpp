@@ -117,7 +117,7 @@ QString NumberFormatter::string(double value) const
 {
     if (!std::isfinite(value))
         return {};
-    const QString magnitude = format_->string(std::fabs(value));
+    QString magnitude = format_->string(std::fabs(value));
     // ICU writes "-0" for what is below zero and rounds to it.
     if (!std::signbit(value) || magnitude == format_->string(0))
         return magnitude;
