@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 #include <vector>
 
 using namespace quor::toolkit;
@@ -28,15 +29,13 @@ QFont plainFont()
     return systemFont(13, QFont::Normal);
 }
 
-QRectF inkOf(const QString& text, Qt::AlignmentFlag alignment, TextVerticalAlignment vertical,
-    bool wraps = false, double maxWidth = unlimitedWidth)
+QRectF inkOf(const QString& text, Qt::AlignmentFlag alignment, TextVerticalAlignment vertical)
 {
-    return Canvas({600, 300})
-        .draw([&](QPainter& painter) {
-            drawText(painter, text, Qt::black, plainFont(), alignment, vertical, wraps, std::nullopt, 300,
-                150, maxWidth);
-        })
-        .ink();
+    Canvas canvas({600, 300});
+    canvas.draw([&](QPainter& painter) {
+        drawText(painter, text, Qt::black, plainFont(), alignment, vertical, false, std::nullopt, 300, 150);
+    });
+    return canvas.ink();
 }
 
 TEST(TextSize, RoundsUpToTheNextHalf)
@@ -56,7 +55,6 @@ TEST(TextSize, CoversTheTextItsLinesAndItsWrapping)
     EXPECT_EQ(one.width(), roundedTextLength(metrics.horizontalAdvance(words)));
     EXPECT_EQ(one.height(), roundedTextLength(metrics.ascent() + metrics.descent()));
     EXPECT_EQ(textSize(AttributedString(words), font, false), one);
-    EXPECT_EQ(textSize(words, font, true), one) << "nothing to wrap";
     EXPECT_EQ(textSize(QString(), font, false), QSizeF(0.5, one.height())) << "no text still has a line";
 
     for (const auto& lines : {u"a\nb\nc"_s, u"a\r\nb\rc"_s})
@@ -75,7 +73,6 @@ TEST(TextSize, CutsTheMiddleToTheWidth)
         const QSizeF size = textSize(words, font, false, width);
         EXPECT_LE(size.width(), width + 1);
         EXPECT_GT(size.width(), width - 25) << "as much as fits";
-        EXPECT_EQ(size.height(), textSize(words, font, false).height());
     }
     const auto image = [&](const QString& text, double width) {
         return Canvas()
@@ -106,7 +103,6 @@ TEST(TextSize, SurvivesAnyWidthAndText)
             }
         }
     }
-    EXPECT_GT(textSize(QString(200'000, u'm'), font, false).width(), 1'000'000);
     const QString huge(2'000'000, u'm');
     EXPECT_LT(textSize(huge, font, false, 100).width(), 101);
     EXPECT_GT(textSize(huge, font, false).width(), 1'000'000);
@@ -136,22 +132,18 @@ TEST(DrawText, StandsWhereItsAlignmentSays)
 
 TEST(DrawText, AlignsItsLinesAmongEachOther)
 {
-    const QString text = u"HHHHHHHHHH\nH"_s;
     const double line = textSize(u"H"_s, plainFont(), false).height();
-    const auto secondLine = [&](Qt::AlignmentFlag alignment) {
+    for (const auto alignment : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
         Canvas canvas({600, 300});
         canvas.draw([&](QPainter& painter) {
-            drawText(painter, text, Qt::black, plainFont(), alignment, TextVerticalAlignment::top, true,
-                std::nullopt, 300, 150);
+            drawText(painter, u"HHHHHHHHHH\nH"_s, Qt::black, plainFont(), alignment,
+                TextVerticalAlignment::top, true, std::nullopt, 300, 150);
             painter.setCompositionMode(QPainter::CompositionMode_Clear);
             painter.fillRect(QRectF(0, 0, 600, 150 + line), Qt::black);
         });
-        return canvas.ink().center().x();
-    };
-    EXPECT_LT(secondLine(Qt::AlignLeft), 310);
-    EXPECT_NEAR(secondLine(Qt::AlignHCenter), 300, 1.5);
-    EXPECT_GT(secondLine(Qt::AlignRight), 290);
-    EXPECT_LT(secondLine(Qt::AlignRight), 300);
+        const QRectF alone = inkOf(u"H"_s, alignment, TextVerticalAlignment::top);
+        EXPECT_NEAR(canvas.ink().center().x(), alone.center().x(), 1) << alignment;
+    }
 }
 
 TEST(DrawText, TheShadowLiesAllAroundAndBelow)
@@ -173,7 +165,6 @@ TEST(DrawText, TheShadowLiesAllAroundAndBelow)
         const QColor beside = shadowed.at(letters.left() - 0.75, letters.center().y());
         EXPECT_GT(beside.alpha(), 20);
         EXPECT_EQ(beside.green(), 0) << "the shadow has its own colour";
-        EXPECT_EQ(plain.at(letters.left() - 1.5, letters.center().y()).alpha(), 0);
     }
 }
 
@@ -189,41 +180,34 @@ TEST(DrawAttributedText, AttachmentsTakeTheirRoomAndPlace)
     EXPECT_NEAR(textSize(text, font, false).width(), before + icon.bounds.width(), 1);
 
     const auto ascent = QFontMetricsF(font).ascent();
-    const auto drawn = [&](const AttributedString& label, bool wraps, double width) {
+    const auto drawn = [&](const AttributedString& label, double width) {
         return Canvas().draw([&](QPainter& painter) {
             painter.setFont(font);
-            drawAttributedText(painter, label, Qt::AlignLeft, TextVerticalAlignment::top, wraps, std::nullopt,
+            drawAttributedText(painter, label, Qt::AlignLeft, TextVerticalAlignment::top, false, std::nullopt,
                 10, 10, width);
         });
     };
-    const Canvas canvas = drawn(text, false, unlimitedWidth);
+    const Canvas canvas = drawn(text, unlimitedWidth);
     const double middle = 10 + ascent - icon.bounds.center().y();
     EXPECT_EQ(canvas.at(10 + before + icon.bounds.width() / 2, middle), QColor(Qt::green));
     EXPECT_EQ(canvas.ink().right(), std::ceil(10 + before + icon.bounds.width()));
 
-    const Canvas wrapped = drawn(text, true, icon.bounds.width() + 1);
-    EXPECT_EQ(wrapped.at(10 + icon.bounds.width() / 2, middle + textSize(u"H"_s, font, false).height() - 0.5),
-        QColor(Qt::green));
-
     auto high = icon;
     high.bounds = {0, -10, 20, 50};
     EXPECT_EQ(textSize(AttributedString(high), font, false).height(), 50.5) << "it makes its line higher";
-    EXPECT_EQ(drawn(AttributedString(high), false, unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
+    EXPECT_EQ(drawn(AttributedString(high), unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
 
-    const Canvas cut = drawn(AttributedString(icon), false, 1);
-    EXPECT_FALSE(cut.isClear()) << "an ellipsis in its stead is seen";
+    EXPECT_FALSE(drawn(AttributedString(icon), 1).isClear()) << "an ellipsis in its stead is seen";
 }
 
 TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
 {
-    const auto widthOf = [](const QFont& font, QChar digit) {
-        return QFontMetricsF(font).horizontalAdvance(QString(10, digit));
-    };
-    const auto isEven = [&](const QFont& font) {
-        for (const QChar digit : u"123456789"_s)
-            if (std::abs(widthOf(font, digit) - widthOf(font, u'0')) > 0.05)
-                return false;
-        return true;
+    const auto isEven = [](const QFont& font) {
+        const QFontMetricsF metrics(font);
+        std::set<double> widths;
+        for (const QChar digit : u"0123456789"_s)
+            widths.insert(metrics.horizontalAdvance(QString(10, digit)));
+        return *widths.rbegin() - *widths.begin() < 0.05;
     };
     const QFont own = QGuiApplication::font();
     // A font of symbols makes the fallback necessary; where there is none, the user's is checked.
@@ -238,7 +222,6 @@ TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
         EXPECT_EQ(font.weight(), weight);
     }
     QGuiApplication::setFont(own);
-    EXPECT_EQ(monospacedDigitFont(0, QFont::Normal).pixelSize(), 1);
     EXPECT_EQ(monospacedDigitFont(std::nan(""), QFont::Normal).pixelSize(), 1);
 }
 
