@@ -184,6 +184,18 @@ TEST_F(TableViewTest, SeveralRowsAreSelectedAsOnAnyDesktop)
     EXPECT_EQ(rows.clicks, (std::vector{2, 5, 2, 5, 8, 3, 9, 4})) << "clicks count on any row";
 }
 
+TEST_F(TableViewTest, ARowThatCameWhileTheButtonWasDownIsNotClicked)
+{
+    show(10);
+    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, {50, 50});
+    rows.texts[2] = QStringLiteral("Another");
+    table.reloadData();
+    QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, {50, 50});
+    QTest::mousePress(table.viewport(), Qt::LeftButton, {}, {50, 50});
+    QTest::mouseRelease(table.viewport(), Qt::LeftButton, {}, {50, 90});
+    EXPECT_TRUE(rows.clicks.empty());
+}
+
 TEST_F(TableViewTest, TypingSelectsTheRowThatBeginsSo)
 {
     rows.texts = {{1, QStringLiteral("Quince")}, {4, QStringLiteral("quarry")}, {5, QStringLiteral("Quart")},
@@ -227,6 +239,11 @@ TEST_F(TableViewTest, HoverStaysRightUnderARestingPointer)
     EXPECT_EQ(rows.hovers.back(), table.rowAtPoint({50, 52}));
     movePointer(700, 700);
     EXPECT_TRUE(waitFor([&] { return rows.hovers.back() == LabelRows::left; }));
+
+    movePointer(50, 150);
+    EXPECT_TRUE(waitFor([&] { return rows.hovers.back() >= 0; }));
+    table.resize(200, 100);
+    EXPECT_TRUE(waitFor([&] { return rows.hovers.back() == LabelRows::left; })) << "left by the table";
 }
 
 TEST_F(TableViewTest, WheelsAndTouchpadsScrollByWhatTheyTell)

@@ -15,6 +15,7 @@ TEST(SyncSpinner, TurnsEitherWayUntilStopped)
     SyncSpinner spinner(SpinnerType::normal);
     EXPECT_GT(spinner.width(), SyncSpinner(SpinnerType::small).width());
     EXPECT_FALSE(spinner.imageView().size().isEmpty());
+    EXPECT_NE(spinner.accessibleName(), QStringLiteral("SyncSpinner")) << "a word, not its key";
     spinner.show();
     double lowest = 0;
     double highest = 0;

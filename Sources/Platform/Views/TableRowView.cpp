@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Views/TableRowView.h"
 
-#include <QEvent>
 #include <QPainter>
 
 namespace quor::platform {
@@ -63,11 +62,8 @@ bool TableRowView::showsEmphasis() const
 
 void TableRowView::selectionLookChanged()
 {
-    // Only what differs from the parent's palette is set, so that a change of theme comes through.
-    QPalette look;
-    if (showsEmphasis())
-        look.setColor(QPalette::WindowText, palette().color(QPalette::Active, QPalette::HighlightedText));
-    setPalette(look);
+    // What the view writes on, so that it picks the text colour that goes with it.
+    setBackgroundRole(showsEmphasis() ? QPalette::Highlight : QPalette::NoRole);
     update();
 }
 
@@ -76,8 +72,10 @@ void TableRowView::drawSelection(QPainter& painter) const
     if (selectionHighlightStyle() == TableViewSelectionStyle::none)
         return;
     constexpr qreal cornerRadius = 5;
-    const QColor color = showsEmphasis() ? palette().color(QPalette::Active, QPalette::Highlight)
-                                         : palette().color(QPalette::Active, QPalette::Midlight);
+    constexpr qreal faint = 0.18; // of the text's colour, to be read on in any theme
+    QColor color = palette().color(showsEmphasis() ? QPalette::Highlight : QPalette::Text);
+    if (!showsEmphasis())
+        color.setAlphaF(faint);
     if (selectionHighlightStyle() == TableViewSelectionStyle::regular) {
         painter.fillRect(rect(), color);
         return;
@@ -100,16 +98,6 @@ void TableRowView::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
     placeView();
-}
-
-void TableRowView::changeEvent(QEvent* event)
-{
-    QWidget::changeEvent(event);
-    const bool themeChanged = event->type() == QEvent::PaletteChange && showsEmphasis()
-        && palette().color(QPalette::WindowText)
-            != palette().color(QPalette::Active, QPalette::HighlightedText);
-    if (themeChanged)
-        selectionLookChanged();
 }
 
 void TableRowView::placeView()

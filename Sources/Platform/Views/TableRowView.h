@@ -13,7 +13,8 @@ enum class TableViewSelectionStyle {
 };
 
 /// The widget under a row's view: it draws the selection and lays the view out. While the selection
-/// is drawn emphasised, the view's text has the palette's colour for selected text.
+/// is drawn emphasised, the view lies on the palette's `Highlight`, so that its text takes the colour
+/// for selected text, unless the view sets its own.
 ///
 /// Made by the table or by its delegate, owned by the table. Main thread only.
 class TableRowView : public QWidget {
@@ -32,8 +33,12 @@ public:
     [[nodiscard]] bool isSelected() const { return selected_; }
     void setSelected(bool selected);
 
-    /// Whether the selection is drawn as that of the view which has the keyboard.
-    [[nodiscard]] virtual bool isEmphasized() const { return emphasized_; }
+    /// Whether the selection is drawn as that of the view which has the keyboard. Never without a
+    /// selection style, unless overridden together with `drawSelection`.
+    [[nodiscard]] virtual bool isEmphasized() const
+    {
+        return emphasized_ && style_ != TableViewSelectionStyle::none;
+    }
     virtual void setEmphasized(bool emphasized);
 
     [[nodiscard]] virtual TableViewSelectionStyle selectionHighlightStyle() const { return style_; }
@@ -45,7 +50,6 @@ protected:
 
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void placeView();

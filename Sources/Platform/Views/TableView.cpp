@@ -54,7 +54,7 @@ void TableView::reloadData()
         updateScrollBar();
         rows_->reload();
     }
-    pressedRow_ = pressedRow_ < numberOfRows() ? pressedRow_ : -1;
+    pressedRow_ = -1; // the row that comes to lie there was not meant
     updateGeometry();
     tableViewAccessibility::rowsDidChange(*this);
     dropInvalidSelection();

@@ -49,6 +49,7 @@ public:
     /// Asks for everything anew. Stay as they are: the scroll position as far as the content goes,
     /// widgets of rows for which the delegate takes the same identifier again, with focus and
     /// caret, and the selection by index, but for rows that are gone or may no longer be selected.
+    /// A press that was not released yet comes to nothing.
     void reloadData();
     [[nodiscard]] int numberOfRows() const { return heights_.count(); }
 
@@ -59,7 +60,7 @@ public:
     /// All rows are this high, and the delegate is not asked; absent at the start. Set before reloading.
     void setUniformRowHeight(std::optional<int> height);
     [[nodiscard]] std::optional<int> uniformRowHeight() const { return uniformRowHeight_; }
-    /// Added to each row's height, half of it above the row's view. 0 at the start.
+    /// Added to each row's height, half of it above the row's view. 0 at the start. Set before reloading.
     void setIntercellSpacing(int spacing);
     [[nodiscard]] int intercellSpacing() const { return spacing_; }
     /// Free room around the rows, which scrolls with them. Left and right change sides in a

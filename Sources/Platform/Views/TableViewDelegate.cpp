@@ -26,7 +26,7 @@ QString TableViewDelegate::typeSelectString(const TableView& /*table*/, int /*ro
 
 TableViewRowDescription TableViewDelegate::describeRow(const TableView& table, int row) const
 {
-    return {.text = typeSelectString(table, row), .isEnabled = shouldSelectRow(table, row), .isChecked = {}};
+    return {.text = typeSelectString(table, row), .isChecked = {}};
 }
 
 void TableViewDelegate::selectionDidChange(TableView& /*table*/) { }

@@ -50,7 +50,7 @@ public:
     /// The text by which typing finds the row; empty if it cannot be found.
     [[nodiscard]] virtual QString typeSelectString(const TableView& table, int row) const;
 
-    /// Unless overridden: `typeSelectString`, and enabled if `shouldSelectRow`.
+    /// Unless overridden: an enabled list item named by `typeSelectString`.
     [[nodiscard]] virtual TableViewRowDescription describeRow(const TableView& table, int row) const;
 
     /// Another set of rows is selected, or another one of them is the `selectedRow()`.

@@ -29,12 +29,11 @@ void TableViewHover::contentMoved()
 {
     if (!awake_)
         return;
-    const int row = rowUnderPointer().value_or(-1);
-    if (row == row_)
-        return;
-    row_ = row;
-    if (TableViewDelegate* delegate = table_.delegate())
-        delegate->pointerDidHoverRow(table_, row);
+    const std::optional<int> row = rowUnderPointer();
+    if (!row)
+        pointerLeft();
+    else if (*row != row_)
+        tell(*row);
 }
 
 void TableViewHover::sleep()
@@ -61,6 +60,7 @@ bool TableViewHover::eventFilter(QObject* watched, QEvent* event)
     }
     case QEvent::Enter:
         position_ = static_cast<QEnterEvent*>(event)->globalPosition().toPoint();
+        hasMoved_ = false;
         break;
     case QEvent::Leave:
         pointerLeft();
@@ -77,7 +77,7 @@ bool TableViewHover::eventFilter(QObject* watched, QEvent* event)
 void TableViewHover::pointerMoved(const QPoint& globalPosition)
 {
     // Windows that come and go make the desktop tell of moves that were none.
-    if (position_ == globalPosition)
+    if (std::exchange(hasMoved_, true) && position_ == globalPosition)
         return;
     position_ = globalPosition;
     const std::optional<int> row = rowUnderPointer();
@@ -86,9 +86,14 @@ void TableViewHover::pointerMoved(const QPoint& globalPosition)
         return;
     }
     awake_ = told_ = true;
-    row_ = *row;
+    tell(*row);
+}
+
+void TableViewHover::tell(int row)
+{
+    row_ = row;
     if (TableViewDelegate* delegate = table_.delegate())
-        delegate->pointerDidHoverRow(table_, *row);
+        delegate->pointerDidHoverRow(table_, row);
 }
 
 void TableViewHover::pointerLeft()

@@ -34,6 +34,7 @@ public:
 private:
     void pointerMoved(const QPoint& globalPosition);
     void pointerLeft();
+    void tell(int row);
     /// The row at the pointer, -1 for none; absent where something else lies there.
     [[nodiscard]] std::optional<int> rowUnderPointer() const;
 
@@ -41,6 +42,7 @@ private:
     QPointer<QWindow> window_;
     std::optional<QPoint> position_; // of the pointer, on the screen
     int row_ = -1;
+    bool hasMoved_ = false; // since the pointer came, or the window came under it
     bool awake_ = false;
     bool told_ = false; // a hover without a leave yet
 };

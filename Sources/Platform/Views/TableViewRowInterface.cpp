@@ -93,8 +93,7 @@ QAccessible::State TableViewRowInterface::state() const
         return state;
     }
     const TableViewRowDescription row = description();
-    const TableViewDelegate* delegate = table_->delegate();
-    state.selectable = state.focusable = delegate && delegate->shouldSelectRow(*table_, row_);
+    state.selectable = state.focusable = isSelectable();
     state.selected = isSelected();
     state.multiSelectable = table_->allowsMultipleSelection();
     state.focused = table_->selectedRow() == row_;
@@ -106,6 +105,12 @@ QAccessible::State TableViewRowInterface::state() const
     return state;
 }
 
+bool TableViewRowInterface::isSelectable() const
+{
+    const TableViewDelegate* delegate = isValid() ? table_->delegate() : nullptr;
+    return delegate && delegate->shouldSelectRow(*table_, row_);
+}
+
 bool TableViewRowInterface::isSelected() const
 {
     return isValid() && table_->isRowSelected(row_);
@@ -113,7 +118,7 @@ bool TableViewRowInterface::isSelected() const
 
 QStringList TableViewRowInterface::actionNames() const
 {
-    return isValid() && description().isEnabled ? QStringList{pressAction()} : QStringList();
+    return isSelectable() && description().isEnabled ? QStringList{pressAction()} : QStringList();
 }
 
 void TableViewRowInterface::doAction(const QString& name)

@@ -50,6 +50,7 @@ public:
 
 private:
     [[nodiscard]] TableViewRowDescription description() const;
+    [[nodiscard]] bool isSelectable() const;
 
     QPointer<TableView> table_;
     int row_;

@@ -76,7 +76,7 @@ void TableViewRows::updateSelection()
 
 QWidget* TableViewRows::makeView(const QString& identifier)
 {
-    if (!isAsking() || identifier.isEmpty())
+    if (askedRow_ < 0 || identifier.isEmpty())
         return nullptr;
     const auto own = before_.find(askedRow_);
     if (own != before_.end() && fits(own->second, identifier))

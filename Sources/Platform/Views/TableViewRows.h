@@ -31,8 +31,6 @@ public:
     [[nodiscard]] QWidget* makeView(const QString& identifier);
     [[nodiscard]] TableRowView* rowViewAtRow(int row) const;
     [[nodiscard]] int rowForRowView(const TableRowView* rowView) const;
-    /// Whether the delegate is being asked for a row's view right now.
-    [[nodiscard]] bool isAsking() const { return askedRow_ >= 0; }
 
 private:
     [[nodiscard]] std::vector<int> rowsToShow() const;
@@ -47,7 +45,7 @@ private:
     std::map<int, TableRowView*> shown_;
     std::map<int, TableRowView*> before_; // what a reload has not given out again yet
     std::vector<TableRowView*> retired_;
-    int askedRow_ = -1;
+    int askedRow_ = -1; // while the delegate is asked for its view
 };
 
 } // namespace quor::platform
