@@ -72,8 +72,7 @@ TEST(Store, WhatIsNoRecordIsPassedOverAndKept)
     EXPECT_FALSE(run.tracker.tasks()[0].color);
     ASSERT_EQ(run.tracker.entries().size(), 1U);
     EXPECT_EQ(run.tracker.entries()[0].end, run.tracker.entries()[0].start);
-    EXPECT_EQ(run.tracker.settings().expectedWorkingTime, 0);
-    EXPECT_EQ(run.tracker.settings().nonWorkingTime, 0);
+    EXPECT_EQ(run.tracker.settings(), Settings());
 
     EXPECT_TRUE(run.store.save(std::vector{TimeEntry{u"eab"_s, u"T1"_s, {}, {}}}));
     QFile file(folder.filePath(u"TimeEntries/AB"_s));

@@ -18,10 +18,10 @@ QString line(const QStringList& fields)
 QString escaped(const QJsonValue& text)
 {
     return text.toString()
-        .replace(u'\\', "\\\\"_L1)
-        .replace(u'\t', "\\t"_L1)
-        .replace(u'\n', "\\n"_L1)
-        .replace(u'\r', "\\r"_L1);
+        .replace(u'\\', R"(\\)"_L1)
+        .replace(u'\t', R"(\t)"_L1)
+        .replace(u'\n', R"(\n)"_L1)
+        .replace(u'\r', R"(\r)"_L1);
 }
 
 QString duration(const QJsonValue& seconds)
@@ -50,7 +50,7 @@ QString settingText(const QJsonValue& value)
 QString plainText(const QJsonArray& taskReport)
 {
     QStringList lines;
-    for (const QJsonValue& task : taskReport)
+    for (const QJsonValue task : taskReport)
         lines.append(line({task["id"_L1].toString(), task["color"_L1].toString(u"-"_s),
             task["running"_L1].toBool() ? u"running"_s : u"idle"_s, duration(task["secondsToday"_L1]),
             escaped(task["name"_L1])}));

@@ -7,6 +7,7 @@
 #include <QCollator>
 #include <QHash>
 #include <QLocale>
+#include <QSet>
 
 #include <algorithm>
 
@@ -78,9 +79,9 @@ void appendStartable(
 
 std::vector<const Task*> idleTasks(const Tracker& tracker, const TextSearch& search)
 {
-    QHash<QString, bool> running;
+    QSet<QString> running;
     for (const TimeEntry& entry : tracker.runningEntries())
-        running.insert(entry.taskID, true);
+        running.insert(entry.taskID);
     std::vector<const Task*> tasks;
     for (const Task& task : tracker.tasks()) {
         if (!running.contains(task.id) && search.isFoundIn(task.name))

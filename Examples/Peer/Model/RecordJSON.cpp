@@ -23,16 +23,14 @@ constexpr auto endKey = "end"_L1;
 
 } // namespace
 
-template <>
-std::optional<Task> fromJSON(const QString& id, const QJsonObject& object)
+std::optional<Task> taskFromJSON(const QString& id, const QJsonObject& object)
 {
     static const QRegularExpression numbered(u"^T[1-9][0-9]{0,8}$"_s);
     Task task{id, object[nameKey].toString(), colorFromText(object[colorKey].toString())};
     return task.name.isEmpty() || !numbered.match(id).hasMatch() ? std::nullopt : std::optional(task);
 }
 
-template <>
-std::optional<TimeEntry> fromJSON(const QString& id, const QJsonObject& object)
+std::optional<TimeEntry> entryFromJSON(const QString& id, const QJsonObject& object)
 {
     if (!object[taskKey].isString() || !object[startKey].isDouble())
         return std::nullopt;
@@ -68,8 +66,9 @@ void assignJSON(Settings& settings, const SettingField& field, const QJsonValue&
 {
     if (const auto* const flag = std::get_if<bool Settings::*>(&field.member); flag && value.isBool())
         settings.*(*flag) = value.toBool();
-    if (const auto* const seconds = std::get_if<double Settings::*>(&field.member))
-        settings.*(*seconds) = std::max(0.0, value.toDouble(settings.*(*seconds)));
+    if (const auto* const seconds = std::get_if<double Settings::*>(&field.member);
+        seconds && value.toDouble(-1) >= 0)
+        settings.*(*seconds) = value.toDouble();
 }
 
 std::optional<std::uint32_t> colorFromText(const QString& text)

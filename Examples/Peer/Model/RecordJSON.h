@@ -18,15 +18,15 @@ struct TimeEntry;
 /// The JSON forms of the tracker's records, on disk and in what `quor-peer` prints. Moments are in
 /// seconds since 1970, colours "RRGGBB"; what has no value is left out.
 
-/// None if the object is no such record.
-template <typename Record>
-[[nodiscard]] std::optional<Record> fromJSON(const QString& id, const QJsonObject& object);
+// None if the object is no such record.
+[[nodiscard]] std::optional<Task> taskFromJSON(const QString& id, const QJsonObject& object);
+[[nodiscard]] std::optional<TimeEntry> entryFromJSON(const QString& id, const QJsonObject& object);
 
 [[nodiscard]] QJsonObject toJSON(const Task& task);
 [[nodiscard]] QJsonObject toJSON(const TimeEntry& entry);
 
 [[nodiscard]] QJsonValue toJSON(const Settings& settings, const SettingField& field);
-/// A value of another type, or one out of range, changes nothing.
+/// A value of another type, or one below 0, changes nothing.
 void assignJSON(Settings& settings, const SettingField& field, const QJsonValue& value);
 
 /// Six hexadecimal digits, a "#" before them or not.

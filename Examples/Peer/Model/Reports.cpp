@@ -6,6 +6,7 @@
 #include "Peer/Model/Tracker.h"
 
 #include <QHash>
+#include <QSet>
 
 #include <algorithm>
 
@@ -17,13 +18,17 @@ QJsonArray taskReport(const Tracker& tracker, platform::Date now)
 {
     const Day today = Day::containing(now);
     QHash<QString, double> secondsToday;
-    for (const TimeEntry& entry : tracker.entries())
+    QSet<QString> running;
+    for (const TimeEntry& entry : tracker.entries()) {
         secondsToday[entry.taskID] += secondsWithin(entry, today, now);
+        if (entry.isRunning())
+            running.insert(entry.taskID);
+    }
     QJsonArray report;
     for (const Task& task : tracker.tasks()) {
         QJsonObject object = toJSON(task);
         object["id"_L1] = task.id;
-        object["running"_L1] = tracker.runningEntry(task.id) != nullptr;
+        object["running"_L1] = running.contains(task.id);
         object["secondsToday"_L1] = secondsToday.value(task.id);
         report.append(object);
     }

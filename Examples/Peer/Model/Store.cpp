@@ -20,11 +20,12 @@ std::optional<QString> subfolder(const std::optional<QString>& folder, QLatin1St
 }
 
 template <typename Record>
-std::vector<Record> records(const std::vector<std::pair<QString, QJsonValue>>& stored)
+std::vector<Record> records(const std::vector<std::pair<QString, QJsonValue>>& stored,
+    std::optional<Record> (*fromJSON)(const QString& id, const QJsonObject& object))
 {
     std::vector<Record> result;
     for (const auto& [id, value] : stored) {
-        if (auto record = fromJSON<Record>(id, value.toObject()))
+        if (auto record = fromJSON(id, value.toObject()))
             result.push_back(std::move(*record));
     }
     return result;
@@ -41,12 +42,12 @@ Store::Store(const std::optional<QString>& folder)
 
 std::vector<Task> Store::tasks() const
 {
-    return records<Task>(tasks_.list.entries(everything));
+    return records(tasks_.list.entries(everything), &taskFromJSON);
 }
 
 std::vector<TimeEntry> Store::entries() const
 {
-    return records<TimeEntry>(entries_.list.entries(everything));
+    return records(entries_.list.entries(everything), &entryFromJSON);
 }
 
 Settings Store::settings() const

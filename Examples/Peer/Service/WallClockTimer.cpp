@@ -27,6 +27,7 @@ WallClockTimer::~WallClockTimer()
     close(descriptor_);
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): it changes the timer in the kernel.
 void WallClockTimer::fireAt(platform::Date moment)
 {
     // A moment of 0 would disarm the timer.
