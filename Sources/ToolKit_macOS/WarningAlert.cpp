@@ -65,7 +65,10 @@ void WarningAlert::show(const AlertContent& content, Handler handler)
     alert_ = alert;
     fill(content);
     alert->setEndedHandler([this](int tag) { finish(tag); });
-    connect(alert, &QObject::destroyed, this, [this] { (void)forget(); });
+    connect(alert, &QObject::destroyed, this, [this] {
+        alert_ = nullptr;
+        (void)forget();
+    });
     if (content.modal) {
         alert->exec();
         return;
