@@ -2,6 +2,7 @@
 // 100,000 entries set, flushed and read again, against RapidJSON writing and reading the same files.
 #include "ToolKit/Data/PersistableList.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -10,7 +11,10 @@
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
+#include <functional>
 #include <map>
+#include <optional>
+#include <set>
 #include <string>
 
 using namespace Qt::StringLiterals;
@@ -34,6 +38,7 @@ struct quor::toolkit::JSONFields<TimeEntry> {
 namespace {
 
 constexpr int entryCount = 100'000;
+constexpr int taskCount = 100;
 
 struct Sample {
     QString key;
@@ -42,33 +47,50 @@ struct Sample {
 
 std::vector<Sample> samples()
 {
+    std::vector<QString> tasks;
+    for (int i = 0; i < taskCount; ++i)
+        tasks.push_back(u"8f14e45f-ceea-467f-9575-%1"_s.arg(i, 12, 10, QLatin1Char('0')));
     std::vector<Sample> samples;
     for (int i = 0; i < entryCount; ++i) {
         const double start = 1'700'000'000.5 + i * 60.0;
-        samples.push_back({u"entry-%1"_s.arg(i, 8, 16, QLatin1Char('0')),
-            {u"8f14e45f-ceea-467f-9575-%1"_s.arg(i % 100, 12, 10, QLatin1Char('0')), start, start + 59.25}});
+        const QString key = u"entry-%1"_s.arg(i, 8, 16, QLatin1Char('0'));
+        samples.push_back({key, {tasks[std::size_t(i % taskCount)], start, start + 59.25}});
     }
     return samples;
 }
 
-void list(benchmark::State& state)
+/// A new folder for each round. They all go at the very end: file systems make new files the slower the
+/// more were removed just before.
+class Folders {
+public:
+    QString next() { return all_.filePath(QString::number(++count_)); }
+
+private:
+    QTemporaryDir all_;
+    int count_ = 0;
+};
+
+void list(benchmark::State& state, Folders& folders)
 {
     const auto entries = samples();
     for (auto _ : state) {
-        const QTemporaryDir folder;
-        quor::toolkit::PersistableList<TimeEntry> list(folder.filePath(u"list"_s));
+        std::optional<quor::toolkit::PersistableList<TimeEntry>> list(folders.next());
         for (const Sample& sample : entries)
-            list.set(sample.entry, sample.key);
-        list.flush();
-        if (list.allKeys().size() != entryCount)
+            list->set(sample.entry, sample.key);
+        list->flush();
+        const auto keys = list->allKeys();
+        if (keys.size() != entryCount)
             state.SkipWithError("not all entries came back");
+        state.PauseTiming(); // they came back; letting go of them is not part of it
+        list.reset();
+        state.ResumeTiming();
     }
 }
 
 // The same entries as plain strings, already sorted by file: what remains is JSON and files.
 struct PlainEntry {
     std::string key;
-    std::string task;
+    const std::string* task;
     double start;
     double end;
 };
@@ -85,7 +107,7 @@ void writeFile(const QString& path, const std::vector<PlainEntry>& entries)
         text(entry.key);
         writer.StartObject();
         writer.Key("task");
-        text(entry.task);
+        text(*entry.task);
         writer.Key("start");
         writer.Double(entry.start);
         writer.Key("end");
@@ -111,27 +133,39 @@ std::size_t readFile(const QString& path)
     return document.IsObject() ? document.MemberCount() : 0;
 }
 
-void floorByHand(benchmark::State& state)
+void floorByHand(benchmark::State& state, Folders& folders)
 {
+    std::set<std::string> tasks;
     std::map<QString, std::vector<PlainEntry>> files;
     for (const auto& [key, entry] : samples())
         files[quor::toolkit::storageKey(key)].push_back(
-            {key.toStdString(), entry.task.toStdString(), entry.start, entry.end});
+            {key.toStdString(), &*tasks.insert(entry.task.toStdString()).first, entry.start, entry.end});
     for (auto _ : state) {
-        const QTemporaryDir folder;
+        const QString folder = folders.next();
+        QDir().mkpath(folder);
         for (const auto& [name, entries] : files)
-            writeFile(folder.filePath(name), entries);
+            writeFile(folder + u'/' + name, entries);
         std::size_t count = 0;
         for (const auto& [name, entries] : files)
-            count += readFile(folder.filePath(name));
+            count += readFile(folder + u'/' + name);
         if (count != entryCount)
             state.SkipWithError("not all entries came back");
     }
 }
 
-BENCHMARK(floorByHand)->Name("PersistableList/floor")->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(list)->Name("PersistableList")->Unit(benchmark::kMillisecond)->UseRealTime();
-
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    benchmark::Initialize(&argc, argv);
+    Folders folders;
+    const auto add = [&folders](const char* name, auto run) {
+        benchmark::RegisterBenchmark(name, run, std::ref(folders))
+            ->Unit(benchmark::kMillisecond)
+            ->MeasureProcessCPUTime()
+            ->UseRealTime();
+    };
+    add("PersistableList/floor", floorByHand);
+    add("PersistableList", list);
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -6,6 +6,8 @@
 #include "ToolKit/Data/JSONDecoder.h"
 #include "ToolKit/Data/JSONEncoder.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quor {
@@ -27,8 +29,8 @@ const QString enableLoggingKey = u"enableLogging"_s;
 template <typename Record>
 Record read(const QString& suite, const QString& key)
 {
-    const auto data = UserDefaults::suiteOrStandard(suite).dataForKey(key);
-    return toolkit::JSONDecoder().decode<Record>(data.value_or(QByteArray())).value_or(Record());
+    auto data = UserDefaults::suiteOrStandard(suite).dataForKey(key);
+    return toolkit::JSONDecoder().decode<Record>(std::move(data).value_or(QByteArray())).value_or(Record());
 }
 
 template <typename Record>

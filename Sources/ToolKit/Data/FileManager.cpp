@@ -63,11 +63,10 @@ bool writeAll(int fd, const QByteArray& data)
     return true;
 }
 
-// The room is taken before anything is overwritten. File systems that cannot do so just go on.
-bool hasRoom(int fd, qsizetype size)
+// False if the disk has no room for a file of that size. File systems that cannot tell say it has.
+bool takeRoom(int fd, qsizetype size)
 {
-    return size == 0 || fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, size) == 0
-        || (errno != ENOSPC && errno != EDQUOT && errno != EFBIG);
+    return fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, size) == 0 || (errno != ENOSPC && errno != EDQUOT);
 }
 
 } // namespace
@@ -105,15 +104,17 @@ bool FileManager::write(const QByteArray& data, const QString& path) const
     const auto oldSize = regularSize(file.get());
     if (!oldSize)
         return false;
-    if (!hasRoom(file.get(), data.size())) {
-        if (*oldSize == 0)
+    const bool isNew = *oldSize == 0;
+    // The room is taken before anything is overwritten.
+    if (!isNew && *oldSize < data.size() && !takeRoom(file.get(), data.size()))
+        return false;
+    // Blanks cover what is left of a longer old text, so that a process that dies before it shortens
+    // the file leaves valid JSON.
+    if (!writeAll(file.get(), data.leftJustified(*oldSize, ' '))) {
+        if (isNew)
             unlink(name.constData());
         return false;
     }
-    // Blanks cover what is left of a longer old text, so that a process that dies before it shortens
-    // the file leaves valid JSON.
-    if (!writeAll(file.get(), data.leftJustified(*oldSize, ' ')))
-        return false;
     return *oldSize <= data.size() || ftruncate(file.get(), data.size()) == 0;
 }
 

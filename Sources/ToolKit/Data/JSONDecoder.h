@@ -7,6 +7,7 @@
 #include <QByteArray>
 
 #include <optional>
+#include <utility>
 
 namespace quor::toolkit {
 
@@ -20,11 +21,11 @@ class JSONDecoder final {
 public:
     /// None on failure, with the reason in `error` where that is given.
     template <typename T>
-    [[nodiscard]] std::optional<T> decode(const QByteArray& data, DecodingError* error = nullptr) const
+    [[nodiscard]] std::optional<T> decode(QByteArray data, DecodingError* error = nullptr) const
     {
         DecodingError local;
         DecodingError& reason = error ? *error : local;
-        const auto document = JSONDocument::parse(data, reason);
+        const auto document = JSONDocument::parse(std::move(data), reason);
         std::optional<T> result;
         if (document && !JSONCoding<T>::decode(document->root(), result.emplace(), reason))
             result.reset();

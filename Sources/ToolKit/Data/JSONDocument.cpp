@@ -6,6 +6,7 @@
 
 #include <cstring>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,6 +18,8 @@ namespace {
 
 constexpr unsigned parseFlags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag
     | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
+
+constexpr std::size_t bytesPerToken = 8; // what records have on average
 
 // The parser pairs escaped surrogates, but lets a low one pass that stands alone.
 bool hasSurrogate(const char* text, std::size_t length)
@@ -33,8 +36,9 @@ bool hasSurrogate(const char* text, std::size_t length)
 /// Receives the parser's tokens. False ends the parse.
 class TokenList {
 public:
-    explicit TokenList(std::vector<JSONNode>& nodes)
+    TokenList(std::vector<JSONNode>& nodes, bool hasEscapes)
         : nodes_(nodes)
+        , hasEscapes_(hasEscapes)
     {
     }
 
@@ -75,7 +79,7 @@ public:
         JSONNode& node = append(Kind::text);
         node.text = text;
         node.count = length;
-        return !hasSurrogate(text, length);
+        return !hasEscapes_ || !hasSurrogate(text, length);
     }
     bool Key(const char* text, rapidjson::SizeType length, bool copy) { return String(text, length, copy); }
     bool StartObject() { return start(Kind::object); }
@@ -106,12 +110,13 @@ private:
     }
 
     std::vector<JSONNode>& nodes_;
+    bool hasEscapes_;
     std::vector<std::size_t> open_;
 };
 
 } // namespace
 
-std::optional<JSONDocument> JSONDocument::parse(const QByteArray& data, DecodingError& error)
+std::optional<JSONDocument> JSONDocument::parse(QByteArray data, DecodingError& error)
 {
     const auto corrupted = [&error](const QString& why) {
         error.set(DecodingError::Kind::dataCorrupted, u"The data is not valid: "_s + why);
@@ -120,8 +125,10 @@ std::optional<JSONDocument> JSONDocument::parse(const QByteArray& data, Decoding
     if (data.size() >= std::numeric_limits<std::uint32_t>::max())
         return corrupted(u"it is too long."_s);
 
-    JSONDocument document(QByteArray(data.constData(), data.size())); // a copy, terminated, to parse in place
-    TokenList tokens(document.nodes_);
+    const bool hasEscapes = data.contains('\\');
+    JSONDocument document(std::move(data));
+    document.nodes_.reserve(static_cast<std::size_t>(document.text_.size()) / bytesPerToken + 1);
+    TokenList tokens(document.nodes_, hasEscapes);
     rapidjson::InsituStringStream stream(document.text_.data());
     rapidjson::Reader reader;
     const auto result = reader.Parse<parseFlags>(stream, tokens);

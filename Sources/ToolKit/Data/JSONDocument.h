@@ -15,10 +15,11 @@ namespace quor::toolkit {
 /// input costs memory in proportion to its length (about 16 bytes a token) and no stack.
 ///
 /// Refused besides what is no JSON: nesting deeper than `maximumJSONDepth`, a number beyond the
-/// doubles, text that is no Unicode, and texts of 4 GiB and more. Values borrow from the document.
+/// doubles, text that is no Unicode, and texts of 4 GiB and more. Values borrow from the document, and
+/// do so still after it was moved. Data that nobody else holds is parsed where it lies.
 class JSONDocument final {
 public:
-    [[nodiscard]] static std::optional<JSONDocument> parse(const QByteArray& data, DecodingError& error);
+    [[nodiscard]] static std::optional<JSONDocument> parse(QByteArray data, DecodingError& error);
 
     [[nodiscard]] JSONValue root() const { return {nodes_.data(), 0}; }
 

@@ -53,7 +53,6 @@ private:
 
     struct Output;
     std::unique_ptr<Output> output_;
-    QByteArray scratch_; ///< the UTF-8 of one text; kept, so that texts need no memory of their own
     int depth_ = 0;
     std::optional<EncodingError> error_;
 };

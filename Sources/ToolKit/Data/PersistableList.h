@@ -12,6 +12,8 @@
 #include <QString>
 
 #include <limits>
+#include <memory>
+#include <mutex>
 #include <optional>
 #include <unordered_map>
 #include <utility>
@@ -83,25 +85,13 @@ public:
 
     // These return at once.
 
-    void set(Element value, const QString& key)
-    {
-        if (key.isEmpty())
-            return;
-        access_.async([value = std::move(value), key](State& state) mutable {
-            state.container(storageKey(key)).setValue(std::move(value), key);
-        });
-    }
-    void removeValue(const QString& key)
-    {
-        if (key.isEmpty())
-            return;
-        access_.async([key](State& state) { state.remove(key); });
-    }
+    void set(Element value, const QString& key) { change({key, std::move(value)}); }
+    void removeValue(const QString& key) { change({key, std::nullopt}); }
 
     /// Writes what is in memory and forgets it.
     void flush()
     {
-        access_.async([](State& state) {
+        submit([](State& state) {
             std::erase_if(state.containers, [](const auto& each) { return each.second.save(); });
         });
     }
@@ -109,11 +99,17 @@ public:
     /// Removes everything, in memory and on disk, the folder included.
     void clear()
     {
-        access_.async([](State& state) { state.clear(); });
+        submit([](State& state) { state.clear(); });
     }
 
 private:
     using Container = PersistableListContainer<Element>;
+
+    struct Change {
+        QString key;
+        std::optional<Element> value; ///< none removes
+    };
+    using Changes = std::vector<Change>;
 
     /// What only blocks of the queue touch.
     struct State {
@@ -141,11 +137,13 @@ private:
             return found->second;
         }
 
-        void remove(const QString& key)
+        void apply(Change&& change)
         {
-            const QString name = storageKey(key);
+            const QString name = storageKey(change.key);
             Container& its = container(name);
-            its.removeValue(key);
+            if (change.value)
+                return its.setValue(*std::move(change.value), change.key);
+            its.removeValue(change.key);
             if (its.isEmpty()) {
                 its.deleteAll();
                 containers.erase(name);
@@ -169,6 +167,39 @@ private:
         std::optional<QString> storageURL;
     };
 
+    // Changes that follow each other share a block until it runs: a block for each would cost more than
+    // the change.
+    void change(Change change)
+    {
+        if (change.key.isEmpty())
+            return;
+        const std::lock_guard lock(mutex_);
+        if (!changes_) {
+            changes_ = std::make_shared<Changes>();
+            access_.async([this, changes = changes_](State& state) {
+                end(changes);
+                for (Change& each : *changes)
+                    state.apply(std::move(each));
+            });
+        }
+        changes_->push_back(std::move(change));
+    }
+
+    void end(const std::shared_ptr<Changes>& changes)
+    {
+        const std::lock_guard lock(mutex_);
+        if (changes_ == changes)
+            changes_ = nullptr;
+    }
+
+    template <typename Block>
+    void submit(Block block)
+    {
+        const std::lock_guard lock(mutex_);
+        changes_ = nullptr; // those to come belong behind this block
+        access_.async(std::move(block));
+    }
+
     template <typename Item, typename Take>
     std::vector<Item> collect(qint64 limit, Take take) const
     {
@@ -189,7 +220,9 @@ private:
         });
     }
 
-    mutable SynchronizedAccess<State> access_;
+    std::mutex mutex_;
+    std::shared_ptr<Changes> changes_; ///< the last block's, while it waits; guarded by the mutex
+    mutable SynchronizedAccess<State> access_; ///< ends first
 };
 
 } // namespace quor::toolkit

@@ -36,8 +36,8 @@ public:
     {
         if (!storageURL_ || !dict_.isEmpty())
             return;
-        if (const auto data = fileManager_.contents(*storageURL_))
-            if (auto dict = JSONDecoder().decode<QHash<QString, Element>>(*data))
+        if (auto data = fileManager_.contents(*storageURL_))
+            if (auto dict = JSONDecoder().decode<QHash<QString, Element>>(*std::move(data)))
                 dict_ = std::move(*dict);
     }
 

@@ -3,10 +3,11 @@
 
 #include "Platform/Text/GraphemeClusters.h"
 
+#include <QList>
+#include <QString>
+
 #include <unicode/ucasemap.h>
 #include <unicode/ustring.h>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -15,13 +16,6 @@ namespace quor::toolkit {
 namespace {
 
 constexpr qsizetype longestFileName = 255; // bytes
-
-bool isPlain(QStringView text)
-{
-    return std::all_of(text.begin(), text.end(), [](QChar c) {
-        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'-';
-    });
-}
 
 QString upperCased(QStringView text)
 {
@@ -66,7 +60,15 @@ QString fileName(QStringView text)
 QString storageKey(QStringView elementKey)
 {
     const QStringView end = platform::GraphemeClusters::last(elementKey, 2);
-    return isPlain(end) ? end.toString().toUpper() : fileName(upperCased(end));
+    QString plain(end.size(), Qt::Uninitialized);
+    for (qsizetype i = 0; i < end.size(); ++i) {
+        const char16_t unit = end[i].unicode();
+        const bool isLower = unit >= u'a' && unit <= u'z';
+        if (!isLower && !(unit >= u'A' && unit <= u'Z') && !(unit >= u'0' && unit <= u'9'))
+            return fileName(upperCased(end));
+        plain[i] = QChar(isLower ? unit - u'a' + u'A' : unit);
+    }
+    return plain;
 }
 
 } // namespace quor::toolkit
