@@ -119,9 +119,10 @@ public:
 
     /// The row of the last click, while the delegate is told of it; -1 otherwise.
     [[nodiscard]] int clickedRow() const { return clickedRow_; }
-    /// The row under the pointer, which is told to the delegate; -1 if none, or see there.
+    /// The row that `TableViewDelegate::pointerDidHoverRow` told last; -1 if none is under the pointer,
+    /// or the pointer counts as absent.
     [[nodiscard]] int hoveredRow() const;
-    /// Tells the delegate and the screen reader of a click, as the pointer would.
+    /// Tells the delegate of a click on the row, as the pointer does and a screen reader may.
     void clickRow(int row);
 
     /// Scrolls by as little as possible; a row higher than the view comes with its upper edge.

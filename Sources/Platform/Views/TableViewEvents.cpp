@@ -55,9 +55,10 @@ bool TableView::typeSelect(const QKeyEvent& event)
     const std::chrono::milliseconds now(typingTime_.elapsed());
     const QString typed = event.text();
     const bool isCommand = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const bool isBlank = typed.trimmed().isEmpty() && !typeSelect_.isTyping(now);
+    const bool isText = !typed.isEmpty() && typed.at(0).isPrint()
+        && (typeSelect_.isTyping(now) || !typed.trimmed().isEmpty());
     TableViewDelegate* delegate = delegate_.get();
-    if (!allowsTypeSelect_ || !delegate || isCommand || isBlank || !typed.at(0).isPrint())
+    if (!allowsTypeSelect_ || !delegate || isCommand || !isText)
         return false;
     const int row
         = typeSelect_.find(typed, now, selectedRow_, numberOfRows(), [this, delegate](int candidate) {
