@@ -3,6 +3,7 @@
 
 #include "Support/WaitFor.h"
 
+#include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QProcess>
@@ -15,6 +16,8 @@ namespace quor::test {
 namespace {
 
 constexpr int thickness = 22;
+// Longer than the window manager and the X server take to put a change on the screen.
+constexpr std::chrono::milliseconds rest(250);
 
 } // namespace
 
@@ -45,15 +48,19 @@ int countOf(const QColor& color, const QImage& picture)
     return count;
 }
 
-QImage nextItem(const QImage& before)
+QImage nextItem(const QImage& before, std::chrono::milliseconds limit)
 {
     QImage last = before;
-    const bool settled = waitFor([&] {
-        const QImage now = shownItem();
-        const bool stands = now == last && now != before && !now.isNull();
-        last = now;
-        return stands;
-    });
+    QElapsedTimer atRest;
+    const bool settled = waitFor(
+        [&] {
+            const QImage now = shownItem();
+            if (now != last)
+                atRest.start();
+            last = now;
+            return !now.isNull() && now != before && atRest.elapsed() > rest.count();
+        },
+        limit);
     return settled ? last : QImage();
 }
 

@@ -29,6 +29,8 @@ protected:
     {
         helper = std::make_unique<Program>(QStringLiteral("quor-menubar-helper"));
         ASSERT_TRUE(waitFor([this] { return publisher.posts > 0; })) << qPrintable(helper->errors());
+        bare = nextItem({});
+        ASSERT_FALSE(bare.isNull());
     }
 
     /// The helper has handled all posts so far once it has put `none` in the place of this request.
@@ -42,6 +44,7 @@ protected:
     TemporaryDataHome home;
     Publisher publisher;
     std::unique_ptr<Program> helper;
+    QImage bare; ///< the item before anything was published
 };
 
 TEST_F(Exchange, ShowsNothingUntilToldThenWhatIsPublishedLast)
@@ -52,7 +55,7 @@ TEST_F(Exchange, ShowsNothingUntilToldThenWhatIsPublishedLast)
         << "what an earlier run left is dropped";
 
     publisher.publish(MenubarStatusItemData());
-    const QImage clock = nextItem({});
+    const QImage clock = nextItem(bare);
     ASSERT_FALSE(clock.isNull());
     EXPECT_EQ(countOf(blueOnScreen, clock), 0);
 
@@ -70,7 +73,7 @@ TEST_F(Exchange, FollowsTheDisplaySettings)
 {
     startHelper();
     publisher.publish(totalOf(37800));
-    const QImage clockForm = nextItem({});
+    const QImage clockForm = nextItem(bare);
     publisher.bridge.groupStorage.setShowWorkingDays(true);
     publisher.bridge.groupStorage.setWorkingDayLengthSeconds(28800);
     publisher.bridge.postNotification(InterAppNotification::updatedHelper);
@@ -85,7 +88,7 @@ TEST_F(Exchange, RecordsThatCannotBeReadShowTheClockAndTheNextGoodOneShowsAgain)
 {
     startHelper();
     publisher.publish(MenubarStatusItemData());
-    const QImage clock = nextItem({});
+    const QImage clock = nextItem(bare);
     publisher.publish(totalOf(60, blue));
     const QImage good = nextItem(clock);
     const QByteArray deep(1'000'000, '[');
@@ -108,7 +111,7 @@ TEST_F(Exchange, ANameOfManyMegabytesIsClippedAtOnce)
     data.menuBarShowActiveTask = true;
     data.taskName = QString(64 << 20, u'm');
     publisher.publish(data);
-    const QImage item = nextItem({});
+    const QImage item = nextItem(bare, 60s);
     ASSERT_FALSE(item.isNull());
     EXPECT_LT(item.width(), 250);
 }
@@ -117,7 +120,7 @@ TEST_F(Exchange, AStormEndsWithTheLastStateAndLeavesMemoryFlat)
 {
     startHelper();
     publisher.publish(totalOf(60));
-    const QImage first = nextItem({});
+    const QImage first = nextItem(bare);
     ASSERT_TRUE(allHandled());
     const auto storm = [&](int posts) {
         for (int i = 0; i < posts; ++i)
@@ -139,7 +142,7 @@ TEST_F(Exchange, ASuiteThatCannotBeOpenedIsTheProcessesOwnDefaults)
     inTheWay.close();
     startHelper();
     publisher.publish(totalOf(60, blue)); // lands in the test's own defaults
-    const QImage clock = nextItem({});
+    const QImage clock = nextItem(bare);
     ASSERT_FALSE(clock.isNull());
     EXPECT_EQ(countOf(blueOnScreen, clock), 0) << "both sides stay apart";
     EXPECT_TRUE(
