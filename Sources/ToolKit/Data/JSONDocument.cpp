@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/JSONDocument.h"
 
-#include <rapidjson/error/en.h>
-#include <rapidjson/reader.h>
+#include "ToolKit/Data/RapidJSON.h"
 
+#include <charconv>
 #include <cstring>
 #include <limits>
+#include <locale>
+#include <sstream>
+#include <string>
+#include <string_view>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -16,10 +20,15 @@ using Kind = JSONNode::Kind;
 
 namespace {
 
-constexpr unsigned parseFlags = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag
-    | rapidjson::kParseFullPrecisionFlag | rapidjson::kParseValidateEncodingFlag;
+// Numbers come as text: the parser's own conversion, even at full precision, is wrong for some that
+// begin with the digits of 2^64 - 1. The encoding is validated before: the parser would read beyond
+// the end for a character cut short.
+constexpr unsigned parseFlags
+    = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
 
 constexpr std::size_t bytesPerToken = 8; // what records have on average
+
+constexpr QLatin1StringView notUnicode = "a text is no Unicode."_L1;
 
 // The parser pairs escaped surrogates, but lets a low one pass that stands alone.
 bool hasSurrogate(const char* text, std::size_t length)
@@ -42,7 +51,8 @@ public:
     {
     }
 
-    [[nodiscard]] bool isTooDeep() const { return open_.size() > maximumJSONDepth; }
+    /// Why it ended the parse, if it did.
+    [[nodiscard]] QLatin1StringView failure() const { return failure_; }
 
     bool Null()
     {
@@ -54,32 +64,27 @@ public:
         append(Kind::boolean).boolean = value;
         return true;
     }
-    bool Int(int value) { return Int64(value); }
-    bool Uint(unsigned value) { return Uint64(value); }
-    bool Int64(std::int64_t value)
+    bool RawNumber(const char* text, rapidjson::SizeType length, bool)
     {
-        if (value >= 0)
-            return Uint64(static_cast<std::uint64_t>(value));
-        append(Kind::negativeInteger).negativeInteger = value;
-        return true;
+        const std::string_view number(text, length);
+        if (number == "-0" || number.find_first_of(".eE") != number.npos)
+            return real(number);
+        if (number.front() == '-')
+            return integer<std::int64_t>(number, Kind::negativeInteger, &JSONNode::negativeInteger);
+        return integer<std::uint64_t>(number, Kind::unsignedInteger, &JSONNode::unsignedInteger);
     }
-    bool Uint64(std::uint64_t value)
-    {
-        append(Kind::unsignedInteger).unsignedInteger = value;
-        return true;
-    }
-    bool Double(double value)
-    {
-        append(Kind::real).real = value;
-        return true;
-    }
-    bool RawNumber(const char*, rapidjson::SizeType, bool) { return false; }
+    // Numbers come as text.
+    bool Int(int) { return false; }
+    bool Uint(unsigned) { return false; }
+    bool Int64(std::int64_t) { return false; }
+    bool Uint64(std::uint64_t) { return false; }
+    bool Double(double) { return false; }
     bool String(const char* text, rapidjson::SizeType length, bool)
     {
         JSONNode& node = append(Kind::text);
         node.text = text;
         node.count = length;
-        return !hasEscapes_ || !hasSurrogate(text, length);
+        return !hasEscapes_ || !hasSurrogate(text, length) || fail(notUnicode);
     }
     bool Key(const char* text, rapidjson::SizeType length, bool copy) { return String(text, length, copy); }
     bool StartObject() { return start(Kind::object); }
@@ -88,6 +93,32 @@ public:
     bool EndArray(rapidjson::SizeType count) { return end(count); }
 
 private:
+    bool fail(QLatin1StringView why)
+    {
+        failure_ = why;
+        return false;
+    }
+    template <typename Integer>
+    bool integer(std::string_view text, Kind kind, Integer JSONNode::*member)
+    {
+        Integer value = 0;
+        if (std::from_chars(text.begin(), text.end(), value).ec != std::errc())
+            return real(text); // longer than 64 bits
+        append(kind).*member = value;
+        return true;
+    }
+    bool real(std::string_view text)
+    {
+        double value = 0;
+        if (std::from_chars(text.begin(), text.end(), value).ec != std::errc()) {
+            std::istringstream stream{std::string(text)}; // tells too small, which is 0, from too large
+            stream.imbue(std::locale::classic());
+            if (!(stream >> value))
+                return fail("a number is too large."_L1);
+        }
+        append(Kind::real).real = value;
+        return true;
+    }
     JSONNode& append(Kind kind)
     {
         JSONNode& node = nodes_.emplace_back();
@@ -98,7 +129,7 @@ private:
     {
         open_.push_back(nodes_.size());
         append(kind);
-        return !isTooDeep();
+        return open_.size() <= maximumJSONDepth || fail("it is nested too deeply."_L1);
     }
     bool end(rapidjson::SizeType count)
     {
@@ -112,18 +143,21 @@ private:
     std::vector<JSONNode>& nodes_;
     bool hasEscapes_;
     std::vector<std::size_t> open_;
+    QLatin1StringView failure_;
 };
 
 } // namespace
 
 std::optional<JSONDocument> JSONDocument::parse(QByteArray data, DecodingError& error)
 {
-    const auto corrupted = [&error](const QString& why) {
-        error.set(DecodingError::Kind::dataCorrupted, u"The data is not valid: "_s + why);
+    const auto corrupted = [&error](QAnyStringView why) {
+        error.set(DecodingError::Kind::dataCorrupted, u"The data is not valid: "_s + why.toString());
         return std::nullopt;
     };
     if (data.size() >= std::numeric_limits<std::uint32_t>::max())
         return corrupted(u"it is too long."_s);
+    if (!data.isValidUtf8())
+        return corrupted(notUnicode);
 
     const bool hasEscapes = data.contains('\\');
     JSONDocument document(std::move(data));
@@ -132,10 +166,8 @@ std::optional<JSONDocument> JSONDocument::parse(QByteArray data, DecodingError& 
     rapidjson::InsituStringStream stream(document.text_.data());
     rapidjson::Reader reader;
     const auto result = reader.Parse<parseFlags>(stream, tokens);
-    if (tokens.isTooDeep())
-        return corrupted(u"it is nested too deeply."_s);
-    if (result.Code() == rapidjson::kParseErrorTermination)
-        return corrupted(u"a text is no Unicode."_s);
+    if (!tokens.failure().isEmpty())
+        return corrupted(tokens.failure());
     if (result.IsError()) {
         const auto why = QString::fromLatin1(rapidjson::GetParseError_En(result.Code()));
         return corrupted(u"%1 (byte %2)"_s.arg(why).arg(result.Offset()));

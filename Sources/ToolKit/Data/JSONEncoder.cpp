@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/JSONEncoder.h"
 
-#include <rapidjson/prettywriter.h>
-#include <rapidjson/reader.h>
-#include <rapidjson/stringbuffer.h>
+#include "ToolKit/Data/RapidJSON.h"
 
 namespace quor::toolkit {
 

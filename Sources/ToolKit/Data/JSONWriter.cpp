@@ -2,9 +2,9 @@
 #include "ToolKit/Data/JSONWriter.h"
 
 #include "ToolKit/Data/JSONValue.h"
+#include "ToolKit/Data/RapidJSON.h"
 
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
+#include <QStringEncoder>
 
 #include <algorithm>
 #include <cmath>
@@ -127,7 +127,8 @@ void JSONWriter::text(QStringView value)
 {
     if (output_->plain(value))
         return;
-    const QByteArray utf8 = value.toUtf8();
+    // QString::toUtf8 would write "?" for what is no Unicode, like a text that holds a question mark.
+    const QByteArray utf8 = QStringEncoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless)(value);
     if (utf8.size() > longestText)
         return fail(u"A text is too long."_s);
     output_->writer.String(utf8.constData(), static_cast<rapidjson::SizeType>(utf8.size()));
