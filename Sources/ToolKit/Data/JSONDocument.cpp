@@ -3,6 +3,7 @@
 
 #include "ToolKit/Data/RapidJSON.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <limits>
@@ -67,7 +68,9 @@ public:
     bool RawNumber(const char* text, rapidjson::SizeType length, bool)
     {
         const std::string_view number(text, length);
-        if (number == "-0" || number.find_first_of(".eE") != number.npos)
+        const bool isIntegral = std::all_of(
+            number.begin(), number.end(), [](char c) { return c != '.' && c != 'e' && c != 'E'; });
+        if (!isIntegral || number == "-0")
             return real(number);
         if (number.front() == '-')
             return integer<std::int64_t>(number, Kind::negativeInteger, &JSONNode::negativeInteger);
