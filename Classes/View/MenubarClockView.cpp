@@ -10,12 +10,6 @@
 
 namespace quor::helper {
 
-MenubarClockView::MenubarClockView(StatusItemPlan::ClockFace time, double diameter, int tag, QWidget* parent)
-    : MenubarView(diameter, tag, parent)
-    , time_(time)
-{
-}
-
 void MenubarClockView::draw(QPainter& painter) const
 {
     constexpr double lineWidth = 1.5;

@@ -6,12 +6,14 @@
 
 namespace quor::helper {
 
-/// The face of a clock, hour and minute hand, at the time of its creation.
+/// The face of a clock, hour and minute hand.
 class MenubarClockView final : public MenubarView {
     Q_OBJECT
 
 public:
-    MenubarClockView(StatusItemPlan::ClockFace time, double diameter, int tag, QWidget* parent = nullptr);
+    using MenubarView::MenubarView;
+
+    void setTime(StatusItemPlan::ClockFace time) { time_ = time; }
 
     void draw(QPainter& painter) const override;
 

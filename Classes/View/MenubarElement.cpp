@@ -9,7 +9,8 @@ MenubarElement::MenubarElement(int tag, QWidget* parent)
     : QWidget(parent)
     , tag_(tag)
 {
-    // When a widget goes, Qt paints the room that it had anew, even if it was hidden.
+    // Until it is placed: a cut-out never is. When a widget goes, Qt paints the room that it had anew,
+    // even if it was hidden.
     resize(0, 0);
 }
 

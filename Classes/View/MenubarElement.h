@@ -11,8 +11,8 @@ namespace quor::helper {
 /// One thing that the status item shows: a symbol, a text, or a stack of them.
 ///
 /// Its tag tells how it is shown. A cut-out one is only ever drawn into the pill, through `draw`, and
-/// stays hidden as a widget; a live one is a visible widget above the pill, which paints itself by the
-/// same `draw`. Widgets lie on whole device-independent pixels, elements need not: so an element has a
+/// has no room as a widget; a live one is a widget above the pill, which paints itself by the same
+/// `draw`. Widgets lie on whole device-independent pixels, elements need not: so an element has a
 /// frame of its own, within the stack that it belongs to, and its widget is the whole pixels around it.
 class MenubarElement : public QWidget {
     Q_OBJECT

@@ -15,12 +15,12 @@ constexpr double fullTurn = 2 * std::numbers::pi;
 
 } // namespace
 
-MenubarProgressView::MenubarProgressView(
-    double progress, const Colors& colors, double diameter, int tag, QWidget* parent)
-    : MenubarView(diameter, tag, parent)
-    , progress_(progress)
-    , colors_(colors)
+void MenubarProgressView::setRing(const Ring& ring)
 {
+    if (ring == ring_)
+        return;
+    ring_ = ring;
+    update();
 }
 
 void MenubarProgressView::draw(QPainter& painter) const
@@ -33,17 +33,17 @@ void MenubarProgressView::draw(QPainter& painter) const
             painter, color, false, Qt::RoundCap, center, radius, from * fullTurn, to * fullTurn, width);
     };
 
-    const double turnsEnd = progress_ > 1 ? 1 / progress_ : progress_;
-    if (colors_.backgroundColor) {
-        arc(*colors_.backgroundColor, 0, 1, backgroundWidth);
+    const double turnsEnd = ring_.progress > 1 ? 1 / ring_.progress : ring_.progress;
+    if (ring_.backgroundColor) {
+        arc(*ring_.backgroundColor, 0, 1, backgroundWidth);
         // The arc replaces what is below, so that a translucent one is not laid over the circle. With
         // no circle there is nothing to replace but what other widgets painted.
         painter.setCompositionMode(QPainter::CompositionMode_Source);
     }
-    arc(colors_.color, 0, turnsEnd, arcWidth);
+    arc(ring_.color, 0, turnsEnd, arcWidth);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    if (progress_ > 1)
-        arc(colors_.warningColor, turnsEnd, 1, arcWidth);
+    if (ring_.progress > 1)
+        arc(ring_.warningColor, turnsEnd, 1, arcWidth);
 }
 
 } // namespace quor::helper

@@ -11,21 +11,22 @@ class MenubarProgressView final : public MenubarView {
     Q_OBJECT
 
 public:
-    struct Colors {
+    struct Ring {
+        double progress = 0; ///< finite; 1 is a full turn
         QColor color;
         std::optional<QColor> backgroundColor; ///< of the full circle below
         QColor warningColor;
+        friend bool operator==(const Ring&, const Ring&) = default;
     };
 
-    /// `progress` is finite; 1 is a full turn.
-    MenubarProgressView(
-        double progress, const Colors& colors, double diameter, int tag, QWidget* parent = nullptr);
+    using MenubarView::MenubarView;
+
+    void setRing(const Ring& ring);
 
     void draw(QPainter& painter) const override;
 
 private:
-    double progress_;
-    Colors colors_;
+    Ring ring_;
 };
 
 } // namespace quor::helper

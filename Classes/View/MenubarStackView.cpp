@@ -113,10 +113,8 @@ void MenubarStackView::showOver(platform::StatusBarButton& button)
         setParent(&button);
         button.installEventFilter(this);
     }
-    cover(button);
-    for (const Subview& subview : subviews_)
-        subview.element->setVisible(subview.element->tag() == LiveTag);
     show();
+    cover(button);
 }
 
 void MenubarStackView::detach()
@@ -132,8 +130,10 @@ void MenubarStackView::cover(const platform::StatusBarButton& button)
     setGeometry(button.rect());
     const QPointF origin = button.imageOrigin();
     for (const Subview& subview : subviews_) {
-        if (subview.element->tag() == LiveTag)
-            subview.element->place(origin);
+        if (subview.element->tag() != LiveTag)
+            continue;
+        subview.element->place(origin);
+        subview.element->show();
     }
 }
 

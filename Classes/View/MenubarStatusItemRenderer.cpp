@@ -90,11 +90,12 @@ QColor MenubarStatusItemRenderer::warningColor() const
 void MenubarStatusItemRenderer::render(Drawing drawing)
 {
     StatusItemPlan& plan = drawing.plan;
-    const bool keepSymbol = shown_ && drawing.warningColor == shown_->warningColor
-        && looksLike(plan.symbol, shown_->plan.symbol);
-    if (keepSymbol)
-        plan.symbol = shown_->plan.symbol; // so that small steps add up until they show
-    buildElements(*stackView_, plan, style_, drawing.warningColor, keepSymbol);
+    if (shown_ && looksLike(plan.symbol, shown_->plan.symbol)) {
+        // What is too little to see stays as it is drawn, and so adds up until it shows.
+        plan.symbol = shown_->plan.symbol;
+        plan.overTime = shown_->plan.overTime;
+    }
+    buildElements(*stackView_, plan, style_, drawing.warningColor);
     heightPadding_ = plan.heightPadding.value_or(heightPadding_);
     const double width = std::ceil(stackView_->fittingSize().width());
     const double height = std::ceil(services_.statusBar.thickness() - rawValue(heightPadding_));

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quor::helper {
 
@@ -41,14 +42,21 @@ QPointF alignedToDevicePixels(const QPainter& painter, QPointF point)
 
 } // namespace
 
-MenubarText::MenubarText(const QString& text, const TextStyle& style, int tag, QWidget* parent)
+MenubarText::MenubarText(const TextStyle& style, int tag, QWidget* parent)
     : MenubarElement(tag, parent)
-    , text_(shownText(text))
     , style_(style)
+    , height_(std::ceil(QFontMetricsF(style.font).height()))
 {
-    const QFontMetricsF metrics(style_.font);
-    width_ = std::ceil(metrics.horizontalAdvance(text_)) + 2 * sideBearing;
-    height_ = std::ceil(metrics.height());
+    setText({});
+}
+
+void MenubarText::setText(const QString& text)
+{
+    QString shown = shownText(text);
+    if (width_ > 0 && shown == text_)
+        return;
+    text_ = std::move(shown);
+    width_ = std::ceil(QFontMetricsF(style_.font).horizontalAdvance(text_)) + 2 * sideBearing;
 }
 
 void MenubarText::draw(QPainter& painter) const

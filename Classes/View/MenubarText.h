@@ -17,10 +17,11 @@ class MenubarText final : public MenubarElement {
     Q_OBJECT
 
 public:
-    MenubarText(const QString& text, const TextStyle& style, int tag, QWidget* parent = nullptr);
+    MenubarText(const TextStyle& style, int tag, QWidget* parent = nullptr);
 
-    /// What is shown: of a long text its beginning, and line breaks as blanks.
-    [[nodiscard]] const QString& text() const { return text_; }
+    /// Of a long text only the beginning is kept; line breaks show as blanks. Measures the text, which
+    /// takes as long as drawing it, but only where it has changed.
+    void setText(const QString& text);
 
     void setMaximumFrameWidth(double width) { maximumWidth_ = width; }
 
@@ -28,9 +29,9 @@ public:
     void draw(QPainter& painter) const override;
 
 private:
-    QString text_;
     TextStyle style_;
-    double width_;
+    QString text_;
+    double width_ = 0;
     double height_;
     double maximumWidth_ = std::numeric_limits<double>::infinity();
 };

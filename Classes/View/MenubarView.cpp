@@ -11,6 +11,14 @@ MenubarView::MenubarView(double diameter, int tag, QWidget* parent)
 {
 }
 
+void MenubarView::setBackground(const QColor& color)
+{
+    if (color == background_)
+        return;
+    background_ = color;
+    update();
+}
+
 void MenubarView::draw(QPainter& painter) const
 {
     if (background_)

@@ -17,7 +17,7 @@ public:
     /// `diameter` is its side, in device-independent pixels.
     MenubarView(double diameter, int tag, QWidget* parent = nullptr);
 
-    void setBackground(const QColor& color) { background_ = color; }
+    void setBackground(const QColor& color);
 
     [[nodiscard]] QSizeF fittingSize() const override { return {diameter_, diameter_}; }
     void draw(QPainter& painter) const override;

@@ -6,6 +6,7 @@
 #include "View/MenubarStackView.h"
 #include "View/MenubarText.h"
 
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -17,100 +18,115 @@ namespace {
 constexpr double spacingAfterSymbol = 5;
 constexpr double longestTask = 90;
 
-using Elements = std::vector<std::unique_ptr<MenubarElement>>;
+// Fills a stack, with the elements that it had where there are fitting ones: widgets are dear.
+class Filling final {
+public:
+    Filling(MenubarStackView& stack, const StatusItemStyle& style)
+        : stack_(stack)
+        , style_(style)
+        , previous_(stack.takeSubviews())
+    {
+    }
 
-// What every element is made with.
-struct Making {
-    MenubarStackView& stack;
-    const StatusItemPlan& plan;
-    const StatusItemStyle& style;
-    const QColor& warningColor;
+    [[nodiscard]] MenubarStackView& stack() const { return stack_; }
+
+    [[nodiscard]] std::unique_ptr<MenubarProgressView> ring(
+        const StatusItemPlan::Ring& ring, const QColor& warningColor)
+    {
+        auto view = element<MenubarProgressView>(ring.tag, style_.diameter);
+        view->setRing({ring.progress, ring.color, ring.backgroundColor, warningColor});
+        return view;
+    }
+    [[nodiscard]] std::unique_ptr<MenubarView> dot(const StatusItemPlan::Dot& dot)
+    {
+        auto view = element<MenubarView>(LiveTag, style_.diameter);
+        view->setBackground(dot.color);
+        return view;
+    }
+    [[nodiscard]] std::unique_ptr<MenubarClockView> clock(StatusItemPlan::ClockFace time)
+    {
+        auto view = element<MenubarClockView>(CutoutTag, style_.diameter);
+        view->setTime(time);
+        return view;
+    }
+    [[nodiscard]] std::unique_ptr<MenubarText> text(
+        const QString& text, const TextStyle& style, double maximumWidth = unlimited)
+    {
+        auto view = element<MenubarText>(CutoutTag, style);
+        view->setText(text);
+        view->setMaximumFrameWidth(maximumWidth);
+        return view;
+    }
+    [[nodiscard]] std::unique_ptr<MenubarStackView> column()
+    {
+        return element<MenubarStackView>(CutoutTag, Qt::Vertical);
+    }
+
+private:
+    static constexpr double unlimited = std::numeric_limits<double>::infinity();
+
+    template <typename Element, typename Argument>
+    std::unique_ptr<Element> element(int tag, const Argument& argument)
+    {
+        for (auto& old : previous_) {
+            if (old && old->metaObject() == &Element::staticMetaObject && old->tag() == tag)
+                return std::unique_ptr<Element>(static_cast<Element*>(old.release()));
+        }
+        return std::make_unique<Element>(argument, tag, &stack_);
+    }
+
+    MenubarStackView& stack_;
+    const StatusItemStyle& style_;
+    std::vector<std::unique_ptr<MenubarElement>> previous_;
 };
 
-std::unique_ptr<MenubarElement> ring(const Making& making, const StatusItemPlan::Ring& ring)
+void addSymbol(Filling& filling, const StatusItemPlan& plan, const QColor& warningColor)
 {
-    const MenubarProgressView::Colors colors{ring.color, ring.backgroundColor, making.warningColor};
-    return std::make_unique<MenubarProgressView>(
-        ring.progress, colors, making.style.diameter, ring.tag, &making.stack);
-}
-
-std::unique_ptr<MenubarElement> dot(const Making& making, const StatusItemPlan::Dot& dot)
-{
-    auto view = std::make_unique<MenubarView>(making.style.diameter, LiveTag, &making.stack);
-    view->setBackground(dot.color);
-    return view;
-}
-
-// The symbol, and above it the over-time arc where there is one.
-Elements symbol(const Making& making)
-{
-    Elements elements;
-    if (const auto* planned = std::get_if<StatusItemPlan::Ring>(&making.plan.symbol))
-        elements.push_back(ring(making, *planned));
-    else if (const auto* disc = std::get_if<StatusItemPlan::Dot>(&making.plan.symbol))
-        elements.push_back(dot(making, *disc));
-    if (making.plan.overTime)
-        elements.push_back(ring(making, *making.plan.overTime));
-    return elements;
-}
-
-void addSymbol(const Making& making, Elements elements)
-{
-    if (std::holds_alternative<std::monostate>(making.plan.symbol))
+    std::unique_ptr<MenubarElement> symbol;
+    if (const auto* ring = std::get_if<StatusItemPlan::Ring>(&plan.symbol))
+        symbol = filling.ring(*ring, warningColor);
+    else if (const auto* dot = std::get_if<StatusItemPlan::Dot>(&plan.symbol))
+        symbol = filling.dot(*dot);
+    else
         return;
-    const MenubarElement& view = *elements.front();
-    making.stack.addArrangedSubview(std::move(elements.front()));
-    making.stack.setCustomSpacing(spacingAfterSymbol);
-    if (making.plan.overTime)
-        making.stack.addSubview(std::move(elements[1]), view);
+    const MenubarElement& center = *symbol;
+    filling.stack().addArrangedSubview(std::move(symbol));
+    filling.stack().setCustomSpacing(spacingAfterSymbol);
+    if (plan.overTime)
+        filling.stack().addSubview(filling.ring(*plan.overTime, warningColor), center);
 }
 
-std::unique_ptr<MenubarElement> twoLines(const Making& making)
+void addTwoLines(Filling& filling, const StatusItemPlan& plan, const StatusItemStyle& style)
 {
-    auto lines = std::make_unique<MenubarStackView>(Qt::Vertical, CutoutTag, &making.stack);
-    lines->setSpacing(-1);
-    lines->setEdgeInsets({2, 0, 2, 0});
-    const auto label = [&](const QString& text) {
-        return std::make_unique<MenubarText>(text, making.style.smallLabel, CutoutTag, lines.get());
-    };
-    auto task = label(*making.plan.taskText);
-    auto time = label(*making.plan.timeText);
+    auto column = filling.column();
+    column->setSpacing(-1);
+    column->setEdgeInsets({2, 0, 2, 0});
+    Filling lines(*column, style);
+    auto task = lines.text(*plan.taskText, style.smallLabel);
+    auto time = lines.text(*plan.timeText, style.smallLabel);
     task->setMaximumFrameWidth(time->fittingSize().width());
-    lines->addArrangedSubview(std::move(task));
-    lines->addArrangedSubview(std::move(time));
-    return lines;
-}
-
-void addTexts(const Making& making)
-{
-    if (making.plan.twoLines) {
-        making.stack.addArrangedSubview(twoLines(making));
-        return;
-    }
-    const auto label = [&](const QString& text) {
-        return std::make_unique<MenubarText>(text, making.style.label, CutoutTag, &making.stack);
-    };
-    if (making.plan.taskText) {
-        auto task = label(*making.plan.taskText);
-        task->setMaximumFrameWidth(longestTask);
-        making.stack.addArrangedSubview(std::move(task));
-    }
-    if (making.plan.timeText)
-        making.stack.addArrangedSubview(label(*making.plan.timeText));
+    column->addArrangedSubview(std::move(task));
+    column->addArrangedSubview(std::move(time));
+    filling.stack().addArrangedSubview(std::move(column));
 }
 
 } // namespace
 
 void buildElements(MenubarStackView& stack, const StatusItemPlan& plan, const StatusItemStyle& style,
-    const QColor& warningColor, bool keepSymbol)
+    const QColor& warningColor)
 {
-    const Making making{stack, plan, style, warningColor};
-    Elements previous = stack.takeSubviews();
-    addSymbol(making, keepSymbol ? std::move(previous) : symbol(making));
-    addTexts(making);
+    Filling filling(stack, style);
+    addSymbol(filling, plan, warningColor);
+    if (plan.twoLines) {
+        addTwoLines(filling, plan, style);
+    } else {
+        if (plan.taskText)
+            stack.addArrangedSubview(filling.text(*plan.taskText, style.label, longestTask));
+        if (plan.timeText)
+            stack.addArrangedSubview(filling.text(*plan.timeText, style.label));
+    }
     if (plan.clockFace)
-        stack.addArrangedSubview(
-            std::make_unique<MenubarClockView>(*plan.clockFace, style.diameter, CutoutTag, &stack));
+        stack.addArrangedSubview(filling.clock(*plan.clockFace));
 }
 
 } // namespace quor::helper

@@ -10,10 +10,10 @@ namespace quor::helper {
 
 class MenubarStackView;
 
-/// Fills the stack with the elements of the plan, in place of those that it has. With `keepSymbol` its
-/// symbol, which must be that of the plan, stays, and so nothing has to be painted anew for it.
-/// `warningColor` is that of over-time.
+/// Makes the elements of the stack those of the plan. An element of the same kind stays and is given
+/// what it shows now, so that a live one is painted anew only where it has changed. `warningColor` is
+/// that of over-time.
 void buildElements(MenubarStackView& stack, const StatusItemPlan& plan, const StatusItemStyle& style,
-    const QColor& warningColor, bool keepSymbol);
+    const QColor& warningColor);
 
 } // namespace quor::helper
