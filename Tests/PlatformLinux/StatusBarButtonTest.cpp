@@ -6,11 +6,12 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QMouseEvent>
-#include <QPaintEvent>
+#include <QScreen>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace quor::platform;
@@ -142,6 +143,19 @@ TEST(StatusBarButtonTest, IsPressedThroughItsChildrenByLeftAndRight)
             bar.press(at, which);
     }
     EXPECT_EQ(presses, 6);
+}
+
+TEST(StatusBarButtonTest, TellsWhenItComesToAScreenOfAnotherScale)
+{
+    Bar bar;
+    std::vector<double> told;
+    QObject::connect(&bar.button, &StatusBarButton::backingScaleChanged,
+        [&] { told.push_back(bar.button.devicePixelRatioF()); });
+    const auto screens = QGuiApplication::screens();
+    ASSERT_EQ(screens.size(), 2);
+    for (const auto index : {0, 1, 1, 0})
+        bar.setScreen(screens[index]);
+    EXPECT_EQ(told, (std::vector{screens[1]->devicePixelRatio(), screens[0]->devicePixelRatio()}));
 }
 
 TEST(StatusBarButtonTest, AssistiveToolsSeeAButtonAndPressIt)

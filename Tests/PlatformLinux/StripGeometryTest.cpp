@@ -16,7 +16,7 @@ TEST(StripGeometryTest, ReservesDevicePixelsOfTheWholeDesktopUnlessAScreenLiesAb
     } cases[]{
         {"alone", {0, 0, 1280, 800}, 1, {}, {22, 0, 1279}},
         {"scaled", {0, 0, 1280, 800}, 2, {}, {44, 0, 2559}},
-        {"fractional", {0, 0, 853, 533}, 1.5, {}, {33, 0, 1279}},
+        {"fractional", {0, 0, 853, 533}, 1.5, {}, {33, 0, 1278}},
         {"right of another", {1280, 0, 960, 540}, 2, {{0, 0, 1280, 800}}, {44, 1280, 3199}},
         {"a little lower than its neighbour", {1280, 100, 800, 600}, 1, {{0, 0, 1280, 800}},
             {122, 1280, 2079}},

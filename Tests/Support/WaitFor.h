@@ -15,9 +15,12 @@ inline bool waitFor(
 {
     QElapsedTimer clock;
     clock.start();
-    while (!condition() && clock.elapsed() < limit.count())
+    bool holds = condition();
+    while (!holds && clock.elapsed() < limit.count()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    return condition();
+        holds = condition();
+    }
+    return holds;
 }
 
 } // namespace quor::test

@@ -93,6 +93,15 @@ void Strip::detach(StatusItem& item)
     item.button().hide();
     item.button().setParent(nullptr);
     layOut();
+    // Later, and only if no other item has come: a window that is hidden and shown again at once can
+    // stay hidden, since window managers lose track.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (items_.empty())
+                window_->hide();
+        },
+        Qt::QueuedConnection);
 }
 
 void Strip::lengthChanged(StatusItem&)
@@ -121,10 +130,8 @@ void Strip::applyAppearance()
 void Strip::layOut()
 {
     auto* screen = QGuiApplication::primaryScreen();
-    if (items_.empty() || !screen) {
-        window_->hide();
+    if (items_.empty() || !screen)
         return;
-    }
     int width = 0;
     for (const auto* item : items_)
         width += widthOf(*item);
@@ -136,7 +143,7 @@ void Strip::layOut()
         width -= itemWidth;
         item->button().setGeometry(width, 0, itemWidth, barThickness);
     }
-    window_->show();
+    window_->appear();
 }
 
 } // namespace quor::platform

@@ -22,7 +22,7 @@ TopStrut stripStrut(const QRect& screen, double scale, int thickness, const QLis
     return {
         .height = screen.y() + int(std::ceil(thickness * scale)),
         .startX = screen.x(),
-        .endX = screen.x() + int(std::lround(screen.width() * scale)) - 1,
+        .endX = screen.x() + int(screen.width() * scale) - 1,
     };
 }
 

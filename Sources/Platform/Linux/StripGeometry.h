@@ -22,7 +22,8 @@ struct TopStrut {
 [[nodiscard]] QRect stripFrame(const QRect& screen, double scale, int itemsWidth, int thickness);
 
 /// The strut of a strip on the first of these screens. It spans the whole screen, so that it need not
-/// change with the items; there is none where another screen lies above, which would lose that room.
+/// change with the items (at a fractional scale it may be a pixel short, but never reaches into the
+/// next screen); there is none where another screen lies above, which would lose that room.
 /// Screens are given as Qt tells them: positions in device pixels, sizes in device-independent ones.
 [[nodiscard]] TopStrut stripStrut(
     const QRect& screen, double scale, int thickness, const QList<QRect>& others);

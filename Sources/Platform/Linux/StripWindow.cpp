@@ -15,8 +15,6 @@ StripWindow::StripWindow()
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setAttribute(Qt::WA_QuitOnClose, false);
-    keepContentAtRight(winId());
-    setAttribute(Qt::WA_X11NetWmWindowTypeDock); // ignored while there is no native window
 }
 
 void StripWindow::setBackground(const QColor& color)
@@ -28,10 +26,28 @@ void StripWindow::setBackground(const QColor& color)
 void StripWindow::place(QScreen& screen, const QRect& frame)
 {
     setScreen(&screen);
+    if (!internalWinId())
+        createNativeWindow(frame);
     // At a fractional scale Qt tells the window manager to size windows in steps of several pixels.
     // Counted from just this size, no step takes anything from it.
     setBaseSize(frame.size());
     setGeometry(frame);
+}
+
+// In its place from the first, as a window manager could still see it elsewhere.
+void StripWindow::createNativeWindow(const QRect& frame)
+{
+    setGeometry(frame);
+    keepContentAtRight(winId());
+    setAttribute(Qt::WA_X11NetWmWindowTypeDock); // ignored while there is no native window
+}
+
+void StripWindow::appear()
+{
+    if (isVisible())
+        return;
+    show();
+    setOnAllDesktops(winId());
 }
 
 void StripWindow::reserve(const TopStrut& strut)

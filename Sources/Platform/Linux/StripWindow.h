@@ -8,9 +8,9 @@
 
 namespace quor::platform {
 
-/// The window of the strip: a dock in the eyes of the window manager, above others, without frame or
-/// focus, opaque (without a compositor anything else shows black). Whoever owns it places it and
-/// puts widgets into it.
+/// The window of the strip: a dock in the eyes of the window manager, on every desktop, above
+/// others, without frame or focus, opaque (without a compositor anything else shows black). Whoever owns it
+/// places it and puts widgets into it.
 class StripWindow final : public QWidget {
     Q_OBJECT
 
@@ -22,7 +22,10 @@ public:
     /// Moves and resizes in one step. `frame` is in device-independent pixels.
     void place(QScreen& screen, const QRect& frame);
 
-    /// Asks the window manager to keep this room free while the window is shown.
+    /// Shows it, if it is not shown. It must have been placed.
+    void appear();
+
+    /// Asks the window manager to keep this room free while the window is shown. It must have been placed.
     void reserve(const TopStrut& strut);
 
 Q_SIGNALS:
@@ -35,6 +38,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
 
 private:
+    void createNativeWindow(const QRect& frame);
+
     QColor background_;
     TopStrut strut_;
 };

@@ -13,6 +13,10 @@ namespace quor::platform {
 /// Keeps what the window shows at its right edge while it is resized, until it is painted anew.
 void keepContentAtRight(WId window);
 
+/// Has the window on every virtual desktop. To be said each time after it was shown, since window
+/// managers forget it as it is hidden.
+void setOnAllDesktops(WId window);
+
 /// Tells the window manager what room the window reserves, by `_NET_WM_STRUT` and
 /// `_NET_WM_STRUT_PARTIAL`.
 void setTopStrut(WId window, const TopStrut& strut);

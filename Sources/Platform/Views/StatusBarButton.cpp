@@ -96,19 +96,18 @@ QSize StatusBarButton::sizeHint() const
 
 bool StatusBarButton::event(QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::ChildPolished:
-        if (auto* child = qobject_cast<QWidget*>(static_cast<QChildEvent*>(event)->child()))
-            child->setAttribute(Qt::WA_TransparentForMouseEvents);
-        break;
-    case QEvent::ScreenChangeInternal:
-    case QEvent::Show:
+    if (event->type() == QEvent::ScreenChangeInternal)
         checkBackingScale();
-        break;
-    default:
-        break;
-    }
     return QAbstractButton::event(event);
+}
+
+void StatusBarButton::childEvent(QChildEvent* event)
+{
+    if (event->polished()) {
+        if (auto* child = qobject_cast<QWidget*>(event->child()))
+            child->setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    QAbstractButton::childEvent(event);
 }
 
 void StatusBarButton::checkBackingScale()
@@ -128,6 +127,10 @@ const QImage& StatusBarButton::paintedImage()
 
 void StatusBarButton::paintEvent(QPaintEvent*)
 {
+    // Of a screen that changes its scale in place no event tells, but all is painted anew.
+    if (devicePixelRatioF() != backingScale_)
+        QMetaObject::invokeMethod(this, &StatusBarButton::checkBackingScale, Qt::QueuedConnection);
+
     QPainter painter(this);
     if (highlighted_) {
         auto color = tint_;

@@ -51,11 +51,12 @@ public:
 Q_SIGNALS:
     /// A left or right press on the button or on anything in it.
     void mouseDown();
-    /// The button has come to a screen of another scale.
+    /// The button's screen has another scale than before: one that it was moved to, or the same one.
     void backingScaleChanged();
 
 protected:
     bool event(QEvent* event) override;
+    void childEvent(QChildEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
