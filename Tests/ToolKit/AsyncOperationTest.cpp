@@ -9,7 +9,6 @@
 #include <string>
 #include <thread>
 
-using quor::platform::OperationQueue;
 using quor::test::waitFor;
 using quor::toolkit::AsyncOperation;
 
@@ -30,47 +29,44 @@ TEST(AsyncOperation, KeepsItsSlotUntilItFinishes)
 {
     const auto first = std::make_shared<Download>();
     const auto second = std::make_shared<Download>();
+    const auto cancelled = std::make_shared<Download>();
     std::string inHandler;
     first->setFinishHandler([&, download = first.get()] {
         inHandler += download->isExecuting() && !download->isFinished() ? "executing" : "over";
     });
-    OperationQueue queue(1);
-    queue.add(first);
-    queue.add(second);
+    cancelled->setFinishHandler([&] { inHandler += ", cancelled"; });
+    cancelled->cancel();
+    quor::platform::OperationQueue queue(1);
+    for (const auto& operation : {first, second, cancelled})
+        queue.add(operation);
     EXPECT_TRUE(waitFor([&] { return first->isUnderWay(); }));
-    EXPECT_TRUE(first->isExecuting() && !first->isFinished());
-    EXPECT_FALSE(second->isUnderWay());
+    EXPECT_TRUE(first->isExecuting() && !first->isFinished() && !second->isUnderWay());
 
     std::thread([&] { first->complete(); }).join();
     EXPECT_TRUE(waitFor([&] { return second->isUnderWay(); }));
     EXPECT_TRUE(first->isFinished() && !first->isExecuting());
     first->complete();
-    EXPECT_EQ(inHandler, "executing") << "called once, before the states change";
-
-    const auto cancelled = std::make_shared<Download>();
-    cancelled->setFinishHandler([&] { inHandler += ", cancelled"; });
-    cancelled->cancel();
-    queue.add(cancelled);
     second->complete();
     queue.waitUntilAllAreFinished();
-    EXPECT_EQ(inHandler, "executing, cancelled");
+    EXPECT_EQ(inHandler, "executing, cancelled") << "each once, before the states change";
     EXPECT_TRUE(cancelled->isFinished() && !cancelled->isUnderWay());
 }
 
-TEST(AsyncOperation, CancelledAsItStartsItStillFinishes)
+TEST(AsyncOperation, CancelledAsItStartsItFinishesThoughItsHandlerLetsGoOfIt)
 {
-    Download operation;
+    auto operation = std::make_shared<Download>();
+    const std::weak_ptr<Download> alive = operation;
     std::string announced;
-    const auto executing = operation.observe(AsyncOperation::Key::isExecuting, [&] {
-        announced += operation.isExecuting() ? 'e' : 'i';
-        operation.cancel();
+    const auto executing = operation->observe(AsyncOperation::Key::isExecuting, [&] {
+        announced += alive.lock()->isExecuting() ? 'e' : 'i';
+        alive.lock()->cancel();
     });
-    const auto finished = operation.observe(
-        AsyncOperation::Key::isFinished, [&] { announced += operation.isFinished() ? 'f' : '?'; });
-    operation.start();
-    operation.start();
+    const auto finished = operation->observe(
+        AsyncOperation::Key::isFinished, [&] { announced += alive.lock()->isFinished() ? 'f' : '?'; });
+    operation->setFinishHandler([&] { operation.reset(); });
+    operation->start();
     EXPECT_EQ(announced, "eif");
-    EXPECT_FALSE(operation.isUnderWay());
+    EXPECT_TRUE(alive.expired());
 }
 
 } // namespace

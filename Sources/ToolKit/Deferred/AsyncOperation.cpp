@@ -51,6 +51,7 @@ void AsyncOperation::end()
 {
     if (isEnding_.exchange(true))
         return;
+    const auto self = weak_from_this().lock(); // the handler may let go of this operation
     if (const auto handler = finishHandler())
         handler();
     set(isExecuting_, Key::isExecuting, false);

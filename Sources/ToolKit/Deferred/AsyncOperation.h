@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 
 namespace quor::toolkit {
 
@@ -15,7 +16,7 @@ namespace quor::toolkit {
 /// In a queue it takes its slot until then. It goes from ready to executing to finished and never
 /// back; a cancelled one finishes without `work()`. Like every `Operation` it is held by
 /// `std::shared_ptr`, which the subclass must see to while its work is under way outside a queue.
-class AsyncOperation : public platform::Operation {
+class AsyncOperation : public platform::Operation, public std::enable_shared_from_this<AsyncOperation> {
 public:
     AsyncOperation();
 

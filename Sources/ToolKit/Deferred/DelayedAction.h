@@ -21,6 +21,8 @@ class DelayedAction final {
 public:
     /// `delay` in seconds; 0, less, or not a number means the main queue's next turn.
     explicit DelayedAction(double delay);
+    DelayedAction(const DelayedAction&) = delete;
+    DelayedAction& operator=(const DelayedAction&) = delete;
 
     /// Forgets the pending closure, if any, and puts this one in its place. A closure may call
     /// `run` again, or end this object.

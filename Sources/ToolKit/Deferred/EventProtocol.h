@@ -4,8 +4,10 @@
 #include "Platform/Concurrency/MainQueue.h"
 #include "ToolKit/Deferred/TargetActionWrapper.h"
 
+#include <algorithm>
 #include <any>
 #include <concepts>
+#include <iterator>
 #include <memory>
 #include <unordered_map>
 #include <utility>
@@ -38,7 +40,7 @@ public:
     EventProtocol& operator=(const EventProtocol&) = delete;
 
     [[nodiscard]] const Actions& actions() const { return actions_; }
-    void setActions(Actions actions) { actions_ = std::move(actions); }
+    void setActions(Actions actions) { actions_.swap(actions); }
 
     /// Calls `action` on `target` at each `trigger` of `event`; with a `delay` above 0, in seconds,
     /// once for a burst, that long after its last. `action` is a member of the target, or anything
@@ -56,14 +58,16 @@ public:
     template <class Target>
     void remove(const Target& target)
     {
+        TargetActions removed;
         for (auto& [event, list] : actions_)
-            removeFrom(list, target);
+            moveOut(list, removed, isOf(target));
     }
     template <class Target>
     void remove(const Target& target, const Event& event)
     {
+        TargetActions removed;
         if (const auto found = actions_.find(event); found != actions_.end())
-            removeFrom(found->second, target);
+            moveOut(found->second, removed, isOf(target));
     }
 
     /// Calls the targets of `event` in the order they were added; an empty payload means none. On
@@ -84,7 +88,8 @@ public:
         const auto found = actions_.find(event);
         if (found == actions_.end())
             return;
-        std::erase_if(found->second, [](const auto& entry) { return !entry->isAlive(); });
+        TargetActions dead;
+        moveOut(found->second, dead, [](const auto& entry) { return !entry->isAlive(); });
         const TargetActions pass = found->second;
         const auto alive = life();
         for (const auto& entry : pass) {
@@ -103,16 +108,27 @@ public:
 
 protected:
     EventProtocol() = default;
-    ~EventProtocol() = default;
+    ~EventProtocol() { setActions({}); }
 
 private:
     template <class Target>
-    static void removeFrom(TargetActions& list, const Target& target)
+    static auto isOf(const Target& target)
     {
-        std::erase_if(list, [&target](const auto& entry) {
+        return [&target](const auto& entry) {
             const auto wrapper = dynamic_cast<const TargetActionWrapper<Publisher, Target>*>(entry.get());
             return wrapper && wrapper->holds(target);
-        });
+        };
+    }
+
+    // Entries end only when the lists are in order again: what an action holds may come back here as
+    // it is let go of.
+    template <class Condition>
+    static void moveOut(TargetActions& list, TargetActions& removed, Condition condition)
+    {
+        const auto first = std::stable_partition(
+            list.begin(), list.end(), [&](const auto& entry) { return !condition(entry); });
+        std::move(first, list.end(), std::back_inserter(removed));
+        list.erase(first, list.end());
     }
 
     Actions actions_;

@@ -154,11 +154,10 @@ QString DurationFormatter::decimalString(
     const double workingDay = usableWorkingDay();
     const bool inDays = inWorkingDays && workingDay > 0;
     percentageFormatter_.setMaximumFractionDigits(maximumFractionDigits);
-    QString text
-        = percentageFormatter_.string(finiteOrZero(duration / (inDays ? workingDay : secondsPerHour)));
-    if (appendUnit)
-        text += u' ' + (inDays ? workingDayText() : hourText());
-    return text;
+    const QString number = percentageFormatter_.string(duration / (inDays ? workingDay : secondsPerHour));
+    if (!appendUnit || number.isEmpty())
+        return number;
+    return number + u' ' + (inDays ? workingDayText() : hourText());
 }
 
 std::optional<QString> DurationFormatter::stringForObjectValue(const QVariant& value) const

@@ -45,8 +45,8 @@ public:
     [[nodiscard]] virtual QString clockString(
         bool inWorkingDays, bool showMinutes, bool showSeconds, double duration) const;
 
-    /// Hours or working days as a number, rounded half to even; the empty text where the number
-    /// cannot be formatted. A duration that is not finite counts as 0.
+    /// Hours or working days as a number, rounded half to even; the empty text, without a unit, where
+    /// that is not finite.
     [[nodiscard]] virtual QString decimalString(
         bool inWorkingDays, bool appendUnit, int maximumFractionDigits, double duration) const;
 
