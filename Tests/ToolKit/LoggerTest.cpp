@@ -7,12 +7,10 @@
 
 #include <gtest/gtest.h>
 
-#include <ctime>
 #include <map>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
-#include <vector>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
@@ -45,8 +43,7 @@ protected:
             text += file.readAll();
         }
         EXPECT_TRUE(text.endsWith('\n'));
-        text.chop(1);
-        return text.split('\n');
+        return text.chopped(1).split('\n');
     }
 
 private:
@@ -66,23 +63,25 @@ TEST_F(LoggerTest, WritesPlaceAndMessageOnlyWhenOnAndAsked)
     Logger::log(u"m", "A.cpp", "a)b(c", 1, true);
     Logger::log(u"here", true);
     const std::string here = "LoggerTest.TestBody:" + std::to_string(__LINE__ - 1) + ": here";
-    const std::vector<std::string> places
-        = {"JSONHelper.decode:21: grün", "Two.Dots.run:1: m", "Plainvoid f const:1: m", "A.a)b(c:1: m", here};
-    ASSERT_EQ(lines().size(), 5);
-    for (int i = 0; i < 5; ++i)
-        EXPECT_EQ(lines()[i].mid(27).toStdString(), places[i]);
+    std::string places;
+    for (const QByteArray& line : lines())
+        places += line.mid(27).toStdString() + '|';
+    EXPECT_EQ(places,
+        "JSONHelper.decode:21: grün|Two.Dots.run:1: m|Plainvoid f const:1: m|A.a)b(c:1: m|" + here + '|');
 }
 
 TEST_F(LoggerTest, NamesTheFileByLocalDateAndStampsUtc)
 {
     const QByteArray zone = qgetenv("TZ");
-    qputenv("TZ", "AHEAD-14");
-    tzset();
-    FileErrorLogger::write(u"two\r\nlines", quor::platform::dateFromSeconds(1794845964.9));
+    double moment = 1794845964.9;
+    for (const char* now : {"BEHIND+8", "AHEAD-14"}) { // the zone may change under a running process
+        qputenv("TZ", now);
+        FileErrorLogger::write(u"message", quor::platform::dateFromSeconds(moment++));
+    }
     zone.isNull() ? qunsetenv("TZ") : qputenv("TZ", zone);
-    tzset();
-    EXPECT_EQ(names(), QStringList(u"2026-11-17.log"_s));
-    EXPECT_EQ(lines(), QByteArrayList({"2026-11-16 16:19:24 +0000: two\\r\\nlines"}));
+    EXPECT_EQ(names(), QStringList({u"2026-11-16.log"_s, u"2026-11-17.log"_s}));
+    EXPECT_EQ(lines(),
+        QByteArrayList({"2026-11-16 16:19:24 +0000: message", "2026-11-16 16:19:25 +0000: message"}));
 }
 
 TEST_F(LoggerTest, PrunesByCreationAndNotByChange)
@@ -130,46 +129,33 @@ TEST_F(LoggerTest, FaultsLoseLinesAndNothingElse)
         FileErrorLogger::removeLogs(0);
     }
     EXPECT_TRUE(QFile::exists(path(u"file"_s)));
-    EXPECT_EQ(FileErrorLogger::logDirectory(), std::nullopt);
 }
 
 TEST_F(LoggerTest, LinesOfThreadsAndProcessesStayWhole)
 {
     constexpr int perWriter = 500;
-    const QString tail(300, u'x');
     const auto moment = SystemClock().now();
     const auto writeAll = [&](int writer) {
         for (int i = 0; i < perWriter; ++i)
-            FileErrorLogger::write(u"%1:%2:"_s.arg(writer).arg(i) + tail, moment);
+            FileErrorLogger::write(u"%1:%2:"_s.arg(writer).arg(i) + QString(300, u'x'), moment);
     };
-    const auto forked = [&](int writer) {
-        const pid_t child = fork();
-        if (child == 0) {
-            writeAll(writer);
-            _exit(0);
-        }
-        return child;
-    };
-    const pid_t children[] = {forked(0), forked(1)};
-    {
-        std::thread other(writeAll, 2);
-        writeAll(3);
-        other.join();
+    const pid_t child = fork();
+    if (child == 0) {
+        writeAll(0);
+        _exit(0);
     }
-    for (const pid_t child : children) {
-        int status = -1;
-        EXPECT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
-    }
+    std::thread other(writeAll, 1);
+    writeAll(2);
+    other.join();
+    EXPECT_EQ(waitpid(child, nullptr, 0), child);
     std::map<QByteArray, int> next; // what each writer's next line is: in order, none lost
     for (const QByteArray& line : lines()) {
         const QByteArrayList fields = line.mid(27).split(':');
         ASSERT_EQ(fields.size(), 3);
         ASSERT_EQ(fields[1].toInt(), next[fields[0]]++);
-        ASSERT_EQ(fields[2], tail.toLatin1());
+        ASSERT_EQ(fields[2], QByteArray(300, 'x'));
     }
-    EXPECT_EQ(next,
-        (std::map<QByteArray, int>{{"0", perWriter}, {"1", perWriter}, {"2", perWriter}, {"3", perWriter}}));
+    EXPECT_EQ(next, (std::map<QByteArray, int>{{"0", perWriter}, {"1", perWriter}, {"2", perWriter}}));
 }
 
 } // namespace

@@ -55,9 +55,19 @@ void appendDate(std::string& text, int year, int month, int day)
     appendTwoDigits(text, day);
 }
 
+// localtime_r alone keeps the zone that the process started in. Asking costs half as much as a line,
+// so it is done once a second at most.
+void followZone(std::time_t now)
+{
+    static constinit std::atomic<std::time_t> asked = 0;
+    if (asked.exchange(now, std::memory_order_relaxed) != now)
+        tzset();
+}
+
 std::string fileName(platform::Date now)
 {
     const auto seconds = static_cast<std::time_t>(std::floor(platform::secondsSince1970(now)));
+    followZone(seconds);
     std::tm local{};
     localtime_r(&seconds, &local);
     std::string text;
@@ -78,20 +88,6 @@ std::string timestamp(platform::Date now)
         appendTwoDigits(text, field);
     }
     return text + " +0000";
-}
-
-void appendAsOneLine(std::string& line, const QByteArray& message)
-{
-    line.reserve(line.size() + static_cast<std::size_t>(message.size()) + 1);
-    for (const char byte : message) {
-        if (byte == '\n')
-            line += "\\n";
-        else if (byte == '\r')
-            line += "\\r";
-        else
-            line += byte;
-    }
-    line += '\n';
 }
 
 // One append of everything, so that lines of other threads and processes stay whole beside it.
@@ -152,8 +148,10 @@ void FileErrorLogger::write(QStringView message, platform::Date now)
     const std::string folder = nativeDirectory();
     if (folder.empty())
         return;
+    const QByteArray text = message.toUtf8();
     std::string line = timestamp(now) + ": ";
-    appendAsOneLine(line, message.toUtf8());
+    line.append(text.constData(), static_cast<std::size_t>(text.size()));
+    line += '\n';
     append(folder + '/' + fileName(now), line);
 }
 

@@ -38,9 +38,9 @@ public:
     /// False also removes all that is in the folder, as `removeLogs(0)`.
     static void setEnabled(bool isEnabled);
 
-    /// Appends one line, enabled or not. A line feed or carriage return in the message becomes "\n" or
-    /// "\r", so that a message is one line and none can pass for another. The folder is never created
-    /// here: where it is gone, lines are lost until the next `setup`.
+    /// Appends the message as it is, enabled or not, to the file of the local date, in the user's
+    /// zone of that second. The folder is never created here: where it is gone, lines are lost until the
+    /// next `setup`.
     static void write(QStringView message, platform::Date now = platform::SystemClock().now());
 
     /// Removes every visible item of the folder, whatever its name, that was created longer than
