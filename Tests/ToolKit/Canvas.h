@@ -26,11 +26,10 @@ public:
 
     [[nodiscard]] QColor at(double x, double y) const
     {
-        const double scale = image_.devicePixelRatio();
-        return image_.pixelColor(static_cast<int>(x * scale), static_cast<int>(y * scale));
+        const QPointF pixel = QPointF(x, y) * image_.devicePixelRatio();
+        return image_.pixelColor(static_cast<int>(pixel.x()), static_cast<int>(pixel.y()));
     }
     [[nodiscard]] bool hasInk(double x, double y) const { return at(x, y).alpha() > 127; }
-    [[nodiscard]] bool isClear() const { return ink(1).isNull(); }
 
     /// The smallest rectangle round every pixel of at least this alpha.
     [[nodiscard]] QRectF ink(int alpha = 64) const
@@ -41,7 +40,7 @@ public:
                 if (qAlpha(image_.pixel(x, y)) >= alpha)
                     bounds |= QRect(x, y, 1, 1);
         const double scale = image_.devicePixelRatio();
-        return {bounds.x() / scale, bounds.y() / scale, bounds.width() / scale, bounds.height() / scale};
+        return {bounds.topLeft() / scale, bounds.size() / scale};
     }
 
     [[nodiscard]] const QImage& image() const { return image_; }

@@ -38,28 +38,21 @@ QRectF inkOf(const QString& text, Qt::AlignmentFlag alignment, TextVerticalAlign
     return canvas.ink();
 }
 
-TEST(TextSize, RoundsUpToTheNextHalf)
-{
-    const double nan = std::nan("");
-    const std::vector<std::pair<double, double>> cases
-        = {{0, 0.5}, {3, 3.5}, {3.2, 3.5}, {3.5, 4}, {3.6, 4}, {nan, 0}, {HUGE_VAL, 0}};
-    for (const auto& [length, expected] : cases)
-        EXPECT_EQ(roundedTextLength(length), expected) << length;
-}
-
 TEST(TextSize, CoversTheTextItsLinesAndItsWrapping)
 {
+    const std::vector<std::pair<double, double>> lengths
+        = {{0, 0.5}, {3, 3.5}, {3.2, 3.5}, {3.5, 4}, {3.6, 4}, {HUGE_VAL, 0}};
+    for (const auto& [length, expected] : lengths)
+        EXPECT_EQ(roundedTextLength(length), expected) << length;
+
     const QFont font = plainFont();
     const QFontMetricsF metrics(font);
     const QSizeF one = textSize(words, font, false);
     EXPECT_EQ(one.width(), roundedTextLength(metrics.horizontalAdvance(words)));
     EXPECT_EQ(one.height(), roundedTextLength(metrics.ascent() + metrics.descent()));
-    EXPECT_EQ(textSize(AttributedString(words), font, false), one);
     EXPECT_EQ(textSize(QString(), font, false), QSizeF(0.5, one.height())) << "no text still has a line";
 
-    for (const auto& lines : {u"a\nb\nc"_s, u"a\r\nb\rc"_s})
-        EXPECT_NEAR(textSize(lines, font, false).height(), 3 * one.height(), 2) << qPrintable(lines);
-
+    EXPECT_NEAR(textSize(u"a\r\nb\rc\nd"_s, font, false).height(), 4 * one.height(), 2);
     const QSizeF wrapped = textSize(words, font, true, 100);
     EXPECT_LE(wrapped.width(), 101);
     EXPECT_GT(wrapped.height(), 2.5 * one.height());
@@ -103,9 +96,7 @@ TEST(TextSize, SurvivesAnyWidthAndText)
             }
         }
     }
-    const QString huge(2'000'000, u'm');
-    EXPECT_LT(textSize(huge, font, false, 100).width(), 101);
-    EXPECT_GT(textSize(huge, font, false).width(), 1'000'000);
+    EXPECT_LT(textSize(QString(2'000'000, u'm'), font, false, 100).width(), 101);
 }
 
 TEST(DrawText, StandsWhereItsAlignmentSays)
@@ -114,17 +105,14 @@ TEST(DrawText, StandsWhereItsAlignmentSays)
     struct Case {
         Qt::AlignmentFlag alignment;
         TextVerticalAlignment vertical;
-        QPointF corner;
+        double moved; // towards left and top, as part of the size
     };
-    const std::vector<Case> cases{
-        {Qt::AlignLeft, TextVerticalAlignment::top, {300, 150}},
-        {Qt::AlignHCenter, TextVerticalAlignment::center, {300 - size.width() / 2, 150 - size.height() / 2}},
-        {Qt::AlignRight, TextVerticalAlignment::bottom, {300 - size.width(), 150 - size.height()}},
-    };
-    for (const auto& [alignment, vertical, corner] : cases) {
-        const QRectF box(corner, size);
-        const QRectF ink = inkOf(u"Hxg"_s, alignment, vertical);
-        EXPECT_TRUE(box.adjusted(-1, -1, 1, 1).contains(ink)) << corner.x() << ' ' << corner.y();
+    for (const Case& c : {Case{Qt::AlignLeft, TextVerticalAlignment::top, 0},
+             Case{Qt::AlignHCenter, TextVerticalAlignment::center, 0.5},
+             Case{Qt::AlignRight, TextVerticalAlignment::bottom, 1}}) {
+        const QRectF box(QPointF(300, 150) - QPointF(size.width(), size.height()) * c.moved, size);
+        const QRectF ink = inkOf(u"Hxg"_s, c.alignment, c.vertical);
+        EXPECT_TRUE(box.adjusted(-1, -1, 1, 1).contains(ink)) << c.moved;
         EXPECT_NEAR(ink.center().x(), box.center().x(), 1.5);
         EXPECT_GT(ink.height(), box.height() * 0.6);
     }
@@ -179,7 +167,6 @@ TEST(DrawAttributedText, AttachmentsTakeTheirRoomAndPlace)
     const double before = QFontMetricsF(font).horizontalAdvance(u"H "_s);
     EXPECT_NEAR(textSize(text, font, false).width(), before + icon.bounds.width(), 1);
 
-    const auto ascent = QFontMetricsF(font).ascent();
     const auto drawn = [&](const AttributedString& label, double width) {
         return Canvas().draw([&](QPainter& painter) {
             painter.setFont(font);
@@ -188,25 +175,22 @@ TEST(DrawAttributedText, AttachmentsTakeTheirRoomAndPlace)
         });
     };
     const Canvas canvas = drawn(text, unlimitedWidth);
-    const double middle = 10 + ascent - icon.bounds.center().y();
+    const double middle = 10 + QFontMetricsF(font).ascent() - icon.bounds.center().y();
     EXPECT_EQ(canvas.at(10 + before + icon.bounds.width() / 2, middle), QColor(Qt::green));
-    EXPECT_EQ(canvas.ink().right(), std::ceil(10 + before + icon.bounds.width()));
+    EXPECT_FALSE(drawn(AttributedString(icon), 1).ink().isNull()) << "an ellipsis in its stead is seen";
 
     auto high = icon;
     high.bounds = {0, -10, 20, 50};
     EXPECT_EQ(textSize(AttributedString(high), font, false).height(), 50.5) << "it makes its line higher";
     EXPECT_EQ(drawn(AttributedString(high), unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
-
-    EXPECT_FALSE(drawn(AttributedString(icon), 1).isClear()) << "an ellipsis in its stead is seen";
 }
 
 TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
 {
     const auto isEven = [](const QFont& font) {
-        const QFontMetricsF metrics(font);
         std::set<double> widths;
         for (const QChar digit : u"0123456789"_s)
-            widths.insert(metrics.horizontalAdvance(QString(10, digit)));
+            widths.insert(QFontMetricsF(font).horizontalAdvance(QString(10, digit)));
         return *widths.rbegin() - *widths.begin() < 0.05;
     };
     const QFont own = QGuiApplication::font();
@@ -215,13 +199,11 @@ TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
         if (!isEven(QFont(family)))
             QGuiApplication::setFont(QFont(family));
     }
-    for (const auto weight : {QFont::Normal, QFont::Medium, QFont::Bold}) {
-        const QFont font = monospacedDigitFont(11, weight);
-        EXPECT_TRUE(isEven(font)) << qPrintable(font.family());
-        EXPECT_EQ(font.pixelSize(), 11);
-        EXPECT_EQ(font.weight(), weight);
-    }
+    const QFont font = monospacedDigitFont(11, QFont::Medium);
     QGuiApplication::setFont(own);
+    EXPECT_TRUE(isEven(font)) << qPrintable(font.family());
+    EXPECT_EQ(font.pixelSize(), 11);
+    EXPECT_EQ(font.weight(), QFont::Medium);
     EXPECT_EQ(monospacedDigitFont(std::nan(""), QFont::Normal).pixelSize(), 1);
 }
 

@@ -5,8 +5,6 @@
 #include "ToolKit/Drawing/TextLayout.h"
 #include "ToolKit/Drawing/TextShadow.h"
 
-#include <QCache>
-#include <QHashFunctions>
 #include <QPainter>
 
 #include <cmath>
@@ -17,28 +15,9 @@ namespace quor::toolkit {
 
 namespace {
 
-struct Measured {
-    QString text;
-    QFont font;
-    bool wraps = false;
-    double maxWidth = 0;
-
-    friend bool operator==(const Measured&, const Measured&) = default;
-};
-
-size_t qHash(const Measured& key, size_t seed = 0)
-{
-    return qHashMulti(seed, key.text, key.font, key.wraps, key.maxWidth);
-}
-
 QSizeF rounded(QSizeF size)
 {
     return {roundedTextLength(size.width()), roundedTextLength(size.height())};
-}
-
-QSizeF measure(const AttributedString& text, const QFont& font, bool wraps, double maxWidth)
-{
-    return rounded(TextLayout(text, font, wraps, maxWidth).size());
 }
 
 QPointF upperLeft(
@@ -80,23 +59,12 @@ double roundedTextLength(double length)
 
 QSizeF textSize(const QString& text, const QFont& font, bool wraps, double maxWidth)
 {
-    constexpr qsizetype longestKept = 500;
-    constexpr int sizesKept = 200;
-    if (text.size() > longestKept || std::isnan(maxWidth))
-        return measure(AttributedString(text), font, wraps, maxWidth);
-    // The same few texts are measured at each layout and each drawing.
-    static QCache<Measured, QSizeF> sizes(sizesKept);
-    const Measured key{text, font, wraps, maxWidth};
-    if (const QSizeF* known = sizes.object(key))
-        return *known;
-    const QSizeF size = measure(AttributedString(text), font, wraps, maxWidth);
-    sizes.insert(key, new QSizeF(size)); // NOLINT(cppcoreguidelines-owning-memory): the cache takes it
-    return size;
+    return textSize(AttributedString(text), font, wraps, maxWidth);
 }
 
 QSizeF textSize(const AttributedString& text, const QFont& font, bool wraps, double maxWidth)
 {
-    return measure(text, font, wraps, maxWidth);
+    return rounded(TextLayout(text, font, wraps, maxWidth).size());
 }
 
 void drawText(QPainter& painter, const QString& text, const QColor& color, const QFont& font,

@@ -32,7 +32,7 @@ constexpr double unlimitedWidth = std::numeric_limits<double>::max();
 /// finite gives 0.
 [[nodiscard]] double roundedTextLength(double length);
 
-/// What `text` takes when drawn with the same arguments. Measuring one text again costs a look-up.
+/// What `text` takes when drawn with the same arguments.
 [[nodiscard]] QSizeF textSize(
     const QString& text, const QFont& font, bool wraps, double maxWidth = unlimitedWidth);
 
