@@ -16,6 +16,8 @@ namespace quor::platform {
 class PaletteApplier final {
 public:
     explicit PaletteApplier(Appearance& appearance);
+    PaletteApplier(const PaletteApplier&) = delete;
+    PaletteApplier& operator=(const PaletteApplier&) = delete;
 
 private:
     void apply() const;

@@ -13,8 +13,7 @@ struct DynamicColor;
 ///
 /// All work on red, green, blue and alpha from 0 to 1, as doubles: a colour of another model is
 /// converted first, an invalid one counts as 0 in all four. Results are kept within 0 to 1, are
-/// always valid and in RGB. A channel of n/255 survives every conversion as n. Any thread, but for
-/// `resolvedColor`.
+/// always valid and in RGB. A channel of n/255 survives every conversion as n. Any thread.
 namespace quor::toolkit {
 
 /// Reads hexadecimal digits behind any number of "#" and an optional "0x", up to the first other
@@ -47,8 +46,8 @@ namespace quor::toolkit {
 /// `color` with this alpha.
 [[nodiscard]] QColor resolvedColor(const QColor& color, double alpha);
 
-/// What `color` is under the application's effective appearance, with this alpha. Any thread; it
-/// waits for the main thread, so the main thread must not be waiting for the caller.
+/// What `color` is under the application's effective appearance, with this alpha. It waits for the
+/// main thread, so the main thread must not be waiting for the caller.
 [[nodiscard]] QColor resolvedColor(
     const platform::DynamicColor& color, double alpha, const platform::Appearance& application);
 
