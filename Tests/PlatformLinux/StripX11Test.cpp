@@ -80,11 +80,18 @@ protected:
 
 } // namespace
 
-TEST_F(StripX11Test, StandsInTheCornerAtItsFullHeight)
+TEST_F(StripX11Test, StandsInTheCornerAndShowsWhatItPaintsAsItGrowsAndShrinks)
 {
-    for (const double length : {101.0, 102.0, 157.0}) {
+    auto* window = item->button().window();
+    for (const int length : {101, 102, 157, 60, 131, 88}) {
+        QImage dots(length, 16, QImage::Format_ARGB32_Premultiplied);
+        dots.fill(Qt::transparent);
+        for (int column = 0; column < length; column += 1 + column / 4)
+            dots.setPixel(column, 7, 0xff000000);
+        item->button().setImage({dots, true});
         item->setLength(length);
-        const auto width = std::lround(item->button().window()->width() * scale);
+
+        const auto width = std::lround(window->width() * scale);
         EXPECT_GE(width, length * scale);
         const auto covers = [&] {
             const auto now = frame();
@@ -92,6 +99,12 @@ TEST_F(StripX11Test, StandsInTheCornerAtItsFullHeight)
                 && now.right() >= lastColumn && now.right() <= lastColumn + int(std::ceil(scale));
         };
         EXPECT_TRUE(waitFor(covers)) << length << ": " << frame().left() << ' ' << frame().width();
+        const auto showsItsPicture = [&] {
+            const QRect seen(0, 0, lastColumn - frame().left(), height);
+            const auto screen = window->screen()->grabWindow(windowId()).toImage().copy(seen);
+            return screen == window->grab().toImage().convertToFormat(screen.format()).copy(seen);
+        };
+        EXPECT_TRUE(waitFor(showsItsPicture)) << length;
     }
 }
 

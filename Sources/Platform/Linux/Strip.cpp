@@ -95,13 +95,13 @@ void Strip::detach(StatusItem& item)
     layOut();
     // Later, and only if no other item has come: a window that is hidden and shown again at once can
     // stay hidden, since window managers lose track.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (items_.empty())
-                window_->hide();
-        },
-        Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, &Strip::hideIfEmpty, Qt::QueuedConnection);
+}
+
+void Strip::hideIfEmpty()
+{
+    if (items_.empty())
+        window_->hide();
 }
 
 void Strip::lengthChanged(StatusItem&)

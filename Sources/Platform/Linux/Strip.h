@@ -40,6 +40,7 @@ public:
 private:
     void followScreen(QScreen* screen);
     void applyAppearance();
+    void hideIfEmpty();
     void layOut();
 
     Appearance& appearance_;

@@ -38,7 +38,7 @@ void StripWindow::place(QScreen& screen, const QRect& frame)
 void StripWindow::createNativeWindow(const QRect& frame)
 {
     setGeometry(frame);
-    keepContentAtRight(winId());
+    forgetContentOnResize(winId());
     setAttribute(Qt::WA_X11NetWmWindowTypeDock); // ignored while there is no native window
 }
 

@@ -8,8 +8,8 @@
 
 namespace quor::platform {
 
-/// The window of the strip: a dock in the eyes of the window manager, on every desktop, above
-/// others, without frame or focus, opaque (without a compositor anything else shows black). Whoever owns it
+/// The window of the strip: a dock in the eyes of the window manager, on every desktop, above others,
+/// without frame or focus, opaque (without a compositor anything else shows black). Whoever owns it
 /// places it and puts widgets into it.
 class StripWindow final : public QWidget {
     Q_OBJECT

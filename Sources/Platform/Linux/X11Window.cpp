@@ -43,7 +43,7 @@ void setCardinals(xcb_connection_t* connection, WId window, std::string_view pro
 
 } // namespace
 
-void keepContentAtRight(WId window)
+void forgetContentOnResize(WId window)
 {
     if (auto* connection = xConnection()) {
         const std::array gravity{std::uint32_t(XCB_GRAVITY_BIT_FORGET)};

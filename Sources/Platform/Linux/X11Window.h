@@ -10,8 +10,9 @@ namespace quor::platform {
 // What Qt cannot say about a window to the X server. Each does nothing where the application does not
 // run through X.
 
-/// Keeps what the window shows at its right edge while it is resized, until it is painted anew.
-void keepContentAtRight(WId window);
+/// Has a resized window painted anew as a whole, and until then leaves the pixels on the screen as they
+/// are, where the server would else move the old content with the window's left edge.
+void forgetContentOnResize(WId window);
 
 /// Has the window on every virtual desktop. To be said each time after it was shown, since window
 /// managers forget it as it is hidden.
