@@ -13,7 +13,7 @@
 namespace quor::platform {
 
 // Every block draws a ticket when it is submitted and runs when its number is up, whichever thread
-// runs it. Shared with the worker, which may outlive a queue that ends within one of its blocks.
+// runs it. Shared with whoever runs a block, who may outlive a queue that ends within that block.
 struct DispatchQueue::State {
     using Ticket = std::uint64_t;
     struct Waiting {
@@ -74,14 +74,16 @@ DispatchQueue::DispatchQueue(QByteArray label)
 
 DispatchQueue::~DispatchQueue()
 {
+    bool isWithinBlock = false;
     {
         const std::lock_guard lock(state_->mutex);
         state_->isEnding = true;
+        isWithinBlock = state_->occupant == std::this_thread::get_id();
     }
     state_->changed.notify_all();
     if (!worker_.joinable())
         return;
-    if (worker_.get_id() == std::this_thread::get_id())
+    if (isWithinBlock)
         worker_.detach();
     else
         worker_.join();
@@ -100,13 +102,14 @@ void DispatchQueue::async(std::function<void()> block)
 
 void DispatchQueue::runInTurn(std::function<void()> block) noexcept
 {
-    std::unique_lock lock(state_->mutex);
-    if (state_->occupant == std::this_thread::get_id())
-        qFatal("%s: sync from within the queue's own block would never return", state_->label.constData());
-    const auto ticket = state_->issued++;
-    state_->changed.wait(lock, [this, ticket] { return state_->serving == ticket; });
-    state_->run(lock, std::move(block));
-    state_->changed.notify_all();
+    const auto state = state_; // the block may end this queue
+    std::unique_lock lock(state->mutex);
+    if (state->occupant == std::this_thread::get_id())
+        qFatal("%s: sync from within the queue's own block would never return", state->label.constData());
+    const auto ticket = state->issued++;
+    state->changed.wait(lock, [&state, ticket] { return state->serving == ticket; });
+    state->run(lock, std::move(block));
+    state->changed.notify_all();
 }
 
 } // namespace quor::platform

@@ -7,9 +7,16 @@
 
 #include <algorithm>
 #include <future>
+#include <limits>
 #include <utility>
 
 namespace quor::platform {
+
+namespace {
+
+constexpr std::chrono::milliseconds longestDelay(std::numeric_limits<int>::max()); // a timer's
+
+} // namespace
 
 struct WorkItem::Pending {
     QTimer timer;
@@ -43,15 +50,18 @@ bool WorkItem::isPending() const
 
 void MainQueue::async(std::function<void()> work)
 {
-    QMetaObject::invokeMethod(QCoreApplication::instance(), std::move(work), Qt::QueuedConnection);
+    auto* const application = QCoreApplication::instance();
+    if (application && work)
+        QMetaObject::invokeMethod(application, std::move(work), Qt::QueuedConnection);
 }
 
 void MainQueue::sync(const std::function<void()>& work)
 {
-    if (QCoreApplication::instance()->thread() == QThread::currentThread()) {
-        work();
+    const auto* const application = QCoreApplication::instance();
+    if (!application || !work)
         return;
-    }
+    if (application->thread() == QThread::currentThread())
+        return work();
     // Work that the queue drops takes the promise with it, which ends the wait too.
     auto promise = std::make_shared<std::promise<void>>();
     const auto done = promise->get_future();
@@ -73,7 +83,7 @@ WorkItem MainQueue::after(std::chrono::milliseconds delay, std::function<void()>
         if (const auto run = alive->take())
             run();
     });
-    pending->timer.start(std::max(delay, std::chrono::milliseconds::zero()));
+    pending->timer.start(std::clamp(delay, std::chrono::milliseconds::zero(), longestDelay));
     return WorkItem(std::move(pending));
 }
 
