@@ -29,8 +29,11 @@ public:
 
     void notify(Key key) const
     {
-        for (const auto& changed : closures(key))
-            changed();
+        for (const auto token : tokens(key)) {
+            // Looked up at its turn: an earlier observer may have taken this one out.
+            if (const auto changed = closure(token))
+                changed();
+        }
     }
 
 private:
@@ -41,15 +44,22 @@ private:
     using Map = std::map<Token, Observer>;
     using Node = Map::node_type;
 
-    std::vector<std::function<void()>> closures(Key key) const
+    std::vector<Token> tokens(Key key) const
     {
         const std::lock_guard lock(mutex_);
-        std::vector<std::function<void()>> closures;
+        std::vector<Token> tokens;
         for (const auto& [token, observer] : observers_) {
-            if (observer.key == key && observer.changed)
-                closures.push_back(observer.changed);
+            if (observer.key == key)
+                tokens.push_back(token);
         }
-        return closures;
+        return tokens;
+    }
+
+    std::function<void()> closure(Token token) const
+    {
+        const std::lock_guard lock(mutex_);
+        const auto found = observers_.find(token);
+        return found == observers_.end() ? nullptr : found->second.changed;
     }
 
     mutable std::mutex mutex_;
