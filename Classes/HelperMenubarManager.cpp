@@ -9,6 +9,7 @@
 #include "View/MenubarMenuRenderer.h"
 #include "View/MenubarStatusItemRenderer.h"
 
+#include <QFile>
 #include <QPointer>
 
 #include <utility>
@@ -54,8 +55,8 @@ void HelperMenubarManager::setUpLogging() const
     const auto dataHome = platform::dataHome();
     if (!dataHome)
         return;
-    toolkit::FileErrorLogger::setup(
-        *dataHome + u'/' + interAppCommBridge_.helperItemBundleID + QStringLiteral("/logs"));
+    toolkit::FileErrorLogger::setup(QFile::decodeName(*dataHome) + u'/'
+        + interAppCommBridge_.helperItemBundleID + QStringLiteral("/logs"));
     toolkit::FileErrorLogger::setEnabled(enableLogging); // off, it empties the folder too
 }
 

@@ -187,7 +187,7 @@ TEST(DataHome, IsAnAbsolutePathOrNone)
     qputenv("HOME", "/home/somebody");
     for (const char* unusable : {"", "relative/path"}) {
         qputenv("XDG_DATA_HOME", unusable);
-        EXPECT_EQ(quor::platform::dataHome(), u"/home/somebody/.local/share"_s);
+        EXPECT_EQ(quor::platform::dataHome(), "/home/somebody/.local/share");
     }
     qunsetenv("HOME");
     EXPECT_EQ(quor::platform::dataHome(), std::nullopt);

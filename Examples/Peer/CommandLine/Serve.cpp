@@ -29,7 +29,7 @@ std::optional<QString> dataFolder()
     const auto home = platform::dataHome();
     if (!home)
         return std::nullopt;
-    const QString folder = *home + u'/' + PeerService::serviceName;
+    const QString folder = QFile::decodeName(*home) + u'/' + PeerService::serviceName;
     if (!QDir().mkpath(folder)
         || !QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
         return std::nullopt;

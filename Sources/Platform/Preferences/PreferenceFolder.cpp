@@ -23,9 +23,12 @@ constexpr qsizetype largestContent = qsizetype(256) << 20;
 constexpr QByteArrayView temporaryName = "/.new-XXXXXX";
 constexpr std::time_t abandonedAfter = 3600; // seconds; a write takes no more than one
 
-/// The key with every byte that is not plain in a file name as %XX, a leading dot too.
+/// The key with every byte that is not plain in a file name as %XX, a leading dot too. Empty for a key
+/// that is no Unicode: halves of surrogate pairs would all become one byte.
 QByteArray fileName(const QString& key)
 {
+    if (!key.isValidUtf16())
+        return {};
     static constexpr QByteArrayView digits = "0123456789ABCDEF";
     QByteArray name;
     for (const char byte : key.toUtf8()) {
@@ -43,9 +46,9 @@ QByteArray fileName(const QString& key)
     return name;
 }
 
-bool isReadableFolder(const QByteArray& path)
+bool isUsableFolder(const QByteArray& path)
 {
-    return access((path + "/.").constData(), R_OK | X_OK) == 0;
+    return access((path + "/.").constData(), X_OK) == 0;
 }
 
 bool readAll(int file, QByteArray& bytes)
@@ -89,25 +92,27 @@ bool PreferenceFolder::open() const
 {
     if (path_.isEmpty())
         return false;
-    if (isReadableFolder(path_))
+    if (isUsableFolder(path_))
         return true;
     for (qsizetype slash = path_.indexOf('/', 1); slash > 0; slash = path_.indexOf('/', slash + 1))
         mkdir(path_.first(slash).constData(), S_IRWXU);
     mkdir(path_.constData(), S_IRWXU);
-    return isReadableFolder(path_);
+    return isUsableFolder(path_);
 }
 
 QByteArray PreferenceFolder::pathOf(const QString& key) const
 {
-    return path_ + '/' + fileName(key);
+    const QByteArray name = fileName(key);
+    return path_.isEmpty() || name.isEmpty() ? QByteArray() : path_ + '/' + name;
 }
 
 std::optional<QByteArray> PreferenceFolder::read(const QString& key) const
 {
-    if (path_.isEmpty() || key.isEmpty())
+    const QByteArray path = pathOf(key);
+    if (path.isEmpty())
         return std::nullopt;
     // Without O_NONBLOCK, a pipe in the file's place would hold us until somebody writes into it.
-    const int file = ::open(pathOf(key).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    const int file = ::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
     if (file < 0)
         return std::nullopt;
     std::optional<QByteArray> content;
@@ -123,7 +128,8 @@ std::optional<QByteArray> PreferenceFolder::read(const QString& key) const
 
 bool PreferenceFolder::replace(const QString& key, QByteArrayView head, QByteArrayView body) const
 {
-    if (path_.isEmpty() || key.isEmpty() || head.size() + body.size() > largestContent)
+    const QByteArray path = pathOf(key);
+    if (path.isEmpty() || head.size() + body.size() > largestContent)
         return false;
     QByteArray temporary;
     const int file = makeTemporary(temporary);
@@ -131,7 +137,7 @@ bool PreferenceFolder::replace(const QString& key, QByteArrayView head, QByteArr
         return false;
     const bool isWritten = writeAll(file, head) && writeAll(file, body);
     const bool isClosed = close(file) == 0; // some file systems tell only now that the disk is full
-    if (isWritten && isClosed && rename(temporary.constData(), pathOf(key).constData()) == 0)
+    if (isWritten && isClosed && rename(temporary.constData(), path.constData()) == 0)
         return true;
     unlink(temporary.constData());
     return false;
@@ -173,9 +179,8 @@ void PreferenceFolder::removeAbandoned() const
 
 bool PreferenceFolder::remove(const QString& key) const
 {
-    if (path_.isEmpty() || key.isEmpty())
-        return false;
-    return unlink(pathOf(key).constData()) == 0 || (errno == ENOENT && open());
+    const QByteArray path = pathOf(key);
+    return !path.isEmpty() && (unlink(path.constData()) == 0 || (errno == ENOENT && open()));
 }
 
 } // namespace quor::platform

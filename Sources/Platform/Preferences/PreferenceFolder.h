@@ -18,7 +18,7 @@ public:
     explicit PreferenceFolder(QByteArray path);
 
     /// Makes the folder and those above it where missing, for the user alone. False if it is not a
-    /// folder then that can be read.
+    /// folder then whose files can be reached.
     [[nodiscard]] bool open() const;
 
     /// None if the key has no regular file that can be read whole.
@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool remove(const QString& key) const;
 
 private:
-    [[nodiscard]] QByteArray pathOf(const QString& key) const;
+    [[nodiscard]] QByteArray pathOf(const QString& key) const; ///< empty if there can be no file
     [[nodiscard]] int makeTemporary(QByteArray& path) const;
     void removeAbandoned() const;
 

@@ -30,7 +30,7 @@ QByteArray folderOf(const QString& suite)
     if (!home || suite.isEmpty() || suite == u"." || suite == u".." || suite.contains(u'/')
         || suite.contains(QChar::Null))
         return {};
-    return QFile::encodeName(*home + u'/' + suite + QStringLiteral("/Preferences"));
+    return *home + '/' + QFile::encodeName(suite) + "/Preferences";
 }
 
 QByteArray standardFolder()

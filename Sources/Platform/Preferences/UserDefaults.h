@@ -19,14 +19,15 @@ namespace quor::platform {
 /// A missing, unreadable or malformed value reads as unset. A value of another type converts: a
 /// boolean from a number or from the texts "true", "yes", "1"; a double from a numeric text; all else is
 /// unset. Numbers are finite; a line feed at the end of a boolean or a number is let pass, since shells
-/// like to write one. An empty key holds nothing, and no value is larger than 256 MiB.
+/// like to write one. A key that is empty, no Unicode, or too long for a file name holds nothing, and no
+/// value is larger than 256 MiB. Halves of surrogate pairs in a text are stored as question marks.
 ///
 /// Any thread; a value type without open handles.
 class UserDefaults final {
 public:
     /// The suite of that name, its folder made where missing; none if it cannot be opened. Cannot be
     /// opened: a name that is no folder's name ("..", or with a "/"), a file in the folder's place, a
-    /// folder that may not be made or read, no data home.
+    /// folder that may not be made or entered, no data home.
     [[nodiscard]] static std::optional<UserDefaults> suite(const QString& name);
 
     /// This process's own defaults: the suite named as the application is
