@@ -23,8 +23,10 @@ namespace {
 
 using Colors = QHash<QString, DynamicColor>;
 
-// Kept at most, in bytes.
+// Kept at most, in bytes, and what an image takes beside its pixels. Absent ones are kept too, under
+// whatever names others send.
 constexpr qsizetype imageCacheSize = qsizetype(4) << 20;
+constexpr qsizetype imageOverhead = 256;
 
 struct ImageKey {
     QString name;
@@ -118,7 +120,7 @@ public:
         const QString vector = base + ".svg"_L1;
         QImage image
             = readImage(QFile::exists(vector) ? vector : base + ".png"_L1, key.size, key.devicePixelRatio);
-        images_.insert(key, new QImage(image), image.sizeInBytes());
+        images_.insert(key, new QImage(image), image.sizeInBytes() + imageOverhead);
         return image;
     }
 

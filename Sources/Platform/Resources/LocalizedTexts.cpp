@@ -7,6 +7,7 @@
 
 #include <unicode/msgfmt.h>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;

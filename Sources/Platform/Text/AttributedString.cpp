@@ -2,6 +2,7 @@
 #include "Platform/Text/AttributedString.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quor::platform {
 

@@ -18,7 +18,8 @@ struct TextRange {
     [[nodiscard]] TextRange clipped(qsizetype size) const
     {
         const qsizetype from = std::clamp<qsizetype>(location, 0, size);
-        return {from, std::clamp(end(), from, size) - from};
+        const qsizetype inFront = std::max<qsizetype>(-location, 0); // of this range, before the text
+        return {from, std::clamp<qsizetype>(length - inFront, 0, size - from)};
     }
 
     friend bool operator==(const TextRange&, const TextRange&) = default;
