@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Colors/AppearanceMode.h"
 #include "Platform/Resources/DynamicColor.h"
-#include "Platform/Views/PaletteApplier.h"
 #include "Support/WaitFor.h"
 #include "ToolKit/Colors/ColorOperations.h"
-
-#include <QApplication>
-#include <QPalette>
 
 #include <gtest/gtest.h>
 
@@ -75,18 +71,6 @@ TEST(AppearanceMode, OtherThreadsAskThroughTheMainThread)
     const auto [dark, color] = answer.get();
     EXPECT_TRUE(dark);
     EXPECT_EQ(color, quor::toolkit::colorWithHexValue(0xFFFFFF, 0.5));
-}
-
-TEST(PaletteApplier, WidgetsFollowTheChoice)
-{
-    Appearance application;
-    const quor::platform::PaletteApplier applier(application);
-    EXPECT_FALSE(QCoreApplication::testAttribute(Qt::AA_SetPalette)) << "a palette that fits is left alone";
-    application.setAppearance(ColorScheme::dark);
-    EXPECT_LT(QApplication::palette().color(QPalette::Base).lightness(), 80);
-    EXPECT_GT(QApplication::palette().color(QPalette::Text).lightness(), 180);
-    application.setAppearance(std::nullopt);
-    EXPECT_FALSE(QCoreApplication::testAttribute(Qt::AA_SetPalette)) << "the desktop's is back";
 }
 
 } // namespace

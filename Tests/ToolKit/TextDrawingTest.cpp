@@ -13,7 +13,6 @@
 
 #include <cmath>
 #include <set>
-#include <vector>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
@@ -24,34 +23,36 @@ namespace {
 
 const QString words = u"The quick brown fox jumps over the lazy dog"_s;
 
-QFont plainFont()
-{
-    return systemFont(13, QFont::Normal);
-}
+class TextDrawingTest : public testing::Test {
+protected:
+    const QFont font = systemFont(13, QFont::Normal);
+    const QFontMetricsF metrics{font};
 
-QRectF inkOf(const QString& text, Qt::AlignmentFlag alignment, TextVerticalAlignment vertical)
-{
-    Canvas canvas({600, 300});
-    canvas.draw([&](QPainter& painter) {
-        drawText(painter, text, Qt::black, plainFont(), alignment, vertical, false, std::nullopt, 300, 150);
-    });
-    return canvas.ink();
-}
+    struct Place {
+        Qt::AlignmentFlag alignment = Qt::AlignLeft;
+        TextVerticalAlignment vertical = TextVerticalAlignment::top;
+        double maxWidth = unlimitedWidth;
+        std::optional<QColor> shadow = std::nullopt;
+    };
+    [[nodiscard]] Canvas drawn(const QString& text, const Place& place, double scale = 1) const
+    {
+        return Canvas({300, 100}, scale).draw([&](QPainter& painter) {
+            drawText(painter, text, Qt::white, font, place.alignment, place.vertical, false, place.shadow,
+                150, 50, place.maxWidth);
+        });
+    }
+};
 
-TEST(TextSize, CoversTheTextItsLinesAndItsWrapping)
+TEST_F(TextDrawingTest, SizesCoverTheTextItsLinesAndItsWrapping)
 {
-    const std::vector<std::pair<double, double>> lengths
-        = {{0, 0.5}, {3, 3.5}, {3.2, 3.5}, {3.5, 4}, {3.6, 4}, {HUGE_VAL, 0}};
-    for (const auto& [length, expected] : lengths)
+    for (const auto& [length, expected] : std::initializer_list<std::pair<double, double>>{
+             {0, 0.5}, {3, 3.5}, {3.2, 3.5}, {3.5, 4}, {3.6, 4}, {HUGE_VAL, 0}})
         EXPECT_EQ(roundedTextLength(length), expected) << length;
 
-    const QFont font = plainFont();
-    const QFontMetricsF metrics(font);
     const QSizeF one = textSize(words, font, false);
     EXPECT_EQ(one.width(), roundedTextLength(metrics.horizontalAdvance(words)));
     EXPECT_EQ(one.height(), roundedTextLength(metrics.ascent() + metrics.descent()));
     EXPECT_EQ(textSize(QString(), font, false), QSizeF(0.5, one.height())) << "no text still has a line";
-
     EXPECT_NEAR(textSize(u"a\r\nb\rc\nd"_s, font, false).height(), 4 * one.height(), 2);
     const QSizeF wrapped = textSize(words, font, true, 100);
     EXPECT_LE(wrapped.width(), 101);
@@ -59,130 +60,98 @@ TEST(TextSize, CoversTheTextItsLinesAndItsWrapping)
     EXPECT_LE(textSize(QString(100, u'x'), font, true, 100).width(), 101) << "a word alone is broken";
 }
 
-TEST(TextSize, CutsTheMiddleToTheWidth)
+TEST_F(TextDrawingTest, TheMiddleIsCutToTheWidth)
 {
-    const QFont font = plainFont();
-    for (const double width : {250.0, 150.0, 60.0}) {
+    for (const double width : {250.0, 60.0}) {
         const QSizeF size = textSize(words, font, false, width);
         EXPECT_LE(size.width(), width + 1);
         EXPECT_GT(size.width(), width - 25) << "as much as fits";
     }
-    const auto image = [&](const QString& text, double width) {
-        return Canvas()
-            .draw([&](QPainter& painter) {
-                drawText(painter, text, Qt::black, font, Qt::AlignLeft, TextVerticalAlignment::top, false,
-                    std::nullopt, 5, 5, width);
-            })
-            .image();
-    };
-    EXPECT_EQ(image(u"abcdefghijklmnop"_s, QFontMetricsF(font).horizontalAdvance(u"abc…nop"_s) + 0.5),
-        image(u"abc…nop"_s, unlimitedWidth));
-    EXPECT_EQ(image(words, 0), image(u"…"_s, unlimitedWidth));
-    const QString accented = u"e\u0301"_s;
-    const double room = QFontMetricsF(font).horizontalAdvance(accented + u'…') + 0.5;
-    EXPECT_EQ(image(accented.repeated(9), room), image(accented + u'…', unlimitedWidth))
-        << "an accent goes with its letter";
+    const QString accented = u"e\u0301"_s; // the accent goes with its letter
+    for (const auto& [text, cut] :
+        {std::pair(u"abcdefghijklmnop"_s, u"abc…nop"_s), std::pair(accented.repeated(9), accented + u'…')}) {
+        const double room = metrics.horizontalAdvance(cut) + 0.5;
+        EXPECT_EQ(drawn(text, {.maxWidth = room}).image(), drawn(cut, {}).image());
+    }
+    EXPECT_EQ(drawn(words, {.maxWidth = 0}).image(), drawn(u"…"_s, {}).image());
+    EXPECT_LT(textSize(QString(2'000'000, u'm'), font, false, 100).width(), 101);
 }
 
-TEST(TextSize, SurvivesAnyWidthAndText)
+TEST_F(TextDrawingTest, SurvivesAnyWidthAndText)
 {
-    const QFont font = plainFont();
     const QString broken = QString(QChar(0xD800)) + u"\0\uFFFC\u2028\u202E\t"_s + QString(QChar(0xDC00));
     for (const bool wraps : {false, true}) {
-        for (const double width : {std::nan(""), -5.0, 0.0, 1e-300, HUGE_VAL, -HUGE_VAL}) {
+        for (const double width : {std::nan(""), -5.0, 1e-300, HUGE_VAL, -HUGE_VAL}) {
             for (const auto& text : {words, broken, u"\n\n"_s, u"\u0645\u0631\u062D\u0628\u0627"_s}) {
                 const QSizeF size = textSize(text, font, wraps, width);
                 EXPECT_TRUE(size.isValid() && std::isfinite(size.width()) && std::isfinite(size.height()));
             }
         }
     }
-    EXPECT_LT(textSize(QString(2'000'000, u'm'), font, false, 100).width(), 101);
 }
 
-TEST(DrawText, StandsWhereItsAlignmentSays)
+TEST_F(TextDrawingTest, TextStandsWhereItsAlignmentSays)
 {
-    const QSizeF size = textSize(u"Hxg"_s, plainFont(), false);
+    const QSizeF size = textSize(u"HHHHH\nH"_s, font, false);
     struct Case {
-        Qt::AlignmentFlag alignment;
-        TextVerticalAlignment vertical;
+        Place place;
         double moved; // towards left and top, as part of the size
     };
-    for (const Case& c : {Case{Qt::AlignLeft, TextVerticalAlignment::top, 0},
-             Case{Qt::AlignHCenter, TextVerticalAlignment::center, 0.5},
-             Case{Qt::AlignRight, TextVerticalAlignment::bottom, 1}}) {
-        const QRectF box(QPointF(300, 150) - QPointF(size.width(), size.height()) * c.moved, size);
-        const QRectF ink = inkOf(u"Hxg"_s, c.alignment, c.vertical);
-        EXPECT_TRUE(box.adjusted(-1, -1, 1, 1).contains(ink)) << c.moved;
-        EXPECT_NEAR(ink.center().x(), box.center().x(), 1.5);
-        EXPECT_GT(ink.height(), box.height() * 0.6);
-    }
-}
-
-TEST(DrawText, AlignsItsLinesAmongEachOther)
-{
-    const double line = textSize(u"H"_s, plainFont(), false).height();
-    for (const auto alignment : {Qt::AlignLeft, Qt::AlignHCenter, Qt::AlignRight}) {
-        Canvas canvas({600, 300});
+    for (const auto& [place, moved] : {Case{{Qt::AlignLeft, TextVerticalAlignment::top}, 0},
+             Case{{Qt::AlignHCenter, TextVerticalAlignment::center}, 0.5},
+             Case{{Qt::AlignRight, TextVerticalAlignment::bottom}, 1}}) {
+        const QRectF box(QPointF(150, 50) - QPointF(size.width(), size.height()) * moved, size);
+        Canvas canvas = drawn(u"HHHHH\nH"_s, place);
+        EXPECT_TRUE(box.adjusted(-1, -1, 1, 1).contains(canvas.ink())) << moved;
+        EXPECT_GT(canvas.ink().height(), box.height() * 0.6);
         canvas.draw([&](QPainter& painter) {
-            drawText(painter, u"HHHHHHHHHH\nH"_s, Qt::black, plainFont(), alignment,
-                TextVerticalAlignment::top, true, std::nullopt, 300, 150);
             painter.setCompositionMode(QPainter::CompositionMode_Clear);
-            painter.fillRect(QRectF(0, 0, 600, 150 + line), Qt::black);
+            painter.fillRect(QRectF(0, 0, 300, box.center().y()), Qt::black);
         });
-        const QRectF alone = inkOf(u"H"_s, alignment, TextVerticalAlignment::top);
-        EXPECT_NEAR(canvas.ink().center().x(), alone.center().x(), 1) << alignment;
+        const double width = metrics.horizontalAdvance(u'H');
+        EXPECT_NEAR(canvas.ink().center().x(), box.left() + width / 2 + (size.width() - width) * moved, 1)
+            << "lines are aligned among each other";
     }
 }
 
-TEST(DrawText, TheShadowLiesAllAroundAndBelow)
+TEST_F(TextDrawingTest, TheShadowLiesAllAroundAndBelow)
 {
     for (const double scale : {1.0, 2.0}) {
-        const auto draw = [&](std::optional<QColor> shadow) {
-            return Canvas({200, 100}, scale).draw([&](QPainter& painter) {
-                drawText(painter, u"HH"_s, Qt::white, plainFont(), Qt::AlignLeft, TextVerticalAlignment::top,
-                    false, shadow, 50, 40);
-            });
-        };
-        const Canvas plain = draw(std::nullopt);
-        const Canvas shadowed = draw(QColor(Qt::red));
-        const QRectF letters = plain.ink();
+        const Canvas shadowed = drawn(u"HH"_s, {.shadow = QColor(Qt::red)}, scale);
+        const QRectF letters = drawn(u"HH"_s, {}, scale).ink();
         const QRectF all = shadowed.ink(8);
         EXPECT_TRUE(all.contains(letters.adjusted(-1, -1, 1, 1))) << scale;
         EXPECT_TRUE(letters.adjusted(-4, -4, 4, 4).contains(all)) << scale;
         EXPECT_NEAR(all.center().y(), letters.center().y(), 0.6) << "no offset";
         const QColor beside = shadowed.at(letters.left() - 0.75, letters.center().y());
-        EXPECT_GT(beside.alpha(), 20);
-        EXPECT_EQ(beside.green(), 0) << "the shadow has its own colour";
+        EXPECT_TRUE(beside.alpha() > 20 && beside.green() == 0) << "the shadow has its own colour";
     }
 }
 
-TEST(DrawAttributedText, AttachmentsTakeTheirRoomAndPlace)
+TEST_F(TextDrawingTest, AttachmentsTakeTheirRoomAndPlace)
 {
-    const QFont font = plainFont();
     QImage square(8, 8, QImage::Format_ARGB32_Premultiplied);
     square.fill(Qt::black);
-    const auto icon = iconAttachment(square, Qt::green, font);
+    auto icon = iconAttachment(square, Qt::green, font);
     AttributedString text(u"H "_s);
     text.append(AttributedString(icon));
-    const double before = QFontMetricsF(font).horizontalAdvance(u"H "_s);
+    const double before = metrics.horizontalAdvance(u"H "_s);
     EXPECT_NEAR(textSize(text, font, false).width(), before + icon.bounds.width(), 1);
 
-    const auto drawn = [&](const AttributedString& label, double width) {
+    const auto drawnLabel = [&](const AttributedString& label, double width) {
         return Canvas().draw([&](QPainter& painter) {
             painter.setFont(font);
             drawAttributedText(painter, label, Qt::AlignLeft, TextVerticalAlignment::top, false, std::nullopt,
                 10, 10, width);
         });
     };
-    const Canvas canvas = drawn(text, unlimitedWidth);
-    const double middle = 10 + QFontMetricsF(font).ascent() - icon.bounds.center().y();
-    EXPECT_EQ(canvas.at(10 + before + icon.bounds.width() / 2, middle), QColor(Qt::green));
-    EXPECT_FALSE(drawn(AttributedString(icon), 1).ink().isNull()) << "an ellipsis in its stead is seen";
-
-    auto high = icon;
-    high.bounds = {0, -10, 20, 50};
-    EXPECT_EQ(textSize(AttributedString(high), font, false).height(), 50.5) << "it makes its line higher";
-    EXPECT_EQ(drawn(AttributedString(high), unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
+    const double middle = 10 + metrics.ascent() - icon.bounds.center().y();
+    EXPECT_EQ(drawnLabel(text, unlimitedWidth).at(10 + before + icon.bounds.width() / 2, middle),
+        QColor(Qt::green));
+    EXPECT_FALSE(drawnLabel(AttributedString(icon), 1).ink().isNull()) << "an ellipsis in its stead is seen";
+    icon.bounds = {0, -10, 20, 50};
+    EXPECT_EQ(textSize(AttributedString(icon), font, false).height(), 50.5) << "it makes its line higher";
+    EXPECT_EQ(drawnLabel(AttributedString(icon), unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
 }
 
 TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
@@ -202,9 +171,7 @@ TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
     const QFont font = monospacedDigitFont(11, QFont::Medium);
     QGuiApplication::setFont(own);
     EXPECT_TRUE(isEven(font)) << qPrintable(font.family());
-    EXPECT_EQ(font.pixelSize(), 11);
-    EXPECT_EQ(font.weight(), QFont::Medium);
-    EXPECT_EQ(monospacedDigitFont(std::nan(""), QFont::Normal).pixelSize(), 1);
+    EXPECT_TRUE(font.pixelSize() == 11 && font.weight() == QFont::Medium);
 }
 
 } // namespace
