@@ -36,9 +36,6 @@ public:
     using TargetActions = std::vector<std::shared_ptr<TargetAction<Publisher>>>;
     using Actions = std::unordered_map<Event, TargetActions>;
 
-    EventProtocol(const EventProtocol&) = delete;
-    EventProtocol& operator=(const EventProtocol&) = delete;
-
     [[nodiscard]] const Actions& actions() const { return actions_; }
     void setActions(Actions actions) { actions_.swap(actions); }
 

@@ -8,19 +8,17 @@ namespace quor::toolkit {
 /// Base of a class whose objects can be referred to weakly without being a `QObject` or living in a
 /// `std::shared_ptr`: what others hold is a token that expires with the object.
 /// Such an object must end on the thread that uses the references, since nothing keeps it alive
-/// while it is called. A copy is an object of its own, with a token of its own.
+/// while it is called.
 class Trackable {
 public:
     /// Expired as soon as this object has ended. Any thread, as long as the object lives.
     [[nodiscard]] std::weak_ptr<const void> life() const { return life_; }
 
+    Trackable(const Trackable&) = delete;
+    Trackable& operator=(const Trackable&) = delete;
+
 protected:
     Trackable() = default;
-    Trackable(const Trackable& /*other*/)
-        : Trackable()
-    {
-    }
-    Trackable& operator=(const Trackable& /*other*/) { return *this; }
     ~Trackable() = default;
 
 private:

@@ -154,7 +154,7 @@ QString DurationFormatter::decimalString(
     const double workingDay = usableWorkingDay();
     const bool inDays = inWorkingDays && workingDay > 0;
     percentageFormatter_.setMaximumFractionDigits(maximumFractionDigits);
-    const QString number = percentageFormatter_.string(duration / (inDays ? workingDay : secondsPerHour));
+    QString number = percentageFormatter_.string(duration / (inDays ? workingDay : secondsPerHour));
     if (!appendUnit || number.isEmpty())
         return number;
     return number + u' ' + (inDays ? workingDayText() : hourText());
