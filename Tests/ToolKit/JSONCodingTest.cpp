@@ -190,6 +190,17 @@ TEST(JSONEncoder, RefusesWhatCouldNotBeReadBack)
     EXPECT_EQ(error.description, u"The value is nested too deeply."_s);
 }
 
+TEST(JSONEncoder, TextsComeBackAsTheyWere)
+{
+    for (const auto& text :
+        {u""_s, u"\ufeff\ufeffa"_s, u"\u0000\u007f\u0080\\/\""_s, QString(1000, QChar(0x1F4))}) {
+        using Texts = QHash<QString, QString>;
+        const Texts record{{text, text}};
+        EXPECT_EQ(decode<Texts>(JSONEncoder().encode(record).value()), record);
+        EXPECT_EQ(decode<QJsonValue>(JSONEncoder().encode(text).value()), QJsonValue(text));
+    }
+}
+
 TEST(JSONEncoder, QtValuesComeBackAsTheyWere)
 {
     const char text[]

@@ -158,6 +158,7 @@ TEST_F(PersistableListTest, NoKeyLeadsOutOfTheFolder)
         {u"i\u0131"_s, u"II"_s},
         {u"x\u00e9e\u0301"_s, u"\u00c9E\u0301"_s},
         {u"12\U0001F468\u200D\U0001F469"_s, u"2\U0001F468\u200D\U0001F469"_s},
+        {u"\ufeffa"_s, u"%EF%BB%BFA"_s},
         {u"\u0600ab"_s, u"\u0600AB"_s},
         {u"a"_s + QChar(0xD83D), u"A\uFFFD"_s},
         {u"x"_s + zalgo, u"XE"_s + QString(126, QChar(0x301))},

@@ -28,9 +28,9 @@ bool DecodingError::set(Kind newKind, const QString& newDescription)
     return false;
 }
 
-bool DecodingError::within(QUtf8StringView member)
+bool DecodingError::within(const QString& member)
 {
-    prepend(codingPath, member.toString());
+    prepend(codingPath, member);
     return false;
 }
 

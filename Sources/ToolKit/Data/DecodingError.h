@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QString>
-#include <QUtf8StringView>
 
 namespace quor::toolkit {
 
@@ -26,7 +25,7 @@ struct DecodingError {
     bool set(Kind newKind, const QString& newDescription);
 
     /// Puts the member's name, or the element's index, before the path. Returns false.
-    bool within(QUtf8StringView member);
+    bool within(const QString& member);
     bool within(qsizetype index);
 };
 

@@ -3,6 +3,7 @@
 
 #include <QFile>
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -32,6 +33,9 @@ public:
 private:
     int fd_;
 };
+
+// More than any list writes. A sparse file may claim to be longer than all memory.
+constexpr qsizetype largestFile = qsizetype(1) << 30;
 
 /// The size of an open regular file; none for anything else.
 std::optional<qsizetype> regularSize(int fd)
@@ -76,7 +80,7 @@ std::optional<QByteArray> FileManager::contents(const QString& path) const
     const Descriptor file(
         open(QFile::encodeName(path).constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
     const auto size = regularSize(file.get());
-    if (!size)
+    if (!size || *size > largestFile)
         return std::nullopt;
     QByteArray data(*size, Qt::Uninitialized);
     qsizetype filled = 0;
@@ -110,7 +114,7 @@ bool FileManager::write(const QByteArray& data, const QString& path) const
         return false;
     // Blanks cover what is left of a longer old text, so that a process that dies before it shortens
     // the file leaves valid JSON.
-    if (!writeAll(file.get(), data.leftJustified(*oldSize, ' '))) {
+    if (!writeAll(file.get(), data.leftJustified(std::min(*oldSize, largestFile), ' '))) {
         if (isNew)
             unlink(name.constData());
         return false;

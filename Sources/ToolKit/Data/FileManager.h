@@ -13,7 +13,7 @@ namespace quor::toolkit {
 /// count as files: a symbolic link is never followed, a pipe never waited for. Stateless; any thread.
 class FileManager final {
 public:
-    /// None for what is missing, unreadable or no regular file.
+    /// None for what is missing, unreadable, longer than 1 GiB or no regular file.
     [[nodiscard]] std::optional<QByteArray> contents(const QString& path) const;
 
     /// Replaces the content of the file in place, or makes it. A symbolic link there is replaced by the

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/JSONCoding.h"
 
+#include "ToolKit/Data/JSONRecordCoding.h"
+
 using namespace Qt::StringLiterals;
 
 namespace quor::toolkit {
@@ -14,9 +16,9 @@ bool mismatch(DecodingError& error, QLatin1StringView expected, JSONValue found)
     return error.set(Kind::typeMismatch, u"Expected %1, but found %2."_s.arg(expected, found.kindName()));
 }
 
-bool missingKey(DecodingError& error, QUtf8StringView key)
+bool missingKey(DecodingError& error, const QString& key)
 {
-    return error.set(Kind::keyNotFound, u"There is no value for the key \"%1\"."_s.arg(key.toString()));
+    return error.set(Kind::keyNotFound, u"There is no value for the key \"%1\"."_s.arg(key));
 }
 
 bool wrongNumberOfCases(DecodingError& error)

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/JSONCoding.h"
 #include "ToolKit/Data/JSONDocument.h"
+#include "ToolKit/Data/JSONRecordCoding.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/JSONCoding.h"
+#include "ToolKit/Data/JSONRecordCoding.h"
 
 #include <QByteArray>
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/JSONValue.h"
 
+#include <QStringDecoder>
+
 #include <cmath>
 #include <limits>
 
@@ -24,6 +26,15 @@ std::optional<Integer> exactly(double number)
 }
 
 } // namespace
+
+QString textFromUtf8(std::string_view utf8)
+{
+    const QByteArrayView bytes(utf8.data(), static_cast<qsizetype>(utf8.size()));
+    if (!bytes.startsWith("\xEF\xBB\xBF"))
+        return QString::fromUtf8(bytes);
+    using Flag = QStringDecoder::Flag;
+    return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom)(bytes);
+}
 
 bool JSONValue::isNumber() const
 {
@@ -101,7 +112,7 @@ std::optional<QString> JSONValue::toText() const
 {
     if (isAbsent() || node().kind != Kind::text)
         return std::nullopt;
-    return QString::fromUtf8(node().text, node().count);
+    return textFromUtf8({node().text, node().count});
 }
 
 std::uint32_t JSONValue::count() const

@@ -15,6 +15,9 @@ namespace quor::toolkit {
 /// low enough for conversions and destructors to recurse.
 inline constexpr int maximumJSONDepth = 512;
 
+/// Decodes UTF-8 as it stands: QString would drop a byte order mark in front.
+[[nodiscard]] QString textFromUtf8(std::string_view utf8);
+
 /// One token of a parsed text. The tokens of a document lie in one flat list, in the text's order: an
 /// object is its own token, then those of each name and value; `end` is the index after its last.
 struct JSONNode {

@@ -31,7 +31,7 @@ QJsonObject convertedObject(JSONValue value)
     std::vector<std::pair<QString, JSONValue>> members;
     members.reserve(value.count());
     value.forEachMember([&](std::string_view name, JSONValue member) {
-        members.emplace_back(json::utf8(name).toString(), member);
+        members.emplace_back(textFromUtf8(name), member);
         return true;
     });
     std::stable_sort(

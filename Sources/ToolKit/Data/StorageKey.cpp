@@ -9,6 +9,8 @@
 #include <unicode/ucasemap.h>
 #include <unicode/ustring.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::toolkit {
@@ -32,13 +34,14 @@ QString upperCased(QStringView text)
 bool needsEscape(char32_t character, bool isFirst)
 {
     const bool isControl = character < 0x20 || (character >= 0x7F && character < 0xA0);
-    return isControl || character == U'/' || character == U'%' || (isFirst && character == U'.');
+    return isControl || character == U'/' || character == U'%'
+        || (isFirst && (character == U'.' || character == U'\uFEFF'));
 }
 
 // Half a surrogate pair becomes U+FFFD, as in all text that leaves the process.
 QByteArray utf8(char32_t character)
 {
-    return QString::fromUcs4(&character, 1).toUtf8();
+    return QStringView(QChar::fromUcs4(character)).toUtf8();
 }
 
 QString fileName(QStringView text)
@@ -65,7 +68,7 @@ QString storageKey(QStringView elementKey)
         const char16_t unit = end[i].unicode();
         const bool isLower = unit >= u'a' && unit <= u'z';
         if (!isLower && !(unit >= u'A' && unit <= u'Z') && !(unit >= u'0' && unit <= u'9'))
-            return fileName(upperCased(end));
+            return fileName(upperCased(end.first(std::min(end.size(), 2 * longestFileName))));
         plain[i] = QChar(isLower ? unit - u'a' + u'A' : unit);
     }
     return plain;
