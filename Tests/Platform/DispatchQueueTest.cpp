@@ -3,9 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <future>
-#include <vector>
+#include <string>
 
 using quor::platform::DispatchQueue;
 
@@ -13,16 +12,16 @@ namespace {
 
 TEST(DispatchQueue, RunsBlocksInOrderToTheLast)
 {
-    std::vector<int> order;
+    std::string order;
     {
         DispatchQueue queue;
-        for (int i = 0; i < 100; ++i)
-            queue.async([&order, i] { order.push_back(i); });
-        EXPECT_EQ(queue.sync([&] { return order.back(); }), 99);
-        queue.async([&order] { order.push_back(100); });
+        for (char letter = 'a'; letter < 'y'; ++letter)
+            queue.async([&order, letter] { order += letter; });
+        EXPECT_EQ(queue.sync([&] { return order.back(); }), 'x');
+        queue.async(nullptr);
+        queue.async([&order] { order += 'y'; });
     }
-    EXPECT_EQ(order.size(), 101);
-    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_EQ(order, "abcdefghijklmnopqrstuvwxy");
 }
 
 TEST(DispatchQueue, NeverRunsTwoBlocksAtATime)
@@ -43,15 +42,16 @@ TEST(DispatchQueue, NeverRunsTwoBlocksAtATime)
 
 TEST(DispatchQueue, MayEndWithinItsOwnBlock)
 {
-    auto owner = std::make_shared<DispatchQueue>();
-    std::promise<void> mayEnd;
-    std::promise<void> ranBehind;
-    auto* const queue = owner.get();
-    queue->async([owner, mayEnd = mayEnd.get_future().share()] { mayEnd.wait(); });
-    queue->async([&] { ranBehind.set_value(); });
-    owner.reset(); // the first block holds the last reference now
-    mayEnd.set_value();
-    ranBehind.get_future().wait();
+    for (const bool isSync : {false, true}) {
+        auto queue = std::make_unique<DispatchQueue>();
+        const auto ranBehind = std::make_shared<std::promise<void>>();
+        const auto end = [&queue, ranBehind] {
+            queue->async([ranBehind] { ranBehind->set_value(); });
+            queue.reset();
+        };
+        isSync ? queue->sync(end) : queue->async(end);
+        ranBehind->get_future().wait();
+    }
 }
 
 TEST(DispatchQueueDeathTest, SyncFromWithinItselfIsFatal)

@@ -91,13 +91,14 @@ DispatchQueue::~DispatchQueue()
 
 void DispatchQueue::async(std::function<void()> block)
 {
+    const auto state = state_; // the block may end this queue, even before this call returns
     {
-        const std::lock_guard lock(state_->mutex);
-        state_->waiting.push_back({state_->issued++, std::move(block)});
+        const std::lock_guard lock(state->mutex);
+        state->waiting.push_back({state->issued++, std::move(block)});
         if (!worker_.joinable())
-            worker_ = std::thread([state = state_] { state->work(); });
+            worker_ = std::thread([state] { state->work(); });
     }
-    state_->changed.notify_all();
+    state->changed.notify_all();
 }
 
 void DispatchQueue::runInTurn(std::function<void()> block) noexcept
