@@ -29,35 +29,28 @@ TEST(MainQueue, RunsInOrderOfDueTimeThenSubmission)
 
 TEST(MainQueue, CancelDropsTheClosureAndWhatItHolds)
 {
-    auto held = std::make_shared<int>(1);
-    bool ran = false;
-    WorkItem item = MainQueue::after(1ms, [held, &ran] { ran = true; });
-    item.cancel();
-    item.cancel();
-    EXPECT_EQ(held.use_count(), 1);
-    EXPECT_FALSE(item.isPending());
-    bool later = false;
-    const auto marker = MainQueue::after(10ms, [&] { later = true; });
-    EXPECT_TRUE(waitFor([&] { return later; }));
-    EXPECT_FALSE(ran);
-}
-
-TEST(MainQueue, AClosureMayCancelItselfOrOutliveItsHandle)
-{
-    auto held = std::make_shared<int>(0);
+    const auto held = std::make_shared<std::string>();
+    for (const auto delay : {0ms, std::chrono::milliseconds(40 * 24h)}) {
+        WorkItem item = MainQueue::after(delay, [held] { *held += "cancelled"; });
+        EXPECT_TRUE(item.isPending());
+        item.cancel();
+        item.cancel();
+        EXPECT_FALSE(item.isPending());
+    }
     WorkItem self;
     self = MainQueue::after(0ms, [held, &self] {
-        self.cancel();
-        ++*held;
+        self.cancel(); // within itself
+        *held += "a";
     });
-    (void)MainQueue::after(0ms, [held] { ++*held; });
-    EXPECT_TRUE(waitFor([&] { return *held == 2; }));
+    (void)MainQueue::after(1ms, [held] { *held += "b"; }); // outlives its handle
+    EXPECT_TRUE(waitFor([&] { return *held == "ab"; })) << *held;
     EXPECT_EQ(held.use_count(), 1) << "what has run is let go";
 }
 
 TEST(MainQueue, AsyncHopsFromAnyThread)
 {
     QThread* ranOn = nullptr;
+    MainQueue::async(nullptr);
     const std::unique_ptr<QThread> worker(
         QThread::create([&] { MainQueue::async([&] { ranOn = QThread::currentThread(); }); }));
     worker->start();

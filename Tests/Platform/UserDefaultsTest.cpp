@@ -11,10 +11,12 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <filesystem>
 #include <limits>
 #include <string>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 using quor::platform::UserDefaults;
@@ -55,10 +57,11 @@ TEST_F(UserDefaultsTest, SpeaksWithAShell)
     EXPECT_TRUE(defaults_.boolForKey(u"flag"_s));
 
     EXPECT_TRUE(defaults_.setObject(u"größer"_s, u"searchTerm"_s));
-    EXPECT_TRUE(defaults_.setObject(28800.5, u"length"_s));
+    EXPECT_TRUE(defaults_.setObject(0.1 + 0.2, u"length"_s));
+    EXPECT_FALSE(defaults_.setObject(std::numeric_limits<double>::infinity(), u"length"_s));
     EXPECT_TRUE(defaults_.setObject(false, u"flag"_s));
     EXPECT_EQ(run(u"cat searchTerm length flag; ls -A"_s),
-        "string\ngrößerreal\n28800.5bool\nfalseaction\nflag\nlength\nsearchTerm\n");
+        "string\ngrößerreal\n0.30000000000000004bool\nfalseaction\nflag\nlength\nsearchTerm\n");
 }
 
 TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
@@ -71,14 +74,12 @@ TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
         double real;
     } cases[] = {
         {"data\n\0a\n"_ba, "\0a\n"_ba, {}, false, 0},
-        {"data\n"_ba, ""_ba, {}, false, 0},
         {"string\ntrue"_ba, {}, u"true"_s, true, 0},
         {"string\nyes"_ba, {}, u"yes"_s, true, 0},
         {"string\n1"_ba, {}, u"1"_s, true, 1},
         {"string\n-1.5e3"_ba, {}, u"-1.5e3"_s, false, -1500},
         {"string\n5 hours"_ba, {}, u"5 hours"_s, false, 0},
         {"string\n\uFEFFa"_ba, {}, u"\uFEFFa"_s, false, 0}, // a mark that decoders like to drop
-        {"string\n\xFF"_ba, {}, {}, false, 0},
         {"string\na\xC3"_ba, {}, {}, false, 0},
         {"bool\ntrue"_ba, {}, {}, true, 0},
         {"bool\nyes"_ba, {}, {}, false, 0},
@@ -89,7 +90,6 @@ TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
         {"real\ninf"_ba, {}, {}, false, 0},
         {"real\n1e999"_ba, {}, {}, false, 0},
         {"integer\n1"_ba, {}, {}, false, 0},
-        {"data\r\n1"_ba, {}, {}, false, 0},
         {"data"_ba, {}, {}, false, 0},
     };
     for (const auto& c : cases) {
@@ -104,35 +104,17 @@ TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
 
 TEST_F(UserDefaultsTest, EscapesKeysInFileNames)
 {
-    const std::pair<QString, QString> cases[] = {
-        {u"aZ09._-"_s, u"aZ09._-"_s},
-        {u".."_s, u"%2E."_s},
-        {u"../up"_s, u"%2E.%2Fup"_s},
-        {u"100% ü\n"_s, u"100%25%20%C3%BC%0A"_s},
-    };
-    for (const auto& [key, fileName] : cases) {
+    const QString names[][2] = {{u"aZ09._-"_s, u"aZ09._-"_s}, {u".."_s, u"%2E."_s},
+        {u"../up"_s, u"%2E.%2Fup"_s}, {u"100% ü\n"_s, u"100%25%20%C3%BC%0A"_s}};
+    for (const auto& [key, fileName] : names) {
         EXPECT_TRUE(defaults_.setObject(key, key));
         EXPECT_EQ(defaults_.stringForKey(key), key);
         EXPECT_TRUE(QFile::exists(folder() + u'/' + fileName)) << fileName.toStdString();
         EXPECT_TRUE(defaults_.removeObject(key));
-        EXPECT_EQ(defaults_.stringForKey(key), std::nullopt);
     }
-    for (const auto& key : {QString(), QString(300, u'k')})
+    for (const auto& key : {QString(), QString(300, u'k'), QString(QChar(0xD800))})
         EXPECT_FALSE(defaults_.setObject(true, key) || defaults_.boolForKey(key));
-    const auto entries = QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-    EXPECT_TRUE(entries.isEmpty()) << entries.join(u' ').toStdString();
-}
-
-TEST_F(UserDefaultsTest, ReadsNumbersBackExactly)
-{
-    using Limits = std::numeric_limits<double>;
-    for (const double value : {0.1, 1e22, Limits::max(), Limits::denorm_min(), -Limits::min()}) {
-        EXPECT_TRUE(defaults_.setObject(value, u"n"_s));
-        EXPECT_EQ(defaults_.doubleForKey(u"n"_s), value);
-    }
-    EXPECT_FALSE(defaults_.setObject(Limits::infinity(), u"n"_s));
-    EXPECT_FALSE(defaults_.setObject(Limits::quiet_NaN(), u"n"_s));
-    EXPECT_EQ(defaults_.doubleForKey(u"n"_s), -Limits::min());
+    EXPECT_TRUE(QDir(folder()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
 TEST_F(UserDefaultsTest, MakesItsFoldersAndFilesForTheUserAlone)
@@ -141,9 +123,8 @@ TEST_F(UserDefaultsTest, MakesItsFoldersAndFilesForTheUserAlone)
     const auto lazy = UserDefaults::suiteOrStandard(u"new"_s);
     EXPECT_TRUE(lazy.setObject(true, u"key"_s));
     const QString made = home_.path(u"not/there/new/Preferences"_s);
-    constexpr auto others = QFile::Permissions(0x77); // the group's and everybody's
     for (const auto& path : {home_.path(u"not/there"_s), made, made + "/key"_L1})
-        EXPECT_FALSE(QFile::permissions(path) & others) << path.toStdString();
+        EXPECT_FALSE(QFile::permissions(path) & 0x77) << path.toStdString(); // the group's, everybody's
     QDir(made).removeRecursively();
     EXPECT_FALSE(lazy.boolForKey(u"key"_s));
     EXPECT_TRUE(lazy.setObject(true, u"key"_s)) << "a folder that was taken away comes back";
@@ -155,7 +136,7 @@ TEST_F(UserDefaultsTest, StandardDefaultsStandInForASuiteThatCannotBeOpened)
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     int value = 1;
     for (const auto& name : {u"blocked"_s, u"../outside"_s, u".."_s, u"."_s, u""_s, u"nul\0x"_s}) {
-        EXPECT_EQ(UserDefaults::suite(name), std::nullopt) << name.toStdString();
+        EXPECT_FALSE(UserDefaults::suite(name)) << name.toStdString();
         const auto instead = UserDefaults::suiteOrStandard(name);
         EXPECT_TRUE(instead.setObject(double(++value), u"key"_s));
         EXPECT_EQ(instead.doubleForKey(u"key"_s), value);
@@ -173,16 +154,13 @@ TEST_F(UserDefaultsTest, TakesRegularFilesOnly)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(folder() + "/pipe"_L1).constData(), 0600), 0);
     ASSERT_TRUE(QDir(folder()).mkdir(u"folder"_s));
-    for (const auto& key : {u"pipe"_s, u"folder"_s})
-        EXPECT_EQ(defaults_.dataForKey(key), std::nullopt) << key.toStdString();
+    EXPECT_FALSE(defaults_.dataForKey(u"pipe"_s) || defaults_.dataForKey(u"folder"_s));
     EXPECT_TRUE(defaults_.setObject(true, u"pipe"_s));
-    EXPECT_FALSE(defaults_.setObject(true, u"folder"_s));
-    EXPECT_FALSE(defaults_.removeObject(u"folder"_s));
+    EXPECT_FALSE(defaults_.setObject(true, u"folder"_s) || defaults_.removeObject(u"folder"_s));
 }
 
-TEST(DataHome, IsAnAbsolutePathOrNone)
+TEST_F(UserDefaultsTest, LiveInTheDataHomeWhateverItsBytes)
 {
-    const quor::test::TemporaryDataHome restored;
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", "/home/somebody");
     for (const char* unusable : {"", "relative/path"}) {
@@ -190,9 +168,14 @@ TEST(DataHome, IsAnAbsolutePathOrNone)
         EXPECT_EQ(quor::platform::dataHome(), "/home/somebody/.local/share");
     }
     qunsetenv("HOME");
-    EXPECT_EQ(quor::platform::dataHome(), std::nullopt);
     EXPECT_EQ(UserDefaults::suite(suiteName), std::nullopt);
     qputenv("HOME", home);
+
+    const QByteArray noText = QFile::encodeName(home_.path()) + "/\xFF";
+    qputenv("XDG_DATA_HOME", noText);
+    EXPECT_TRUE(defaults_.suite(u"s"_s)->setObject(true, u"key"_s));
+    EXPECT_EQ(access((noText + "/s/Preferences/key").constData(), R_OK), 0);
+    std::filesystem::remove_all(noText.toStdString()); // QTemporaryDir cannot
 }
 
 } // namespace
