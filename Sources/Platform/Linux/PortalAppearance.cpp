@@ -57,9 +57,10 @@ PortalAppearance::PortalAppearance(SessionBus& bus, Appearance& appearance, QObj
 void PortalAppearance::askPortal(SessionBus& bus)
 {
     auto connection = bus.connection();
-    // From whichever service: naming it would cost a round trip to find its owner.
+    // From whichever service: naming it would cost a round trip to find its owner. And as a whole: Qt
+    // connects no slot that takes a variant before something else has registered that type.
     connection.connect({}, portalPath, settingsInterface, u"SettingChanged"_s, {settingGroup, settingKey},
-        u"ssv"_s, this, SLOT(settingChanged(QString, QString, QDBusVariant)));
+        u"ssv"_s, this, SLOT(settingChanged(QDBusMessage)));
 
     auto request = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);
     request << QString(settingGroup) << QString(settingKey);
@@ -72,9 +73,9 @@ void PortalAppearance::askPortal(SessionBus& bus)
     });
 }
 
-void PortalAppearance::settingChanged(const QString&, const QString&, const QDBusVariant& value)
+void PortalAppearance::settingChanged(const QDBusMessage& change)
 {
-    setPortalScheme(value.variant());
+    setPortalScheme(change.arguments().value(2));
 }
 
 void PortalAppearance::setPortalScheme(const QVariant& value)

@@ -7,7 +7,7 @@
 
 #include <optional>
 
-class QDBusVariant;
+class QDBusMessage;
 
 namespace quor::platform {
 
@@ -26,7 +26,7 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private Q_SLOTS:
-    void settingChanged(const QString& group, const QString& key, const QDBusVariant& value);
+    void settingChanged(const QDBusMessage& change);
 
 private:
     void askPortal(SessionBus& bus);
