@@ -32,14 +32,12 @@ CustomTableView::CustomTableView(QWidget* parent)
 
 void CustomTableView::setKeyDelegate(CustomTableViewKeyDelegate* keyDelegate)
 {
-    keyDelegate_.reset();
-    if (keyDelegate)
-        keyDelegate_.emplace(*keyDelegate);
+    keyDelegate_ = platform::TrackedPointer(keyDelegate);
 }
 
 CustomTableViewKeyDelegate* CustomTableView::keyDelegate() const
 {
-    return keyDelegate_ ? keyDelegate_->lock() : nullptr;
+    return keyDelegate_.get();
 }
 
 void CustomTableView::setMenu(QMenu* menu)

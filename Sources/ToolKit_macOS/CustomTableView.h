@@ -3,7 +3,6 @@
 
 #include "Platform/Concurrency/MainQueue.h"
 #include "Platform/Views/TableView.h"
-#include "ToolKit/Deferred/WeakReference.h"
 #include "ToolKit_macOS/CustomTableViewKeyDelegate.h"
 
 #include <QMenu>
@@ -58,7 +57,7 @@ private:
     void openMenu(int row, const QPoint& globalPosition);
     void menuDidClose();
 
-    std::optional<WeakReference<CustomTableViewKeyDelegate>> keyDelegate_;
+    platform::TrackedPointer<CustomTableViewKeyDelegate> keyDelegate_;
     QPointer<QMenu> menu_;
     std::optional<int> rowForLastMenu_;
     platform::WorkItem forgetRow_;

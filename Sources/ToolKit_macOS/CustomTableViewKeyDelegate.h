@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Deferred/Trackable.h"
+#include "Platform/Services/Trackable.h"
 
 namespace quor::toolkit {
 
@@ -9,7 +9,7 @@ class CustomTableView;
 
 /// Told of the keys and double clicks of a `CustomTableView`, each with the row that is selected
 /// then, -1 if none is. The table refers to it weakly. Main thread only.
-class CustomTableViewKeyDelegate : public Trackable {
+class CustomTableViewKeyDelegate : public platform::Trackable {
 public:
     virtual void tableViewDidPressEnter(CustomTableView& table, int row) = 0;
     virtual void tableViewDidPressSpace(CustomTableView& table, int row) = 0;

@@ -15,7 +15,7 @@ using quor::toolkit::AppearanceMode;
 
 namespace {
 
-struct Observer : quor::toolkit::Trackable {
+struct Observer : quor::platform::Trackable {
     int changes = 0;
     void changed(AppearanceMode&, const std::any&) { ++changes; }
 };

@@ -40,7 +40,7 @@ struct ObjectTarget : QObject, Target {
 struct SharedTarget : std::enable_shared_from_this<SharedTarget>, Target {
     using Target::Target;
 };
-struct TrackedTarget : Trackable, Target {
+struct TrackedTarget : quor::platform::Trackable, Target {
     using Target::Target;
 };
 

@@ -34,12 +34,12 @@ TableView::~TableView()
 
 void TableView::setDataSource(TableViewDataSource* dataSource)
 {
-    dataSource_ = TableViewClientReference(dataSource);
+    dataSource_ = TrackedPointer(dataSource);
 }
 
 void TableView::setDelegate(TableViewDelegate* delegate)
 {
-    delegate_ = TableViewClientReference(delegate);
+    delegate_ = TrackedPointer(delegate);
 }
 
 void TableView::reloadData()

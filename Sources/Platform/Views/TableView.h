@@ -164,8 +164,8 @@ private:
     void layoutRows();
     void updateEmphasis();
 
-    TableViewClientReference<TableViewDataSource> dataSource_;
-    TableViewClientReference<TableViewDelegate> delegate_;
+    TrackedPointer<TableViewDataSource> dataSource_;
+    TrackedPointer<TableViewDelegate> delegate_;
     TableViewRowHeights heights_;
     std::unique_ptr<TableViewRows> rows_;
     std::unique_ptr<TableViewHover> hover_;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Views/TableViewClient.h"
+#include "Platform/Services/Trackable.h"
 
 #include <QAccessible>
 #include <QString>
@@ -27,8 +27,9 @@ struct TableViewRowDescription {
 ///
 /// Rows count from 0; each row handed in is one of the table's. Nothing here may be assumed to be
 /// asked once, or in order; it is asked for rows that are about to be seen, the heights apart.
-/// `reloadData()` from within a question takes effect when the event loop next turns. Main thread only.
-class TableViewDelegate : public TableViewClient {
+/// `reloadData()` from within a question takes effect when the event loop next turns. The table refers
+/// to it weakly, so either may end first. Main thread only.
+class TableViewDelegate : public Trackable {
 public:
     /// The widget that fills the row: one that `TableView::makeView` hands out for reuse, or a new
     /// one. Its `objectName()` is the identifier that it is kept under when its row leaves; without

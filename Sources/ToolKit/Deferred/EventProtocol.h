@@ -30,7 +30,7 @@ namespace quor::toolkit {
 /// what can be a target; a publisher can). `EventType` is hashed by `std::hash`, which an enumeration
 /// has. Everything is for the main thread, but `trigger`, and calls come on the main thread only.
 template <class Publisher, class EventType>
-class EventProtocol : public Trackable {
+class EventProtocol : public platform::Trackable {
 public:
     using Event = EventType;
     using TargetActions = std::vector<std::shared_ptr<TargetAction<Publisher>>>;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Deferred/Trackable.h"
+#include "Platform/Services/Trackable.h"
 
 #include <QObject>
 #include <QPointer>
@@ -27,7 +27,7 @@ template <class T>
 class WeakReference final {
     static_assert(!std::same_as<T, T>,
         "the target must be a QObject, or derive from std::enable_shared_from_this or "
-        "quor::toolkit::Trackable, so that it may end before whoever refers to it");
+        "quor::platform::Trackable, so that it may end before whoever refers to it");
 };
 
 template <std::derived_from<QObject> T>
@@ -59,19 +59,18 @@ private:
 };
 
 template <class T>
-requires(!std::derived_from<T,
-             QObject> && !SharedFromThis<T> && std::derived_from<T, Trackable>) class WeakReference<T> final {
+requires(
+    !std::derived_from<T, QObject> && !SharedFromThis<T> && std::derived_from<T, platform::Trackable>) class
+    WeakReference<T> final {
 public:
     explicit WeakReference(T& object)
-        : life_(object.life())
-        , object_(&object)
+        : object_(&object)
     {
     }
-    [[nodiscard]] T* lock() const { return life_.expired() ? nullptr : object_; }
+    [[nodiscard]] T* lock() const { return object_.get(); }
 
 private:
-    std::weak_ptr<const void> life_;
-    T* object_;
+    platform::TrackedPointer<T> object_;
 };
 
 } // namespace quor::toolkit

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-namespace quor::toolkit {
+namespace quor::platform {
 
 /// Base of a class whose objects can be referred to weakly without being a `QObject` or living in a
 /// `std::shared_ptr`: what others hold is a token that expires with the object.
@@ -25,4 +25,21 @@ private:
     std::shared_ptr<const void> life_ = std::make_shared<char>();
 };
 
-} // namespace quor::toolkit
+/// A weak reference to a `Trackable`; null once it has ended, and from the start if so given.
+template <class T>
+class TrackedPointer final {
+public:
+    TrackedPointer() = default;
+    explicit TrackedPointer(T* object)
+        : life_(object ? object->life() : std::weak_ptr<const void>())
+        , object_(object)
+    {
+    }
+    [[nodiscard]] T* get() const { return life_.expired() ? nullptr : object_; }
+
+private:
+    std::weak_ptr<const void> life_;
+    T* object_ = nullptr;
+};
+
+} // namespace quor::platform
