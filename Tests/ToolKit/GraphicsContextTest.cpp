@@ -32,8 +32,10 @@ TEST(GraphicsContext, ArcsRunClockwiseFromTwelve)
             drawArc(painter, Qt::red, false, Qt::FlatCap, {50, 50}, 30, c.start, c.end, 6);
         });
         std::string eighths;
-        for (double angle = pi / 8; angle < 2 * pi; angle += pi / 4)
+        for (int i = 0; i < 8; ++i) {
+            const double angle = (i + 0.5) * pi / 4;
             eighths += canvas.hasInk(50 + 30 * std::sin(angle), 50 - 30 * std::cos(angle)) ? '1' : '0';
+        }
         EXPECT_EQ(eighths, c.eighths) << c.start << " to " << c.end;
     }
 }
