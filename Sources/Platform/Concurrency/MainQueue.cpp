@@ -79,6 +79,7 @@ WorkItem MainQueue::after(std::chrono::milliseconds delay, std::function<void()>
     pending->timer.setSingleShot(true);
     pending->timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&pending->timer, &QTimer::timeout, QCoreApplication::instance(), [pending] {
+        // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
         const auto alive = pending; // taking the work ends the connection that holds this closure
         if (const auto run = alive->take())
             run();
