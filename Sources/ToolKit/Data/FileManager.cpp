@@ -67,10 +67,10 @@ bool writeAll(int fd, const QByteArray& data)
     return true;
 }
 
-// False if the disk has no room for a file of that size. File systems that cannot tell say it has.
+// False if there is no room for a file of that size. File systems that cannot tell say there is.
 bool takeRoom(int fd, qsizetype size)
 {
-    return fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, size) == 0 || (errno != ENOSPC && errno != EDQUOT);
+    return fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, size) == 0 || errno == EOPNOTSUPP;
 }
 
 } // namespace

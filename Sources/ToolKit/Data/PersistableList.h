@@ -47,7 +47,7 @@ class PersistableList final {
 public:
     using Entry = std::pair<QString, Element>; ///< key and value
 
-    /// `storageURL` is the path of the folder, made by the first flush that has something to write.
+    /// `storageURL` is the path of the folder, made by the first flush after any key was touched.
     /// Without one (absent or empty) the list lives in memory alone. Touches no file.
     explicit PersistableList(const std::optional<QString>& storageURL)
         : access_(storageURL)
