@@ -35,7 +35,6 @@ MenubarStatusItemRenderer::MenubarStatusItemRenderer(
     , services_(services)
     , mainScreen_(std::move(mainScreen))
     , bundle_(platform::Bundle::named(QStringLiteral("Quor")))
-    , style_(StatusItemStyle::ofSystem())
     , stackView_(std::make_unique<MenubarStackView>(Qt::Horizontal, LiveTag))
 {
     const double inset = edgeInset(services_.statusBar.thickness());
@@ -95,7 +94,9 @@ void MenubarStatusItemRenderer::render(Drawing drawing)
         plan.symbol = shown_->plan.symbol;
         plan.overTime = shown_->plan.overTime;
     }
-    buildElements(*stackView_, plan, style_, drawing.warningColor);
+    if (!style_)
+        style_ = StatusItemStyle::ofSystem();
+    buildElements(*stackView_, plan, *style_, drawing.warningColor);
     heightPadding_ = plan.heightPadding.value_or(heightPadding_);
     const double width = std::ceil(stackView_->fittingSize().width());
     const double height = std::ceil(services_.statusBar.thickness() - rawValue(heightPadding_));

@@ -72,7 +72,7 @@ private:
     platform::PlatformServices services_;
     MainScreen mainScreen_;
     platform::Bundle bundle_;
-    StatusItemStyle style_;
+    std::optional<StatusItemStyle> style_; ///< none before the first rendering, which loads the fonts
     std::unique_ptr<MenubarStackView> stackView_;
     QTimer clockUpdateTimer_{this}; ///< runs only while the idle clock's face shows
     HeightPadding heightPadding_ = HeightPadding::single;

@@ -9,22 +9,31 @@
 
 namespace quor::helper {
 
-TextStyle TextStyle::of(const QFont& font)
+namespace {
+
+constexpr double textSize = 11;
+constexpr double smallTextSize = 8;
+
+// Font metrics would tell it in whole pixels, rounded up.
+double capHeightOf(const QFont& font)
 {
     QPainterPath capital;
     capital.addText({}, font, QStringLiteral("H"));
-    return {font, capital.boundingRect().height()};
+    return capital.boundingRect().height();
 }
+
+} // namespace
 
 StatusItemStyle StatusItemStyle::ofSystem()
 {
-    constexpr double size = 11;
-    constexpr double smallSize = 8;
-    const TextStyle text = TextStyle::of(toolkit::systemFont(size, QFont::Medium));
+    const QFont digits = toolkit::monospacedDigitFont(textSize, QFont::Medium);
+    const double capHeight = capHeightOf(toolkit::systemFont(textSize, QFont::Medium));
     return {
-        .label = TextStyle::of(toolkit::monospacedDigitFont(size, QFont::Medium)),
-        .smallLabel = TextStyle::of(toolkit::systemFont(smallSize, QFont::Medium)),
-        .diameter = std::ceil(text.capHeight * 1.2),
+        .label = {digits, capHeightOf(digits)},
+        // Outlines grow with the size, so the small font need not be loaded before it is used.
+        .smallLabel
+        = {toolkit::systemFont(smallTextSize, QFont::Medium), capHeight * smallTextSize / textSize},
+        .diameter = std::ceil(capHeight * 1.2),
     };
 }
 

@@ -5,12 +5,10 @@
 
 namespace quor::helper {
 
-/// A font, and how high its capitals really are. Font metrics tell that in whole pixels, rounded up.
+/// A font, and how high its capitals are drawn.
 struct TextStyle {
     QFont font;
     double capHeight = 0; ///< device-independent pixels
-
-    [[nodiscard]] static TextStyle of(const QFont& font);
 };
 
 /// The fonts of the status item, and the size of what stands beside them. Made once for an item, since

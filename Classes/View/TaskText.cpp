@@ -27,11 +27,21 @@ bool standsAlone(char32_t scalar)
         || u_getIntPropertyValue(static_cast<UChar32>(scalar), UCHAR_GRAPHEME_CLUSTER_BREAK) == U_GCB_OTHER;
 }
 
+// ICU keeps the emoji in a table of its own, which takes most of a megabyte to load: not for plain names.
+bool isEmoji(char32_t scalar)
+{
+    constexpr char32_t firstOfTheOthers = 0x203C;
+    if (scalar < firstOfTheOthers)
+        return scalar == U'#' || scalar == U'*' || (scalar >= U'0' && scalar <= U'9') || scalar == U'\u00A9'
+            || scalar == U'\u00AE';
+    return u_hasBinaryProperty(static_cast<UChar32>(scalar), UCHAR_EMOJI);
+}
+
 bool isDropped(QStringView character)
 {
     const char32_t first = scalarAt(character, 0);
     const bool isPlainDigit = character.size() == 1 && first >= U'0' && first <= U'9';
-    return !isPlainDigit && u_hasBinaryProperty(static_cast<UChar32>(first), UCHAR_EMOJI);
+    return !isPlainDigit && isEmoji(first);
 }
 
 // The end of the shortest piece from `start` that surely ends with a character.
