@@ -4,7 +4,7 @@
 #include "Peer/Model/TextSearch.h"
 #include "Peer/Tracked.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 using namespace Qt::StringLiterals;
 using namespace quor::peer;
@@ -15,42 +15,36 @@ namespace {
 
 const MenuTexts texts{u"Running"_s, u"Recent"_s, u"All"_s, u"None"_s, u"Show"_s, u"Quit"_s};
 
-struct Describe {
-    QString operator()(const MenuEntry::Entry& entry) const
-    {
-        using Action = MenuEntry::Entry::Action;
-        if (entry.isTitle)
-            return u"# "_s + entry.label;
-        QString text = entry.label + (entry.iconName ? u' ' + *entry.iconName : QString());
-        if (const auto* const start = std::get_if<Action::Start>(&entry.action.value))
-            text += u" start "_s + start->taskID;
-        if (const auto* const stop = std::get_if<Action::Stop>(&entry.action.value))
-            text += u" stop "_s + stop->taskID;
-        return text;
-    }
-    QString operator()(const MenuEntry::AdjustStart& row) const
-    {
-        return u"adjust %1 %2"_s.arg(row.taskID).arg(row.startTime, 0, 'f', 0);
-    }
-    QString operator()(const MenuEntry::StopPast& row) const { return u"past "_s + row.taskID; }
-    QString operator()(const MenuEntry::Search&) const { return u"search"_s; }
-    QString operator()(const MenuEntry::Separator&) const { return u"-"_s; }
-};
+QString described(const MenuEntry& row)
+{
+    using Entry = MenuEntry::Entry;
+    if (const auto* const adjust = std::get_if<MenuEntry::AdjustStart>(&row.value))
+        return u"adjust %1 %2"_s.arg(adjust->taskID).arg(adjust->startTime, 0, 'f', 0);
+    if (const auto* const past = std::get_if<MenuEntry::StopPast>(&row.value))
+        return u"past "_s + past->taskID;
+    const auto* const entry = std::get_if<Entry>(&row.value);
+    if (!entry)
+        return std::holds_alternative<MenuEntry::Search>(row.value) ? u"search"_s : u"-"_s;
+    QStringList words{(entry->isTitle ? u"# "_s : QString()) + entry->label};
+    if (const auto* const start = std::get_if<Entry::Action::Start>(&entry->action.value))
+        words += {entry->iconName.value_or(QString()), u"start"_s, start->taskID};
+    if (const auto* const stop = std::get_if<Entry::Action::Stop>(&entry->action.value))
+        words += {entry->iconName.value_or(QString()), u"stop"_s, stop->taskID};
+    return words.join(u' ');
+}
 
-std::string outline(const std::vector<MenuEntry>& rows)
+std::string outline(const Tracked& tracked, const QString& searchTerm)
 {
     QStringList lines;
-    for (const MenuEntry& row : rows)
-        lines.append(std::visit(Describe(), row.value));
+    for (const MenuEntry& row : menuRows(tracked.tracker, searchTerm, texts))
+        lines.append(described(row));
     return lines.join(u" | "_s).toStdString();
 }
 
 TEST(MenuRows, ListWhatRunsWhatRanAndAllElse)
 {
-    Tracked t(1'700'000'000);
-    for (const auto& name : {u"Task 10"_s, u"Écrire"_s, u"Task 9"_s, u"Design"_s, u"Zoo"_s})
-        t.tracker.addTask(name, {});
-    EXPECT_EQ(outline(menuRows(t.tracker, u""_s, texts)),
+    Tracked t(1'700'000'000, {u"Task 10"_s, u"Écrire"_s, u"Task 9"_s, u"Design"_s, u"Zoo"_s});
+    EXPECT_EQ(outline(t, u""_s),
         "search | # All | Design play start T4 | Écrire play start T2 | Task 9 play start T3 | "
         "Task 10 play start T1 | Zoo play start T5 | - | Show | Quit");
 
@@ -61,16 +55,16 @@ TEST(MenuRows, ListWhatRunsWhatRanAndAllElse)
     t.tracker.stop(u"T3"_s);
     t.clock.advance(60);
     t.tracker.stop(u"T1"_s);
-    EXPECT_EQ(outline(menuRows(t.tracker, u""_s, texts)),
+    EXPECT_EQ(outline(t, u""_s),
         "search | # Running | Design stop stop T4 | adjust T4 1700000120 | past T4 | - | "
         "# Recent | Task 10 play start T1 | Task 9 play start T3 | - | "
         "# All | Écrire play start T2 | Task 9 play start T3 | Task 10 play start T1 | "
         "Zoo play start T5 | - | Show | Quit");
-    EXPECT_EQ(outline(menuRows(t.tracker, u"TASK"_s, texts)),
+    EXPECT_EQ(outline(t, u"TASK"_s),
         "search | # All | Task 9 play start T3 | Task 10 play start T1 | - | Show | Quit");
-    EXPECT_EQ(outline(menuRows(t.tracker, u"sig"_s, texts)),
+    EXPECT_EQ(outline(t, u"sig"_s),
         "search | # Running | Design stop stop T4 | adjust T4 1700000120 | past T4 | - | Show | Quit");
-    EXPECT_EQ(outline(menuRows(t.tracker, u"nothing"_s, texts)), "search | # None | - | Show | Quit");
+    EXPECT_EQ(outline(t, u"nothing"_s), "search | # None | - | Show | Quit");
 }
 
 TEST(TextSearch, FindsWhatReadsTheSame)

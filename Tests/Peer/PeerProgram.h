@@ -7,8 +7,6 @@
 #include <QProcess>
 #include <QStringList>
 
-#include <memory>
-
 namespace quor::test {
 
 struct Result {
@@ -17,11 +15,12 @@ struct Result {
     QString errors;
 };
 
-/// Runs one command of the built program to its end.
-inline Result quorPeer(const QStringList& arguments)
+/// Runs one command of the built program, its arguments parted by single blanks, to its end.
+inline Result quorPeer(const QString& command, const QStringList& environment = {})
 {
     QProcess process;
-    process.start(QStringLiteral(QUOR_PEER), arguments);
+    process.setEnvironment(QProcess::systemEnvironment() + environment);
+    process.start(QStringLiteral(QUOR_PEER), command.split(u' '));
     if (!process.waitForFinished() || process.exitStatus() != QProcess::NormalExit)
         return {-1, {}, process.errorString()};
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()).trimmed(),
@@ -29,10 +28,9 @@ inline Result quorPeer(const QStringList& arguments)
 }
 
 /// The JSON that a command prints.
-inline QJsonDocument quorPeerJSON(const QStringList& arguments)
+inline QJsonDocument quorPeerJSON(const QString& command)
 {
-    return QJsonDocument::fromJson(
-        quorPeer(arguments + QStringList{QStringLiteral("--json")}).output.toUtf8());
+    return QJsonDocument::fromJson(quorPeer(command + QStringLiteral(" --json")).output.toUtf8());
 }
 
 /// The built program, serving on the session's bus, with a data folder of the test's own.
@@ -46,23 +44,19 @@ public:
     /// Returns once it serves; the output so far is not kept.
     void start()
     {
-        process_.start(QStringLiteral(QUOR_PEER), {QStringLiteral("serve")});
-        while (!process_.canReadLine() && process_.waitForReadyRead()) { }
-        process_.readLine();
+        process.start(QStringLiteral(QUOR_PEER), {QStringLiteral("serve")});
+        while (!process.canReadLine() && process.waitForReadyRead()) { }
+        process.readLine();
     }
     /// Without any warning to it.
     void kill()
     {
-        process_.kill();
-        process_.waitForFinished();
+        process.kill();
+        process.waitForFinished();
     }
 
-    [[nodiscard]] QProcess& process() { return process_; }
-
     const TemporaryDataHome home;
-
-private:
-    QProcess process_;
+    QProcess process;
 };
 
 } // namespace quor::test

@@ -5,25 +5,28 @@
 #include "Peer/Model/Tracker.h"
 #include "Support/TestClock.h"
 
+#include <QStringList>
+
 namespace quor::test {
 
 /// A tracker at a clock of the test's, its data in memory alone.
 struct Tracked {
-    explicit Tracked(double now = 1'700'000'000)
+    Tracked(double now, const QStringList& tasks)
         : clock(now)
     {
+        for (const QString& name : tasks)
+            tracker.addTask(name, {});
     }
 
-    [[nodiscard]] double now() const { return platform::secondsSince1970(clock.now()); }
-    void moveTo(double seconds) { clock.advance(seconds - now()); }
+    void moveTo(double seconds) { clock.advance(seconds - platform::secondsSince1970(clock.now())); }
 
     /// An entry of the last task, from one moment to another.
     void track(double start, double end)
     {
         moveTo(start);
-        (void)tracker.start(tracker.tasks().back().id);
+        tracker.start(tracker.tasks().back().id);
         moveTo(end);
-        (void)tracker.stop(tracker.tasks().back().id);
+        tracker.stop(tracker.tasks().back().id);
     }
 
     TestClock clock;
