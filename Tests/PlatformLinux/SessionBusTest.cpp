@@ -17,26 +17,6 @@ using namespace Qt::StringLiterals;
 using namespace quor::platform;
 using Claim = SessionBus::Claim;
 
-namespace {
-
-class Variable final {
-public:
-    Variable(const char* name, const QByteArray& value)
-        : name_(name)
-    {
-        qputenv(name, value);
-    }
-    ~Variable() { before_.isNull() ? qunsetenv(name_) : qputenv(name_, before_); }
-    Variable(const Variable&) = delete;
-    Variable& operator=(const Variable&) = delete;
-
-private:
-    const char* name_;
-    QByteArray before_ = qgetenv(name_);
-};
-
-} // namespace
-
 TEST(SessionBusTest, FindsTheBusByTheEnvironmentAndLaunchesNone)
 {
     const QTemporaryDir runtime;
@@ -49,17 +29,18 @@ TEST(SessionBusTest, FindsTheBusByTheEnvironmentAndLaunchesNone)
         QString expected;
     } cases[]{
         {"unix:path=/run/a,guid=1", runtime.path().toUtf8(), u"unix:path=/run/a,guid=1"_s},
-        {"", runtime.path().toUtf8(), bySocket},
         {"autolaunch:", runtime.path().toUtf8(), bySocket},
         {"autolaunch:scope=user", "", u""_s},
         {"", "/nowhere", u""_s},
-        {"", "", u""_s},
     };
+    const auto ownAddress = qgetenv("DBUS_SESSION_BUS_ADDRESS"), ownFolder = qgetenv("XDG_RUNTIME_DIR");
     for (const auto& [address, runtimeFolder, expected] : cases) {
-        const Variable first("DBUS_SESSION_BUS_ADDRESS", address);
-        const Variable second("XDG_RUNTIME_DIR", runtimeFolder);
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        qputenv("XDG_RUNTIME_DIR", runtimeFolder);
         EXPECT_EQ(SessionBus::sessionAddress(), expected) << address.constData();
     }
+    qputenv("DBUS_SESSION_BUS_ADDRESS", ownAddress);
+    qputenv("XDG_RUNTIME_DIR", ownFolder);
 }
 
 TEST(SessionBusTest, ANameHasOneOwnerAndIsARunningApplication)
@@ -68,7 +49,6 @@ TEST(SessionBusTest, ANameHasOneOwnerAndIsARunningApplication)
     auto first = std::make_unique<SessionBus>();
     SessionBus second;
     const DBusWorkspace workspace(second);
-    ASSERT_TRUE(first->isConnected());
     EXPECT_FALSE(isApplicationRunning(workspace, name));
 
     EXPECT_EQ(first->claim(name), Claim::claimed);
@@ -89,15 +69,13 @@ TEST(SessionBusTest, TellsWhenTheBusGoesAndThenDoesNothing)
     daemon.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
     ASSERT_TRUE(daemon.waitForReadyRead());
     SessionBus bus(QString::fromUtf8(daemon.readLine().trimmed()));
-    ASSERT_TRUE(bus.isConnected());
     int told = 0;
     QObject::connect(&bus, &SessionBus::disconnected, [&] { ++told; });
     DBusNotificationCenter center(bus);
     const auto token = center.addObserver(u"a"_s, {});
 
     daemon.kill();
-    EXPECT_TRUE(quor::test::waitFor([&] { return told > 0; }));
-    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(quor::test::waitFor([&] { return told == 1; }));
     EXPECT_FALSE(bus.isConnected());
     EXPECT_EQ(bus.claim(u"com.quor-app.Late"_s), Claim::failed);
     EXPECT_TRUE(DBusWorkspace(bus).runningApplications().empty());

@@ -29,9 +29,9 @@ QStringList argumentMatch(const QString& name)
 
 } // namespace
 
-NotificationChannel::NotificationChannel(const QDBusConnection& bus, const QString& name)
-    : bus_(bus)
-    , name_(name)
+NotificationChannel::NotificationChannel(QDBusConnection bus, QString name)
+    : bus_(std::move(bus))
+    , name_(std::move(name))
 {
     bus_.connect({}, signalPath, signalInterface, signalMember, argumentMatch(name_), u"s"_s, this,
         SLOT(posted(QString)));

@@ -20,7 +20,7 @@ public:
     using Handler = DistributedNotificationCenter::Handler;
     using ObserverToken = DistributedNotificationCenter::ObserverToken;
 
-    NotificationChannel(const QDBusConnection& bus, const QString& name);
+    NotificationChannel(QDBusConnection bus, QString name);
     ~NotificationChannel() override;
 
     void add(ObserverToken token, Handler handler);

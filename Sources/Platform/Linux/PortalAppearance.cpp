@@ -2,6 +2,7 @@
 #include "Platform/Linux/PortalAppearance.h"
 
 #include "Platform/Linux/SessionBus.h"
+#include "Platform/Views/PaletteApplier.h"
 
 #include <QApplication>
 #include <QDBusMessage>
@@ -35,19 +36,10 @@ std::optional<ColorScheme> schemeFromSetting(QVariant value)
     return std::nullopt;
 }
 
-ColorScheme schemeFromPalette()
-{
-    const auto palette = QApplication::palette();
-    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness()
-        ? ColorScheme::dark
-        : ColorScheme::light;
-}
-
 } // namespace
 
-PortalAppearance::PortalAppearance(SessionBus& bus, Appearance& appearance, QObject* parent)
-    : QObject(parent)
-    , appearance_(appearance)
+PortalAppearance::PortalAppearance(SessionBus& bus, Appearance& appearance)
+    : appearance_(appearance)
 {
     apply();
     QCoreApplication::instance()->installEventFilter(this);
@@ -95,7 +87,7 @@ void PortalAppearance::apply()
 {
     // A palette that the application was given does not speak for the desktop.
     if (!QCoreApplication::testAttribute(Qt::AA_SetPalette))
-        paletteScheme_ = schemeFromPalette();
+        paletteScheme_ = colorSchemeOf(QApplication::palette());
     appearance_.setDesktopScheme(portalScheme_.value_or(paletteScheme_));
 }
 

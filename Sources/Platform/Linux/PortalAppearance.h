@@ -21,7 +21,7 @@ class PortalAppearance final : public QObject {
     Q_OBJECT
 
 public:
-    PortalAppearance(SessionBus& bus, Appearance& appearance, QObject* parent = nullptr);
+    PortalAppearance(SessionBus& bus, Appearance& appearance);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 

@@ -20,7 +20,7 @@ constexpr std::chrono::milliseconds claimLimit = 5s;
 
 // Of the bus's own interface: flags of RequestName, and what it answers.
 constexpr uint doNotQueue = 4;
-enum RequestNameReply : uint { primaryOwner = 1, inQueue = 2, exists = 3, alreadyOwner = 4 };
+enum RequestNameReply : uint { primaryOwner = 1, alreadyOwner = 4 };
 
 QDBusConnection connectTo(const QString& address, const QString& name)
 {
@@ -42,9 +42,8 @@ QString SessionBus::sessionAddress()
     return "unix:path="_L1 + QString::fromLatin1(QFile::encodeName(socket).toPercentEncoding("/*", "~"));
 }
 
-SessionBus::SessionBus(const QString& address, QObject* parent)
-    : QObject(parent)
-    , connection_(connectTo(address, u"quor-session-%1"_s.arg(reinterpret_cast<quintptr>(this))))
+SessionBus::SessionBus(const QString& address)
+    : connection_(connectTo(address, u"quor-session-%1"_s.arg(reinterpret_cast<quintptr>(this))))
 {
     connection_.connect({}, u"/org/freedesktop/DBus/Local"_s, u"org.freedesktop.DBus.Local"_s,
         u"Disconnected"_s, this, SIGNAL(disconnected()));
@@ -62,13 +61,8 @@ SessionBus::Claim SessionBus::claim(const QString& name)
     const QDBusReply<uint> reply = connection_.call(request, QDBus::Block, int(claimLimit.count()));
     if (!reply.isValid())
         return Claim::failed;
-    switch (reply.value()) {
-    case primaryOwner:
-    case alreadyOwner:
-        return Claim::claimed;
-    default:
-        return Claim::taken;
-    }
+    const bool isOwner = reply.value() == primaryOwner || reply.value() == alreadyOwner;
+    return isOwner ? Claim::claimed : Claim::taken;
 }
 
 } // namespace quor::platform

@@ -25,7 +25,7 @@ public:
     /// Where the session's bus listens, by the environment; empty if the session has none.
     [[nodiscard]] static QString sessionAddress();
 
-    explicit SessionBus(const QString& address = sessionAddress(), QObject* parent = nullptr);
+    explicit SessionBus(const QString& address = sessionAddress());
     ~SessionBus() override; ///< Closes the connection, and so gives up its names.
 
     [[nodiscard]] bool isConnected() const { return connection_.isConnected(); }

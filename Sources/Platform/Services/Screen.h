@@ -9,7 +9,8 @@ class QScreen;
 
 namespace quor::platform {
 
-/// A screen, as a value: all rectangles in device-independent pixels of the virtual desktop, y down.
+/// A screen, as a value, in the coordinates of `QScreen`, y down: the screen's own origin in device
+/// pixels of the whole desktop, sizes and places on the screen in device-independent ones.
 struct Screen {
     QRectF frame;
     QRectF visibleFrame; ///< `frame` less what panels reserve.

@@ -2,18 +2,12 @@
 #include "Platform/Views/PaletteApplier.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QPalette>
 
 namespace quor::platform {
 
 namespace {
-
-ColorScheme schemeOf(const QPalette& palette)
-{
-    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness()
-        ? ColorScheme::dark
-        : ColorScheme::light;
-}
 
 QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
 {
@@ -43,21 +37,37 @@ QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
 
 } // namespace
 
+ColorScheme colorSchemeOf(const QPalette& palette)
+{
+    return palette.color(QPalette::WindowText).lightness() > palette.color(QPalette::Window).lightness()
+        ? ColorScheme::dark
+        : ColorScheme::light;
+}
+
 PaletteApplier::PaletteApplier(Appearance& appearance)
     : appearance_(appearance)
     , changes_(appearance.observe([this] { apply(); }))
 {
     apply();
+    QCoreApplication::instance()->installEventFilter(this);
 }
 
-void PaletteApplier::apply() const
+bool PaletteApplier::eventFilter(QObject* watched, QEvent* event)
+{
+    // The desktop may give another palette. Later, when whoever listens to the desktop has seen it too.
+    if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance())
+        QMetaObject::invokeMethod(this, &PaletteApplier::apply, Qt::QueuedConnection);
+    return QObject::eventFilter(watched, event);
+}
+
+void PaletteApplier::apply()
 {
     const auto wanted = appearance_.effectiveAppearance();
-    if (schemeOf(QApplication::palette()) == wanted)
+    if (colorSchemeOf(QApplication::palette()) == wanted)
         return;
     if (QCoreApplication::testAttribute(Qt::AA_SetPalette))
         QApplication::setPalette({}); // back to the desktop's
-    if (schemeOf(QApplication::palette()) != wanted)
+    if (colorSchemeOf(QApplication::palette()) != wanted)
         QApplication::setPalette(plainPalette(wanted, QApplication::palette()));
 }
 

@@ -3,7 +3,14 @@
 
 #include "Platform/Services/Appearance.h"
 
+#include <QObject>
+
+class QPalette;
+
 namespace quor::platform {
+
+/// Dark where the text is lighter than the window behind it.
+[[nodiscard]] ColorScheme colorSchemeOf(const QPalette& palette);
 
 /// Keeps the colours of all widgets light or dark as the application's effective appearance says.
 ///
@@ -13,14 +20,16 @@ namespace quor::platform {
 ///
 /// One object an application, made by its main function behind the `QApplication`. `appearance` must
 /// outlive it. Main thread only.
-class PaletteApplier final {
+class PaletteApplier final : public QObject {
+    Q_OBJECT
+
 public:
     explicit PaletteApplier(Appearance& appearance);
-    PaletteApplier(const PaletteApplier&) = delete;
-    PaletteApplier& operator=(const PaletteApplier&) = delete;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void apply() const;
+    void apply();
 
     Appearance& appearance_;
     Subscription changes_;
