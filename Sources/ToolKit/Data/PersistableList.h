@@ -40,8 +40,8 @@ namespace quor::toolkit {
 /// Links and subfolders within the folder are no files of the list: never followed, not counted, but
 /// gone with `clear`. The folder belongs to one list at a time.
 ///
-/// Any thread. Calls of one thread take effect in their order. An empty key holds nothing: setting or
-/// removing it does nothing.
+/// Any thread. Calls of one thread take effect in their order. A key that is empty, or no Unicode (half
+/// a surrogate pair in it), holds nothing: setting or removing it does nothing.
 template <typename Element = QJsonValue>
 class PersistableList final {
 public:
@@ -64,7 +64,7 @@ public:
     }
     [[nodiscard]] std::optional<Element> value(const QString& key) const
     {
-        if (key.isEmpty())
+        if (!isKey(key))
             return std::nullopt;
         return access_.sync([&](State& state) { return state.container(storageKey(key)).value(key); });
     }
@@ -167,11 +167,14 @@ private:
         std::optional<QString> storageURL;
     };
 
+    // What is no Unicode would be written as another key.
+    static bool isKey(const QString& key) { return !key.isEmpty() && key.isValidUtf16(); }
+
     // Changes that follow each other share a block until it runs: a block for each would cost more than
     // the change.
     void change(Change change)
     {
-        if (change.key.isEmpty())
+        if (!isKey(change.key))
             return;
         const std::lock_guard lock(mutex_);
         if (!changes_) {
