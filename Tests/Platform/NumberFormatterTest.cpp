@@ -49,16 +49,9 @@ TEST(NumberFormatter, ReadsOnlyWhatIsANumberToItsEnd)
         const char* locale;
         QString text;
         std::optional<double> number;
-    } cases[] = {
-        {"de_DE", u"1,5"_s, 1.5},
-        {"en_US", u"1,234.5"_s, 1234.5},
-        {"en_US", u""_s, {}},
-        {"en_US", u" 5"_s, {}},
-        {"en_US", u"5h"_s, {}},
-        {"en_US", u"1,5"_s, {}},
-        {"en_US", u"∞"_s, {}},
-        {"en_US", u"1E999"_s, {}},
-    };
+    } cases[] = {{"de_DE", u"1,5"_s, 1.5}, {"en_US", u"1,234.5"_s, 1234.5}, {"en_US", u""_s, {}},
+        {"en_US", u" 5"_s, {}}, {"en_US", u"5h"_s, {}}, {"en_US", u"1,5"_s, {}}, {"en_US", u"∞"_s, {}},
+        {"en_US", u"1E999"_s, {}}};
     for (const auto& c : cases)
         EXPECT_EQ(NumberFormatter(QLocale(QLatin1StringView(c.locale))).number(c.text), c.number)
             << c.locale << ' ' << c.text.toStdString();

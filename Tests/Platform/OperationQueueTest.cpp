@@ -72,18 +72,15 @@ TEST(OperationQueue, RunsAsManyAsItIsWide)
     OperationQueue queue(width);
     std::latch together(width); // lets nobody through unless three run at a time
     std::atomic<int> running = 0;
-    std::atomic<bool> areTooMany = false;
     for (int i = 0; i < 30; ++i) {
         queue.add([&, i] {
-            if (++running > width)
-                areTooMany = true;
+            EXPECT_LE(++running, width);
             if (i < width)
                 together.arrive_and_wait();
             --running;
         });
     }
     queue.waitUntilAllAreFinished();
-    EXPECT_FALSE(areTooMany);
 }
 
 TEST(OperationQueue, AnAsynchronousOperationKeepsItsSlotUntilItSaysThatItHasFinished)
@@ -121,32 +118,29 @@ TEST(OperationQueue, EndsWithoutRunningWhatStillWaits)
 {
     const auto late = std::make_shared<LateOperation>();
     const auto waiting = std::make_shared<Work>([] { ADD_FAILURE(); });
-    {
-        OperationQueue queue(1);
-        queue.add(late);
-        queue.add(waiting);
-        late->started.get_future().wait();
-    }
+    auto queue = std::make_unique<OperationQueue>(1);
+    queue->add(late);
+    queue->add(waiting);
+    late->started.get_future().wait();
+    queue.reset();
     EXPECT_TRUE(waiting->isFinished() && !late->isFinished());
     late->finish(); // nobody is left to hear it
 }
 
 TEST(OperationQueue, MayEndWithinItsOwnOperation)
 {
-    auto owner = std::make_shared<OperationQueue>(1);
-    std::promise<void> mayEnd;
+    auto queue = std::make_unique<OperationQueue>(1);
+    std::latch isFilled(1);
+    std::latch isOver(1);
     const auto behind = std::make_shared<Work>([] { ADD_FAILURE(); });
-    std::promise<void> finished;
-    const auto end = behind->observe(Operation::Key::isFinished, [&] { finished.set_value(); });
-    auto* const queue = owner.get();
-    queue->add([owner, mayEnd = mayEnd.get_future().share()]() mutable {
-        mayEnd.wait();
-        owner.reset();
+    const auto end = behind->observe(Operation::Key::isFinished, [&] { isOver.count_down(); });
+    queue->add([&] {
+        isFilled.wait();
+        queue.reset();
     });
     queue->add(behind);
-    owner.reset();
-    mayEnd.set_value();
-    finished.get_future().wait();
+    isFilled.count_down();
+    isOver.wait();
 }
 
 TEST(OperationQueueDeathTest, WaitingWithinItselfIsFatal)

