@@ -98,46 +98,37 @@ TEST(StatusRecord, ShowsTheTaskStartedLast)
 
 TEST_F(LocalDays, TheNextChangeIsTheFirstTextToTurn)
 {
-    const auto with = [](bool workingDays, double length, bool decimal) {
-        Settings settings;
-        settings.showWorkingDays = workingDays;
-        settings.workingDayLengthSeconds = length;
-        settings.showDurationInPercent = decimal;
-        return settings;
-    };
-    const Settings clock;
-    const Settings decimal = with(false, 0, true);
     const struct {
-        Settings settings;
+        QStringList settings;
         bool showRunning, showTotal;
         double inactive;
         std::vector<double> runningFor;
         double expected;
     } cases[] = {
-        {clock, true, false, 0, {59.5}, 0.5},
-        {clock, true, false, 0, {120}, 60},
-        {clock, true, true, 40, {15}, 5}, // the total turns first
-        {clock, false, true, 50, {15}, 55},
-        {clock, true, false, 0, {20, 10}, 15}, // two timers: twice as fast
-        {clock, false, false, 0, {15}, 12 * 3600}, // nothing on show but the day
-        {clock, true, true, 10, {}, 12 * 3600},
-        {with(true, 90, false), true, false, 0, {80}, 10}, // a working day is full
-        {with(true, 90, false), true, false, 0, {100}, 50},
-        {with(true, 0, false), true, false, 0, {15}, 45},
-        {decimal, true, false, 0, {36}, 18}, // 0.01 becomes 0.02
-        {decimal, true, false, 0, {0}, 18},
+        {{}, true, false, 0, {59.5}, 0.5}, {{}, true, false, 0, {120}, 60},
+        {{}, true, true, 40, {15}, 5}, // the total turns first
+        {{}, false, true, 50, {15}, 55}, {{}, true, false, 0, {20, 10}, 15}, // two timers: twice as fast
+        {{}, false, false, 0, {15}, 12 * 3600}, // nothing on show but the day
+        {{}, true, true, 10, {}, 12 * 3600},
+        {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=90"_s}, true, false, 0, {80}, 10},
+        {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=90"_s}, true, false, 0, {100}, 50},
+        {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=0"_s}, true, false, 0, {15}, 45},
+        {{u"showDurationInPercent=true"_s}, true, false, 0, {36}, 18}, // 0.01 becomes 0.02
     };
     const auto now = quor::platform::dateFromSeconds(at(u"2023-11-14T12:00:00"_s));
-    for (std::size_t i = 0; i < std::size(cases); ++i) {
+    for (const auto& each : cases) {
+        Settings settings;
+        for (const QString& assignment : each.settings)
+            EXPECT_FALSE(assign(settings, assignment.section(u'=', 0, 0), assignment.section(u'=', 1)));
         quor::MenubarStatusItemData shown;
-        shown.menuBarShowRunningTimer = cases[i].showRunning;
-        shown.menuBarShowDailyTotal = cases[i].showTotal;
-        shown.inactiveTotalTimeToday = cases[i].inactive;
-        for (const double seconds : cases[i].runningFor)
+        shown.menuBarShowRunningTimer = each.showRunning;
+        shown.menuBarShowDailyTotal = each.showTotal;
+        shown.inactiveTotalTimeToday = each.inactive;
+        for (const double seconds : each.runningFor)
             shown.activeStartTimes.push_back(quor::platform::secondsSince1970(now) - seconds);
-        const double delay = (nextChange(shown, cases[i].settings, now) - now).count();
-        EXPECT_GT(delay, cases[i].expected) << "case " << i << ": woken before the turn";
-        EXPECT_LT(delay, cases[i].expected + 0.01) << "case " << i;
+        const double delay = (nextChange(shown, settings, now) - now).count();
+        EXPECT_GT(delay, each.expected) << "woken before the turn";
+        EXPECT_LT(delay, each.expected + 0.01);
     }
 }
 

@@ -12,17 +12,8 @@
 
 using namespace Qt::StringLiterals;
 using namespace quor::peer;
-using quor::test::TestClock;
 
 namespace {
-
-void write(const QString& path, const QByteArray& content)
-{
-    QDir().mkpath(QFileInfo(path).path());
-    QFile file(path);
-    ASSERT_TRUE(file.open(QFile::WriteOnly));
-    file.write(content);
-}
 
 /// A tracker over a folder, as after a start of the program.
 struct Session {
@@ -31,7 +22,7 @@ struct Session {
     {
         tracker.load();
     }
-    TestClock clock;
+    quor::test::TestClock clock;
     Store store;
     Tracker tracker{clock, store};
 };
@@ -60,11 +51,17 @@ TEST(Store, EachChangeSurvivesWithoutAnEnd)
 TEST(Store, WhatIsNoRecordIsPassedOverAndKept)
 {
     const QTemporaryDir folder;
-    write(folder.filePath(u"Tasks/T1"_s), R"({"T1":{"name":"Design","color":"red"},"AT1":{"name":"x"}})");
-    write(folder.filePath(u"Tasks/T2"_s), "{\"T2\":{\"name\":");
-    write(folder.filePath(u"TimeEntries/AB"_s),
-        R"({"ab":{"taskID":"T1","start":20,"end":10},"cab":{"taskID":"T1"},"dab":3})");
-    write(folder.filePath(u"Settings/ME"_s), R"({"expectedWorkingTime":-3,"nonWorkingTime":"1"})");
+    const QByteArray files[][2] = {
+        {"Tasks/T1", R"({"T1":{"name":"Design","color":"red"},"AT1":{"name":"x"}})"},
+        {"Tasks/T2", R"({"T2":{"name":)"},
+        {"TimeEntries/AB", R"({"ab":{"taskID":"T1","start":20,"end":10},"cab":{"taskID":"T1"},"dab":3})"},
+        {"Settings/ME", R"({"expectedWorkingTime":-3,"nonWorkingTime":"1"})"},
+    };
+    for (const auto& [name, content] : files) {
+        QFile file(folder.filePath(QString::fromLatin1(name)));
+        QDir().mkpath(QFileInfo(file).path());
+        ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(content) > 0);
+    }
     Session run(folder);
     ASSERT_EQ(run.tracker.tasks().size(), 1U);
     EXPECT_FALSE(run.tracker.tasks()[0].color);
@@ -74,18 +71,18 @@ TEST(Store, WhatIsNoRecordIsPassedOverAndKept)
 
     run.store.save(std::vector{TimeEntry{u"eab"_s, u"T1"_s, {}, {}}});
     QFile file(folder.filePath(u"TimeEntries/AB"_s));
-    ASSERT_TRUE(file.open(QFile::ReadOnly));
-    EXPECT_TRUE(file.readAll().contains("\"dab\""));
+    EXPECT_TRUE(file.open(QFile::ReadOnly) && file.readAll().contains(R"("dab")"));
 }
 
 TEST(Store, TellsWhatTheDiskRefusesAndWritesItLater)
 {
     const QTemporaryDir folder;
-    write(folder.filePath(u"Tasks"_s), "in the way");
+    QFile inTheWay(folder.filePath(u"Tasks"_s));
+    ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
     Session run(folder);
     EXPECT_EQ(run.tracker.addTask(u"Design"_s, {}), Outcome::notStored);
     EXPECT_EQ(run.tracker.tasks().size(), 1U) << "tracking goes on";
-    QFile::remove(folder.filePath(u"Tasks"_s));
+    inTheWay.remove();
     EXPECT_EQ(run.tracker.addTask(u"Meeting"_s, {}), Outcome::done);
     EXPECT_EQ(Session(folder).tracker.tasks().size(), 2U);
 }
