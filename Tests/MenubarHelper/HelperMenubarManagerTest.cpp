@@ -3,12 +3,11 @@
 #include "AppDelegate.h"
 #include "InterAppCommBridge/GroupStorage.h"
 #include "View/MenubarMenuRenderer.h"
-#include "View/MenubarStatusItemRenderer.h"
 
 #include "MenubarHelper/TestDesktop.h"
 
 #include <QDir>
-#include <QDirIterator>
+#include <QFile>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -28,27 +27,6 @@ const QString nothingPending = u" data\n{\"none\":{}}"_s;
 
 class HelperMenubarManagerTest : public testing::Test {
 protected:
-    void storeAction(const Action& action) const { storage.setAction(action); }
-
-    // What was logged, without the time and the place of the call.
-    [[nodiscard]] QStringList loggedMessages() const
-    {
-        QStringList messages;
-        QDirIterator files(logFolder(), QDir::Files);
-        while (files.hasNext()) {
-            QFile file(files.next());
-            EXPECT_TRUE(file.open(QFile::ReadOnly));
-            for (const QByteArray& line : file.readAll().split('\n')) {
-                if (!line.isEmpty())
-                    messages += QString::fromUtf8(line).section(u": "_s, 2);
-            }
-        }
-        return messages;
-    }
-    [[nodiscard]] QString logFolder() const
-    {
-        return desktop.home.path(u"com.quor-app.Quor3-MenubarHelper/logs"_s);
-    }
     [[nodiscard]] platform::StatusBarButton& button() const { return desktop.items.front()->button(); }
 
     test::TestDesktop desktop;
@@ -57,7 +35,7 @@ protected:
 
 TEST_F(HelperMenubarManagerTest, StartsInOrder)
 {
-    storeAction({Action::OpenMenu{}});
+    storage.setAction({Action::OpenMenu{}});
     AppDelegate delegate(desktop.services());
     EXPECT_THAT(desktop.steps, ElementsAre(u"observe "_s + updatedHelper, updatedMain + nothingPending));
     ASSERT_EQ(desktop.items.size(), 1);
@@ -72,20 +50,17 @@ TEST_F(HelperMenubarManagerTest, StartsInOrder)
 
 TEST_F(HelperMenubarManagerTest, EndsOnHelperKillAndForgetsItsObservers)
 {
-    {
+    for (const bool killed : {false, true}) {
         AppDelegate delegate(desktop.services());
         delegate.applicationDidFinishLaunching();
         desktop.steps.clear();
-        desktop.post(helperKill);
-        EXPECT_THAT(desktop.steps,
-            ElementsAre(helperKill + nothingPending, u"forget "_s + updatedHelper, u"forget "_s + helperKill,
-                u"terminate"_s));
+        if (killed)
+            desktop.post(helperKill);
     }
-    {
-        AppDelegate another(desktop.services());
-        another.applicationDidFinishLaunching();
-    }
-    EXPECT_TRUE(desktop.observers.empty()) << "those of a delegate that goes without a kill, too";
+    EXPECT_THAT(desktop.steps,
+        ElementsAre(helperKill + nothingPending, u"forget "_s + updatedHelper, u"forget "_s + helperKill,
+            u"terminate"_s));
+    EXPECT_TRUE(desktop.observers.empty());
     EXPECT_TRUE(desktop.items.empty());
 }
 
@@ -97,37 +72,39 @@ TEST_F(HelperMenubarManagerTest, LogsInOrderOrEmptiesTheFolder)
         delegate.applicationDidFinishLaunching();
         desktop.post(helperKill);
     }
-    EXPECT_THAT(loggedMessages(),
-        ElementsAre(u"notification: "_s + updatedMain,
-            testing::ResultOf(
-                [](const QString& line) {
-                    return line.startsWith(u"registerForNotification: "_s + helperKill + u' ');
-                },
-                true),
-            u"killMyself"_s));
+    const QDir folder(desktop.home.path(u"com.quor-app.Quor3-MenubarHelper/logs"_s));
+    QByteArray log;
+    for (const QString& name : folder.entryList(QDir::Files)) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QFile::ReadOnly));
+        log += file.readAll();
+    }
+    EXPECT_THAT(log.toStdString(),
+        testing::MatchesRegex("[^\n]*: notification: com.quor-app.Quor3.Updated.Main\n"
+                              "[^\n]*: registerForNotification: com.quor-app.Quor3HelperKillNotification "
+                              "[^\n]+\n[^\n]*: killMyself\n"));
 
     storage.setEnableLogging(false);
     const HelperMenubarManager manager(desktop.services());
-    EXPECT_TRUE(QDir(logFolder()).isEmpty());
+    EXPECT_TRUE(folder.isEmpty());
 }
 
-TEST_F(HelperMenubarManagerTest, HandlesEachPendingAction)
+TEST_F(HelperMenubarManagerTest, RefreshesAndLeavesTheActionsOfTheMainApplication)
 {
     const HelperMenubarManager manager(desktop.services());
     MenubarStatusItemData data;
-    data.menuBarShowDailyTotal = true;
-    for (const Action& action : std::vector<Action>{{Action::StopTimer{u"T"_s, -60}}, {Action::OpenQuor{}},
-             {Action::QuitQuor{}}, {Action::StartTimer{u"T"_s}}, {Action::None{}}}) {
-        storage.setTimerData({});
-        desktop.post(updatedHelper);
-        const auto clock = button().image();
+    data.taskName = u"Design"_s;
+    for (const Action& action : {Action{Action::StopTimer{u"T"_s, -60}}, Action{Action::OpenQuor{}},
+             Action{Action::QuitQuor{}}, Action{Action::StartTimer{u"T"_s}}, Action{Action::None{}}}) {
+        const auto before = button().image();
+        data.menuBarShowActiveTask = !data.menuBarShowActiveTask;
         storage.setTimerData(data);
-        storeAction(action);
+        storage.setAction(action);
         desktop.steps.clear();
         desktop.post(updatedHelper);
-        EXPECT_EQ(storage.action(), action) << "left for the main application";
+        EXPECT_EQ(storage.action(), action);
         EXPECT_EQ(desktop.steps.size(), 1) << "answered with nothing";
-        EXPECT_FALSE(button().image() == clock) << "refreshed";
+        EXPECT_FALSE(button().image() == before);
     }
 }
 
@@ -141,14 +118,11 @@ TEST_F(HelperMenubarManagerTest, RequestsRowsForAPressAndForOpenMenu)
     EXPECT_THAT(desktop.steps, ElementsAre(requested));
     EXPECT_EQ(storage.searchTerm(), u""_s);
     EXPECT_TRUE(button().isHighlighted());
-    EXPECT_EQ(
-        manager.menubarMenuRenderer()->eventFrame(), QRectF(button().mapToGlobal(QPoint()), button().size()));
-
     desktop.post(updatedHelper);
     EXPECT_FALSE(button().isHighlighted()) << "the rows have arrived";
     EXPECT_EQ(storage.action(), Action()) << "and the slot is free";
 
-    storeAction({Action::OpenMenu{}});
+    storage.setAction({Action::OpenMenu{}});
     desktop.steps.clear();
     desktop.post(updatedHelper);
     EXPECT_EQ(desktop.steps.back(), requested);
@@ -168,27 +142,27 @@ TEST_F(HelperMenubarManagerTest, EndsWhereTheMainApplicationHasGone)
 TEST_F(HelperMenubarManagerTest, SendsWhatIsChosenInTheMenu)
 {
     auto manager = std::make_unique<HelperMenubarManager>(desktop.services());
-    const auto& menu = *manager->menubarMenuRenderer();
-    menu.stopTimer(u"T"_s, -300);
-    EXPECT_EQ(storage.action(), (Action{Action::StopTimer{u"T"_s, -300}}));
-    menu.adjustTimer(u"T"_s, 0);
-    EXPECT_EQ(storage.action(), (Action{Action::AdjustTimer{u"T"_s, 0}}));
-    menu.startTimer(u"T"_s);
-    EXPECT_EQ(storage.action(), (Action{Action::StartTimer{u"T"_s}}));
-    menu.openQuorHandler();
-    EXPECT_EQ(storage.action(), (Action{Action::OpenQuor{}}));
-    menu.quitQuorHandler();
-    EXPECT_EQ(storage.action(), (Action{Action::QuitQuor{}}));
-    EXPECT_EQ(desktop.steps.filter(updatedMain).size(), 1 + 5) << "one is of its start";
-
-    const auto startTimer = menu.startTimer;
-    const auto openQuor = menu.openQuorHandler;
-    manager->showStatusItem(false);
-    openQuor();
+    const auto stopTimer = manager->menubarMenuRenderer()->stopTimer;
+    const auto adjustTimer = manager->menubarMenuRenderer()->adjustTimer;
+    const auto startTimer = manager->menubarMenuRenderer()->startTimer;
+    const auto openQuor = manager->menubarMenuRenderer()->openQuorHandler;
+    const auto quitQuor = manager->menubarMenuRenderer()->quitQuorHandler;
+    const std::pair<std::function<void()>, Action> cases[] = {
+        {[&] { stopTimer(u"T"_s, -300); }, {Action::StopTimer{u"T"_s, -300}}},
+        {[&] { adjustTimer(u"T"_s, 0); }, {Action::AdjustTimer{u"T"_s, 0}}},
+        {[&] { startTimer(u"T"_s); }, {Action::StartTimer{u"T"_s}}},
+        {[&] { quitQuor(); }, {Action::QuitQuor{}}},
+        {[&] { manager->showStatusItem(false), openQuor(); }, {Action::OpenQuor{}}},
+    };
+    for (const auto& [choose, action] : cases) {
+        desktop.steps.clear();
+        choose();
+        EXPECT_EQ(storage.action(), action);
+        EXPECT_EQ(desktop.steps.filter(updatedMain).size(), 1);
+    }
     manager.reset();
-    storeAction({});
     startTimer(u"T"_s);
-    EXPECT_EQ(storage.action(), Action()) << "its manager has gone";
+    EXPECT_EQ(storage.action(), Action{Action::OpenQuor{}}) << "its manager has gone";
 }
 
 TEST_F(HelperMenubarManagerTest, RemovesAndShowsTheStatusItem)
@@ -201,34 +175,17 @@ TEST_F(HelperMenubarManagerTest, RemovesAndShowsTheStatusItem)
     manager.showStatusItem(false);
     EXPECT_TRUE(desktop.items.empty());
     EXPECT_TRUE(desktop.window.findChildren<QWidget*>().isEmpty());
-
-    storeAction({Action::RequestMenuEntries{}});
-    desktop.post(updatedHelper);
-    EXPECT_EQ(storage.action(), Action()) << "the slot is served without a status item";
-    storeAction({Action::OpenMenu{}});
-    desktop.steps.clear();
-    desktop.post(updatedHelper);
-    EXPECT_EQ(desktop.steps.size(), 1);
-
+    for (const Action& action : {Action{Action::RequestMenuEntries{}}, Action{Action::OpenMenu{}}}) {
+        storage.setAction(action);
+        desktop.steps.clear();
+        desktop.post(updatedHelper);
+        EXPECT_EQ(storage.action(), Action()) << "the slot is served without a status item";
+        EXPECT_EQ(desktop.steps.size(), 1);
+    }
     manager.showStatusItem(true);
     ASSERT_EQ(desktop.items.size(), 1);
     desktop.post(updatedHelper);
     EXPECT_FALSE(button().image().pixels.isNull());
-    const HelperMenubarManager second(desktop.services());
-    EXPECT_EQ(desktop.items.size(), 2);
-}
-
-TEST_F(HelperMenubarManagerTest, GivesTheFormatterItsSettings)
-{
-    const HelperMenubarManager manager(desktop.services());
-    storage.setShowWorkingDays(true);
-    storage.setWorkingDayLengthSeconds(7200);
-    storage.setShowDurationInPercent(true);
-    desktop.post(updatedHelper);
-    const auto& formatter = manager.statusItemRenderer()->durationFormatter;
-    EXPECT_TRUE(formatter.showWorkingDays());
-    EXPECT_TRUE(formatter.showDurationInPercent());
-    EXPECT_EQ(formatter.workingDayLengthSeconds(), 7200);
 }
 
 } // namespace

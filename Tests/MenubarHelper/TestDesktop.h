@@ -40,17 +40,13 @@ public:
         return {*this, clock, *this, *this, statusBar, appearance};
     }
 
-    [[nodiscard]] QByteArray stored(const QString& key) const
-    {
-        QFile file(home.path(QStringLiteral("QX77Z4012M.com.quor-app/Preferences/") + key));
-        return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     void terminate() override { steps += QStringLiteral("terminate"); }
 
     void post(const QString& name) override
     {
-        steps += name + u' ' + QString::fromUtf8(stored(QStringLiteral("action")));
+        QFile action(home.path(QStringLiteral("QX77Z4012M.com.quor-app/Preferences/action")));
+        steps
+            += name + u' ' + (action.open(QFile::ReadOnly) ? QString::fromUtf8(action.readAll()) : QString());
         const auto observersThen = observers;
         for (const auto& [token, observer] : observersThen) {
             if (observer.first == name && observers.contains(token))
