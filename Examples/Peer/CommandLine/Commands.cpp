@@ -50,8 +50,8 @@ std::vector<Command> makeCommands()
             {{u"color"_s, u"Its colour, six hexadecimal digits."_s, u"RRGGBB"_s}}, &addTask},
         {"list"_L1, ""_L1, 0, 0, "Print the tasks"_L1,
             u"A line for each task, its fields parted by tabs: identifier, colour or \"-\", \"running\" or\n"
-            "\"idle\", today's total as HH:MM:SS, name. In names, a tab is written as \\t, a line feed as\n"
-            "\\n and a backslash as \\\\.\n"_s,
+            "\"idle\", today's total as HH:MM:SS, name. In names, tab, line feed, carriage return and\n"
+            "backslash are written as \\t, \\n, \\r and \\\\.\n"_s,
             {jsonOption()}, &listTasks},
         {"start"_L1, "TASK"_L1, 1, 1, "Start a timer"_L1, taskDetails, {agoOption()}, &startTimer},
         {"stop"_L1, "[TASK]"_L1, 0, 1, "Stop a timer; without TASK, the one that runs"_L1,
