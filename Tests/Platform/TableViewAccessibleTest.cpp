@@ -3,8 +3,6 @@
 
 #include <QAccessible>
 
-#include <gmock/gmock.h>
-
 using namespace quor::platform;
 using quor::test::TableViewTest;
 
@@ -39,29 +37,6 @@ TEST_F(TableViewAccessibleTest, EveryRowIsThereWithTextAndState)
     EXPECT_EQ(title->child(0)->parent(), title);
     EXPECT_EQ(title->child(0)->child(0)->text(QAccessible::Name), QStringLiteral("Row 1"));
     EXPECT_LE(table.viewport()->findChildren<TableRowView*>().size(), 11) << "asking makes no widgets";
-}
-
-TEST_F(TableViewAccessibleTest, WalkingIsAnnouncedAlsoWhileAnotherWidgetHasTheKeyboard)
-{
-    if (!QAccessible::isActive())
-        GTEST_SKIP() << "Qt tells of changes only on a desktop whose accessibility is on";
-    show(5);
-    QLineEdit elsewhere;
-    elsewhere.show();
-    elsewhere.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&elsewhere));
-    static QStringList focused;
-    QAccessible::installUpdateHandler([](QAccessibleEvent* event) {
-        if (event->type() == QAccessible::Focus)
-            focused << event->accessibleInterface()->text(QAccessible::Name);
-    });
-    table.walk(TableViewStep::down);
-    table.walk(TableViewStep::down);
-    EXPECT_TRUE(focused.contains(QStringLiteral("Row 1")));
-    focused.clear();
-    table.selectRowIndexes(TableViewRowSet(4), false);
-    EXPECT_TRUE(focused.isEmpty()) << "code that selects does not take the user's attention";
-    QAccessible::installUpdateHandler(nullptr);
 }
 
 TEST_F(TableViewAccessibleTest, ScreenReadersCanSelectAndPress)

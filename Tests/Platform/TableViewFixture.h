@@ -17,11 +17,6 @@ namespace quor::test {
 /// Rows of labels that remembers what the table told it; row `searchRow` is a text field.
 class LabelRows final : public platform::TableViewDataSource, public platform::TableViewDelegate {
 public:
-    explicit LabelRows(int count)
-        : count_(count)
-    {
-    }
-
     using Table = platform::TableView;
     int numberOfRows(const Table& /*table*/) const override { return count_; }
     int heightOfRow(const Table& /*table*/, int row) const override
@@ -31,7 +26,6 @@ public:
     }
     QWidget* viewForRow(Table& table, int row) override
     {
-        ++viewsAsked;
         if (row == searchRow)
             return searchField;
         auto* label = qobject_cast<QLabel*>(table.makeView(QStringLiteral("label")));
@@ -64,14 +58,13 @@ public:
 
     static constexpr int left = -2;
 
-    int count_;
+    int count_ = 0;
     std::vector<int> heights; // by turns
     std::map<int, QString> texts;
     std::set<int> barred;
     int searchRow = -1;
     QLineEdit* searchField = nullptr; // the table's once shown
     mutable int heightsAsked = 0;
-    int viewsAsked = 0;
     int labelsMade = 0;
     std::vector<int> clicks;
     std::vector<int> hovers;
@@ -98,13 +91,14 @@ protected:
         const auto* label = qobject_cast<QLabel*>(table.viewAtRow(row));
         return label ? label->text() : QString();
     }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
-    {
-        QTest::keyClick(&table, key, modifiers);
-    }
+    void press(Qt::Key key, Qt::KeyboardModifiers keys = {}) { QTest::keyClick(&table, key, keys); }
     void movePointer(int x, int y) { QTest::mouseMove(&table, QPoint(x, y)); }
+    void click(int row, Qt::KeyboardModifiers keys = {})
+    {
+        QTest::mouseClick(table.viewport(), Qt::LeftButton, keys, table.viewportRectOfRow(row).center());
+    }
 
-    LabelRows rows{0};
+    LabelRows rows;
     Table table;
 };
 using TableViewTest = TableFixture<platform::TableView>;

