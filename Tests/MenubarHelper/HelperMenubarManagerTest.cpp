@@ -30,7 +30,7 @@ protected:
     [[nodiscard]] platform::StatusBarButton& button() const { return desktop.items.front()->button(); }
 
     test::TestDesktop desktop;
-    const GroupStorage storage;
+    const GroupStorage storage{};
 };
 
 TEST_F(HelperMenubarManagerTest, StartsInOrder)
