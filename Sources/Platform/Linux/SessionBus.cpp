@@ -32,7 +32,7 @@ QDBusConnection connectTo(const QString& address, const QString& name)
 QString SessionBus::sessionAddress()
 {
     // An address that asks for a bus to be launched is none.
-    const auto given = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
+    auto given = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!given.isEmpty() && !given.startsWith("autolaunch:"_L1))
         return given;
     const auto runtimeFolder = qEnvironmentVariable("XDG_RUNTIME_DIR");

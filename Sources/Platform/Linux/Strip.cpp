@@ -17,6 +17,7 @@ namespace quor::platform {
 namespace {
 
 constexpr int barThickness = 22;
+constexpr double widestItem = 4096;
 constexpr int itemPadding = 4; // on either side; even, so whole in device pixels at a scale of 1.5
 
 struct BarColors {
@@ -33,7 +34,8 @@ const BarColors& barColors(const Appearance& appearance)
 
 int widthOf(const StatusItem& item)
 {
-    const int content = item.length() < 0 ? item.button().sizeHint().width() : int(std::ceil(item.length()));
+    const double length = item.length() < 0 ? item.button().sizeHint().width() : item.length();
+    const int content = int(std::ceil(std::min(widestItem, length))); // the limit too where it is no number
     // An item that shows nothing yet can still be found and pressed.
     return std::max(content, barThickness - 2 * itemPadding) + 2 * itemPadding;
 }
