@@ -23,6 +23,10 @@ public:
 
     /// From here on the main application can end the helper.
     void applicationDidFinishLaunching();
+    /// Nothing to save: what lasts is the main application's.
+    void applicationWillTerminate() const { }
+    /// For the same reason there is no state to restore that could be tampered with.
+    [[nodiscard]] bool applicationSupportsSecureRestorableState() const { return true; }
 
     /// As if the user had chosen to show, or to quit, the main application in the menu.
     void openQuorClicked();
