@@ -3,7 +3,6 @@
 
 #include "Support/TemporaryDataHome.h"
 
-#include <QJsonDocument>
 #include <QProcess>
 #include <QStringList>
 
@@ -25,12 +24,6 @@ inline Result quorPeer(const QString& command, const QStringList& environment = 
         return {-1, {}, process.errorString()};
     return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()).trimmed(),
         QString::fromUtf8(process.readAllStandardError())};
-}
-
-/// The JSON that a command prints.
-inline QJsonDocument quorPeerJSON(const QString& command)
-{
-    return QJsonDocument::fromJson(quorPeer(command + QStringLiteral(" --json")).output.toUtf8());
 }
 
 /// The built program, serving on the session's bus, with a data folder of the test's own.

@@ -50,29 +50,21 @@ protected:
 
 } // namespace
 
-TEST_F(DBusNotificationCenterTest, PostsReachTheObserversOfJustThatNameWhateverItsCharacters)
+TEST_F(DBusNotificationCenterTest, ABurstOfPostsReachesTheObserversOfJustTheirNamesInOrder)
 {
     const QStringList names{u"com.quor-app.Quor3.Updated.Helper"_s, u"com.quor-app.Quor3.Updated"_s,
         u"it's"_s, u"back\\slash"_s, u"a,arg0='b'"_s, u""_s, u"Zeit läuft"_s};
     QStringList heard, expected;
-    for (const auto& name : names) {
+    for (const auto& name : names)
         std::ignore
             = center->addObserver(name, [&](const Notification& told) { heard << name << told.name; });
+    for (int i = 0; i < 10'000; ++i) {
+        const auto& name = names[i % names.size()];
+        center->post(name);
         expected << name << name;
     }
-    for (const auto& name : names)
-        center->post(name);
     settle();
-    EXPECT_EQ(heard, expected);
-}
-
-TEST_F(DBusNotificationCenterTest, ABurstLosesNothing)
-{
-    std::ignore = record(u"burst"_s, 0);
-    for (int i = 0; i < 10'000; ++i)
-        center->post(u"burst"_s);
-    settle();
-    EXPECT_EQ(calls.size(), 10'000U);
+    EXPECT_TRUE(heard == expected) << heard.size();
 }
 
 TEST_F(DBusNotificationCenterTest, HearsOtherProcessesAndIgnoresSignalsOfAnotherShape)
@@ -116,10 +108,9 @@ TEST_F(DBusNotificationCenterTest, TheBusKeepsOneRulePerNameAndNoneAfterwards)
     const auto before = matchRules();
     const auto first = record(u"rule"_s, 1);
     const auto second = record(u"rule"_s, 2);
-    const auto quoted = record(u"ru'le"_s, 3);
-    EXPECT_EQ(matchRules(), before + 2);
-    center->post(u"ru'le"_s);
-    for (const auto token : {first, second, quoted, quoted})
+    EXPECT_EQ(matchRules(), before + 1);
+    center->post(u"rule"_s);
+    for (const auto token : {first, second, second})
         center->removeObserver(token);
     EXPECT_EQ(matchRules(), before);
     settle();

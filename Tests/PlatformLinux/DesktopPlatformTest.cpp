@@ -14,10 +14,10 @@ TEST(DesktopPlatformTest, PrefersXUnlessTheUserChose)
     } cases[]{
         {"", ":0", "wayland-0", "", true, "xcb"},
         {"", "", "wayland-0", "", true, ""},
-        {"", "", "", "", false, ""},
         {"wayland", ":0", "wayland-0", "", true, "wayland"},
         {"", ":0", "wayland-0", "-platform", true, ""},
         {"", "", "", "--platform", true, ""},
+        {"", "", "", "", false, ""},
     };
     for (const auto& c : cases) {
         qputenv("QT_QPA_PLATFORM", c.chosen);

@@ -64,31 +64,24 @@ TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItHasASay)
     setPalette(lightColor);
     SettingsPortal portal(SettingsPortal::preferDark);
     const PortalAppearance portalAppearance(bus, appearance);
+    const PaletteApplier applier(appearance);
     EXPECT_EQ(appearance.effectiveAppearance(), ColorScheme::light) << "it must not wait for the portal";
     EXPECT_TRUE(becomes(ColorScheme::dark));
-
-    portal.change(u"color-scheme"_s, SettingsPortal::preferLight);
-    EXPECT_TRUE(becomes(ColorScheme::light));
-
-    setPalette(darkColor);
-    portal.change(u"contrast"_s, SettingsPortal::preferDark);
-    int changes = 0;
-    const auto watch = appearance.observe([&] { ++changes; });
-    portal.change(u"color-scheme"_s, u"odd"_s);
-    EXPECT_TRUE(becomes(ColorScheme::dark));
-    EXPECT_EQ(changes, 1) << "another setting, or the palette under a portal with a say, counted";
-}
-
-TEST_F(PortalAppearanceTest, WidgetsArePaintedToSuitWhateverPaletteTheDesktopGives)
-{
-    SettingsPortal portal(SettingsPortal::preferDark);
-    const PortalAppearance portalAppearance(bus, appearance);
-    const PaletteApplier applier(appearance);
-    EXPECT_TRUE(waitFor(paintsDark));
     setPalette(darkColor);
     setPalette(lightColor);
     EXPECT_TRUE(waitFor(paintsDark));
     portal.change(u"color-scheme"_s, SettingsPortal::noPreference);
     EXPECT_TRUE(becomes(ColorScheme::light)) << "what was applied was taken for the desktop's";
     EXPECT_FALSE(paintsDark());
+
+    portal.change(u"color-scheme"_s, SettingsPortal::preferDark);
+    EXPECT_TRUE(becomes(ColorScheme::dark));
+    int changes = 0;
+    const auto watch = appearance.observe([&] { ++changes; });
+    setPalette(lightColor);
+    portal.change(u"contrast"_s, SettingsPortal::preferLight);
+    portal.change(u"color-scheme"_s, SettingsPortal::preferDark);
+    portal.change(u"color-scheme"_s, u"odd"_s);
+    EXPECT_TRUE(becomes(ColorScheme::light));
+    EXPECT_EQ(changes, 1) << "another setting, or the palette under a portal with a say, counted";
 }
