@@ -9,35 +9,18 @@
 
 #include <gmock/gmock.h>
 
-#include <ctime>
-
 using namespace Qt::StringLiterals;
 using namespace quor::peer;
 using quor::test::Tracked;
 
 namespace {
 
-/// Central European time, without the zone database.
-class LocalDays : public testing::Test {
-protected:
-    LocalDays() { setZone("CET-1CEST,M3.5.0,M10.5.0/3"); }
-    ~LocalDays() override { before_.isNull() ? void(qunsetenv("TZ")) : setZone(before_); }
+double at(const QString& local)
+{
+    return static_cast<double>(QDateTime::fromString(local, Qt::ISODate).toSecsSinceEpoch());
+}
 
-    static double at(const QString& local)
-    {
-        return static_cast<double>(QDateTime::fromString(local, Qt::ISODate).toSecsSinceEpoch());
-    }
-
-private:
-    static void setZone(const QByteArray& zone)
-    {
-        qputenv("TZ", zone);
-        tzset();
-    }
-    QByteArray before_ = qgetenv("TZ");
-};
-
-TEST_F(LocalDays, TotalsTakeTodaysPartOfEachEntry)
+TEST(StatusRecord, TotalsTakeTodaysPartOfEachEntry)
 {
     const struct {
         QString start, end, now;
@@ -58,7 +41,7 @@ TEST_F(LocalDays, TotalsTakeTodaysPartOfEachEntry)
     }
 }
 
-TEST_F(LocalDays, ARunningTimerCountsFromMidnightOnAndNeverBackwards)
+TEST(StatusRecord, ARunningTimerCountsFromMidnightOnAndNeverBackwards)
 {
     const struct {
         QString now, start;
@@ -92,7 +75,7 @@ TEST(StatusRecord, ShowsTheTaskStartedLast)
     EXPECT_FALSE(statusRecord(t.tracker, t.clock.now()).activeColor);
 }
 
-TEST_F(LocalDays, TheNextChangeIsTheFirstTextToTurn)
+TEST(NextChange, IsTheFirstTextToTurn)
 {
     const struct {
         QStringList settings;

@@ -11,14 +11,9 @@ TEST(DesktopPlatformTest, PrefersXUnlessTheUserChose)
         const char *chosen, *display, *wayland, *argument;
         bool possible;
         const char* platform;
-    } cases[]{
-        {"", ":0", "wayland-0", "", true, "xcb"},
-        {"", "", "wayland-0", "", true, ""},
-        {"wayland", ":0", "wayland-0", "", true, "wayland"},
-        {"", ":0", "wayland-0", "-platform", true, ""},
-        {"", "", "", "--platform", true, ""},
-        {"", "", "", "", false, ""},
-    };
+    } cases[]{{"", ":0", "wayland-0", "", true, "xcb"}, {"", "", "wayland-0", "", true, ""},
+        {"wayland", ":0", "wayland-0", "", true, "wayland"}, {"", ":0", "wayland-0", "-platform", true, ""},
+        {"", "", "", "--platform", true, ""}, {"", "", "", "", false, ""}};
     for (const auto& c : cases) {
         qputenv("QT_QPA_PLATFORM", c.chosen);
         qputenv("DISPLAY", c.display);
