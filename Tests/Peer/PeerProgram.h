@@ -31,8 +31,6 @@ class ServingPeer final {
 public:
     ServingPeer() { start(); }
     ~ServingPeer() { kill(); }
-    ServingPeer(const ServingPeer&) = delete;
-    ServingPeer& operator=(const ServingPeer&) = delete;
 
     /// Returns once it serves; the output so far is not kept.
     void start()
