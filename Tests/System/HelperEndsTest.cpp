@@ -49,6 +49,8 @@ TEST_F(HelperEnds, DoesNotBeginWithoutABusADisplayOrASecondTime)
             "bus"},
         {"a bus that is not there", {{u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent/bus"_s}}, 1,
             "bus"},
+        {"a display that is not there", {{u"DISPLAY"_s, u":4095"_s}, {u"QT_QPA_PLATFORM"_s, u""_s}}, 1,
+            "display :4095"},
         {"no display", {{u"DISPLAY"_s, u""_s}, {u"WAYLAND_DISPLAY"_s, u""_s}, {u"QT_QPA_PLATFORM"_s, u""_s}},
             1, "display"},
     };
@@ -111,23 +113,6 @@ TEST_F(HelperEnds, AtAClickOnceTheMainApplicationHasGone)
     click(corner);
     ASSERT_TRUE(helper->ends());
     EXPECT_EQ(helper->exitCode(), 0) << qPrintable(helper->errors());
-}
-
-TEST_F(HelperEnds, KilledAtAnyMomentItLeavesWholeValuesAndAFreeName)
-{
-    const GroupStorage& storage = publisher.bridge.groupStorage;
-    for (int round = 0; round < 10; ++round) {
-        publisher.posts = 0;
-        startHelper();
-        for (int i = 0; i < round * 7; ++i)
-            publisher.request({GroupStorage::Action::OpenMenu{}});
-        helper->kill();
-        ASSERT_TRUE(helper->ends());
-        const auto slot = storage.action();
-        EXPECT_TRUE(slot == GroupStorage::Action()
-            || slot == (GroupStorage::Action{GroupStorage::Action::OpenMenu{}})
-            || slot == (GroupStorage::Action{GroupStorage::Action::RequestMenuEntries{}}));
-    }
 }
 
 } // namespace

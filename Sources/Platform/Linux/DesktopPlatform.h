@@ -12,8 +12,8 @@ namespace quor::platform {
 /// abort.
 ///
 /// The user's own choice (`QT_QPA_PLATFORM`, `-platform`) stands. Otherwise it is X wherever there is
-/// an X server, in a Wayland session too, since windows cannot place themselves under Wayland.
-/// Where it chooses, it sets `QT_QPA_PLATFORM`, which child processes inherit.
+/// an X server that can be reached, in a Wayland session too, since windows cannot place themselves under
+/// Wayland. Where it chooses, it sets `QT_QPA_PLATFORM`, which child processes inherit.
 [[nodiscard]] std::optional<QString> chooseDesktopPlatform(int argc, const char* const* argv);
 
 } // namespace quor::platform
