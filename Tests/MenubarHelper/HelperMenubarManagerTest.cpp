@@ -129,16 +129,6 @@ TEST_F(HelperMenubarManagerTest, RequestsRowsForAPressAndForOpenMenu)
     EXPECT_TRUE(button().isHighlighted());
 }
 
-TEST_F(HelperMenubarManagerTest, EndsWhereTheMainApplicationHasGone)
-{
-    const HelperMenubarManager manager(desktop.services());
-    desktop.running = {{u"com.quor-app.Quor3-macOS.other"_s}};
-    desktop.steps.clear();
-    QTest::mouseClick(&button(), Qt::LeftButton);
-    EXPECT_THAT(
-        desktop.steps, ElementsAre(updatedMain + u" data\n{\"requestMenuEntries\":{}}"_s, u"terminate"_s));
-}
-
 TEST_F(HelperMenubarManagerTest, SendsWhatIsChosenInTheMenu)
 {
     auto manager = std::make_unique<HelperMenubarManager>(desktop.services());

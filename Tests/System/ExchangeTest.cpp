@@ -104,18 +104,6 @@ TEST_F(Exchange, RecordsThatCannotBeReadShowTheClockAndTheNextGoodOneShowsAgain)
     EXPECT_TRUE(helper->isRunning());
 }
 
-TEST_F(Exchange, ANameOfManyMegabytesIsClippedAtOnce)
-{
-    startHelper();
-    MenubarStatusItemData data = totalOf(60, blue);
-    data.menuBarShowActiveTask = true;
-    data.taskName = QString(64 << 20, u'm');
-    publisher.publish(data);
-    const QImage item = nextItem(bare, 60s);
-    ASSERT_FALSE(item.isNull());
-    EXPECT_LT(item.width(), 250);
-}
-
 TEST_F(Exchange, AStormEndsWithTheLastStateAndLeavesMemoryFlat)
 {
     startHelper();

@@ -61,19 +61,4 @@ TEST(PeerAndHelper, AnswerAClickWithRowsForTheHelper)
     EXPECT_TRUE(helper.isRunning());
 }
 
-TEST(PeerAndHelper, TheHelperOutlivesTheMainApplicationUntilTheNextClick)
-{
-    const TemporaryDataHome home;
-    Program main(u"quor-peer"_s, {u"serve"_s});
-    Program helper(u"quor-menubar-helper"_s);
-    ASSERT_FALSE(nextItem({}).isNull());
-    main.kill();
-    ASSERT_TRUE(main.ends());
-    EXPECT_TRUE(helper.isRunning()) << "a main application that is gone is noticed at the next click";
-    peer({u"status"_s}, 1);
-    click({1279, 0});
-    EXPECT_TRUE(helper.ends());
-    EXPECT_EQ(helper.exitCode(), 0);
-}
-
 } // namespace

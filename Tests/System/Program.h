@@ -29,7 +29,6 @@ public:
     [[nodiscard]] qint64 pid() const { return process_.processId(); }
     /// Anonymous memory in kilobytes, as the kernel counts it.
     [[nodiscard]] long privateMemory() const;
-    void kill() { process_.kill(); }
 
 private:
     QProcess process_;
