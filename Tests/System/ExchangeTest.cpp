@@ -117,9 +117,11 @@ TEST_F(Exchange, AStormEndsWithTheLastStateAndLeavesMemoryFlat)
         return allHandled();
     };
     ASSERT_TRUE(storm(1000));
-    const long before = helper->privateMemory();
+    [[maybe_unused]] const long before = helper->privateMemory();
     ASSERT_TRUE(storm(10'000));
+#ifndef __SANITIZE_ADDRESS__ // which keeps aside what was freed
     EXPECT_LT(helper->privateMemory() - before, 1024) << "kilobytes";
+#endif
     EXPECT_TRUE(shows(first));
 }
 
