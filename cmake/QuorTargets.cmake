@@ -70,7 +70,8 @@ function(quor_add_test name)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
   endif()
   set_property(TEST ${name} APPEND PROPERTY
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tests/Support/leaks.supp:print_suppressions=0")
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tests/Support/leaks.supp:print_suppressions=0"
+    "TSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/Tests/Support/races.supp:print_suppressions=0")
   if(arg_THREADED)
     set_tests_properties(${name} PROPERTIES LABELS threaded)
     if(NOT TARGET threaded-tests)
