@@ -121,6 +121,31 @@ TEST(EventProtocol, APassStandsWhateverItsTargetsDo)
     EXPECT_EQ(calls, "l") << "the pass ends with its publisher";
 }
 
+TEST(EventProtocol, WhatAnActionHoldsMayComeBackAsItIsLetGoOf)
+{
+    std::string calls;
+    TrackedTarget target(calls, 't');
+    for (const bool byTrigger : {false, true}) {
+        Form form;
+        auto gone = std::make_unique<TrackedTarget>(calls, 'g');
+        std::shared_ptr<void> held(nullptr, [&](void*) {
+            form.remove(target);
+            form.add(target, &Target::changed, Form::Event::closed);
+        });
+        form.add(
+            *gone, [held](auto&...) {}, Form::Event::changed);
+        form.add(target, &Target::changed, Form::Event::changed);
+        held.reset();
+        if (byTrigger)
+            gone.reset();
+        else
+            form.remove(*gone);
+        form.trigger(Form::Event::changed);
+        EXPECT_EQ(form.numberOfTargets(Form::Event::changed), 0U);
+        EXPECT_EQ(form.numberOfTargets(Form::Event::closed), 1U);
+    }
+}
+
 TEST(EventProtocol, ATriggerFromAnotherThreadHopsIfThePublisherLives)
 {
     std::string calls;

@@ -57,7 +57,10 @@ TEST(JSONDecoder, TakesNumbersThatTheTypeHolds)
         {"9223372036854775808", 9223372036854775808.0, 9223372036854775808U, {}},
         {"-9223372036854775808", -9223372036854775808.0, {}, std::numeric_limits<std::int64_t>::min()},
         {"18446744073709551616", 18446744073709551616.0, {}, {}},
+        {"18446744073709551615709551615", 1.8446744073709552e28, {}, {}},
         {"1e309", {}, {}, {}},
+        {"4.9e-324", 4.9e-324, {}, {}},
+        {"1e-400", 0, 0, 0},
         {"123456789012345680000e-20", 1.2345678901234568, {}, {}},
         {"\"1\"", {}, {}, {}},
     };
@@ -117,6 +120,7 @@ TEST(JSONDecoder, NeitherDepthNorSizeIsAnAttack)
     EXPECT_FALSE(decode<QJsonValue>(nested(maximumJSONDepth + 1)));
     constexpr qsizetype size = qsizetype(64) << 20;
     EXPECT_FALSE(decode<QJsonValue>(QByteArray(size, '[')));
+    EXPECT_FALSE(decode<QJsonValue>(QByteArray("{\"a\":").repeated(size / 8)));
     EXPECT_FALSE(decode<Task>("{\"other\":" + nested(size / 2) + '}'));
 }
 
