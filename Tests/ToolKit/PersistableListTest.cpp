@@ -12,6 +12,7 @@
 
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -206,6 +207,21 @@ TEST_F(PersistableListTest, AFullDiskLeavesTheOldContent)
     if (WEXITSTATUS(status) == cannotMount)
         GTEST_SKIP() << "this system lets no user mount";
     EXPECT_EQ(status, 0);
+}
+
+TEST(FileManager, AFileBeyondTheLimitOfTheProcessKeepsItsOldContent)
+{
+    const QTemporaryDir folder;
+    const FileManager files;
+    ASSERT_TRUE(files.write("old", folder.filePath(u"F"_s)));
+    struct rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const struct rlimit low = {5, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &low);
+    EXPECT_FALSE(files.write("longer", folder.filePath(u"F"_s)));
+    EXPECT_FALSE(files.write("longer", folder.filePath(u"G"_s)));
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(files.contents(folder.filePath(u"F"_s)), "old");
 }
 
 TEST_F(PersistableListTest, ThreadsShareAListAndItsEndWaitsForThem)

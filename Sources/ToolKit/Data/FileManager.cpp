@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -73,6 +74,14 @@ bool takeRoom(int fd, qsizetype size)
     return fallocate(fd, FALLOC_FL_KEEP_SIZE, 0, size) == 0 || errno == EOPNOTSUPP;
 }
 
+// Beyond its limit a write ends the process, or fails halfway.
+bool mayBeAsLarge(qsizetype size)
+{
+    struct rlimit limit;
+    return getrlimit(RLIMIT_FSIZE, &limit) != 0 || limit.rlim_cur == RLIM_INFINITY
+        || static_cast<rlim_t>(size) <= limit.rlim_cur;
+}
+
 } // namespace
 
 std::optional<QByteArray> FileManager::contents(const QString& path) const
@@ -100,6 +109,8 @@ std::optional<QByteArray> FileManager::contents(const QString& path) const
 
 bool FileManager::write(const QByteArray& data, const QString& path) const
 {
+    if (!mayBeAsLarge(data.size()))
+        return false;
     const QByteArray name = QFile::encodeName(path);
     int fd = openForWriting(name);
     if (fd < 0 && errno == ELOOP && unlink(name.constData()) == 0)
