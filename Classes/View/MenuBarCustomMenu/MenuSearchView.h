@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+namespace quor::helper {
+
+/// The search field of the menu. It gets the keyboard with the caret behind the last character, so
+/// that typing goes on; clicks and a context menu leave caret and selection as a field does. Each
+/// change of the text is told at once (`textChanged`). Main thread only.
+class MenuSearchView final : public QLineEdit {
+    Q_OBJECT
+
+public:
+    explicit MenuSearchView(QWidget* parent = nullptr);
+
+    int tag = -1; ///< its row in the list
+
+    /// Asked before the field edits, and before a composition of an input method is thought of; true:
+    /// the key is used up.
+    std::function<bool(QKeyEvent&)> keyHandler;
+
+    /// The fitting size.
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void applyLook();
+    [[nodiscard]] QRectF glassFrame() const;
+};
+
+} // namespace quor::helper
