@@ -31,6 +31,12 @@ void TableRowView::setSpacing(int above, int below)
     placeView();
 }
 
+void TableRowView::setSideMargin(int margin)
+{
+    sideMargin_ = margin;
+    placeView();
+}
+
 void TableRowView::setSelected(bool selected)
 {
     if (selected == selected_)
@@ -103,7 +109,7 @@ void TableRowView::resizeEvent(QResizeEvent* event)
 void TableRowView::placeView()
 {
     if (view_)
-        view_->setGeometry(rect().adjusted(0, above_, 0, -below_));
+        view_->setGeometry(rect().adjusted(sideMargin_, above_, -sideMargin_, -below_));
 }
 
 } // namespace quor::platform

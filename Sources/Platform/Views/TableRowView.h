@@ -29,6 +29,8 @@ public:
     void setView(QWidget* view);
     /// The room above and below the view, half of the table's row spacing each.
     void setSpacing(int above, int below);
+    /// Free room on both sides of the view; the selection is drawn over it.
+    void setSideMargin(int margin);
 
     [[nodiscard]] bool isSelected() const { return selected_; }
     void setSelected(bool selected);
@@ -59,6 +61,7 @@ private:
     QPointer<QWidget> view_;
     int above_ = 0;
     int below_ = 0;
+    int sideMargin_ = 0;
     bool selected_ = false;
     bool emphasized_ = false;
     TableViewSelectionStyle style_ = TableViewSelectionStyle::regular;
