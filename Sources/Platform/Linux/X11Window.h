@@ -15,8 +15,11 @@ namespace quor::platform {
 void forgetContentOnResize(WId window);
 
 /// Has the window on every virtual desktop. To be said each time after it was shown, since window
-/// managers forget it as it is hidden.
+/// managers forget it as it is hidden. Said before, it holds from the first moment.
 void setOnAllDesktops(WId window);
+
+/// Keeps the window out of lists of windows and pictures of the desktops. To be said before it is shown.
+void setOutOfWindowLists(WId window);
 
 /// Tells the window manager what room the window reserves, by `_NET_WM_STRUT` and
 /// `_NET_WM_STRUT_PARTIAL`.

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+#include <string_view>
+
+#include <xcb/xcb.h>
+
+namespace quor::platform {
+
+// The X connection that Qt has opened, and what everybody asks of it.
+
+/// An answer of the X server, which comes on the heap.
+template <typename Reply>
+using X11Reply = std::unique_ptr<Reply, decltype(&std::free)>;
+
+template <typename Reply>
+X11Reply<Reply> x11Reply(Reply* reply)
+{
+    return {reply, &std::free};
+}
+
+/// Null where the application does not run through X.
+[[nodiscard]] xcb_connection_t* x11Connection();
+
+/// The window behind all others, of the first screen.
+[[nodiscard]] xcb_window_t x11Root(xcb_connection_t* connection);
+
+/// Waits for the server. `XCB_ATOM_NONE` if it does not answer.
+[[nodiscard]] xcb_atom_t x11Atom(xcb_connection_t* connection, std::string_view name);
+
+} // namespace quor::platform
