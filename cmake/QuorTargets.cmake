@@ -10,9 +10,9 @@ target_compile_definitions(QuorBuild INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 # A static library brings more than a program uses, the meta-objects of all its widgets at least: what
-# nothing refers to is left out of a released program.
+# nothing refers to is left out of a released program, and so is a library that only such parts call.
 target_compile_options(QuorBuild INTERFACE $<$<CONFIG:Release>:-ffunction-sections -fdata-sections>)
-target_link_options(QuorBuild INTERFACE $<$<CONFIG:Release>:-Wl,--gc-sections>)
+target_link_options(QuorBuild INTERFACE $<$<CONFIG:Release>:-Wl,--gc-sections,--as-needed>)
 if(QUOR_SANITIZE)
   target_compile_options(QuorBuild INTERFACE
     -fsanitize=${QUOR_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
