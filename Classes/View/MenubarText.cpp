@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenubarText.h"
 
+#include "View/SingleLineText.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -18,28 +20,6 @@ constexpr double sideBearing = 2;
 // Shaping takes time by the length, and no status item has room for more.
 constexpr qsizetype longestText = 512;
 
-QString shownText(const QString& text)
-{
-    qsizetype length = std::min(text.size(), longestText);
-    if (length < text.size() && text[length].isLowSurrogate())
-        --length;
-    QString shown = text.first(length);
-    const auto breaksLine = [](QChar unit) {
-        return unit.category() == QChar::Other_Control || unit.category() == QChar::Separator_Line
-            || unit.category() == QChar::Separator_Paragraph;
-    };
-    if (std::any_of(shown.cbegin(), shown.cend(), breaksLine))
-        std::replace_if(shown.begin(), shown.end(), breaksLine, QChar(u' '));
-    return shown;
-}
-
-// Between device pixels letters would blur.
-QPointF alignedToDevicePixels(const QPainter& painter, QPointF point)
-{
-    const QTransform toDevice = painter.deviceTransform();
-    return toDevice.inverted().map(QPointF(toDevice.map(point).toPoint()));
-}
-
 } // namespace
 
 MenubarText::MenubarText(const TextStyle& style, int tag, QWidget* parent)
@@ -52,7 +32,7 @@ MenubarText::MenubarText(const TextStyle& style, int tag, QWidget* parent)
 
 void MenubarText::setText(const QString& text)
 {
-    QString shown = shownText(text);
+    QString shown = singleLine(text, longestText);
     if (width_ > 0 && shown == text_)
         return;
     text_ = std::move(shown);

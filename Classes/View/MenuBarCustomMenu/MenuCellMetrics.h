@@ -52,7 +52,7 @@ private:
     QFont font_;
     QFont titleFont_;
     int height_ = 0;
-    std::shared_ptr<Advances> advances_; ///< of single letters, learnt as they come
+    mutable std::shared_ptr<Advances> advances_; ///< of single letters, learnt as they come
 };
 
 } // namespace quor::helper

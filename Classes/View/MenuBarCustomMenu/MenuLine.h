@@ -36,7 +36,8 @@ private:
     double alpha_ = 1;
     mutable int width_ = -1; ///< not measured yet
     mutable QString cut_; ///< as it was drawn last
-    mutable double cutWidth_ = -1;
+    mutable double cutWidth_ = 0;
+    mutable double cutFor_ = -1; ///< the width of the frame
 };
 
 } // namespace quor::helper

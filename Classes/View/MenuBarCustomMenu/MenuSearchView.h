@@ -18,8 +18,7 @@ public:
 
     int tag = -1; ///< its row in the list
 
-    /// Asked before the field edits, and before a composition of an input method is thought of; true:
-    /// the key is used up.
+    /// Asked before the field edits; true: the key is used up.
     std::function<bool(QKeyEvent&)> keyHandler;
 
     /// The fitting size.
@@ -30,7 +29,6 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:

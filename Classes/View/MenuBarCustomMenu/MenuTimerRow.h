@@ -6,7 +6,6 @@
 
 #include <QWidget>
 
-#include <initializer_list>
 #include <vector>
 
 class QHBoxLayout;
@@ -18,7 +17,8 @@ namespace quor::helper {
 ///
 /// The buttons are reached by Tab and take no focus on a click; so that a click does not take the
 /// caret from the search field, the table around must not take focus on a click either (Qt::TabFocus).
-/// On a focused button left and right go to its neighbours, and up and down are left to the table.
+/// On a focused button left and right go to its neighbours, and up and down
+/// give the keyboard back to the table, and go to it.
 /// `sizeHint()` is the fitting size. Main thread only.
 class MenuTimerRow : public QWidget {
     Q_OBJECT
@@ -43,15 +43,21 @@ protected:
 
     void addItems(const std::vector<Item>& items);
 
+    void setLabel(const QString& text);
+
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void addButton(const Item& item);
-    void applyFont();
+    void applyFonts();
+    void focusNeighbour(int by);
+    void yieldFocus();
 
     MenuTextField labelField_;
     QHBoxLayout* buttonStackView_ = nullptr; ///< owned by this widget's layout
-    std::vector<MenuTimerButton*> buttons_; ///< this widget's children
+    std::vector<MenuTimerButton*> buttons_; ///< this widget's children, as are the delimiters
+    std::vector<MenuTextField*> delimiters_;
 };
 
 } // namespace quor::helper

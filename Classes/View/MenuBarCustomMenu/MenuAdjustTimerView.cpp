@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
+
+#include "View/MenuBarCustomMenu/MenuResources.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor::helper {
+
+MenuAdjustTimerView::MenuAdjustTimerView(QWidget* parent)
+    : MenuTimerRow(parent)
+{
+    addItems({
+        {-30, u"-30"_s},
+        {-10, u"-10"_s},
+        {-5, u"-5"_s},
+        {-1, u"-1"_s},
+        {delimiter, {}},
+        {5, u"+5"_s},
+        {delimiter, {}},
+        {0, menuResources().localizedString(u"MenubarRewindToEndOfLastEntry"_s)},
+        {spacer, {}},
+    });
+}
+
+void MenuAdjustTimerView::update()
+{
+    setLabel(filledText(u"MenubarRewindStartTime"_s, timeText(startTime)));
+}
+
+void MenuAdjustTimerView::buttonClicked(const MenuTimerButton& button)
+{
+    if (const auto handler = adjustHandler) // which may end the view
+        handler(button.tag());
+}
+
+} // namespace quor::helper

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuIcons.h"
+
+#include "View/MenuBarCustomMenu/MenuResources.h"
+
+#include <QCache>
+#include <QIcon>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace quor::helper::MenuIcons {
+
+namespace {
+
+constexpr int mostKnown = 128;
+constexpr qsizetype longestName = 255; // of a file
+constexpr int widestShape = 3; // times the height
+
+struct Key {
+    QString name;
+    QString theme;
+    int height = 0;
+    qreal devicePixelRatio = 1;
+
+    friend bool operator==(const Key&, const Key&) = default;
+    friend size_t qHash(const Key& key, size_t seed = 0)
+    {
+        return qHashMulti(seed, key.name, key.theme, key.height, key.devicePixelRatio);
+    }
+};
+
+/// What could be the name of a file; anything else would be warned about, or lead elsewhere.
+bool isName(const QString& name)
+{
+    const auto isOdd = [](QChar unit) { return unit == u'/' || unit.category() == QChar::Other_Control; };
+    return !name.isEmpty() && name.size() <= longestName && std::none_of(name.begin(), name.end(), isOdd);
+}
+
+bool hasColors(const QImage& image)
+{
+    constexpr int slack = 16;
+    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < pixels.height(); ++y) {
+        for (int x = 0; x < pixels.width(); ++x) {
+            const QRgb pixel = pixels.pixel(x, y);
+            const auto [least, most] = std::minmax({qRed(pixel), qGreen(pixel), qBlue(pixel)});
+            if (qAlpha(pixel) > 0 && most - least > slack)
+                return true;
+        }
+    }
+    return false;
+}
+
+Icon load(const Key& key)
+{
+    const QSizeF room(widestShape * key.height, key.height);
+    const QImage own = menuResources().image(key.name, room, key.devicePixelRatio);
+    if (!own.isNull())
+        return {own, true};
+    const QIcon desktop = QIcon::fromTheme(key.name);
+    if (desktop.isNull())
+        return {};
+    const QImage pixels = desktop.pixmap({key.height, key.height}, key.devicePixelRatio).toImage();
+    return {pixels, !pixels.isNull() && !hasColors(pixels)};
+}
+
+} // namespace
+
+Icon icon(const QString& name, int height, qreal devicePixelRatio)
+{
+    static QCache<Key, Icon> known(mostKnown);
+    if (!isName(name))
+        return {};
+    const Key key{name, QIcon::themeName(), height, devicePixelRatio};
+    if (const Icon* found = known.object(key))
+        return *found;
+    const Icon loaded = load(key);
+    known.insert(key, new Icon(loaded));
+    return loaded;
+}
+
+QImage tinted(const Icon& icon, const QColor& color)
+{
+    if (!icon.isTemplate)
+        return icon.pixels;
+    QImage pixels = icon.pixels.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&pixels);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(QRectF({}, pixels.deviceIndependentSize()), color);
+    return pixels;
+}
+
+} // namespace quor::helper::MenuIcons

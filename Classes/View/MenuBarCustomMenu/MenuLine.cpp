@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuLine.h"
+
+#include "View/SingleLineText.h"
+
+#include <QColor>
+#include <QFontMetricsF>
+#include <QPainter>
+
+#include <cmath>
+
+namespace quor::helper {
+
+namespace {
+
+// Shaping takes time by the length, and no menu has room for more.
+constexpr qsizetype longestText = 512;
+
+} // namespace
+
+MenuLine::MenuLine(const QString& text, const QFont& font, double alpha)
+    : text_(singleLine(text, longestText))
+    , font_(font)
+    , alpha_(alpha)
+{
+    if (text.size() > longestText)
+        text_ += QChar(0x2026);
+}
+
+int MenuLine::width() const
+{
+    if (width_ < 0)
+        width_ = int(std::ceil(QFontMetricsF(font_).horizontalAdvance(text_)));
+    return width_;
+}
+
+int MenuLine::height() const
+{
+    return int(std::ceil(QFontMetricsF(font_).height()));
+}
+
+void MenuLine::draw(
+    QPainter& painter, const QRectF& frame, const QColor& color, Qt::LayoutDirection layout) const
+{
+    const QFontMetricsF metrics(font_);
+    if (cutFor_ != frame.width()) {
+        cutFor_ = frame.width();
+        const bool fits = width() <= frame.width();
+        cut_ = fits ? text_ : metrics.elidedText(text_, Qt::ElideRight, frame.width());
+        cutWidth_ = fits ? width() : metrics.horizontalAdvance(cut_);
+    }
+    const double left = layout == Qt::RightToLeft ? frame.right() - cutWidth_ : frame.left();
+    const double top = frame.top() + (frame.height() - metrics.height()) / 2;
+    QColor ink = color;
+    ink.setAlphaF(float(ink.alphaF() * alpha_));
+    painter.setFont(font_);
+    painter.setPen(ink);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    painter.drawText(alignedToDevicePixels(painter, {left, top + metrics.ascent()}), cut_);
+}
+
+} // namespace quor::helper

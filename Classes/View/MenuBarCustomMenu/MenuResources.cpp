@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuResources.h"
+
+#include "Platform/Text/DateFormatter.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor::helper {
+
+const platform::Bundle& menuResources()
+{
+    static const platform::Bundle resources = platform::Bundle::named(u"Quor"_s);
+    return resources;
+}
+
+QString filledText(const QString& key, const QString& filling)
+{
+    return menuResources().localizedString(key).replace("%@"_L1, filling);
+}
+
+QString timeText(double seconds)
+{
+    using platform::DateFormatter;
+    // One for all rows, since loading a language's rules takes longer than showing a row.
+    static const DateFormatter formatter(DateFormatter::Style::none, DateFormatter::Style::short_);
+    return formatter.string(platform::dateFromSeconds(seconds));
+}
+
+} // namespace quor::helper

@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuSearchView.h"
+
+#include "View/MenuBarCustomMenu/MenuFont.h"
+#include "View/MenuBarCustomMenu/MenuResources.h"
+
+#include <QEvent>
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::helper {
+
+namespace {
+
+constexpr int glassMargin = 7;
+
+QColor faded(QColor color, float alpha)
+{
+    color.setAlphaF(alpha);
+    return color;
+}
+
+} // namespace
+
+MenuSearchView::MenuSearchView(QWidget* parent)
+    : QLineEdit(parent)
+{
+    const QString title = menuResources().localizedString(u"MenubarSearchPlaceholder"_s);
+    setPlaceholderText(title);
+    setAccessibleName(title);
+    setFrame(false);
+    setClearButtonEnabled(true);
+    // The bezel is painted below the text.
+    QPalette clear;
+    clear.setColor(QPalette::Base, Qt::transparent);
+    setPalette(clear);
+    applyLook();
+}
+
+void MenuSearchView::applyLook()
+{
+    // Setting a font changes the font, which leads here again.
+    if (const QFont wanted = menuFont(); wanted != font())
+        setFont(wanted);
+    const int glass = fontMetrics().height() + glassMargin / 2;
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setTextMargins(isMirrored ? 0 : glass, 0, isMirrored ? glass : 0, 0);
+}
+
+QSize MenuSearchView::sizeHint() const
+{
+    constexpr int shownLetters = 16;
+    return {shownLetters * fontMetrics().averageCharWidth() + 2 * fontMetrics().height(),
+        fontMetrics().height() + 8};
+}
+
+QSize MenuSearchView::minimumSizeHint() const
+{
+    return sizeHint();
+}
+
+void MenuSearchView::focusInEvent(QFocusEvent* event)
+{
+    QLineEdit::focusInEvent(event);
+    switch (event->reason()) {
+    case Qt::MouseFocusReason: // puts the caret itself
+    case Qt::PopupFocusReason: // had the keyboard before
+    case Qt::ActiveWindowFocusReason:
+        return;
+    default:
+        deselect();
+        end(false);
+    }
+}
+
+void MenuSearchView::keyPressEvent(QKeyEvent* event)
+{
+    if (keyHandler && keyHandler(*event))
+        event->accept();
+    else
+        QLineEdit::keyPressEvent(event);
+}
+
+QRectF MenuSearchView::glassFrame() const
+{
+    const int side = fontMetrics().ascent() * 3 / 4;
+    const int x = layoutDirection() == Qt::RightToLeft ? width() - glassMargin - side : glassMargin;
+    return {QPointF(x, (height() - side) / 2.0), QSizeF(side, side)};
+}
+
+void MenuSearchView::paintEvent(QPaintEvent* event)
+{
+    constexpr qreal cornerRadius = 6;
+    const QColor ink = palette().color(QPalette::Text);
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(faded(ink, 0.25F));
+        painter.setBrush(faded(ink, 0.07F));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
+        // A ring and its handle.
+        const QRectF glass = glassFrame();
+        const qreal ring = glass.width() * 0.7;
+        painter.setPen(QPen(faded(ink, 0.6F), glass.width() / 7, Qt::SolidLine, Qt::RoundCap));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawEllipse(QRectF(glass.topLeft(), QSizeF(ring, ring)));
+        painter.drawLine(glass.topLeft() + QPointF(ring, ring) * 0.88, glass.bottomRight());
+    }
+    QLineEdit::paintEvent(event);
+}
+
+void MenuSearchView::changeEvent(QEvent* event)
+{
+    QLineEdit::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange
+        || event->type() == QEvent::LayoutDirectionChange)
+        applyLook();
+}
+
+} // namespace quor::helper

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+
+#include "View/MenuBarCustomMenu/MenuResources.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::helper {
+
+MenuStopPastTimerView::MenuStopPastTimerView(const platform::Clock& clock, QWidget* parent)
+    : MenuTimerRow(parent)
+    , clock_(clock)
+{
+    using platform::RelativeDateTimeFormatter;
+    relativeTimeFormatter_.setDateTimeStyle(RelativeDateTimeFormatter::DateTimeStyle::numeric);
+    relativeTimeFormatter_.setFormattingContext(RelativeDateTimeFormatter::FormattingContext::standalone);
+    relativeTimeFormatter_.setUnitsStyle(RelativeDateTimeFormatter::UnitsStyle::short_);
+    addItems({
+        {-30, u"-30"_s},
+        {-10, u"-10"_s},
+        {-5, u"-5"_s},
+        {-1, u"-1"_s},
+        {delimiter, {}},
+        {5, u"+5"_s},
+        {spacer, {}},
+        {0, {}},
+    });
+    stopButton_ = *std::find_if(
+        buttons().begin(), buttons().end(), [](const auto* button) { return button->tag() == 0; });
+    stopButton_->setBezel(MenuTimerButton::Bezel::regularSquare);
+    showStopTime();
+}
+
+void MenuStopPastTimerView::buttonClicked(const MenuTimerButton& button)
+{
+    if (button.tag() != 0) {
+        adjustedStopTime_ += button.tag();
+        showStopTime();
+    } else if (const auto handler = stopHandler) { // which may end the view
+        handler(adjustedStopTime_);
+    }
+}
+
+void MenuStopPastTimerView::showStopTime()
+{
+    const double seconds = 60.0 * adjustedStopTime_;
+    setLabel(filledText(
+        u"MenubarStopTimerInPast"_s, timeText(platform::secondsSince1970(clock_.now()) + seconds)));
+    stopButton_->setTitle(adjustedStopTime_ == 0
+            ? menuResources().localizedString(u"MenubarStopNow"_s)
+            : filledText(u"MenubarStopPast"_s, relativeTimeFormatter_.localizedString(seconds)));
+}
+
+} // namespace quor::helper

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuTimerButton.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace quor::helper {
+
+namespace {
+
+QColor faded(QColor color, float alpha)
+{
+    color.setAlphaF(alpha);
+    return color;
+}
+
+} // namespace
+
+MenuTimerButton::MenuTimerButton(int tag, const QString& title, QWidget* parent)
+    : QAbstractButton(parent)
+    , tag_(tag)
+{
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    // It is part of the row's ground and takes the colour of the row's text.
+    setBackgroundRole(QPalette::NoRole);
+    setForegroundRole(QPalette::NoRole);
+    setTitle(title);
+}
+
+void MenuTimerButton::setTitle(const QString& title)
+{
+    title_ = title;
+    // Not as the button's text, in which an ampersand would make a short cut.
+    setAccessibleName(title);
+    updateGeometry();
+    update();
+}
+
+void MenuTimerButton::setBezel(Bezel bezel)
+{
+    bezel_ = bezel;
+    update();
+}
+
+int MenuTimerButton::padding() const
+{
+    return fontMetrics().height() / 2;
+}
+
+QSize MenuTimerButton::sizeHint() const
+{
+    const QFontMetrics metrics = fontMetrics();
+    return {metrics.horizontalAdvance(title_) + 2 * padding(), metrics.height() + 4};
+}
+
+QSize MenuTimerButton::minimumSizeHint() const
+{
+    const int threeLetters = 3 * fontMetrics().averageCharWidth();
+    return {std::min(sizeHint().width(), threeLetters + 2 * padding()), sizeHint().height()};
+}
+
+void MenuTimerButton::paintEvent(QPaintEvent* /*event*/)
+{
+    constexpr qreal squareRadius = 3;
+    const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    const qreal radius = bezel_ == Bezel::regularSquare ? squareRadius : frame.height() / 2;
+    const QColor ink = palette().color(foregroundRole());
+    const float fill = isDown() ? 0.3F : underMouse() ? 0.16F : 0.08F;
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(faded(ink, fill));
+    painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 2) : QPen(faded(ink, 0.3F), 1));
+    painter.drawRoundedRect(frame, radius, radius);
+    const QRect room = rect().adjusted(padding() / 2, 0, -padding() / 2, 0);
+    painter.setPen(ink);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
+    painter.drawText(room, Qt::AlignCenter | Qt::TextSingleLine,
+        fontMetrics().elidedText(title_, Qt::ElideRight, room.width()));
+}
+
+void MenuTimerButton::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        click();
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        event->ignore(); // the row's
+        break;
+    default:
+        QAbstractButton::keyPressEvent(event);
+    }
+}
+
+} // namespace quor::helper
