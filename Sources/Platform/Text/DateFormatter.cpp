@@ -9,6 +9,8 @@
 #include <cmath>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace quor::platform {
 
 namespace {
@@ -53,18 +55,29 @@ bool isKnownZone(const QString& name)
     return U_SUCCESS(status);
 }
 
+QString zoneAtOffset(int seconds)
+{
+    const int minutes = std::abs(seconds) / 60;
+    return QStringLiteral("GMT%1%2:%3")
+        .arg(seconds < 0 ? u'-' : u'+')
+        .arg(minutes / 60, 2, 10, QLatin1Char('0'))
+        .arg(minutes % 60, 2, 10, QLatin1Char('0'));
+}
+
 /// For ICU. A zone that has rules but no name, as the variable TZ can give one, stands for what it is
 /// at that moment.
-QString zoneName(const QTimeZone& zone, double seconds)
+QString zoneName(const std::optional<QTimeZone>& zone, double seconds)
 {
-    const QString name = QString::fromLatin1(zone.id());
-    if (isKnownZone(name))
-        return name;
-    const int minutes = zone.offsetFromUtc(QDateTime::fromSecsSinceEpoch(qint64(seconds), Qt::UTC)) / 60;
-    return QStringLiteral("GMT%1%2:%3")
-        .arg(minutes < 0 ? u'-' : u'+')
-        .arg(std::abs(minutes) / 60, 2, 10, QLatin1Char('0'))
-        .arg(std::abs(minutes) % 60, 2, 10, QLatin1Char('0'));
+    const auto moment = qint64(seconds);
+    if (zone) {
+        const QString name = QString::fromLatin1(zone->id());
+        const QDateTime utc = QDateTime::fromSecsSinceEpoch(moment, Qt::UTC);
+        return isKnownZone(name) ? name : zoneAtOffset(zone->offsetFromUtc(utc));
+    }
+    const QString name = QString::fromLatin1(QTimeZone::systemTimeZoneId());
+    // A system that cannot name its zone says UTC.
+    const bool isNamed = isKnownZone(name) && name != "UTC"_L1;
+    return isNamed ? name : zoneAtOffset(QDateTime::fromSecsSinceEpoch(moment).offsetFromUtc());
 }
 
 } // namespace
@@ -113,7 +126,7 @@ private:
     const UDateFormat* get(double seconds)
     {
         QByteArray language = locale.value_or(QLocale()).bcp47Name().toLatin1();
-        QString zone = zoneName(timeZone ? *timeZone : QTimeZone::systemTimeZone(), seconds);
+        QString zone = zoneName(timeZone, seconds);
         if (format_ && language == language_ && zone == zone_)
             return format_.get();
         UErrorCode status = U_ZERO_ERROR;
