@@ -171,6 +171,11 @@ int TableView::hoveredRow() const
     return hover_->row();
 }
 
+void TableView::ignorePointerUntilItMoves()
+{
+    hover_->sleep();
+}
+
 void TableView::scrollRowToVisible(int row)
 {
     const QRect place = rectOfRow(row);

@@ -122,6 +122,8 @@ public:
     /// The row that `TableViewDelegate::pointerDidHoverRow` told last; -1 if none is under the pointer,
     /// or the pointer counts as absent.
     [[nodiscard]] int hoveredRow() const;
+    /// The pointer counts as absent until it moves, as after a walk: the keyboard leads.
+    void ignorePointerUntilItMoves();
     /// Tells the delegate of a click on the row, as the pointer does and a screen reader may.
     void clickRow(int row);
 
