@@ -115,10 +115,8 @@ private:
     void search();
 
     [[nodiscard]] bool handleSearchKey(QKeyEvent& event);
-    [[nodiscard]] bool handlePlainKeyOnSearch(int key);
+    [[nodiscard]] bool handleKeyOfEmptySearch(int key);
     void walkFromSearch(platform::TableViewStep step);
-    [[nodiscard]] bool adjustFromSearch(int minutes);
-    void closeWindow();
 
     const platform::Clock& clock_;
     const bool showSearch_;

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuRowMeasurer.h"
+
+#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+
+#include <algorithm>
+#include <variant>
+
+namespace quor::helper {
+
+MenuRowMeasurer::MenuRowMeasurer(QWidget& parent, const platform::Clock& clock)
+    : clock_(clock)
+    , prototypeCellView_(*new MenuCellView(&parent))
+{
+    prototypeCellView_.hide();
+}
+
+int MenuRowMeasurer::measure(const std::vector<MenuEntry>& rows)
+{
+    adjustStartSize_.reset();
+    stopPastSize_.reset();
+    int widest = 0;
+    for (const MenuEntry& row : rows) {
+        const int width = widthOf(row, widest);
+        if (width == 0)
+            continue;
+        widest = std::max(widest, width + sideRoom);
+        if (widest >= maxWidth)
+            break;
+    }
+    return widest;
+}
+
+int MenuRowMeasurer::widthOf(const MenuEntry& row, int widest)
+{
+    if (const auto* entry = std::get_if<MenuEntry::Entry>(&row.value)) {
+        const MenuCellMetrics& metrics = prototypeCellView_.metrics();
+        cellHeight_ = metrics.height(); // of every entry
+        if (widest > 0 && !metrics.mayBeWiderThan(*entry, widest - sideRoom))
+            return 0;
+        prototypeCellView_.data = *entry;
+        prototypeCellView_.rebuild();
+        return prototypeCellView_.sizeHint().width();
+    }
+    if (std::holds_alternative<MenuEntry::AdjustStart>(row.value))
+        return adjustStartSize().width();
+    if (std::holds_alternative<MenuEntry::StopPast>(row.value))
+        return stopPastSize().width();
+    return 0;
+}
+
+const QSize& MenuRowMeasurer::adjustStartSize() const
+{
+    if (!adjustStartSize_)
+        adjustStartSize_ = MenuAdjustTimerView().sizeHint();
+    return *adjustStartSize_;
+}
+
+const QSize& MenuRowMeasurer::stopPastSize() const
+{
+    if (!stopPastSize_)
+        stopPastSize_ = MenuStopPastTimerView(clock_).sizeHint();
+    return *stopPastSize_;
+}
+
+} // namespace quor::helper
