@@ -20,7 +20,7 @@ TEST(Commands, AreRefusedWithAReasonAndAnExitCode)
         int exitCode;
         QString reason;
     } cases[] = {{u"sing"_s, 2, u"\"sing\""_s}, {u"list --jsn"_s, 2, u"jsn"_s}, {u"add"_s, 2, u"NAME"_s},
-        {u"add "_s, 1, u"name"_s}, {u"add X --color "_s, 2, u"color"_s},
+        {u"add "_s, 1, u"name"_s}, {u"add X "_s, 1, u"name"_s}, {u"add X --color "_s, 2, u"color"_s},
         {u"add X --color 12345g"_s, 1, u"\"12345g\""_s}, {u"start T9"_s, 1, u"no task \"T9\""_s},
         {u"start DESIGN"_s, 1, u"T1, T2"_s}, {u"start T1"_s, 1, u"runs already"_s},
         {u"start T2 --ago inf"_s, 2, u"\"inf\""_s}, {u"stop Meeting"_s, 1, u"does not run"_s},
@@ -48,9 +48,10 @@ TEST(Commands, PrintFieldsThatScriptsCanCut)
 {
     ServingPeer peer;
     EXPECT_EQ(quorPeer(u"add Web\tdesign\\\n2 --color #00bff9"_s).output, u"T1"_s);
-    EXPECT_EQ(quorPeer(u"add -- --all"_s).output, u"T2"_s);
+    EXPECT_EQ(quorPeer(u"add -- --all Last"_s).output, u"T2\nT3"_s);
     EXPECT_EQ(quorPeer(u"list"_s).output,
-        u"T1\t00BFF9\tidle\t00:00:00\tWeb\\tdesign\\\\\\n2\nT2\t-\tidle\t00:00:00\t--all"_s);
+        u"T1\t00BFF9\tidle\t00:00:00\tWeb\\tdesign\\\\\\n2\nT2\t-\tidle\t00:00:00\t--all\n"
+        "T3\t-\tidle\t00:00:00\tLast"_s);
     quorPeer(u"start T2 --ago 90.5"_s);
     quorPeer(u"set nonWorkingTime=1.5"_s);
     const QStringList lines = quorPeer(u"status"_s).output.split(u'\n');

@@ -64,7 +64,7 @@ TEST(StatusRecord, ARunningTimerCountsFromMidnightOnAndNeverBackwards)
 TEST(StatusRecord, ShowsTheTaskStartedLast)
 {
     Tracked t(1'700'000'000, {u"Design"_s});
-    t.tracker.addTask(u"Meeting"_s, 0xF58C6E);
+    t.tracker.addTasks({u"Meeting"_s}, 0xF58C6E);
     t.tracker.start(u"T2"_s);
     t.tracker.start(u"T1"_s, 60);
     const auto both = statusRecord(t.tracker, t.clock.now());

@@ -35,7 +35,7 @@ TEST(Store, EachChangeSurvivesWithoutAnEnd)
     settings.expectedWorkingTime = 1.5;
     first.tracker.setSettings(settings);
     for (int i = 0; i < 11; ++i)
-        first.tracker.addTask(u"Task\n\u00e4\U0001F600"_s, 0x00BFF9);
+        first.tracker.addTasks({u"Task\n\u00e4\U0001F600"_s}, 0x00BFF9);
     first.tracker.start(u"T1"_s, 0.25);
     first.tracker.start(u"T2"_s);
     first.tracker.stop(u"T2"_s);
@@ -44,7 +44,7 @@ TEST(Store, EachChangeSurvivesWithoutAnEnd)
     EXPECT_EQ(second.tracker.tasks(), first.tracker.tasks());
     EXPECT_THAT(second.tracker.entries(), testing::UnorderedElementsAreArray(first.tracker.entries()));
     EXPECT_EQ(second.tracker.settings(), settings);
-    second.tracker.addTask(u"Next"_s, {});
+    second.tracker.addTasks({u"Next"_s}, {});
     EXPECT_EQ(second.tracker.tasks().back().id, u"T12"_s);
 }
 
@@ -80,10 +80,10 @@ TEST(Store, TellsWhatTheDiskRefusesAndWritesItLater)
     QFile inTheWay(folder.filePath(u"Tasks"_s));
     ASSERT_TRUE(inTheWay.open(QFile::WriteOnly));
     Session run(folder);
-    EXPECT_EQ(run.tracker.addTask(u"Design"_s, {}), Outcome::notStored);
+    EXPECT_EQ(run.tracker.addTasks({u"Design"_s}, {}), Outcome::notStored);
     EXPECT_EQ(run.tracker.tasks().size(), 1U) << "tracking goes on";
     inTheWay.remove();
-    EXPECT_EQ(run.tracker.addTask(u"Meeting"_s, {}), Outcome::done);
+    EXPECT_EQ(run.tracker.addTasks({u"Meeting"_s}, {}), Outcome::done);
     EXPECT_EQ(Session(folder).tracker.tasks().size(), 2U);
 }
 

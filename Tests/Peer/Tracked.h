@@ -14,8 +14,7 @@ struct Tracked {
     Tracked(double now, const QStringList& tasks)
         : clock(now)
     {
-        for (const QString& name : tasks)
-            tracker.addTask(name, {});
+        tracker.addTasks(tasks, {});
     }
 
     void moveTo(double seconds) { clock.advance(seconds - platform::secondsSince1970(clock.now())); }

@@ -56,13 +56,13 @@ QString plainStatus(const QString& json)
 
 } // namespace
 
-int addTask(const QCommandLineParser& options, const QStringList& operands)
+int addTasks(const QCommandLineParser& options, const QStringList& operands)
 {
     if (options.isSet(u"color"_s) && options.value(u"color"_s).isEmpty()) {
         printError(u"--color needs six hexadecimal digits"_s);
         return misused;
     }
-    return ask(u"add"_s, {operands.front(), options.value(u"color"_s)});
+    return ask(u"add"_s, {operands, options.value(u"color"_s)});
 }
 
 int listTasks(const QCommandLineParser& options, const QStringList&)

@@ -10,7 +10,7 @@ namespace quor::peer {
 /// The commands that ask the serving process. Each prints its result, or the reason why there is none,
 /// and returns the exit code.
 
-int addTask(const QCommandLineParser& options, const QStringList& operands);
+int addTasks(const QCommandLineParser& options, const QStringList& operands);
 int listTasks(const QCommandLineParser& options, const QStringList& operands);
 int startTimer(const QCommandLineParser& options, const QStringList& operands);
 int stopTimer(const QCommandLineParser& options, const QStringList& operands);

@@ -46,8 +46,8 @@ std::vector<Command> makeCommands()
             "asks for. A second one on the same bus fails. Starting a timer leaves the others running,\n"
             "unless the setting singleTimer is true.\n"_s,
             {}, &serve},
-        {"add"_L1, "NAME"_L1, 1, 1, "Add a task and print its identifier"_L1, {},
-            {{u"color"_s, u"Its colour, six hexadecimal digits."_s, u"RRGGBB"_s}}, &addTask},
+        {"add"_L1, "NAME..."_L1, 1, 100'000, "Add a task for each name and print its identifier"_L1, {},
+            {{u"color"_s, u"Their colour, six hexadecimal digits."_s, u"RRGGBB"_s}}, &addTasks},
         {"list"_L1, ""_L1, 0, 0, "Print the tasks"_L1,
             u"A line for each task, its fields parted by tabs: identifier, colour or \"-\", \"running\" or\n"
             "\"idle\", today's total as HH:MM:SS, name. In names, tab, line feed, carriage return and\n"

@@ -60,9 +60,12 @@ Settings Store::settings() const
     return settings;
 }
 
-bool Store::save(const Task& task)
+bool Store::save(const std::vector<Task>& tasks)
 {
-    return tasks_.save({{task.id, toJSON(task)}});
+    Records changed;
+    for (const Task& task : tasks)
+        changed.emplace_back(task.id, toJSON(task));
+    return tasks_.save(changed);
 }
 
 bool Store::save(const std::vector<TimeEntry>& entries)

@@ -27,7 +27,7 @@ public:
     [[nodiscard]] std::vector<TimeEntry> entries() const;
     [[nodiscard]] Settings settings() const; ///< what is not stored has its default
 
-    bool save(const Task& task);
+    bool save(const std::vector<Task>& tasks);
     bool save(const std::vector<TimeEntry>& entries);
     bool save(const Settings& settings);
 

@@ -79,11 +79,14 @@ std::vector<TimeEntry> Tracker::runningEntries() const
     return running;
 }
 
-Outcome Tracker::addTask(const QString& name, std::optional<std::uint32_t> color)
+Outcome Tracker::addTasks(const QStringList& names, std::optional<std::uint32_t> color)
 {
-    const int next = tasks_.empty() ? 1 : number(tasks_.back()) + 1;
-    tasks_.push_back({u"T%1"_s.arg(next), name, color});
-    return outcome(store_.save(tasks_.back()));
+    int next = tasks_.empty() ? 1 : number(tasks_.back()) + 1;
+    std::vector<Task> added;
+    for (const QString& name : names)
+        added.push_back({u"T%1"_s.arg(next++), name, color});
+    tasks_.insert(tasks_.end(), added.begin(), added.end());
+    return outcome(store_.save(added));
 }
 
 Outcome Tracker::start(const QString& taskID, double ago)

@@ -5,6 +5,8 @@
 #include "Peer/Model/Task.h"
 #include "Peer/Model/TimeEntry.h"
 
+#include <QStringList>
+
 #include <optional>
 #include <utility>
 #include <vector>
@@ -45,8 +47,8 @@ public:
     [[nodiscard]] const TimeEntry* runningEntry(const QString& taskID) const; ///< null if it does not run
     [[nodiscard]] std::vector<TimeEntry> runningEntries() const; ///< the earliest start first
 
-    /// The new task is the last one then.
-    Outcome addTask(const QString& name, std::optional<std::uint32_t> color);
+    /// The new tasks are the last ones then, in the order of their names here.
+    Outcome addTasks(const QStringList& names, std::optional<std::uint32_t> color);
 
     /// Starts a timer `ago` seconds in the past.
     Outcome start(const QString& taskID, double ago = 0);

@@ -49,20 +49,26 @@ PeerService::PeerService(
 {
 }
 
-QString PeerService::add(const QString& name, const QString& color)
+QString PeerService::add(const QStringList& names, const QString& color)
 {
     const auto value = colorFromText(color);
     if (!value && !color.isEmpty()) {
         refuse(u"\"%1\" is no colour: give six hexadecimal digits, as in F58C6E"_s.arg(color));
         return {};
     }
-    if (name.trimmed().isEmpty()) {
+    QStringList trimmed;
+    for (const QString& name : names)
+        trimmed += name.trimmed();
+    if (trimmed.isEmpty() || trimmed.contains(QString())) {
         refuse(u"a task needs a name"_s);
         return {};
     }
-    const Outcome outcome = tracker_.addTask(name.trimmed(), value);
-    conclude(outcome, name);
-    return tracker_.tasks().back().id;
+    conclude(tracker_.addTasks(trimmed, value), {});
+    QStringList ids;
+    for (std::size_t i = tracker_.tasks().size() - std::size_t(trimmed.size()); i < tracker_.tasks().size();
+         ++i)
+        ids += tracker_.tasks()[i].id;
+    return ids.join(u'\n');
 }
 
 void PeerService::start(const QString& task, double secondsAgo)

@@ -38,8 +38,9 @@ public:
         const platform::Workspace& workspace);
 
 public Q_SLOTS:
-    /// The new task's identifier. `color` is "RRGGBB", or empty for none.
-    QString add(const QString& name, const QString& color);
+    /// The new tasks' identifiers, a line each. `color` is "RRGGBB", or empty for none. All or none are
+    /// added.
+    QString add(const QStringList& names, const QString& color);
     void start(const QString& task, double secondsAgo);
     /// An empty task means the one that runs.
     void stop(const QString& task, double secondsAgo);
