@@ -59,7 +59,7 @@ QString zoneAtOffset(int seconds)
 {
     const int minutes = std::abs(seconds) / 60;
     return QStringLiteral("GMT%1%2:%3")
-        .arg(seconds < 0 ? u'-' : u'+')
+        .arg(QChar(seconds < 0 ? u'-' : u'+'))
         .arg(minutes / 60, 2, 10, QLatin1Char('0'))
         .arg(minutes % 60, 2, 10, QLatin1Char('0'));
 }

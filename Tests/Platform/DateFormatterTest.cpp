@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Text/DateFormatter.h"
+#include "Platform/Text/RelativeDateTimeFormatter.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+using namespace quor::platform;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Style = DateFormatter::Style;
+
+TEST(DateFormatter, WritesAsTheUserDoes)
+{
+    const QLocale before;
+    const QByteArray zoneBefore = qgetenv("TZ");
+    // One formatter: it follows.
+    DateFormatter formatter;
+    const struct {
+        const char* locale;
+        const char* zone;
+        Style date, time;
+        QString text;
+    } cases[] = {
+        {"en_US", "UTC", Style::none, Style::short_, u"10:13\u202FPM"_s},
+        {"de_DE", "UTC", Style::none, Style::short_, u"22:13"_s},
+        {"de_DE", "Europe/Berlin", Style::none, Style::short_, u"23:13"_s},
+        {"de_DE", "ABC-5:30", Style::none, Style::short_, u"03:43"_s}, // rules without a name
+        {"de_DE", "Europe/Berlin", Style::short_, Style::none, u"14.11.23"_s},
+        {"en_US", "UTC", Style::medium, Style::medium, u"Nov 14, 2023, 10:13:20\u202FPM"_s},
+        {"en_US", "UTC", Style::none, Style::none, QString()},
+    };
+    for (const auto& c : cases) {
+        QLocale::setDefault(QLocale(QLatin1StringView(c.locale)));
+        qputenv("TZ", c.zone);
+        formatter.setDateStyle(c.date);
+        formatter.setTimeStyle(c.time);
+        EXPECT_EQ(formatter.string(dateFromSeconds(1'700'000'000)), c.text) << c.locale << ' ' << c.zone;
+    }
+    formatter.setTimeStyle(Style::short_);
+    formatter.setLocale(QLocale(QLocale::German));
+    formatter.setTimeZone(QTimeZone("Asia/Tokyo"));
+    EXPECT_EQ(DateFormatter(formatter).string(dateFromSeconds(0)), u"09:00") << "as set, in a copy too";
+    for (const double odd : {1e300, -1e300, double(NAN), double(INFINITY)})
+        EXPECT_EQ(formatter.string(dateFromSeconds(odd)), QString()) << odd;
+    QLocale::setDefault(before);
+    zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
+}
+
+TEST(RelativeDateTimeFormatter, PicksTheLargestUnitThatFits)
+{
+    RelativeDateTimeFormatter formatter;
+    formatter.setUnitsStyle(RelativeDateTimeFormatter::UnitsStyle::short_);
+    formatter.setFormattingContext(RelativeDateTimeFormatter::FormattingContext::standalone);
+    const struct {
+        double interval;
+        QString english, german;
+    } cases[] = {
+        {-300, u"5 min. ago"_s, u"vor 5 Min."_s},
+        {300, u"in 5 min."_s, u"in 5 Min."_s},
+        {-5400, u"1 hr. ago"_s, u"vor 1 Std."_s},
+        {-0.4, u"in 0 sec."_s, u"in 0 Sek."_s},
+        {-59, u"59 sec. ago"_s, u"vor 59 Sek."_s},
+        {86400, u"in 1 day"_s, u"in 1 Tag"_s}, // numeric: not "tomorrow"
+        {-8 * 86400, u"1 wk. ago"_s, u"vor 1 Woche"_s},
+        {NAN, QString(), QString()},
+    };
+    for (const auto& c : cases) {
+        formatter.setLocale(QLocale(u"en_US"_s));
+        EXPECT_EQ(formatter.localizedString(c.interval), c.english) << c.interval;
+        formatter.setLocale(QLocale(u"de_DE"_s));
+        EXPECT_EQ(formatter.localizedString(c.interval), c.german) << c.interval;
+    }
+    EXPECT_GT(formatter.localizedString(1e300).size(), 300) << "longer than any buffer made for spans";
+    formatter.setDateTimeStyle(RelativeDateTimeFormatter::DateTimeStyle::named);
+    EXPECT_EQ(RelativeDateTimeFormatter(formatter).localizedString(86400), u"morgen");
+}
+
+} // namespace
