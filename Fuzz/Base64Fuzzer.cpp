@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Data/AES.h"
+#include "ToolKit/Data/Base64.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+
+using namespace quor::toolkit;
+
+// Any text: what is read strictly is read tolerantly too, and alike; what was read is written and read
+// again; and a stored secret that is none is an absent text, or one that can be stored again.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
+{
+    const auto* utf8 = reinterpret_cast<const char*>(bytes);
+    const QString text = QString::fromUtf8(utf8, static_cast<qsizetype>(size));
+    const auto strict = dataFromBase64(text, Base64Decoding::strict);
+    const auto tolerant = dataFromBase64(text, Base64Decoding::ignoreUnknownCharacters);
+    if (strict && strict != tolerant)
+        std::abort();
+    if (tolerant && dataFromBase64(base64EncodedString(*tolerant), Base64Decoding::strict) != tolerant)
+        std::abort();
+    const QString key = QStringLiteral("key");
+    if (const auto secret = decrypted(text, key);
+        secret && decrypted(*encrypted(*secret, key), key) != secret)
+        std::abort();
+    return 0;
+}
