@@ -72,7 +72,7 @@ void MenuCellView::resizeEvent(QResizeEvent* event)
 void MenuCellView::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::FontChange) {
+    if (event->type() == QEvent::FontChange) {
         metrics_ = MenuCellMetrics();
         if (built_)
             parts_ = metrics_.parts(*built_, devicePixelRatioF());

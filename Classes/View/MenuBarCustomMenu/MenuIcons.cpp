@@ -40,14 +40,16 @@ bool isName(const QString& name)
 bool hasColors(const QImage& image)
 {
     constexpr int slack = 16;
-    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32);
+    // Premultiplied, since what is nearly transparent has lost its true colour.
+    const QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < pixels.height(); ++y) {
-        for (int x = 0; x < pixels.width(); ++x) {
-            const QRgb pixel = pixels.pixel(x, y);
+        const auto* const line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
+        const bool isColored = std::any_of(line, line + pixels.width(), [](QRgb pixel) {
             const auto [least, most] = std::minmax({qRed(pixel), qGreen(pixel), qBlue(pixel)});
-            if (qAlpha(pixel) > 0 && most - least > slack)
-                return true;
-        }
+            return most - least > slack;
+        });
+        if (isColored)
+            return true;
     }
     return false;
 }

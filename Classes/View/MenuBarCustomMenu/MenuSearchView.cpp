@@ -42,9 +42,7 @@ MenuSearchView::MenuSearchView(QWidget* parent)
 
 void MenuSearchView::applyLook()
 {
-    // Setting a font changes the font, which leads here again.
-    if (const QFont wanted = menuFont(); wanted != font())
-        setFont(wanted);
+    setFont(menuFont());
     const int glass = fontMetrics().height() + glassMargin / 2;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     setTextMargins(isMirrored ? 0 : glass, 0, isMirrored ? glass : 0, 0);
@@ -60,6 +58,12 @@ QSize MenuSearchView::sizeHint() const
 QSize MenuSearchView::minimumSizeHint() const
 {
     return sizeHint();
+}
+
+void MenuSearchView::showEvent(QShowEvent* event)
+{
+    QLineEdit::showEvent(event);
+    applyLook(); // the user's font may be another one by now
 }
 
 void MenuSearchView::focusInEvent(QFocusEvent* event)
@@ -115,8 +119,7 @@ void MenuSearchView::paintEvent(QPaintEvent* event)
 void MenuSearchView::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange
-        || event->type() == QEvent::LayoutDirectionChange)
+    if (event->type() == QEvent::LayoutDirectionChange)
         applyLook();
 }
 

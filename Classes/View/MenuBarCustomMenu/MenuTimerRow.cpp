@@ -46,6 +46,7 @@ void MenuTimerRow::addItems(const std::vector<Item>& items)
     for (const Item& item : items) {
         if (item.tag == delimiter) {
             delimiters_.push_back(new MenuTextField(delimiterAlpha, this));
+            delimiters_.back()->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
             buttonStackView_->addWidget(delimiters_.back(), 0, Qt::AlignVCenter);
         } else if (item.tag == spacer) {
             buttonStackView_->addStretch(1);
@@ -83,7 +84,7 @@ void MenuTimerRow::applyFonts()
 void MenuTimerRow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::FontChange)
         applyFonts();
 }
 
