@@ -5,6 +5,7 @@
 #include "Platform/Services/Application.h"
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/DistributedNotificationCenter.h"
+#include "Platform/Services/EventMonitors.h"
 #include "Platform/Services/PlatformServices.h"
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Services/StatusItemHost.h"
@@ -16,12 +17,13 @@
 /// A desktop without a bus: one window as status bar, and notifications that are handed over by hand.
 class BenchmarkDesktop final : public quor::platform::Application,
                                public quor::platform::DistributedNotificationCenter,
+                               public quor::platform::EventMonitors,
                                public quor::platform::StatusItemHost,
                                public quor::platform::Workspace {
 public:
     [[nodiscard]] quor::platform::PlatformServices services()
     {
-        return {*this, clock_, *this, *this, statusBar_, appearance_};
+        return {*this, clock_, *this, *this, statusBar_, appearance_, *this};
     }
     [[nodiscard]] QWidget& window() { return window_; }
 
@@ -29,6 +31,7 @@ public:
     void notify() { handler_({}); }
 
     void terminate() override { }
+    void activate(QWidget&) override { }
     void post(const QString&) override { }
     ObserverToken addObserver(const QString&, Handler handler) override
     {
@@ -36,6 +39,15 @@ public:
         return {};
     }
     void removeObserver(ObserverToken) override { }
+    [[nodiscard]] std::optional<Token> addGlobalMonitor(quor::platform::EventMask, GlobalHandler) override
+    {
+        return {};
+    }
+    [[nodiscard]] std::optional<Token> addLocalMonitor(quor::platform::EventMask, LocalHandler) override
+    {
+        return {};
+    }
+    void removeMonitor(Token) override { }
     [[nodiscard]] double thickness() const override { return 22; }
     void attach(quor::platform::StatusItem& item) override
     {
@@ -52,6 +64,11 @@ public:
     {
         return {};
     }
+    [[nodiscard]] std::optional<quor::platform::RunningApplication> frontmostApplication() const override
+    {
+        return {};
+    }
+    void activate(const quor::platform::RunningApplication&) override { }
 
 private:
     quor::platform::SystemClock clock_;

@@ -12,11 +12,14 @@
 
 #include "Support/TemporaryDataHome.h"
 #include "Support/TestClock.h"
+#include "Support/TestEventMonitors.h"
 
 #include <QFile>
+#include <QPointer>
 #include <QWidget>
 
 #include <map>
+#include <optional>
 
 namespace quor::test {
 
@@ -37,10 +40,16 @@ public:
 
     [[nodiscard]] platform::PlatformServices services()
     {
-        return {*this, clock, *this, *this, statusBar, appearance};
+        return {*this, clock, *this, *this, statusBar, appearance, eventMonitors};
     }
 
     void terminate() override { steps += QStringLiteral("terminate"); }
+    void activate(QWidget& shown) override
+    {
+        steps += QStringLiteral("activate window");
+        activated = &shown;
+        shown.activateWindow();
+    }
 
     void post(const QString& name) override
     {
@@ -89,14 +98,26 @@ public:
     {
         return running;
     }
+    [[nodiscard]] std::optional<platform::RunningApplication> frontmostApplication() const override
+    {
+        return frontmost;
+    }
+    void activate(const platform::RunningApplication& application) override
+    {
+        steps += QStringLiteral("activate ") + application.bundleIdentifier;
+        frontmost = application;
+    }
 
     TemporaryDataHome home;
     TestClock clock;
+    TestEventMonitors eventMonitors;
     platform::Appearance appearance;
     QWidget window;
     QList<platform::StatusItem*> items;
     QStringList steps;
     std::vector<platform::RunningApplication> running{{QStringLiteral("com.quor-app.Quor3-macOS")}};
+    std::optional<platform::RunningApplication> frontmost; ///< The one activated last, or as set.
+    QPointer<QWidget> activated;
     std::map<ObserverToken, std::pair<QString, Handler>> observers;
     std::uint64_t lastToken = 0;
     platform::StatusBar statusBar{*this};

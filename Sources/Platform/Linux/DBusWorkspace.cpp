@@ -39,4 +39,11 @@ std::vector<RunningApplication> DBusWorkspace::runningApplications() const
     return applications;
 }
 
+std::optional<RunningApplication> DBusWorkspace::frontmostApplication() const
+{
+    return std::nullopt;
+}
+
+void DBusWorkspace::activate(const RunningApplication&) { }
+
 } // namespace quor::platform

@@ -15,6 +15,8 @@ public:
 
     /// Asks the bus each time, for a second at most.
     [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
+    [[nodiscard]] std::optional<RunningApplication> frontmostApplication() const override;
+    void activate(const RunningApplication& application) override;
 
 private:
     SessionBus& bus_;

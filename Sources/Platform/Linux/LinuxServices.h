@@ -7,6 +7,7 @@
 #include "Platform/Linux/QtApplication.h"
 #include "Platform/Linux/SessionBus.h"
 #include "Platform/Linux/Strip.h"
+#include "Platform/Linux/X11EventMonitors.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/PlatformServices.h"
@@ -29,7 +30,8 @@ public:
     [[nodiscard]] SessionBus& sessionBus() { return bus_; }
     [[nodiscard]] PlatformServices services()
     {
-        return {application_, clock_, notificationCenter_, workspace_, statusBar_, appearance_};
+        return {
+            application_, clock_, notificationCenter_, workspace_, statusBar_, appearance_, eventMonitors_};
     }
 
 private:
@@ -43,6 +45,7 @@ private:
     DBusWorkspace workspace_{bus_};
     Strip strip_{appearance_};
     StatusBar statusBar_{strip_};
+    X11EventMonitors eventMonitors_;
 };
 
 } // namespace quor::platform

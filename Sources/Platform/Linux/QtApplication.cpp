@@ -2,6 +2,7 @@
 #include "Platform/Linux/QtApplication.h"
 
 #include <QCoreApplication>
+#include <QWidget>
 
 namespace quor::platform {
 
@@ -10,6 +11,11 @@ void QtApplication::terminate()
     // Not quit(), which asks each window and so could be refused.
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
+}
+
+void QtApplication::activate(QWidget& window)
+{
+    window.activateWindow();
 }
 
 } // namespace quor::platform

@@ -7,6 +7,7 @@ class Appearance;
 class Application;
 class Clock;
 class DistributedNotificationCenter;
+class EventMonitors;
 class StatusBar;
 class Workspace;
 
@@ -19,6 +20,7 @@ struct PlatformServices {
     Workspace& workspace;
     StatusBar& statusBar;
     Appearance& appearance;
+    EventMonitors& eventMonitors;
 };
 
 } // namespace quor::platform

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Services/EventMonitors.h"
+
+#include <cstdint>
+#include <memory>
+
+namespace quor::platform {
+
+class LocalMonitors;
+class X11GlobalMonitors;
+
+/// The user's input: what goes to this application as Qt delivers it, what goes to others as the X server
+/// tells it. Without X there are no global monitors.
+///
+/// Listens to neither before there is a monitor of its kind. Needs a QGuiApplication. May be ended
+/// within a handler. Main thread only.
+class X11EventMonitors final : public EventMonitors {
+public:
+    X11EventMonitors();
+    ~X11EventMonitors() override;
+    X11EventMonitors(const X11EventMonitors&) = delete;
+    X11EventMonitors& operator=(const X11EventMonitors&) = delete;
+
+    [[nodiscard]] std::optional<Token> addGlobalMonitor(EventMask mask, GlobalHandler handler) override;
+    [[nodiscard]] std::optional<Token> addLocalMonitor(EventMask mask, LocalHandler handler) override;
+    void removeMonitor(Token token) override;
+
+private:
+    [[nodiscard]] Token nextToken() { return Token{++lastToken_}; }
+
+    std::unique_ptr<LocalMonitors> local_;
+    std::unique_ptr<X11GlobalMonitors> global_;
+    std::uint64_t lastToken_ = 0;
+};
+
+} // namespace quor::platform

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Services/EventMonitors.h"
+
+#include <map>
+#include <utility>
+
+namespace quor::test {
+
+/// Input that a test makes up: it reaches the monitors that are installed, and no window.
+class TestEventMonitors final : public platform::EventMonitors {
+public:
+    [[nodiscard]] std::optional<Token> addGlobalMonitor(
+        platform::EventMask mask, GlobalHandler handler) override
+    {
+        return add(global, mask, std::move(handler));
+    }
+    [[nodiscard]] std::optional<Token> addLocalMonitor(
+        platform::EventMask mask, LocalHandler handler) override
+    {
+        return add(local, mask, std::move(handler));
+    }
+    void removeMonitor(Token token) override
+    {
+        global.erase(token);
+        local.erase(token);
+    }
+
+    /// As if it went to another application.
+    void fireGlobal(const platform::InputEvent& event)
+    {
+        const auto then = global;
+        for (const auto& [token, monitor] : then) {
+            if (global.contains(token) && (monitor.first & eventMask(event.type)))
+                monitor.second(event);
+        }
+    }
+
+    /// As if it went to one of our windows, which gets it unless the result is none.
+    std::optional<platform::InputEvent> fireLocal(platform::InputEvent event)
+    {
+        const auto then = local;
+        for (const auto& [token, monitor] : then) {
+            if (!local.contains(token) || !(monitor.first & eventMask(event.type)))
+                continue;
+            const auto next = monitor.second(event);
+            if (!next)
+                return std::nullopt;
+            event = *next;
+        }
+        return event;
+    }
+
+    std::map<Token, std::pair<platform::EventMask, GlobalHandler>> global;
+    std::map<Token, std::pair<platform::EventMask, LocalHandler>> local;
+    bool areRefused = false; ///< None can be installed.
+
+private:
+    template <class Monitors, class Handler>
+    std::optional<Token> add(Monitors& monitors, platform::EventMask mask, Handler handler)
+    {
+        if (areRefused)
+            return std::nullopt;
+        const Token token{++lastToken_};
+        monitors[token] = {mask, std::move(handler)};
+        return token;
+    }
+
+    std::uint64_t lastToken_ = 0;
+};
+
+} // namespace quor::test
