@@ -83,7 +83,9 @@ void MenuBarCustomMenu::tableViewDidDoubleClick(toolkit::CustomTableView& /*tabl
 bool MenuBarCustomMenu::handleSearchKey(QKeyEvent& event)
 {
     const bool isPlain = (event.modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    if (!isPlain || typingRelay_.isComposing())
+    if (typingRelay_.isComposing())
+        return event.text().isEmpty() || !event.text().at(0).isPrint(); // its own: not the rows'
+    if (!isPlain)
         return false;
     switch (event.key()) {
     case Qt::Key_Escape:

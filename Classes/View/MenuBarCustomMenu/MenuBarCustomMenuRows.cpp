@@ -47,6 +47,8 @@ View& reusedOrNewForTask(platform::TableView& table, const QString& taskID, cons
     const bool isPressed = std::any_of(
         view->buttons().begin(), view->buttons().end(), [](const auto* button) { return button->isDown(); });
     if (isPressed && view->property(taskProperty).toString() != taskID) {
+        view->setEnabled(false);
+        view->setObjectName({}); // so the table deletes it
         view = new View(arguments...);
         view->setObjectName(QLatin1String(View::staticMetaObject.className()));
     }

@@ -7,6 +7,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QScopedValueRollback>
 
 namespace quor::helper {
 
@@ -54,8 +55,9 @@ bool MenuTypingRelay::eventFilter(QObject* watched, QEvent* event)
 
 bool MenuTypingRelay::relayKey(QKeyEvent& event)
 {
-    if (!isTyping(event))
+    if (relaysKey_ || !isTyping(event))
         return false;
+    const QScopedValueRollback relays(relaysKey_, true); // what the field does not want comes back
     focusField();
     QCoreApplication::sendEvent(&field_, &event);
     return true;
@@ -79,6 +81,8 @@ bool MenuTypingRelay::isTyping(const QKeyEvent& event) const
 void MenuTypingRelay::relayInput(QInputMethodEvent& event)
 {
     // Giving the keyboard away would end a composition, so it stays here until there is a text.
+    if (!composing_ && !interruptsTyping_)
+        field_.end(false);
     QCoreApplication::sendEvent(&field_, &event);
     if (!composing_ && !event.commitString().isEmpty())
         focusField();

@@ -47,6 +47,7 @@ private:
     int fieldRow_ = -1;
     bool composing_ = false;
     bool interruptsTyping_ = false;
+    bool relaysKey_ = false;
 };
 
 } // namespace quor::helper
