@@ -1,0 +1,326 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
+
+#include "Support/TestClock.h"
+#include "Support/WaitFor.h"
+#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/MenuCellView.h"
+#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <random>
+
+using namespace Qt::StringLiterals;
+using namespace quor;
+using namespace quor::helper;
+using Action = MenuEntry::Entry::Action;
+using testing::ElementsAre;
+
+namespace {
+
+MenuEntry entry(const QString& label, Action action = {Action::Start{u"task"_s}}, bool isTitle = false)
+{
+    MenuEntry::Entry entry;
+    entry.label = label;
+    entry.isTitle = isTitle;
+    entry.action = action;
+    return {entry};
+}
+const MenuEntry search{MenuEntry::Search{}};
+const MenuEntry separator{MenuEntry::Separator{}};
+const MenuEntry running = entry(u"Running"_s, {Action::Stop{u"run"_s}});
+
+class MenuBarCustomMenuTest : public testing::Test {
+protected:
+    MenuBarCustomMenuTest()
+    {
+        menu->resizedHandler = [this] { window.resize(menu->size()); };
+        menu->entryClicked = [this](const MenuEntry& row) { chosen.push_back(row); };
+        menu->adjustStartHandler = [this](const QString& task, int by) { moved.emplace_back(task, by); };
+        menu->adjustedStopHandler = menu->adjustStartHandler;
+        menu->searchTermChangedHandler = [this](const QString& term) { terms.push_back(term); };
+    }
+    void show(const std::vector<MenuEntry>& rows)
+    {
+        reload(rows);
+        window.show();
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    }
+    void reload(const std::vector<MenuEntry>& rows)
+    {
+        menu->dataList = rows;
+        menu->reload();
+    }
+    void press(Qt::Key key) { QTest::keyClick(window.focusWidget(), key); }
+    void type(const char* text) { QTest::keyClicks(window.focusWidget(), QLatin1String(text)); }
+    QPoint centre(int row) { return table.viewport()->mapTo(&window, table.viewportRectOfRow(row).center()); }
+    void point(int row) { QTest::mouseMove(window.windowHandle(), centre(row)); }
+    void mouse(void (*event)(QWindow*, Qt::MouseButton, Qt::KeyboardModifiers, QPoint, int), const QPoint& at)
+    {
+        event(window.windowHandle(), Qt::LeftButton, {}, at, -1);
+    }
+    void click(const QPoint& at) { mouse(&QTest::mouseClick, at); }
+    void compose(const QString& preedit, const QString& commit = {})
+    {
+        QInputMethodEvent event(preedit, {});
+        event.setCommitString(commit);
+        QApplication::sendEvent(window.focusWidget(), &event);
+    }
+
+    test::TestClock clock;
+    QWidget window;
+    QPointer<MenuBarCustomMenu> menu = new MenuBarCustomMenu(true, 300, clock, &window);
+    toolkit::CustomTableView& table = menu->tableView();
+    MenuSearchView& field = menu->searchView();
+    std::vector<MenuEntry> chosen;
+    std::vector<std::pair<QString, int>> moved;
+    std::vector<QString> terms;
+};
+
+TEST_F(MenuBarCustomMenuTest, IsAsWideAsItsWidestRowNeeds)
+{
+    std::vector<std::vector<MenuEntry>> lists{{}, {search, separator, search}, {entry(QString(10'000, u'w'))},
+        {MenuEntry{MenuEntry::AdjustStart{}}, MenuEntry{MenuEntry::StopPast{}}}};
+    std::mt19937 random(7);
+    const std::array alphabets{
+        u"iljr.AVTo"_s, u"wäöß fi ffl"_s, u"日本語 ab"_s, u"שלום ab"_s, u"👩‍💻é🇩🇪"_s};
+    for (const QString& alphabet : alphabets) {
+        lists.emplace_back();
+        for (int row = 0; row < 60; ++row) {
+            QString label;
+            for (std::size_t left = random() % 28; left > 0; --left)
+                label += alphabet.at(qsizetype(random() % std::size_t(alphabet.size())));
+            lists.back().push_back(entry(label, {}, random() % 4 == 0));
+        }
+    }
+    for (const auto& rows : lists) {
+        int widest = MenuRowMeasurer::sideRoom;
+        for (const MenuEntry& row : rows) {
+            MenuCellView cell;
+            if (const auto* shown = std::get_if<MenuEntry::Entry>(&row.value))
+                cell.data = *shown;
+            cell.rebuild();
+            const bool adjusts = std::holds_alternative<MenuEntry::AdjustStart>(row.value);
+            const bool stops = std::holds_alternative<MenuEntry::StopPast>(row.value);
+            const int width = adjusts ? MenuAdjustTimerView().sizeHint().width()
+                : stops               ? MenuStopPastTimerView(clock).sizeHint().width()
+                                      : cell.sizeHint().width();
+            widest = std::max(widest, width + MenuRowMeasurer::sideRoom);
+        }
+        reload(rows);
+        EXPECT_EQ(menu->width(), std::clamp(widest, 300, 500)) << rows.size();
+        EXPECT_EQ(window.size(), menu->size());
+    }
+}
+
+TEST_F(MenuBarCustomMenuTest, IsAsHighAsItsRowsUpToTheScreen)
+{
+    reload({search, entry(u"A"_s), separator});
+    EXPECT_EQ(
+        menu->height(), 12 + 3 * 6 + MenuSearchView().sizeHint().height() + 4 + menu->cellHeight() + 10);
+    show(std::vector<MenuEntry>(100'000, entry(u"A"_s)));
+    EXPECT_EQ(menu->height(), qRound(0.9 * QGuiApplication::primaryScreen()->availableGeometry().height()));
+    press(Qt::Key_End);
+    EXPECT_EQ(table.rowAtPoint(QPoint(20, menu->height() - 12)), 99'999);
+
+    reload({entry(u"A"_s)});
+    const QFont before = QApplication::font();
+    const int height = menu->height();
+    QFont large = before;
+    large.setPointSizeF(2 * before.pointSizeF());
+    QApplication::setFont(large);
+    EXPECT_TRUE(test::waitFor([&] { return menu->height() > height; }));
+    EXPECT_EQ(menu->height(), 12 + 6 + menu->cellHeight());
+    QApplication::setFont(before);
+}
+
+TEST_F(MenuBarCustomMenuTest, ThePointerSelectsWhatMayBe)
+{
+    show({search, entry(u"Title"_s, {}, true), entry(u"A"_s), separator, entry(u"B"_s)});
+    for (const auto& [row, selected] : {std::pair(2, 2), {1, -1}, {4, 4}, {3, -1}, {2, 2}, {0, -1}}) {
+        point(row);
+        EXPECT_EQ(table.selectedRow(), selected);
+    }
+    // Rows that come to lie under a resting pointer while the user types are not meant.
+    point(4);
+    type("x");
+    ASSERT_TRUE(test::waitFor([&] { return !terms.empty(); }));
+    reload({search, entry(u"A"_s), entry(u"B"_s), entry(u"C"_s), entry(u"D"_s), entry(u"E"_s)});
+    EXPECT_EQ(table.selectedRow(), -1);
+    EXPECT_TRUE(field.hasFocus());
+}
+
+TEST_F(MenuBarCustomMenuTest, ClicksLeaveThroughTheHandlers)
+{
+    const MenuEntry title = entry(u"Title"_s, {}, true);
+    show({search, title, running, MenuEntry{MenuEntry::AdjustStart{u"adjust"_s}},
+        MenuEntry{MenuEntry::StopPast{u"stop"_s}}});
+    click(centre(1));
+    click(QPoint(8, centre(2).y())); // beside the cell
+    EXPECT_THAT(chosen, ElementsAre(title, running));
+    for (const int row : {3, 4})
+        for (MenuTimerButton* const button : qobject_cast<MenuTimerRow*>(table.viewAtRow(row))->buttons())
+            if (button->tag() == -10 || button->tag() == 0)
+                click(button->mapTo(&window, button->rect().center()));
+    EXPECT_THAT(moved,
+        ElementsAre(std::pair(u"adjust"_s, -10), std::pair(u"adjust"_s, 0), std::pair(u"stop"_s, -10)));
+    EXPECT_TRUE(field.hasFocus());
+
+    menu->entryClicked = [this](const MenuEntry&) { delete menu; };
+    click(centre(2));
+    EXPECT_FALSE(menu);
+}
+
+TEST_F(MenuBarCustomMenuTest, APressOnARowThatIsReplacedComesToNothing)
+{
+    const MenuEntry adjust{MenuEntry::AdjustStart{u"a"_s}};
+    show({entry(u"A"_s, {Action::Start{u"a"_s}}), adjust});
+    const auto replaced = [this](const QPoint& at) {
+        mouse(&QTest::mousePress, at);
+        reload({entry(u"B"_s, {Action::Start{u"b"_s}}), MenuEntry{MenuEntry::AdjustStart{u"b"_s}}});
+        mouse(&QTest::mouseRelease, at);
+    };
+    replaced(centre(0));
+    reload({entry(u"A"_s, {Action::Start{u"a"_s}}), adjust});
+    const QWidget* button = qobject_cast<MenuTimerRow*>(table.viewAtRow(1))->buttons().front();
+    replaced(button->mapTo(&window, button->rect().center()));
+    EXPECT_THAT(chosen, testing::IsEmpty());
+    EXPECT_THAT(moved, testing::IsEmpty());
+}
+
+TEST_F(MenuBarCustomMenuTest, KeysWalkTheRowsWhileTheFieldEdits)
+{
+    const std::vector rows{
+        entry(u"Above"_s), search, entry(u"T"_s, {}, true), entry(u"A"_s), separator, running};
+    show(rows);
+    EXPECT_TRUE(field.hasFocus());
+    press(Qt::Key_Return);
+    EXPECT_THAT(chosen, testing::IsEmpty());
+    for (const auto& [key, row] : {std::pair(Qt::Key_Down, 3), {Qt::Key_Left, 3}, {Qt::Key_Down, 5},
+             {Qt::Key_Right, 5}, {Qt::Key_Down, 5}, {Qt::Key_Home, 0}, {Qt::Key_PageDown, 5}, {Qt::Key_Up, 3},
+             {Qt::Key_Return, 3}}) {
+        press(key);
+        EXPECT_EQ(table.selectedRow(), row) << key;
+    }
+    EXPECT_THAT(moved, ElementsAre(std::pair(u"run"_s, 1)));
+    EXPECT_THAT(chosen, ElementsAre(rows[3]));
+
+    type("a b");
+    press(Qt::Key_Home);
+    press(Qt::Key_Right);
+    EXPECT_EQ(field.text(), u"a b"_s);
+    EXPECT_EQ(field.cursorPosition(), 1);
+    EXPECT_EQ(table.selectedRow(), 3);
+    press(Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+
+    reload({entry(u"Title"_s, {}, true), search});
+    table.deselectAll();
+    QTest::keyClick(&field, Qt::Key_Down);
+    EXPECT_EQ(table.selectedRow(), -1);
+}
+
+TEST_F(MenuBarCustomMenuTest, AReloadGivesTheTableTheKeysAndLosesNoText)
+{
+    const std::vector rows{search, entry(u"A"_s), running};
+    show(rows);
+    press(Qt::Key_Down);
+    press(Qt::Key_Down);
+    reload(rows);
+    EXPECT_TRUE(table.hasFocus());
+    EXPECT_EQ(table.selectedRow(), 2);
+    press(Qt::Key_Left);
+    press(Qt::Key_Space);
+    EXPECT_THAT(moved, ElementsAre(std::pair(u"run"_s, -1)));
+    EXPECT_THAT(chosen, ElementsAre(running));
+
+    type("d");
+    EXPECT_TRUE(field.hasFocus());
+    type("e");
+    press(Qt::Key_Left);
+    reload(rows);
+    EXPECT_TRUE(table.hasFocus());
+    type(" x"); // a space in the middle of a text chooses nothing
+    EXPECT_EQ(field.text(), u"d xe"_s);
+    EXPECT_EQ(chosen.size(), 1U);
+
+    table.setFocus();
+    compose(u"k"_s);
+    EXPECT_TRUE(table.hasFocus());
+    compose({}, u"か"_s);
+    EXPECT_TRUE(field.hasFocus());
+    EXPECT_TRUE(field.text().endsWith(u'か'));
+
+    table.selectRow(9); // beyond
+    reload({entry(u"B"_s), entry(u"C"_s)});
+    EXPECT_TRUE(table.hasFocus());
+    type("c");
+    EXPECT_EQ(table.selectedRow(), 1);
+    reload({entry(u"B"_s)});
+    EXPECT_EQ(table.selectedRow(), -1);
+    reload({search});
+    EXPECT_TRUE(field.hasFocus());
+    EXPECT_TRUE(field.text().endsWith(u'か'));
+}
+
+TEST_F(MenuBarCustomMenuTest, ACompositionIsLeftAlone)
+{
+    show({search, entry(u"A"_s)});
+    press(Qt::Key_Down);
+    compose(u"か"_s);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Up, Qt::Key_Escape})
+        press(key);
+    reload({search, entry(u"B"_s)});
+    EXPECT_TRUE(field.hasFocus());
+    EXPECT_THAT(chosen, testing::IsEmpty());
+    compose({}, u"蚊"_s);
+    EXPECT_EQ(field.text(), u"蚊"_s);
+}
+
+TEST_F(MenuBarCustomMenuTest, AFieldOutOfSightKeepsWhatIsTyped)
+{
+    std::vector rows(10'000, entry(u"A"_s));
+    rows.front() = search;
+    show(rows);
+    type("AbC");
+    ASSERT_TRUE(test::waitFor([&] { return !terms.empty(); }));
+    EXPECT_THAT(terms, ElementsAre(u"abc"_s));
+    press(Qt::Key_Left);
+    table.verticalScrollBar()->setValue(50'000);
+    reload(rows);
+    type("d");
+    EXPECT_EQ(field.text(), u"AbdC"_s);
+    press(Qt::Key_Down);
+    ASSERT_TRUE(test::waitFor([&] { return terms.size() > 1; }));
+    EXPECT_EQ(table.selectedRow(), -1); // a search begins without
+
+    type("e");
+    menu->cleanup();
+    menu->reload();
+    EXPECT_FALSE(test::waitFor([&] { return terms.size() > 2; }, std::chrono::milliseconds(300)));
+}
+
+TEST_F(MenuBarCustomMenuTest, RowsAreDescribedOnTheScreenAndOff)
+{
+    std::vector rows(200, separator);
+    rows[0] = running;
+    for (const std::size_t row : {std::size_t(1), rows.size() - 1})
+        rows[row] = MenuEntry{MenuEntry::AdjustStart{u"run"_s, 1'700'000'000}};
+    show(rows);
+    const auto description = menu->describeRow(table, 0);
+    EXPECT_EQ(description.text, u"Running"_s);
+    EXPECT_EQ(description.isChecked, true);
+    const QString shown = menu->describeRow(table, 1).text;
+    EXPECT_EQ(shown, qobject_cast<MenuTimerRow*>(table.viewAtRow(1))->labelField().text());
+    EXPECT_EQ(menu->describeRow(table, int(rows.size()) - 1).text, shown);
+}
+
+} // namespace
