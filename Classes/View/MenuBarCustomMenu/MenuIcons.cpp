@@ -77,7 +77,7 @@ Icon icon(const QString& name, int height, qreal devicePixelRatio)
     const Key key{name, QIcon::themeName(), height, devicePixelRatio};
     if (const Icon* found = known.object(key))
         return *found;
-    const Icon loaded = load(key);
+    Icon loaded = load(key);
     known.insert(key, new Icon(loaded));
     return loaded;
 }

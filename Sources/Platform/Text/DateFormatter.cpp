@@ -6,6 +6,7 @@
 #include <unicode/ucal.h>
 #include <unicode/udat.h>
 
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -48,10 +49,10 @@ const UChar* characters(const QString& text)
 bool isKnownZone(const QString& name)
 {
     UErrorCode status = U_ZERO_ERROR;
-    UChar canonical[128];
+    std::array<UChar, 128> canonical{};
     UBool isSystemName = false;
-    ucal_getCanonicalTimeZoneID(characters(name), int32_t(name.size()), canonical,
-        int32_t(std::size(canonical)), &isSystemName, &status);
+    ucal_getCanonicalTimeZoneID(characters(name), int32_t(name.size()), canonical.data(),
+        int32_t(canonical.size()), &isSystemName, &status);
     return U_SUCCESS(status);
 }
 

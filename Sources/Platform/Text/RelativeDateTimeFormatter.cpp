@@ -5,6 +5,7 @@
 
 #include <unicode/ureldatefmt.h>
 
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -28,14 +29,14 @@ struct Unit {
 constexpr double minute = 60;
 constexpr double hour = 60 * minute;
 constexpr double day = 24 * hour;
-constexpr Unit units[] = {
-    {365 * day, UDAT_REL_UNIT_YEAR},
-    {30 * day, UDAT_REL_UNIT_MONTH},
-    {7 * day, UDAT_REL_UNIT_WEEK},
-    {day, UDAT_REL_UNIT_DAY},
-    {hour, UDAT_REL_UNIT_HOUR},
-    {minute, UDAT_REL_UNIT_MINUTE},
-    {1, UDAT_REL_UNIT_SECOND},
+constexpr std::array units{
+    Unit{365 * day, UDAT_REL_UNIT_YEAR},
+    Unit{30 * day, UDAT_REL_UNIT_MONTH},
+    Unit{7 * day, UDAT_REL_UNIT_WEEK},
+    Unit{day, UDAT_REL_UNIT_DAY},
+    Unit{hour, UDAT_REL_UNIT_HOUR},
+    Unit{minute, UDAT_REL_UNIT_MINUTE},
+    Unit{1, UDAT_REL_UNIT_SECOND},
 };
 
 const Unit& largestThatFits(double interval)
@@ -44,7 +45,7 @@ const Unit& largestThatFits(double interval)
         if (std::fabs(interval) >= unit.seconds)
             return unit;
     }
-    return *std::rbegin(units);
+    return units.back();
 }
 
 UDateRelativeDateTimeFormatterStyle icuStyle(UnitsStyle style)
