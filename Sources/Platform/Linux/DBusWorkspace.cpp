@@ -2,8 +2,11 @@
 #include "Platform/Linux/DBusWorkspace.h"
 
 #include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11Focus.h"
 
 #include <QDBusMessage>
+#include <QDBusPendingReply>
 #include <QDBusReply>
 
 #include <chrono>
@@ -15,8 +18,31 @@ namespace quor::platform {
 
 namespace {
 
-constexpr auto busService = "org.freedesktop.DBus"_L1;
 constexpr std::chrono::milliseconds answerLimit = 1s;
+constexpr auto shortLimit = 100ms; // where the user waits for something that does without the answer
+
+QDBusMessage busRequest(const QString& method, const QVariantList& arguments = {})
+{
+    constexpr auto busService = "org.freedesktop.DBus"_L1;
+    auto request = QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus"_L1, busService, method);
+    request.setArguments(arguments);
+    return request;
+}
+
+// Connections bear unique names, applications chosen ones.
+QStringList chosenNames(const QDBusConnection& bus, std::chrono::milliseconds limit)
+{
+    const QDBusReply<QStringList> reply
+        = bus.call(busRequest(u"ListNames"_s), QDBus::Block, int(limit.count()));
+    QStringList names = reply.value();
+    names.removeIf([](const QString& name) { return name.startsWith(u':'); });
+    return names;
+}
+
+QDBusPendingReply<uint> askForOwner(const QDBusConnection& bus, const QString& name)
+{
+    return bus.asyncCall(busRequest(u"GetConnectionUnixProcessID"_s, {name}), int(shortLimit.count()));
+}
 
 } // namespace
 
@@ -27,23 +53,53 @@ DBusWorkspace::DBusWorkspace(SessionBus& bus)
 
 std::vector<RunningApplication> DBusWorkspace::runningApplications() const
 {
-    const auto request
-        = QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus"_L1, busService, "ListNames"_L1);
-    const QDBusReply<QStringList> names
-        = bus_.connection().call(request, QDBus::Block, int(answerLimit.count()));
     std::vector<RunningApplication> applications;
-    for (const auto& name : names.value()) {
-        if (!name.startsWith(u':')) // connections bear unique names, applications chosen ones
-            applications.push_back({name});
-    }
+    for (const auto& name : chosenNames(bus_.connection(), answerLimit))
+        applications.push_back({name});
     return applications;
 }
 
 std::optional<RunningApplication> DBusWorkspace::frontmostApplication() const
 {
-    return std::nullopt;
+    auto* connection = x11Connection();
+    const auto window = connection ? activeWindow(connection) : std::nullopt;
+    if (!window)
+        return std::nullopt;
+    const auto process = processOfWindow(connection, *window);
+    return RunningApplication{process ? nameOwnedBy(*process) : QString(), *window};
 }
 
-void DBusWorkspace::activate(const RunningApplication&) { }
+QString DBusWorkspace::nameOwnedBy(std::uint32_t process) const
+{
+    const auto bus = bus_.connection();
+    auto names = chosenNames(bus, shortLimit);
+    names.sort();
+    std::vector<QDBusPendingReply<uint>> owners; // all asked before the first answer is waited for
+    for (const auto& name : names)
+        owners.push_back(askForOwner(bus, name));
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        auto& owner = owners[std::size_t(i)];
+        owner.waitForFinished();
+        if (owner.isValid() && owner.value() == process)
+            return names[i];
+    }
+    return {};
+}
+
+void DBusWorkspace::activate(const RunningApplication& application)
+{
+    auto* connection = x11Connection();
+    if (!connection)
+        return;
+    if (application.window != 0 && activateWindow(connection, xcb_window_t(application.window)))
+        return;
+    if (application.bundleIdentifier.isEmpty())
+        return;
+    auto owner = askForOwner(bus_.connection(), application.bundleIdentifier);
+    owner.waitForFinished();
+    const auto window = owner.isValid() ? windowOfProcess(connection, owner.value()) : std::nullopt;
+    if (window)
+        activateWindow(connection, *window);
+}
 
 } // namespace quor::platform

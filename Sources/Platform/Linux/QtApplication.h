@@ -10,6 +10,7 @@ class QtApplication final : public Application {
 public:
     /// Holds also when it is called before the event loop runs: the loop then ends at once.
     void terminate() override;
+
     void activate(QWidget& window) override;
 };
 

@@ -37,17 +37,8 @@ void setOnAllDesktops(WId window)
     constexpr std::array allDesktops{0xffffffffU};
     // The property is for a window manager that comes later, the message for the one that runs.
     setCardinals(connection, window, "_NET_WM_DESKTOP", allDesktops);
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = xcb_window_t(window);
-    message.type = x11Atom(connection, "_NET_WM_DESKTOP");
-    message.data.data32[0] = allDesktops[0];
-    message.data.data32[1] = 1; // asked by an application
-    xcb_send_event(connection, 0, x11Root(connection),
-        XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-        reinterpret_cast<const char*>(&message));
-    xcb_flush(connection);
+    constexpr std::uint32_t byApplication = 1;
+    x11AskWindowManager(connection, xcb_window_t(window), "_NET_WM_DESKTOP", {allDesktops[0], byApplication});
 }
 
 void setOutOfWindowLists(WId window)

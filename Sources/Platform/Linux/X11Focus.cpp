@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Linux/X11Focus.h"
+
+#include "Platform/Linux/X11Connection.h"
+
+#include <QString>
+#include <QSysInfo>
+
+#include <algorithm>
+#include <vector>
+
+namespace quor::platform {
+
+namespace {
+
+// Having been killed, a window manager leaves what it said of itself: the window it named tells.
+bool windowManagerActivates(xcb_connection_t* connection)
+{
+    constexpr auto check = "_NET_SUPPORTING_WM_CHECK";
+    const auto root = x11Root(connection);
+    const auto named = x11Values(connection, root, check);
+    if (named.empty() || x11Values(connection, named[0], check) != named)
+        return false;
+    const auto supported = x11Values(connection, root, "_NET_SUPPORTED");
+    return std::ranges::find(supported, x11Atom(connection, "_NET_ACTIVE_WINDOW")) != supported.end();
+}
+
+std::optional<xcb_window_t> focusedWindow(xcb_connection_t* connection)
+{
+    const auto reply
+        = x11Reply(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    const bool isWindow
+        = reply && reply->focus != XCB_INPUT_FOCUS_NONE && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT;
+    return isWindow ? std::optional(reply->focus) : std::nullopt;
+}
+
+bool setFocus(xcb_connection_t* connection, xcb_window_t window)
+{
+    // As the focus goes with its window, the keyboard is back where it is without any focus.
+    const auto cookie
+        = xcb_set_input_focus_checked(connection, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
+    const auto error = x11Reply(xcb_request_check(connection, cookie));
+    return !error;
+}
+
+// Programs on other machines count their processes for themselves.
+bool isOfThisMachine(xcb_connection_t* connection, xcb_window_t window)
+{
+    constexpr std::uint32_t longestName = 64; // in units of four bytes
+    const auto cookie = xcb_get_property(
+        connection, 0, window, XCB_ATOM_WM_CLIENT_MACHINE, XCB_GET_PROPERTY_TYPE_ANY, 0, longestName);
+    const auto reply = x11Reply(xcb_get_property_reply(connection, cookie, nullptr));
+    if (!reply || reply->type == XCB_ATOM_NONE)
+        return true;
+    const QByteArrayView name(static_cast<const char*>(xcb_get_property_value(reply.get())),
+        xcb_get_property_value_length(reply.get()));
+    return QString::fromUtf8(name) == QSysInfo::machineHostName();
+}
+
+std::optional<xcb_window_t> parentOf(xcb_connection_t* connection, xcb_window_t window)
+{
+    const auto reply
+        = x11Reply(xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
+    const bool hasParent = reply && reply->parent != XCB_WINDOW_NONE && reply->parent != reply->root;
+    return hasParent ? std::optional(reply->parent) : std::nullopt;
+}
+
+} // namespace
+
+std::optional<xcb_window_t> activeWindow(xcb_connection_t* connection)
+{
+    if (!windowManagerActivates(connection))
+        return focusedWindow(connection);
+    const auto active = x11Values(connection, x11Root(connection), "_NET_ACTIVE_WINDOW");
+    return active.empty() || active[0] == XCB_WINDOW_NONE ? std::nullopt : std::optional(active[0]);
+}
+
+bool activateWindow(xcb_connection_t* connection, xcb_window_t window)
+{
+    const auto cookie = xcb_get_window_attributes(connection, window);
+    const auto attributes = x11Reply(xcb_get_window_attributes_reply(connection, cookie, nullptr));
+    if (!attributes)
+        return false;
+    if (!windowManagerActivates(connection))
+        return attributes->map_state == XCB_MAP_STATE_VIEWABLE && setFocus(connection, window);
+    // Applications may be refused the keyboard as long as the user is busy elsewhere; this is by the user's
+    // wish, as a pager's is.
+    constexpr std::uint32_t byUser = 2;
+    x11AskWindowManager(connection, window, "_NET_ACTIVE_WINDOW", {byUser, XCB_CURRENT_TIME});
+    return true;
+}
+
+std::optional<std::uint32_t> processOfWindow(xcb_connection_t* connection, xcb_window_t window)
+{
+    // The focus may be with a window within the one that says it.
+    for (std::optional each(window); each; each = parentOf(connection, *each)) {
+        const auto process = x11Values(connection, *each, "_NET_WM_PID");
+        if (!process.empty())
+            return isOfThisMachine(connection, *each) ? std::optional(process[0]) : std::nullopt;
+    }
+    return std::nullopt;
+}
+
+std::optional<xcb_window_t> windowOfProcess(xcb_connection_t* connection, std::uint32_t process)
+{
+    const auto windows = x11Values(connection, x11Root(connection), "_NET_CLIENT_LIST_STACKING");
+    const auto found = std::find_if(windows.rbegin(), windows.rend(),
+        [&](xcb_window_t each) { return processOfWindow(connection, each) == process; });
+    return found == windows.rend() ? std::nullopt : std::optional(*found);
+}
+
+} // namespace quor::platform
