@@ -72,7 +72,7 @@ void HelperMenubarManager::showStatusItem(bool show)
         return;
     if (show) {
         statusItem_ = services_.statusBar.statusItem(platform::StatusItem::variableLength);
-        menubarMenuRenderer_ = std::make_unique<MenubarMenuRenderer>(*statusItem_);
+        menubarMenuRenderer_ = std::make_unique<MenubarMenuRenderer>(*statusItem_, services_);
         connectMenu();
         statusItemRenderer_ = std::make_unique<MenubarStatusItemRenderer>(*statusItem_, services_);
     } else {
@@ -138,8 +138,10 @@ void HelperMenubarManager::connectMenu()
 
 void HelperMenubarManager::closeMenu()
 {
-    if (menubarMenuRenderer_)
-        menubarMenuRenderer_->close();
+    if (!menubarMenuRenderer_)
+        return;
+    menubarMenuRenderer_->forgetPreviousActiveApp();
+    menubarMenuRenderer_->closeWindow();
 }
 
 void HelperMenubarManager::send(const Action& action) const

@@ -9,6 +9,7 @@
 #include "Platform/Services/PlatformServices.h"
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Services/StatusItemHost.h"
+#include "Platform/Services/WindowServer.h"
 #include "Platform/Services/Workspace.h"
 #include "Platform/Views/StatusBarButton.h"
 
@@ -23,7 +24,7 @@ class BenchmarkDesktop final : public quor::platform::Application,
 public:
     [[nodiscard]] quor::platform::PlatformServices services()
     {
-        return {*this, clock_, *this, *this, statusBar_, appearance_, *this};
+        return {*this, clock_, *this, *this, statusBar_, appearance_, *this, windowServer_};
     }
     [[nodiscard]] QWidget& window() { return window_; }
 
@@ -71,9 +72,19 @@ public:
     void activate(const quor::platform::RunningApplication&) override { }
 
 private:
+    struct WindowServer final : quor::platform::WindowServer {
+        [[nodiscard]] bool isCompositing() override { return false; }
+        quor::platform::Subscription observeCompositing(std::function<void()>) override { return {}; }
+        void prepareMenuWindow(QWidget&) override { }
+        [[nodiscard]] bool grabKeyboard(QWindow&) override { return true; }
+        void releaseKeyboard(QWindow&) override { }
+        [[nodiscard]] bool missesPresses() const override { return false; }
+    };
+
     quor::platform::SystemClock clock_;
     quor::platform::Appearance appearance_;
     quor::platform::StatusBar statusBar_{*this};
+    WindowServer windowServer_;
     QWidget window_;
     Handler handler_;
 };

@@ -108,25 +108,30 @@ TEST_F(HelperMenubarManagerTest, RefreshesAndLeavesTheActionsOfTheMainApplicatio
     }
 }
 
-TEST_F(HelperMenubarManagerTest, RequestsRowsForAPressAndForOpenMenu)
+TEST_F(HelperMenubarManagerTest, OpensTheMenuForAPressAndForOpenMenu)
 {
     const HelperMenubarManager manager(desktop.services());
+    const auto& menu = *manager.menubarMenuRenderer();
     storage.setSearchTerm(u"old"_s);
     desktop.steps.clear();
-    QTest::mouseClick(&button(), Qt::RightButton);
+    desktop.eventMonitors.fireLocal(
+        {platform::EventType::rightMouseDown, {}, {}, desktop.window.windowHandle()});
     const QString requested = updatedMain + u" data\n{\"requestMenuEntries\":{}}"_s;
     EXPECT_THAT(desktop.steps, ElementsAre(requested));
     EXPECT_EQ(storage.searchTerm(), u""_s);
-    EXPECT_TRUE(button().isHighlighted());
+    EXPECT_FALSE(menu.customWindow());
     desktop.post(updatedHelper);
-    EXPECT_FALSE(button().isHighlighted()) << "the rows have arrived";
+    EXPECT_TRUE(menu.customWindow()) << "the rows have arrived";
     EXPECT_EQ(storage.action(), Action()) << "and the slot is free";
 
-    storage.setAction({Action::OpenMenu{}});
-    desktop.steps.clear();
-    desktop.post(updatedHelper);
-    EXPECT_EQ(desktop.steps.back(), requested);
-    EXPECT_TRUE(button().isHighlighted());
+    for (const bool opens : {false, true}) {
+        storage.setAction({Action::OpenMenu{}});
+        desktop.steps.clear();
+        desktop.post(updatedHelper);
+        EXPECT_EQ(desktop.steps.back() == requested, opens);
+        EXPECT_EQ(button().isHighlighted(), opens);
+        EXPECT_FALSE(menu.customWindow());
+    }
 }
 
 TEST_F(HelperMenubarManagerTest, SendsWhatIsChosenInTheMenu)

@@ -10,6 +10,7 @@
 #include "Platform/Services/Workspace.h"
 #include "Platform/Views/StatusBarButton.h"
 
+#include "MenubarHelper/TestWindowServer.h"
 #include "Support/TemporaryDataHome.h"
 #include "Support/TestClock.h"
 #include "Support/TestEventMonitors.h"
@@ -40,7 +41,7 @@ public:
 
     [[nodiscard]] platform::PlatformServices services()
     {
-        return {*this, clock, *this, *this, statusBar, appearance, eventMonitors};
+        return {*this, clock, *this, *this, statusBar, appearance, eventMonitors, windowServer};
     }
 
     void terminate() override { steps += QStringLiteral("terminate"); }
@@ -111,6 +112,7 @@ public:
     TemporaryDataHome home;
     TestClock clock;
     TestEventMonitors eventMonitors;
+    TestWindowServer windowServer;
     platform::Appearance appearance;
     QWidget window;
     QList<platform::StatusItem*> items;

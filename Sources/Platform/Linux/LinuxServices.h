@@ -8,6 +8,7 @@
 #include "Platform/Linux/SessionBus.h"
 #include "Platform/Linux/Strip.h"
 #include "Platform/Linux/X11EventMonitors.h"
+#include "Platform/Linux/X11WindowServer.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/PlatformServices.h"
@@ -30,8 +31,8 @@ public:
     [[nodiscard]] SessionBus& sessionBus() { return bus_; }
     [[nodiscard]] PlatformServices services()
     {
-        return {
-            application_, clock_, notificationCenter_, workspace_, statusBar_, appearance_, eventMonitors_};
+        return {application_, clock_, notificationCenter_, workspace_, statusBar_, appearance_,
+            eventMonitors_, windowServer_};
     }
 
 private:
@@ -46,6 +47,7 @@ private:
     Strip strip_{appearance_};
     StatusBar statusBar_{strip_};
     X11EventMonitors eventMonitors_;
+    X11WindowServer windowServer_;
 };
 
 } // namespace quor::platform

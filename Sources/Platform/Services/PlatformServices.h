@@ -9,6 +9,7 @@ class Clock;
 class DistributedNotificationCenter;
 class EventMonitors;
 class StatusBar;
+class WindowServer;
 class Workspace;
 
 /// What an application needs of the desktop, as references to parts that its `main` has built.
@@ -21,6 +22,7 @@ struct PlatformServices {
     StatusBar& statusBar;
     Appearance& appearance;
     EventMonitors& eventMonitors;
+    WindowServer& windowServer;
 };
 
 } // namespace quor::platform

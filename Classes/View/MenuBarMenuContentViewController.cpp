@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarMenuContentViewController.h"
+
+#include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
+#include "View/MenuEffectView.h"
+#include "View/MenuWindow.h"
+
+namespace quor::helper {
+
+namespace {
+
+constexpr double minWidth = 300;
+
+} // namespace
+
+MenuBarMenuContentViewController::MenuBarMenuContentViewController(
+    MenuWindow& window, platform::WindowServer& windowServer, const platform::Clock& clock)
+    : window_(window)
+{
+    auto* view = new MenuEffectView(windowServer);
+    customMenu_ = new MenuBarCustomMenu(true, minWidth, clock, view);
+    customMenu_->resizedHandler = [self = QPointer(this)] {
+        if (self && self->customMenu_)
+            self->window_.setContentSize(self->customMenu_->size());
+    };
+    window.setContentView(view);
+    connect(&window, &MenuWindow::willDisappear, this, &MenuBarMenuContentViewController::viewWillDisappear);
+    connect(&window, &MenuWindow::cancelled, this, &MenuBarMenuContentViewController::cancelOperation);
+}
+
+void MenuBarMenuContentViewController::viewWillDisappear()
+{
+    if (customMenu_)
+        customMenu_->cleanup();
+}
+
+void MenuBarMenuContentViewController::cancelOperation()
+{
+    window_.close();
+}
+
+} // namespace quor::helper

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuEffectView.h"
+
+#include "Platform/Services/WindowServer.h"
+
+#include <QPainter>
+#include <QPalette>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quor::helper {
+
+namespace {
+
+constexpr double radius = 8;
+constexpr float groundOpacity = 0.95F; // what lies behind is guessed, and does not disturb reading
+constexpr float edgeOpacity = 0.22F;
+constexpr double highContrast = 19; // of 21; ordinary palettes stay below
+
+double luminance(const QColor& color)
+{
+    const auto linear = [](float value) {
+        return value <= 0.04045F ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const auto [low, high] = std::minmax(luminance(a), luminance(b));
+    return (high + 0.05) / (low + 0.05);
+}
+
+QColor withOpacity(QColor color, float opacity)
+{
+    color.setAlphaF(opacity);
+    return color;
+}
+
+} // namespace
+
+MenuEffectView::MenuEffectView(platform::WindowServer& windowServer, QWidget* parent)
+    : QWidget(parent)
+    , windowServer_(windowServer)
+    , composited_(windowServer.isCompositing())
+    , compositing_(windowServer.observeCompositing([this] {
+        composited_ = windowServer_.isCompositing();
+        update();
+    }))
+{
+}
+
+void MenuEffectView::paintEvent(QPaintEvent*)
+{
+    const auto ground = palette().color(QPalette::Window);
+    const auto text = palette().color(QPalette::WindowText);
+    const bool plain = contrast(ground, text) >= highContrast;
+    const double edge = 1 / devicePixelRatioF(); // one device pixel
+    const QRectF frame = QRectF(rect()).adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2);
+    const double corner = composited_ ? radius : 0;
+
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing, composited_);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (!composited_)
+        painter.fillRect(rect(), ground);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(composited_ && !plain ? withOpacity(ground, groundOpacity) : ground);
+    painter.drawRoundedRect(frame, corner, corner);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    painter.setPen(QPen(plain ? text : withOpacity(text, edgeOpacity), edge));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(frame, corner, corner);
+}
+
+} // namespace quor::helper

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuKeyCatcher.h"
+
+#include "Platform/Services/EventMonitors.h"
+#include "Platform/Services/WindowServer.h"
+
+#include <QCoreApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QWidget>
+#include <QWindow>
+
+#include <chrono>
+#include <utility>
+
+using namespace std::chrono_literals;
+
+namespace quor::helper {
+
+namespace {
+
+constexpr auto limit = 2s;
+// As somebody holds the keys down by which the window manager was told to open the menu.
+constexpr auto untilFree = 10ms;
+constexpr platform::EventMask presses = 10; // left and right
+
+} // namespace
+
+MenuKeyCatcher::MenuKeyCatcher(platform::WindowServer& windowServer, platform::EventMonitors& eventMonitors)
+    : windowServer_(windowServer)
+    , pressesElsewhere_(eventMonitors, presses)
+{
+    connect(&grabAgain_, &QTimer::timeout, this, &MenuKeyCatcher::grab);
+}
+
+MenuKeyCatcher::~MenuKeyCatcher()
+{
+    drop();
+}
+
+void MenuKeyCatcher::start(QWidget& window)
+{
+    limit_.cancel();
+    limit_ = platform::MainQueue::after(limit, [self = QPointer(this)] {
+        if (self && self->limitReached)
+            self->limitReached();
+    });
+    if (window_ == &window || !window.windowHandle())
+        return;
+    letGo();
+    window_ = &window;
+    window.setAttribute(Qt::WA_InputMethodEnabled);
+    window.installEventFilter(this);
+    window.windowHandle()->installEventFilter(this);
+    pressesElsewhere_.startGlobal([self = QPointer(this)](const platform::InputEvent&) {
+        if (self)
+            self->drop();
+    });
+    grab();
+}
+
+void MenuKeyCatcher::grab()
+{
+    auto* window = window_ ? window_->windowHandle() : nullptr;
+    if (!window || windowServer_.grabKeyboard(*window))
+        grabAgain_.stop();
+    else if (!grabAgain_.isActive())
+        grabAgain_.start(untilFree);
+}
+
+void MenuKeyCatcher::letGo()
+{
+    grabAgain_.stop();
+    pressesElsewhere_.stop();
+    auto* window = window_.data();
+    if (!window)
+        return;
+    window_.clear();
+    window->setAttribute(Qt::WA_InputMethodEnabled, false);
+    window->removeEventFilter(this);
+    if (auto* handle = window->windowHandle()) {
+        handle->removeEventFilter(this);
+        windowServer_.releaseKeyboard(*handle);
+    }
+}
+
+void MenuKeyCatcher::handOver(QWidget& receiver)
+{
+    limit_.cancel();
+    const QPointer target(&receiver);
+    // Before the keys are free, so that none overtakes them.
+    for (const auto& key : std::exchange(keys_, {})) {
+        if (target)
+            QCoreApplication::sendEvent(target, key.get());
+    }
+    letGo();
+}
+
+void MenuKeyCatcher::drop()
+{
+    limit_.cancel();
+    keys_.clear();
+    letGo();
+}
+
+bool MenuKeyCatcher::takesKey(QObject* watched, const QEvent& event)
+{
+    if (!window_)
+        return false;
+    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
+    return (isKey && watched == window_->windowHandle())
+        || (event.type() == QEvent::InputMethod && watched == window_
+            && !static_cast<const QInputMethodEvent&>(event).commitString().isEmpty());
+}
+
+bool MenuKeyCatcher::eventFilter(QObject* watched, QEvent* event)
+{
+    if (!takesKey(watched, *event))
+        return QObject::eventFilter(watched, event);
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        drop();
+        if (const auto tell = escapePressed)
+            tell();
+    } else {
+        keys_.emplace_back(event->clone());
+    }
+    return true;
+}
+
+} // namespace quor::helper

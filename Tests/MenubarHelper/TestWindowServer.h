@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Services/WindowServer.h"
+
+#include <QPointer>
+#include <QRect>
+#include <QWidget>
+#include <QWindow>
+
+namespace quor::test {
+
+/// A window system that a test drives, and that tells what was asked of it.
+class TestWindowServer final : public platform::WindowServer {
+public:
+    [[nodiscard]] bool isCompositing() override { return composited; }
+    platform::Subscription observeCompositing(std::function<void()> changed) override
+    {
+        compositingChanged = std::move(changed);
+        return platform::Subscription([this] { compositingChanged = nullptr; });
+    }
+    void prepareMenuWindow(QWidget& window) override { preparedFrame = window.geometry(); }
+    [[nodiscard]] bool grabKeyboard(QWindow& window) override
+    {
+        if (refusals > 0)
+            return --refusals, false;
+        keyboard = &window;
+        return true;
+    }
+    void releaseKeyboard(QWindow&) override { keyboard = nullptr; }
+    [[nodiscard]] bool missesPresses() const override { return wayland; }
+
+    bool composited = false;
+    bool wayland = false;
+    int refusals = 0; ///< So many grabs fail first.
+    QPointer<QWindow> keyboard; ///< Where all keys go.
+    QRect preparedFrame;
+    std::function<void()> compositingChanged;
+};
+
+} // namespace quor::test
