@@ -40,10 +40,13 @@ TEST(GraphemeClusters, AreWhatAReaderSees)
         for (const auto character : GraphemeClusters::characters(text))
             found += character.toString();
         EXPECT_EQ(found, characters) << text.toStdString();
-        for (int n = -1; n <= characters.size() + 1; ++n)
+        for (int n = -1; n <= characters.size() + 1; ++n) {
+            EXPECT_EQ(GraphemeClusters::first(text, n), characters.mid(0, std::max(n, 0)).join(QString()))
+                << text.toStdString() << ' ' << n;
             EXPECT_EQ(GraphemeClusters::last(text, n),
                 characters.mid(std::max<int>(characters.size() - n, 0)).join(QString()))
                 << text.toStdString() << ' ' << n;
+        }
     }
 }
 

@@ -148,6 +148,14 @@ Bundle Bundle::named(const QString& name)
     return Bundle({});
 }
 
+Bundle Bundle::main()
+{
+    if (!QCoreApplication::instance())
+        return Bundle({});
+    static const Bundle bundle = named(QFileInfo(QCoreApplication::applicationFilePath()).fileName());
+    return bundle;
+}
+
 const QString& Bundle::path() const
 {
     return contents_->path;

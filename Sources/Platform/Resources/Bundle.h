@@ -35,6 +35,10 @@ public:
     /// from the executable, the installation's data folder, `quor` in each of `$XDG_DATA_DIRS`.
     [[nodiscard]] static Bundle named(const QString& name);
 
+    /// The application's own: the bundle that is named as its executable is, found as by `named`. It is
+    /// looked for once, when there is a `QCoreApplication`; before that it is nowhere.
+    [[nodiscard]] static Bundle main();
+
     /// Where the bundle is; empty if it is nowhere.
     [[nodiscard]] const QString& path() const;
 

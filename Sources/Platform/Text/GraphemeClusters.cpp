@@ -48,6 +48,22 @@ qsizetype GraphemeClusters::count(QStringView text)
     return count;
 }
 
+QStringView GraphemeClusters::first(QStringView text, qsizetype n)
+{
+    if (n <= 0)
+        return text.first(0);
+    // The unit behind counts too: it may join what it follows.
+    if (text.size() > n && isPlain(text.first(n + 1)))
+        return text.first(n);
+    UBreakIterator* iterator = iteratorOver(text);
+    if (!iterator)
+        return text;
+    int32_t to = 0;
+    for (qsizetype left = n; left > 0 && to < text.size(); --left)
+        to = ubrk_next(iterator);
+    return text.first(to);
+}
+
 QStringView GraphemeClusters::last(QStringView text, qsizetype n)
 {
     if (n <= 0)

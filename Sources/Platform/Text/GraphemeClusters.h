@@ -14,6 +14,9 @@ namespace quor::platform {
 struct GraphemeClusters {
     [[nodiscard]] static qsizetype count(QStringView text);
 
+    /// The first `n` characters, all of the text if it has fewer. Looks no further than they reach.
+    [[nodiscard]] static QStringView first(QStringView text, qsizetype n);
+
     /// The last `n` characters, all of the text if it has fewer. Looks only at the end of the text.
     [[nodiscard]] static QStringView last(QStringView text, qsizetype n);
 

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Text/CharacterHelpers.h"
+
+#include <unicode/uchar.h>
+
+namespace quor::toolkit {
+
+bool isDigit(QStringView character)
+{
+    return character.size() == 1 && character.front() >= u'0' && character.front() <= u'9';
+}
+
+bool isEmoji(QStringView character)
+{
+    const auto scalar = firstScalar(character);
+    return scalar && !isDigit(character) && u_hasBinaryProperty(static_cast<UChar32>(*scalar), UCHAR_EMOJI);
+}
+
+std::optional<char32_t> firstScalar(QStringView character)
+{
+    if (character.isEmpty())
+        return std::nullopt;
+    const QChar first = character.front();
+    if (!first.isSurrogate())
+        return first.unicode();
+    if (!first.isHighSurrogate() || character.size() < 2 || !character[1].isLowSurrogate())
+        return std::nullopt;
+    return QChar::surrogateToUcs4(first, character[1]);
+}
+
+} // namespace quor::toolkit

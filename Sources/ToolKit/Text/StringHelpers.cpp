@@ -1,0 +1,131 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Text/StringHelpers.h"
+
+#include "Platform/Text/GraphemeClusters.h"
+#include "ToolKit/Text/CharacterHelpers.h"
+
+#include <QStringList>
+
+#include <unicode/locid.h>
+#include <unicode/stringoptions.h>
+#include <unicode/translit.h>
+#include <unicode/unistr.h>
+
+#include <memory>
+
+using namespace Qt::StringLiterals;
+
+namespace quor::toolkit {
+
+namespace {
+
+using platform::GraphemeClusters;
+
+icu::UnicodeString icuText(QStringView text)
+{
+    return {text.utf16(), static_cast<int32_t>(text.size())};
+}
+
+QString qtText(const icu::UnicodeString& text)
+{
+    return QStringView(text.getBuffer(), text.length()).toString();
+}
+
+/// The thread's; one takes milliseconds to make. Null if ICU has no data.
+const icu::Transliterator* toAscii()
+{
+    thread_local const std::unique_ptr<icu::Transliterator> transliterator = [] {
+        UErrorCode status = U_ZERO_ERROR;
+        return std::unique_ptr<icu::Transliterator>(
+            icu::Transliterator::createInstance("Any-Latin; Latin-ASCII;", UTRANS_FORWARD, status));
+    }();
+    return transliterator.get();
+}
+
+bool isAsciiAlphanumeric(QChar character)
+{
+    return (character >= u'0' && character <= u'9') || (character >= u'A' && character <= u'Z')
+        || (character >= u'a' && character <= u'z');
+}
+
+QString filtered(QStringView text, bool wantsEmoji)
+{
+    QString kept;
+    for (const QStringView character : GraphemeClusters::characters(text)) {
+        if (isEmoji(character) == wantsEmoji)
+            kept += character;
+    }
+    return kept;
+}
+
+} // namespace
+
+QString withoutFileNameCharacters(const QString& text)
+{
+    // By code units: a slash stays one in a file name, whatever accents stand on it.
+    QString kept = text;
+    return kept.removeIf([](QChar character) { return QStringView(u"/\\?%*|\"<>").contains(character); });
+}
+
+QString asciiAlphanumerics(const QString& text)
+{
+    const icu::Transliterator* transliterator = toAscii();
+    if (!transliterator)
+        return {};
+    icu::UnicodeString spelled = icuText(text);
+    transliterator->transliterate(spelled);
+    return qtText(spelled).removeIf([](QChar character) { return !isAsciiAlphanumeric(character); });
+}
+
+QString inserting(const QString& text, const QString& separator, qsizetype n)
+{
+    if (n < 1)
+        return text;
+    QString result;
+    qsizetype position = 0;
+    for (const QStringView character : GraphemeClusters::characters(text)) {
+        if (position > 0 && position % n == 0)
+            result += separator;
+        result += character;
+        ++position;
+    }
+    return result;
+}
+
+std::pair<QString, QString> splitInHalf(const QString& text, const QString& separator)
+{
+    const QStringList parts = separator.isEmpty() ? QStringList(text) : text.split(separator);
+    const qsizetype half = parts.size() / 2;
+    return {parts.first(half).join(separator), parts.sliced(half).join(separator)};
+}
+
+QString truncated(const QString& text, qsizetype limit, const QString& suffix)
+{
+    const QStringView head = GraphemeClusters::first(text, limit);
+    return head.size() == text.size() ? text : head.toString() + suffix;
+}
+
+QString capitalizedFirstLetter(const QString& text)
+{
+    const QStringView first = GraphemeClusters::first(text, 1);
+    icu::UnicodeString letter = icuText(first);
+    letter.toTitle(nullptr, icu::Locale::getRoot(), U_TITLECASE_WHOLE_STRING | U_TITLECASE_NO_LOWERCASE);
+    return qtText(letter) + QStringView(text).sliced(first.size()).toString();
+}
+
+void capitalizeFirstLetter(QString& text)
+{
+    text = capitalizedFirstLetter(text);
+}
+
+QString withoutEmoji(QStringView text)
+{
+    return filtered(text, false);
+}
+
+QString emojiOnly(QStringView text)
+{
+    return filtered(text, true);
+}
+
+} // namespace quor::toolkit

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Data/Digest.h"
+#include "ToolKit/Identity/ApplicationVersion.h"
+#include "ToolKit/Identity/DeviceIdentifier.h"
+#include "ToolKit/Identity/OSVersion.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <tuple>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class IdentityTest : public testing::Test {
+protected:
+    /// Puts `content` into the file of this name, below the temporary folder. Returns its path.
+    QString file(const QString& name, const QByteArray& content)
+    {
+        const QString path = folder_.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(content) == content.size());
+        return path;
+    }
+
+    [[nodiscard]] DeviceIdentifier::Paths paths() const
+    {
+        const auto in = [this](const char* name) { return folder_.filePath(QString::fromLatin1(name)); };
+        return {in("route"), in("ipv6_route"), in("net"), in("machine-info"), in("hostname")};
+    }
+
+    /// Whether the identifier is that of `text`, an address or a name.
+    [[nodiscard]] bool identifies(const QString& text) const
+    {
+        return DeviceIdentifier::identifier(paths()) == sha256(text);
+    }
+
+private:
+    QTemporaryDir folder_;
+};
+
+TEST_F(IdentityTest, FollowsTheDefaultRoute)
+{
+    file(u"hostname"_s, "box\n");
+    EXPECT_TRUE(identifies(u"box"_s)) << "with no network at all";
+    for (const auto& [name, address] : std::initializer_list<std::pair<QString, QByteArray>>{
+             {u"lo"_s, "00:00:00:00:00:00"}, {u"tun0"_s, ""}, {u"ib0"_s, "80:00:00:48:fe:80:00:00:00:00"},
+             {u"odd"_s, "zz:00:00:00:00:01"}, {u"eth0"_s, "A4:83:E7:12:9F:01"},
+             {u"eth1"_s, "02:00:00:00:00:02"}, {u"wlan0"_s, "02:00:00:00:00:03"}})
+        file(u"net/%1/address"_s.arg(name), address + '\n');
+    EXPECT_TRUE(identifies(u"box"_s)) << "with virtual interfaces alone";
+    file(u"net/eth1/device/vendor"_s, "0x1af4\n");
+    EXPECT_TRUE(identifies(u"02:00:00:00:00:02"_s)) << "offline, with a device";
+
+    const QByteArray none(32, '0');
+    const QByteArray ipv6 = none + " 00 " + none + " 00 " + none;
+    file(u"ipv6_route"_s,
+        ipv6 + " ffffffff 00000001 00000000 00200200 eth1\n" // refuses what comes there
+            + "fd" + none.sliced(2) + " 40 " + none + " 00 " + none
+            + " 00000001 00000001 00000000 00000001 eth1\n" + ipv6
+            + " 00000400 00000002 00000000 00000003    wlan0\n");
+    EXPECT_TRUE(identifies(u"02:00:00:00:00:03"_s)) << "with IPv6 alone";
+
+    const QByteArray title
+        = "Iface\tDestination\tGateway \tFlags\tRefCnt\tUse\tMetric\tMask\t\tMTU\tWindow\tIRTT\n";
+    const auto route = [](const QByteArray& name, const QByteArray& metric,
+                           const QByteArray& mask = "00000000", const QByteArray& flags = "0003") {
+        return name + "\t00000000\t010200C0\t" + flags + "\t0\t0\t" + metric + '\t' + mask + "\t0\t0\t0   \n";
+    };
+    file(u"route"_s,
+        title + "\n\tgarbage\n" + route("eth1", "0", "000000FF") + route("eth1", "1", "00000000", "0201")
+            + route("eth1", "700") + route("eth0", "100") + route("wlan0", "100") + route("tun0", "50")
+            + route("odd", "51") + route("ib0", "52") + route("lo", "53") + route("gone", "54"));
+    EXPECT_TRUE(identifies(u"a4:83:e7:12:9f:01"_s)) << "by the least metric that has an address";
+    EXPECT_EQ(DeviceIdentifier::identifier(), DeviceIdentifier::identifier()) << "of this machine";
+}
+
+TEST_F(IdentityTest, NamesTheDevice)
+{
+    EXPECT_EQ(DeviceIdentifier::deviceName(paths()), u"Default Device Name");
+    file(u"hostname"_s, "(none)\n");
+    EXPECT_EQ(DeviceIdentifier::deviceName(paths()), u"Default Device Name");
+    file(u"hostname"_s, "box\n");
+    EXPECT_EQ(DeviceIdentifier::deviceName(paths()), u"box");
+    file(u"machine-info"_s, "CHASSIS=laptop\nPRETTY_HOSTNAME=\"Jörg's \\\"small\\\" box\"\n");
+    EXPECT_EQ(DeviceIdentifier::deviceName(paths()), u"Jörg's \"small\" box");
+}
+
+TEST_F(IdentityTest, ReadsTheVersionOfTheSystem)
+{
+    for (const auto& [content, version] : std::initializer_list<std::pair<const char*, const char*>>{
+             {"NAME=Debian\nVERSION_ID=\"12\"\n", "12"}, {"VERSION_ID='22.04'", "22.04"},
+             {"  VERSION_ID=39 \r\n", "39"}, {"VERSION_ID=1\nVERSION_ID=2", "2"}, {"", "None"},
+             {"#VERSION_ID=1\nMY_VERSION_ID=2\nVERSION_ID", "None"}, {"VERSION_ID=\"\"", "None"},
+             {"VERSION_ID=\"1", "None"}, {"VERSION_ID=\"", "None"}, {"VERSION_ID='1'2", "None"},
+             {"VERSION_ID=\"a\\$b\\c\\\\\"", "a$b\\c\\"}, {"VERSION_ID=\"1\\\"", "None"},
+             {"\xff\xfe\0", "None"}})
+        EXPECT_EQ(OSVersion::productVersion({file(u"os-release"_s, content)}).toStdString(), version)
+            << content;
+    const QString second = file(u"second"_s, "VERSION_ID=3");
+    EXPECT_EQ(OSVersion::productVersion({u"/nowhere"_s, u"/"_s, second}), u"3");
+    EXPECT_EQ(OSVersion::productVersion({}), u"None");
+}
+
+TEST_F(IdentityTest, KnowsTheApplicationsVersion)
+{
+    for (const auto& [set, shortForm, description] :
+        std::initializer_list<std::tuple<QString, QString, QString>>{
+            {u"3.1.2 (2847)"_s, u"3.1.2"_s, u"3.1.2 (2847)"_s}, {u"3.1.2"_s, u"3.1.2"_s, u"3.1.2"_s},
+            {{}, u"0.0.0"_s, u"0.0.0"_s}}) {
+        QCoreApplication::setApplicationVersion(set);
+        EXPECT_EQ(shortVersion(), shortForm);
+        EXPECT_EQ(versionDescription(), description);
+    }
+    const QString texts = file(u"en.lproj/Localizable.json"_s, R"({"Greeting": "Hello"})");
+    const quor::platform::Bundle bundle(QDir::cleanPath(texts + "/../.."_L1));
+    EXPECT_EQ(localized(u"Greeting"_s, bundle), u"Hello");
+    EXPECT_EQ(localized(u"Greeting"_s), u"Greeting") << "this program has no bundle of its own";
+}
+
+TEST(NumericVersion, OrdersVersionsAndSurvivesAnything)
+{
+    for (const auto& [text, number] :
+        std::initializer_list<std::pair<QStringView, qint64>>{{u"14.2.1", 140201}, {u"14.2", 140200},
+            {u"14", 0}, {u"10.15", 101500}, {u"a.b", 0}, {u"1..2", 10200}, {u"1.2.3.4", 10203},
+            {u"+1.-2.x.3", 9803}, {u"1. 2.3", 10300}, {u"", 0}, {u"...", 0}, {u"1.2-beta.3", 10300},
+            {u"-.+.1.2", 10200}, {u"٣.٤", 0}, {u"0x1.1e3", 0}, {u"9223372036854775808.1.2", 10200},
+            {u"9223372036854775807.1", std::numeric_limits<qint64>::max()},
+            {u"-9223372036854775808.0", std::numeric_limits<qint64>::min()}})
+        EXPECT_EQ(numericVersion(text), number) << text.toUtf8().constData();
+}
+
+} // namespace
