@@ -86,14 +86,20 @@ MenuCellMetrics::Parts MenuCellMetrics::parts(const MenuEntry::Entry& entry, qre
     return parts;
 }
 
+int MenuCellMetrics::iconRoom(const QSizeF& icon) const
+{
+    return std::max(height_, int(std::ceil(icon.width())));
+}
+
 MenuCellMetrics::Frames MenuCellMetrics::frames(const Parts& parts, const QSizeF& size) const
 {
     Frames frames;
     double left = 0;
     double right = size.width();
     if (const QSizeF icon = parts.icon.size(); !icon.isEmpty()) {
-        frames.icon = QRectF(QPointF(0, (size.height() - icon.height()) / 2), icon);
-        left = icon.width() + spacing;
+        const double room = iconRoom(icon);
+        frames.icon = QRectF(QPointF((room - icon.width()) / 2, (size.height() - icon.height()) / 2), icon);
+        left = room + spacing;
     }
     if (!parts.hotKey.text().isEmpty()) {
         const double width = std::min<double>(parts.hotKey.width(), std::max(0.0, right - left));
@@ -108,7 +114,7 @@ QSize MenuCellMetrics::fittingSize(const Parts& parts) const
 {
     int width = parts.label.width();
     if (const QSizeF icon = parts.icon.size(); !icon.isEmpty())
-        width += int(std::ceil(icon.width())) + spacing;
+        width += iconRoom(icon) + spacing;
     if (!parts.hotKey.text().isEmpty())
         width += 2 * spacing + parts.hotKey.width();
     return {width, height_};
@@ -131,8 +137,8 @@ bool MenuCellMetrics::mayBeWiderThan(const MenuEntry::Entry& entry, int width) c
         return label > room;
     if (label + spacing + widestIcon * height_ <= room)
         return false;
-    const double icon = MenuIcons::icon(*entry.iconName, height_, qGuiApp->devicePixelRatio()).size().width();
-    return label + (icon > 0 ? spacing + icon : 0) > room;
+    const QSizeF icon = MenuIcons::icon(*entry.iconName, height_, qGuiApp->devicePixelRatio()).size();
+    return label + (icon.isEmpty() ? 0 : spacing + iconRoom(icon)) > room;
 }
 
 } // namespace quor::helper

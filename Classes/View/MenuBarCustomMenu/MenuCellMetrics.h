@@ -49,6 +49,9 @@ public:
 private:
     class Advances;
 
+    /// Small and narrow icons stand in the middle of a square, so that labels line up.
+    [[nodiscard]] int iconRoom(const QSizeF& icon) const;
+
     QFont font_;
     QFont titleFont_;
     int height_ = 0;

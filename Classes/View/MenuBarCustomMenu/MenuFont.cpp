@@ -34,7 +34,8 @@ QFont smallButtonFont()
 {
     constexpr double size = 11;
     constexpr double usualMenuSize = 13;
-    return toolkit::systemFont(size * std::max(1.0, menuFontSize() / usualMenuSize), QFont::Normal);
+    constexpr double most = 1.5; // more, and a row of buttons would not fit into the widest menu
+    return toolkit::systemFont(size * std::clamp(menuFontSize() / usualMenuSize, 1.0, most), QFont::Normal);
 }
 
 } // namespace quor::helper

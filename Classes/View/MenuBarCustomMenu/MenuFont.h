@@ -10,7 +10,8 @@ namespace quor::helper {
 [[nodiscard]] QFont menuFont();
 /// Of headings, and of what is said beside controls.
 [[nodiscard]] QFont smallMenuFont();
-/// 11 device-independent pixels, larger where the menu font is larger than the usual 13.
+/// 11 device-independent pixels, up to half as large again where the menu font is larger
+/// than the usual 13.
 [[nodiscard]] QFont smallButtonFont();
 
 } // namespace quor::helper
