@@ -81,6 +81,14 @@ function(quor_add_test name)
   endif()
 endfunction()
 
+# quor_add_example(<name> SOURCES ... LINK ...): the tests run it, without arguments.
+function(quor_add_example name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LINK} QuorBuild)
+  set_property(GLOBAL APPEND PROPERTY QUOR_EXAMPLES ${name})
+endfunction()
+
 # quor_add_benchmark(<name> SOURCES ... LINK ...)
 function(quor_add_benchmark name)
   cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})

@@ -10,7 +10,7 @@
 /// The version is what the application was built with and tells Qt when it starts, with the number of
 /// the build behind it:
 ///
-///     target_compile_definitions(app PRIVATE APP_VERSION="${PROJECT_VERSION} (${BUILD_NUMBER})")
+///     target_compile_definitions(app PRIVATE "APP_VERSION=\"${PROJECT_VERSION} (${BUILD})\"")
 ///     QCoreApplication::setApplicationVersion(QStringLiteral(APP_VERSION));
 ///
 /// None of these fails. Any thread, once the version is set.
