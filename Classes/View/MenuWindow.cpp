@@ -4,7 +4,9 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QWindow>
 
+#include <cmath>
 #include <utility>
 
 namespace quor::helper {
@@ -36,10 +38,18 @@ void MenuWindow::place()
     const QRect frame(placement ? placement(contentSize_) : pos(), contentSize_);
     if (frame == geometry() || frame.isEmpty())
         return;
-    // At a fractional scale Qt tells the window manager to size windows in steps of several pixels.
-    // Counted from just this size, no step takes anything from it.
-    setBaseSize(frame.size());
+    matchSizeSteps(frame.size());
     setGeometry(frame);
+}
+
+// Where scaled, Qt tells the window manager to size windows in steps of several pixels. They are to take
+// nothing from this size, so they are counted from a small one that all steps lead to this from.
+void MenuWindow::matchSizeSteps(const QSize& size)
+{
+    constexpr int manySteps = 24; // at any scale in quarters
+    const double scale = devicePixelRatioF();
+    if (windowHandle() && std::floor(scale) != scale)
+        windowHandle()->setBaseSize({size.width() % manySteps, size.height() % manySteps});
 }
 
 bool MenuWindow::event(QEvent* event)
@@ -50,6 +60,11 @@ bool MenuWindow::event(QEvent* event)
     else if (event->type() == QEvent::WindowDeactivate)
         Q_EMIT didResignKey();
     return done;
+}
+
+void MenuWindow::showEvent(QShowEvent*)
+{
+    matchSizeSteps(size()); // the window manager has not seen it before
 }
 
 void MenuWindow::resizeEvent(QResizeEvent* event)

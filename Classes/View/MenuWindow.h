@@ -38,12 +38,15 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
+    void matchSizeSteps(const QSize& size);
+
     QWidget* contentView_ = nullptr;
     QSize contentSize_;
     bool closed_ = false;
