@@ -27,7 +27,7 @@ MenuBarCustomMenu::MenuBarCustomMenu(
     : QWidget(parent)
     , clock_(clock)
     , showSearch_(showSearch)
-    , minWidth_(minWidth)
+    , minWidth_(int(std::lround(minWidth)))
     , measurer_(*this, clock)
     , tableView_(this)
     , typingRelay_(tableView_, searchView_)
@@ -35,7 +35,7 @@ MenuBarCustomMenu::MenuBarCustomMenu(
 {
     setUpTable();
     setUpSearch();
-    resize(int(std::lround(minWidth)), rowsAtFirst * measurer_.cellHeight());
+    resize(minWidth_, rowsAtFirst * measurer_.cellHeight());
 }
 
 MenuBarCustomMenu::~MenuBarCustomMenu()
@@ -81,7 +81,7 @@ void MenuBarCustomMenu::reload()
     typingRelay_.setFieldRow(searchRow_);
 
     const bool wasTyping = searchView_.hasFocus() && !searchView_.text().isEmpty();
-    contentWidth_ = measurer_.measure(dataList); // before the table asks for the heights
+    width_ = measurer_.measure(dataList, minWidth_); // before the table asks for the heights
     tableView_.reloadData();
     const QPointer<MenuBarCustomMenu> self(this);
     resizeToFit();
@@ -97,16 +97,15 @@ void MenuBarCustomMenu::reload()
 
 void MenuBarCustomMenu::resizeToFit()
 {
-    if (!contentWidth_) {
-        contentWidth_ = measurer_.measure(dataList);
+    if (!width_) {
+        width_ = measurer_.measure(dataList, minWidth_);
         if (tableView_.numberOfRows() > 0)
             tableView_.noteHeightOfRowsChanged(0, tableView_.numberOfRows() - 1);
     }
     const auto screen = platform::Screen::mainScreen();
     const double highest = screen ? shareOfScreen * screen->visibleFrame.height() : 0;
     const double height = std::min<double>(tableView_.sizeHint().height(), highest);
-    const double width = std::max<double>(minWidth_, std::min(*contentWidth_, MenuRowMeasurer::maxWidth));
-    resize(int(std::lround(width)), int(std::lround(height)));
+    resize(*width_, int(std::lround(height)));
     if (const auto handler = resizedHandler)
         handler();
 }
@@ -179,12 +178,12 @@ void MenuBarCustomMenu::changeEvent(QEvent* event)
     const bool isFont = event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange;
     if (!isFont || tableView_.numberOfRows() == 0)
         return;
-    contentWidth_.reset();
+    width_.reset();
     // The rows take the font later than this.
     QMetaObject::invokeMethod(
         this,
         [this] {
-            if (!contentWidth_)
+            if (!width_)
                 resizeToFit();
         },
         Qt::QueuedConnection);

@@ -120,9 +120,9 @@ private:
 
     const platform::Clock& clock_;
     const bool showSearch_;
-    const double minWidth_;
+    const int minWidth_;
     MenuRowMeasurer measurer_;
-    std::optional<int> contentWidth_; ///< of the rows; absent while not measured
+    std::optional<int> width_; ///< that the rows want; absent while they are not measured
     int searchRow_ = -1; ///< the first one; -1 for none
     toolkit::CustomTableView tableView_;
     MenuSearchView searchView_; ///< while shown, inside the table's widgets: ends before them

@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace quor::helper {
 
@@ -21,50 +20,81 @@ constexpr double widestIcon = 3; // times the height
 
 } // namespace
 
+/// Bounds of widths in whole numbers, of `unit` to a pixel: thousands of rows are summed up.
 class MenuCellMetrics::Advances {
 public:
+    static constexpr int unit = 64;
+
     explicit Advances(const QFont& font)
         : metrics_(font)
-        , widest_(1.25 * metrics_.height())
     {
         advances_.fill(unknown);
     }
 
     /// No less than the text is wide, as far as that can be told; no further than beyond `enough`.
-    [[nodiscard]] double bound(const QString& text, double enough)
+    [[nodiscard]] int bound(const QString& text, int enough)
     {
-        constexpr double kerning = 1.05;
-        double sum = 2;
-        for (const QChar unit : text) {
-            sum += kerning * advance(unit);
+        int sum = slack;
+        for (const QChar letter : text) {
+            sum += advances_[std::min(letter.unicode(), limit)];
+            if (sum > enough)
+                return learnt(text, enough);
+        }
+        return sum;
+    }
+
+private:
+    static constexpr int slack = 2 * unit;
+    static constexpr int unknown = 1 << 29;
+    static constexpr char16_t limit = 0x2C00; // stands for all from here on
+
+    int learnt(const QString& text, int enough)
+    {
+        int sum = slack;
+        for (const QChar letter : text) {
+            sum += advance(letter);
             if (sum > enough)
                 break;
         }
         return sum;
     }
 
-private:
-    static constexpr float unknown = -1;
-    static constexpr char16_t shapedAlone = 0x530; // from here on letters join, or lie right to left
-
-    double advance(QChar unit)
+    int advance(QChar letter)
     {
-        const char16_t code = unit.unicode();
-        if (code < shapedAlone) {
-            float& known = advances_[code];
+        const char16_t code = letter.unicode();
+        // Elsewhere letters join or stack, and are only known together.
+        const bool isAlone
+            = code < 0x600 || (code >= 0xE00 && code < 0xE80) || (code >= 0x1E00 && code < limit);
+        if (isAlone) {
+            int& known = advances_[code];
             if (known == unknown)
-                known = float(metrics_.horizontalAdvance(unit));
+                known = inUnits(metrics_.horizontalAdvance(letter));
             return known;
         }
         const bool isKana = code >= 0x3000 && code < 0x3100;
         const bool isHan = code >= 0x4E00 && code < 0xA000;
         const bool isHangul = code >= 0xAC00 && code < 0xD7A4;
-        return isKana || isHan || isHangul ? widest_ : std::numeric_limits<double>::infinity();
+        return isKana || isHan || isHangul ? inUnits(ideograph()) : unknown;
+    }
+
+    /// They are all of one width, but those of several fonts may meet.
+    double ideograph()
+    {
+        if (ideograph_ == 0)
+            for (const char16_t sample : {u'\u3042', u'\u4E00', u'\uAC00', u'M'})
+                ideograph_ = std::max(ideograph_, metrics_.horizontalAdvance(QChar(sample)));
+        return ideograph_;
+    }
+
+    static int inUnits(double width)
+    {
+        constexpr double kerning = 1.05;
+        return int(std::ceil(kerning * width * unit));
     }
 
     QFontMetricsF metrics_;
-    double widest_;
-    std::array<float, shapedAlone> advances_{};
+    double ideograph_ = 0; // not measured yet
+    std::array<int, limit + 1> advances_{};
 };
 
 MenuCellMetrics::MenuCellMetrics()
@@ -129,16 +159,17 @@ bool MenuCellMetrics::mayBeWiderThan(const MenuEntry::Entry& entry, int width) c
 {
     if (!advances_)
         advances_ = std::make_shared<Advances>(font_);
-    double room = width;
+    constexpr int unit = Advances::unit;
+    int room = width * unit;
     if (!entry.hotkey.isEmpty())
-        room -= 2 * spacing + advances_->bound(entry.hotkey, room);
-    const double label = advances_->bound(entry.label, room);
-    if (!entry.iconName)
+        room -= 2 * spacing * unit + advances_->bound(entry.hotkey, room);
+    const int label = advances_->bound(entry.label, room);
+    if (label > room || !entry.iconName)
         return label > room;
-    if (label + spacing + widestIcon * height_ <= room)
+    if (label + int((spacing + widestIcon * height_) * unit) <= room)
         return false;
     const QSizeF icon = MenuIcons::icon(*entry.iconName, height_, qGuiApp->devicePixelRatio()).size();
-    return label + (icon.isEmpty() ? 0 : spacing + iconRoom(icon)) > room;
+    return label + (icon.isEmpty() ? 0 : int(std::ceil((spacing + iconRoom(icon)) * unit))) > room;
 }
 
 } // namespace quor::helper

@@ -16,28 +16,21 @@ MenuRowMeasurer::MenuRowMeasurer(QWidget& parent, const platform::Clock& clock)
     prototypeCellView_.hide();
 }
 
-int MenuRowMeasurer::measure(const std::vector<MenuEntry>& rows)
+int MenuRowMeasurer::measure(const std::vector<MenuEntry>& rows, int atLeast)
 {
     adjustStartSize_.reset();
     stopPastSize_.reset();
-    int widest = 0;
-    for (const MenuEntry& row : rows) {
-        const int width = widthOf(row, widest);
-        if (width == 0)
-            continue;
-        widest = std::max(widest, width + sideRoom);
-        if (widest >= maxWidth)
-            break;
-    }
-    return widest;
+    cellHeight_ = prototypeCellView_.metrics().height(); // of every entry
+    int widest = atLeast;
+    for (auto row = rows.begin(); row != rows.end() && widest < maxWidth; ++row)
+        widest = std::max(widest, widthOf(*row, widest - sideRoom) + sideRoom);
+    return std::max(atLeast, std::min(widest, maxWidth));
 }
 
 int MenuRowMeasurer::widthOf(const MenuEntry& row, int widest)
 {
     if (const auto* entry = std::get_if<MenuEntry::Entry>(&row.value)) {
-        const MenuCellMetrics& metrics = prototypeCellView_.metrics();
-        cellHeight_ = metrics.height(); // of every entry
-        if (widest > 0 && !metrics.mayBeWiderThan(*entry, widest - sideRoom))
+        if (!prototypeCellView_.metrics().mayBeWiderThan(*entry, widest))
             return 0;
         prototypeCellView_.data = *entry;
         prototypeCellView_.rebuild();

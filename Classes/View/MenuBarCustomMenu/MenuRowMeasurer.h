@@ -23,15 +23,16 @@ public:
     /// `parent` lends its font to the measuring cell and owns it; `clock` must outlive this object.
     MenuRowMeasurer(QWidget& parent, const platform::Clock& clock);
 
-    /// The width of the widest row and the room around, 0 without one; rows behind the one that
-    /// reaches `maxWidth` are not looked at. Sets `cellHeight`, and measures the other kinds anew.
-    [[nodiscard]] int measure(const std::vector<MenuEntry>& rows);
+    /// How wide a menu must be for the rows: `atLeast`, more for a wider row with the room around it,
+    /// but then at most `maxWidth`. Sets `cellHeight`, and measures the other kinds anew.
+    [[nodiscard]] int measure(const std::vector<MenuEntry>& rows, int atLeast);
 
     [[nodiscard]] int cellHeight() const { return cellHeight_; }
     [[nodiscard]] int adjustStartHeight() const { return adjustStartSize().height(); }
     [[nodiscard]] int stopPastHeight() const { return stopPastSize().height(); }
 
 private:
+    /// 0 for a row that is surely no wider than `widest`.
     [[nodiscard]] int widthOf(const MenuEntry& row, int widest);
     [[nodiscard]] const QSize& adjustStartSize() const;
     [[nodiscard]] const QSize& stopPastSize() const;
