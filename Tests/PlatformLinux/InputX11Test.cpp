@@ -1,0 +1,254 @@
+// SPDX-License-Identifier: MIT
+#include "OtherWindow.h"
+#include "Platform/Linux/DBusWorkspace.h"
+#include "Platform/Linux/QtApplication.h"
+#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/X11EventMonitors.h"
+#include "Support/WaitFor.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProcess>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using namespace quor::platform;
+using quor::test::OtherWindow;
+using quor::test::waitFor;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+constexpr EventMask all = 30;
+
+bool xdotool(const QString& arguments)
+{
+    QProcess process;
+    process.start(u"xdotool"_s, arguments.split(u' '));
+    return waitFor([&] { return process.state() == QProcess::NotRunning; }) && process.exitCode() == 0;
+}
+
+// What the user does is told in device pixels.
+class InputX11Test : public testing::Test {
+protected:
+    InputX11Test()
+    {
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& message) {
+            EXPECT_FALSE(message.contains(u"xcb"_s, Qt::CaseInsensitive)) << qPrintable(message);
+        });
+        ours.setGeometry(10, 60, 150, 60);
+        ours.setContextMenuPolicy(Qt::NoContextMenu);
+    }
+    ~InputX11Test() override { qInstallMessageHandler(nullptr); }
+
+    void SetUp() override
+    {
+        ours.show();
+        application.activate(ours);
+        ASSERT_TRUE(waitFor([&] { return ours.hasFocus(); }));
+    }
+    [[nodiscard]] QPoint middleOfOurs() const
+    {
+        const auto middle = QPointF(ours.rect().center()) * scale;
+        return other.place(xcb_window_t(ours.winId()), middle.toPoint());
+    }
+    static QString at(QPoint place) { return u"mousemove %1 %2 "_s.arg(place.x()).arg(place.y()); }
+    static bool click(QPoint place, int button = 1) { return xdotool(at(place) + u"click %1"_s.arg(button)); }
+
+    // A press on the desktop comes last, and so tells that all before has come.
+    std::vector<InputEvent> globalEventsOf(const QString& arguments)
+    {
+        std::vector<InputEvent> events;
+        const auto token
+            = monitors.addGlobalMonitor(all, [&](const auto& event) { events.push_back(event); });
+        EXPECT_TRUE(token);
+        EXPECT_TRUE(xdotool(arguments + u" "_s + at(desktop) + u"click 1"_s));
+        EXPECT_TRUE(waitFor([&] {
+            return !events.empty() && events.back().type == EventType::leftMouseUp
+                && isAt(desktop, events.back());
+        }));
+        events.resize(std::max<std::size_t>(events.size(), 2) - 2);
+        monitors.removeMonitor(token.value_or(EventMonitors::Token{}));
+        return events;
+    }
+    [[nodiscard]] bool isAt(QPoint place, const InputEvent& event) const
+    {
+        return (event.screenLocation * scale - place).manhattanLength() < 2 * scale;
+    }
+    static std::vector<EventType> typesOf(const std::vector<InputEvent>& events)
+    {
+        std::vector<EventType> types;
+        for (const auto& event : events)
+            types.push_back(event.type);
+        return types;
+    }
+
+    const double scale = qApp->devicePixelRatio();
+    const QPoint desktop{1200, 700};
+    SessionBus bus;
+    X11EventMonitors monitors;
+    DBusWorkspace workspace{bus};
+    QtApplication application;
+    QLineEdit ours;
+    OtherWindow other{{700, 300}};
+};
+
+} // namespace
+
+TEST_F(InputX11Test, GlobalMonitorsSeeWhatGoesToOthersAlone)
+{
+    using enum EventType;
+    const auto us = middleOfOurs(), them = other.middle();
+    const auto clicked = globalEventsOf(at(them) + u"keydown shift click 1 keyup shift"_s);
+    ASSERT_THAT(typesOf(clicked), ElementsAre(leftMouseDown, leftMouseUp));
+    EXPECT_TRUE(isAt(them, clicked[0]));
+    EXPECT_EQ(clicked[0].modifiers, Qt::ShiftModifier);
+    EXPECT_FALSE(clicked[0].window);
+
+    const struct {
+        QString what;
+        std::vector<EventType> seen;
+    } cases[]{
+        {at(us) + u"click 1 click 3 click 2 "_s + at(them).trimmed(), {}},
+        {at(us) + u"mousedown 1 "_s + at(them) + u"mouseup 1 click 2 click 4"_s, {}},
+        {at(them) + u"click 1 click 1"_s, {leftMouseDown, leftMouseUp, leftMouseDown, leftMouseUp}},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(typesOf(globalEventsOf(each.what)), each.seen) << qPrintable(each.what);
+
+    std::vector<InputEvent> dragged;
+    const auto token = monitors.addGlobalMonitor(all, [&](const auto& event) { dragged.push_back(event); });
+    xdotool(at(them) + u"mousedown 1"_s);
+    EXPECT_TRUE(waitFor([&] { return !dragged.empty(); }));
+    xdotool(at(us) + u"mouseup 1"_s);
+    EXPECT_TRUE(waitFor([&] { return dragged.size() == 2 && isAt(us, dragged[1]); }));
+    monitors.removeMonitor(token.value());
+
+    QMenu menu;
+    menu.addAction(u"a"_s);
+    menu.popup({300, 300});
+    ASSERT_TRUE(waitFor([&] { return menu.windowHandle() && menu.windowHandle()->isExposed(); }));
+    EXPECT_THAT(globalEventsOf(at(them) + u"click 1"_s), IsEmpty()) << "the menu closes by it";
+    other.holdPointer();
+    EXPECT_EQ(globalEventsOf(at(them) + u"click 1"_s).size(), 2U);
+}
+
+TEST_F(InputX11Test, ButtonsAreThoseThatTheUserHasChosen)
+{
+    const std::uint8_t exchanged[]{3, 2, 1}, usual[]{1, 2, 3};
+    const auto map = [&](const std::uint8_t* buttons) {
+        auto* now = xcb_get_pointer_mapping_reply(other.x, xcb_get_pointer_mapping(other.x), nullptr);
+        std::vector<std::uint8_t> all(
+            xcb_get_pointer_mapping_map(now), xcb_get_pointer_mapping_map(now) + now->map_len);
+        free(now);
+        std::copy_n(buttons, 3, all.begin());
+        free(xcb_set_pointer_mapping_reply(
+            other.x, xcb_set_pointer_mapping(other.x, std::uint8_t(all.size()), all.data()), nullptr));
+    };
+    std::vector<EventType> types;
+    const auto token = monitors.addGlobalMonitor(10, [&](const auto& event) { types.push_back(event.type); });
+    map(exchanged);
+    click(other.middle(), 1);
+    EXPECT_TRUE(waitFor([&] { return types.size() == 1; }));
+    map(usual);
+    monitors.removeMonitor(token.value());
+    EXPECT_THAT(types, ElementsAre(EventType::rightMouseDown));
+}
+
+TEST_F(InputX11Test, GlobalHandlersMayEndMonitorsAndAllOfThem)
+{
+    auto mine = std::make_unique<X11EventMonitors>();
+    QStringList calls;
+    std::optional<EventMonitors::Token> first, second;
+    first = mine->addGlobalMonitor(10, [&](const auto&) {
+        calls += u"first"_s;
+        mine->removeMonitor(*second);
+        mine->removeMonitor(*first);
+    });
+    second = mine->addGlobalMonitor(10, [&](const auto&) { calls += u"second"_s; });
+    const auto last = mine->addGlobalMonitor(10, [&](const auto&) {
+        calls += u"last"_s;
+        if (calls.size() == 3)
+            mine.reset();
+    });
+    EXPECT_TRUE(last);
+    for (int press = 0; press < 3; ++press)
+        click(other.middle());
+    EXPECT_TRUE(waitFor([&] { return !mine; }));
+    EXPECT_EQ(globalEventsOf(at(other.middle()) + u"click 1"_s).size(), 2U);
+    EXPECT_THAT(calls, ElementsAre(u"first"_s, u"last"_s, u"last"_s));
+}
+
+TEST_F(InputX11Test, LocalMonitorsSeeEachEventOnceAndSwallowClicksWhole)
+{
+    int presses = 0;
+    const auto token = monitors.addLocalMonitor(10, [&](const InputEvent& event) {
+        ++presses;
+        EXPECT_EQ(event.window, ours.windowHandle());
+        EXPECT_TRUE(isAt(middleOfOurs(), event));
+        return std::nullopt;
+    });
+    ours.setText(u"word"_s);
+    xdotool(at(middleOfOurs()) + u"click --repeat 2 1"_s);
+    EXPECT_TRUE(waitFor([&] { return presses == 2; }));
+    monitors.removeMonitor(*token);
+    EXPECT_EQ(ours.selectedText(), QString()) << "a double click selects";
+    xdotool(at(desktop) + u"click 1 "_s + at(middleOfOurs()) + u"click --repeat 2 1"_s);
+    EXPECT_TRUE(waitFor([&] { return ours.selectedText() == u"word"_s; }));
+    EXPECT_EQ(presses, 2);
+}
+
+TEST_F(InputX11Test, TheKeyboardIsTakenAndGivenBack)
+{
+    ASSERT_EQ(bus.claim(u"com.example.Other"_s), SessionBus::Claim::claimed);
+    const RunningApplication them{u"com.example.Other"_s, other.id};
+    workspace.activate(them);
+    ASSERT_TRUE(waitFor([&] { return other.hasKeyboard(); }));
+    click(other.middle());
+    EXPECT_EQ(workspace.frontmostApplication(), them);
+
+    for (int time = 0; time < 3; ++time) {
+        QLineEdit opened;
+        opened.setGeometry(300, 60, 150, 40);
+        opened.show();
+        application.activate(opened);
+        EXPECT_TRUE(waitFor([&] { return opened.hasFocus(); }));
+        EXPECT_TRUE(waitFor([&] {
+            return workspace.frontmostApplication()
+                == RunningApplication{them.bundleIdentifier, opened.winId()};
+        }));
+        xdotool(u"type abc"_s);
+        EXPECT_TRUE(waitFor([&] { return opened.text() == u"abc"_s; })) << qPrintable(opened.text());
+        workspace.activate(them);
+        opened.close();
+        EXPECT_TRUE(waitFor([&] { return other.hasKeyboard(); }));
+    }
+}
+
+TEST_F(InputX11Test, WindowsThatHaveGoneAreBorne)
+{
+    RunningApplication gone;
+    {
+        const OtherWindow window({700, 500});
+        gone.window = window.id;
+    }
+    workspace.activate(gone);
+    workspace.activate({u"com.example.Nobody"_s, gone.window});
+    workspace.activate({});
+    xcb_unmap_window(other.x, other.id);
+    other.sync();
+    workspace.activate({{}, other.id});
+    xcb_set_input_focus(other.x, XCB_INPUT_FOCUS_POINTER_ROOT, XCB_INPUT_FOCUS_NONE, XCB_CURRENT_TIME);
+    other.sync();
+    EXPECT_TRUE(waitFor([&] {
+        const auto frontmost = workspace.frontmostApplication();
+        return !frontmost || frontmost->window == ours.winId();
+    }));
+    QLineEdit hidden;
+    application.activate(hidden);
+    application.activate(ours);
+    EXPECT_TRUE(waitFor([&] { return ours.hasFocus(); }));
+}

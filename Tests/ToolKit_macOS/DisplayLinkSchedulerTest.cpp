@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit_macOS/DisplayLinkScheduler.h"
+#include "Platform/Concurrency/DisplayLink.h"
+#include "Support/WaitFor.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <chrono>
+
+using namespace quor::toolkit;
+using quor::platform::DisplayLink;
+using quor::test::waitFor;
+
+namespace {
+
+// So many frames pass while the main thread does nothing else. The rate is that of the screen.
+void passFrames(int count)
+{
+    std::atomic<int> left = count;
+    DisplayLink link(*QGuiApplication::primaryScreen());
+    link.setOutputCallback([&] {
+        if (--left == 0)
+            left.notify_one();
+    });
+    link.start();
+    link.start();
+    for (int now = left; now > 0; now = left)
+        left.wait(now);
+}
+
+} // namespace
+
+TEST(DisplayLinkTest, KeepsTheScreensPaceAndCallsNobodyOnceStopped)
+{
+    const auto start = std::chrono::steady_clock::now();
+    passFrames(30);
+    const std::chrono::duration<double> took = std::chrono::steady_clock::now() - start;
+    EXPECT_GE(took.count(), 29 / QGuiApplication::primaryScreen()->refreshRate());
+
+    int calls = 0; // without a lock: after stop it is the main thread's again
+    DisplayLink link(*QGuiApplication::primaryScreen());
+    link.start();
+    EXPECT_FALSE(link.isRunning()) << "there is nothing to call";
+    link.setOutputCallback([&] { ++calls; });
+    for (int time = 0; time < 20; ++time) {
+        link.start();
+        link.stop();
+        calls = 0;
+    }
+    passFrames(3);
+    EXPECT_EQ(calls, 0);
+}
+
+TEST(DisplayLinkSchedulerTest, CallsTheHandlerForEachFrameWhileItRuns)
+{
+    DisplayLinkScheduler scheduler(std::make_shared<QWidget>());
+    int frames = 0;
+    scheduler.setRunning(false);
+    scheduler.setRunning(true);
+    scheduler.setRunning(true);
+    EXPECT_TRUE(scheduler.isRunning());
+    passFrames(3);
+    QCoreApplication::processEvents(); // which go by, as there is no handler yet
+
+    scheduler.updateHandler = [&] { ++frames; };
+    passFrames(10);
+    scheduler.setRunning(false);
+    QCoreApplication::processEvents();
+    EXPECT_GE(frames, 3) << "frames that pass while the main thread is busy are made up for";
+    const int then = frames;
+    passFrames(3);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(frames, then);
+    scheduler.setRunning(true);
+    EXPECT_TRUE(waitFor([&] { return frames > then; }));
+}
+
+TEST(DisplayLinkSchedulerTest, EndsWhileItRunsAndWithinItsHandler)
+{
+    int frames = 0;
+    auto scheduler = std::make_unique<DisplayLinkScheduler>(std::make_shared<QWidget>());
+    scheduler->updateHandler = [&] {
+        ++frames;
+        scheduler.reset();
+    };
+    scheduler->setRunning(true);
+    passFrames(5);
+    EXPECT_TRUE(waitFor([&] { return !scheduler; }));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(frames, 1);
+}
