@@ -3,6 +3,7 @@
 
 #include "Platform/Services/Screen.h"
 #include "View/MenuBarCustomMenu/EmphasizedRowView.h"
+#include "View/MenuBarCustomMenu/MenuScrollBar.h"
 
 #include <QEvent>
 #include <QShowEvent>
@@ -46,6 +47,7 @@ MenuBarCustomMenu::~MenuBarCustomMenu()
 void MenuBarCustomMenu::setUpTable()
 {
     tableView_.setFrameShape(QFrame::NoFrame);
+    tableView_.setVerticalScrollBar(new MenuScrollBar); // the table's
     // A click leaves the caret where it is.
     tableView_.setFocusPolicy(Qt::TabFocus);
     tableView_.viewport()->setBackgroundRole(QPalette::NoRole);

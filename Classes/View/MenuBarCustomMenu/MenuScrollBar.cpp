@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "View/MenuBarCustomMenu/MenuScrollBar.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionSlider>
+
+namespace quor::helper {
+
+namespace {
+
+constexpr int thickness = 10;
+constexpr int margin = 2;
+
+} // namespace
+
+MenuScrollBar::MenuScrollBar(QWidget* parent)
+    : QScrollBar(Qt::Vertical, parent)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent, false); // the ground shows through
+}
+
+QSize MenuScrollBar::sizeHint() const
+{
+    return {thickness, QScrollBar::sizeHint().height()};
+}
+
+void MenuScrollBar::paintEvent(QPaintEvent* /*event*/)
+{
+    QStyleOptionSlider option;
+    initStyleOption(&option);
+    // Where the style takes hold of it.
+    const QRectF slider
+        = style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
+    const bool isBusy = isSliderDown() || underMouse();
+    QColor ink = palette().color(QPalette::WindowText);
+    ink.setAlphaF(isBusy ? 0.55F : 0.3F);
+    const QRectF handle = slider.adjusted(margin, margin, -margin, -margin);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ink);
+    painter.drawRoundedRect(handle, handle.width() / 2, handle.width() / 2);
+}
+
+} // namespace quor::helper
