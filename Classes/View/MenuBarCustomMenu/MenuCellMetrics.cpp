@@ -62,19 +62,31 @@ private:
     int advance(QChar letter)
     {
         const char16_t code = letter.unicode();
-        // Elsewhere letters join or stack, and are only known together.
+        // Elsewhere letters stack, and are only known together.
         const bool isAlone
-            = code < 0x600 || (code >= 0xE00 && code < 0xE80) || (code >= 0x1E00 && code < limit);
+            = code < 0x900 || (code >= 0xE00 && code < 0xE80) || (code >= 0x1E00 && code < limit);
         if (isAlone) {
             int& known = advances_[code];
             if (known == unknown)
-                known = inUnits(metrics_.horizontalAdvance(letter));
+                known = inUnits(
+                    code < 0x600 || code >= 0x900 ? metrics_.horizontalAdvance(letter) : widestForm(letter));
             return known;
         }
         const bool isKana = code >= 0x3000 && code < 0x3100;
         const bool isHan = code >= 0x4E00 && code < 0xA000;
         const bool isHangul = code >= 0xAC00 && code < 0xD7A4;
         return isKana || isHan || isHangul ? inUnits(ideograph()) : unknown;
+    }
+
+    /// Of a letter that joins others: alone, at a beginning, within, and at an end.
+    double widestForm(QChar letter)
+    {
+        const QString joiner(QChar(0x200D));
+        double widest = 0;
+        for (const QString& form :
+            {QString(letter), letter + joiner, joiner + letter + joiner, joiner + letter})
+            widest = std::max(widest, metrics_.horizontalAdvance(form));
+        return widest;
     }
 
     /// They are all of one width, but those of several fonts may meet.
