@@ -2,6 +2,7 @@
 #include "Platform/Linux/X11GlobalMonitors.h"
 
 #include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11InputExtension.h"
 
 #include <QCoreApplication>
 #include <QCursor>
@@ -18,23 +19,6 @@ namespace {
 
 constexpr std::uint32_t rawButtons
     = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
-
-// The opcode of the extension; none if it is too old, or not there.
-std::optional<std::uint8_t> inputOpcode(xcb_connection_t* connection)
-{
-    const auto* extension = xcb_get_extension_data(connection, &xcb_input_id);
-    if (!extension || !extension->present)
-        return std::nullopt;
-    // Since 2.1 raw events come while somebody holds the pointer. Where Qt has agreed on a version already,
-    // a later one, the server refuses and nothing changes.
-    xcb_generic_error_t* error = nullptr;
-    const auto reply = x11Reply(
-        xcb_input_xi_query_version_reply(connection, xcb_input_xi_query_version(connection, 2, 2), &error));
-    const auto refusal = x11Reply(error);
-    const bool isNewEnough
-        = reply ? reply->major_version > 2 || reply->minor_version >= 1 : refusal != nullptr;
-    return isNewEnough ? std::optional(extension->major_opcode) : std::nullopt;
-}
 
 // Raw events name the button of the device; the user may have exchanged them.
 std::uint32_t mappedButton(xcb_connection_t* connection, std::uint32_t button)
@@ -94,7 +78,7 @@ bool X11GlobalMonitors::open()
     if (connection_)
         return true;
     auto* connection = x11Connection();
-    const auto opcode = connection ? inputOpcode(connection) : std::nullopt;
+    const auto opcode = connection ? negotiateInputExtension(connection) : std::nullopt;
     if (!opcode)
         return false;
     connection_ = connection;
@@ -102,7 +86,7 @@ bool X11GlobalMonitors::open()
     mailbox_ = xcb_generate_id(connection);
     xcb_create_window(connection, 0, mailbox_, x11Root(connection), -1, -1, 1, 1, 0,
         XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
-    selectRawEvents(rawButtons);
+    selectPointerEvents(connection, inputOpcode_, x11Root(connection), rawButtons);
     QCoreApplication::instance()->installNativeEventFilter(this);
     return true;
 }
@@ -117,21 +101,9 @@ void X11GlobalMonitors::close()
     if (!connection)
         return;
     QCoreApplication::instance()->removeNativeEventFilter(this);
-    connection_ = connection;
-    selectRawEvents(0);
+    selectPointerEvents(connection, inputOpcode_, x11Root(connection), 0);
     xcb_destroy_window(connection, mailbox_);
     xcb_flush(connection);
-    connection_ = nullptr;
-}
-
-void X11GlobalMonitors::selectRawEvents(std::uint32_t mask)
-{
-    const struct {
-        xcb_input_event_mask_t head;
-        std::uint32_t mask;
-    } selection{{XCB_INPUT_DEVICE_ALL_MASTER, 1}, mask};
-    xcb_input_xi_select_events(connection_, x11Root(connection_), 1, &selection.head);
-    xcb_flush(connection_);
 }
 
 bool X11GlobalMonitors::nativeEventFilter(const QByteArray& eventType, void* message, qintptr*)

@@ -41,7 +41,6 @@ private:
 
     [[nodiscard]] bool open();
     void close();
-    void selectRawEvents(std::uint32_t mask);
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
     void inputEventCame(const void* message);
     void rawEventCame(bool isDown, std::uint32_t button, std::uint32_t time);
