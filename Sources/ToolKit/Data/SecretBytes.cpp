@@ -6,27 +6,18 @@
 #include <openssl/crypto.h>
 
 #include <cstddef>
-#include <utility>
 
 namespace quor::toolkit {
 
 SecretBytes::SecretBytes(qsizetype size)
-    : bytes_(std::make_unique<char[]>(static_cast<std::size_t>(size)))
-    , capacity_(size)
+    : bytes_(static_cast<std::size_t>(size))
     , size_(size)
 {
 }
 
 SecretBytes::~SecretBytes()
 {
-    OPENSSL_cleanse(bytes_.get(), static_cast<std::size_t>(capacity_));
-}
-
-SecretBytes::SecretBytes(SecretBytes&& other) noexcept
-    : bytes_(std::move(other.bytes_))
-    , capacity_(std::exchange(other.capacity_, 0))
-    , size_(std::exchange(other.size_, 0))
-{
+    OPENSSL_cleanse(bytes_.data(), bytes_.size());
 }
 
 std::optional<SecretBytes> SecretBytes::utf8(QStringView text)

@@ -3,8 +3,8 @@
 
 #include <QStringView>
 
-#include <memory>
 #include <optional>
+#include <vector>
 
 namespace quor::toolkit {
 
@@ -14,7 +14,7 @@ public:
     /// Filled with zero bytes.
     explicit SecretBytes(qsizetype size);
     ~SecretBytes();
-    SecretBytes(SecretBytes&& other) noexcept;
+    SecretBytes(SecretBytes&& other) noexcept = default;
     SecretBytes(const SecretBytes&) = delete;
     SecretBytes& operator=(const SecretBytes&) = delete;
     SecretBytes& operator=(SecretBytes&&) = delete;
@@ -22,16 +22,15 @@ public:
     /// The text's UTF-8; none for a text with half a surrogate pair.
     [[nodiscard]] static std::optional<SecretBytes> utf8(QStringView text);
 
-    [[nodiscard]] char* data() { return bytes_.get(); }
-    [[nodiscard]] const char* data() const { return bytes_.get(); }
+    [[nodiscard]] char* data() { return bytes_.data(); }
+    [[nodiscard]] const char* data() const { return bytes_.data(); }
     [[nodiscard]] qsizetype size() const { return size_; }
 
     /// What stood behind the new end is wiped with the rest.
     void truncate(qsizetype size) { size_ = size; }
 
 private:
-    std::unique_ptr<char[]> bytes_;
-    qsizetype capacity_;
+    std::vector<char> bytes_; ///< never resized, empty when moved from
     qsizetype size_;
 };
 
