@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// Main applications that answer badly, and what else may come in the menu's way.
+#include "System/MenuFixture.h"
+
+#include <QWidget>
+#include <QWindow>
+
+using namespace quor;
+using namespace quor::test;
+using namespace std::chrono_literals;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using MenuFaults = MenuFixture;
+
+TEST_F(MenuFaults, RowsThatNeverCome)
+{
+    startHelper();
+    const QImage plain = shownItem();
+    clickItem();
+    ASSERT_TRUE(isAsked());
+    clickItem();
+    ASSERT_TRUE(isAsked()) << "again";
+    EXPECT_TRUE(menu->frame().isNull());
+    xdotool(u"key Escape"_s);
+    EXPECT_TRUE(shows(plain));
+    EXPECT_TRUE(typing.takes(u"x"_s)) << "nobody's keys are kept";
+    // An answer of long ago opens it all the same.
+    answer(someRows());
+    ASSERT_TRUE(menu->opens());
+    EXPECT_TRUE(menu->hover(u"Review"_s));
+}
+
+TEST_F(MenuFaults, RowsThatComeTwiceOrCannotBeReadOrAreNone)
+{
+    startHelper();
+    open();
+    answer(someRows());
+    ASSERT_TRUE(menu->hover(u"Review"_s));
+    answer({});
+    EXPECT_TRUE(waitFor([this] { return menu->frame().height() < 60; }, 15s));
+    answer(someRows());
+    EXPECT_TRUE(menu->shows(u"Quit"_s));
+    storage().setMenuEntryData({});
+    platform::UserDefaults::suiteOrStandard(storage().groupID)
+        .setObject(QByteArray(R"([{"entry":{"_0":{"label":)"), u"menuEntryData"_s);
+    publisher.request({Action::RequestMenuEntries{}});
+    EXPECT_TRUE(waitFor([this] { return !menu->find(u"Quit"_s); }, 15s));
+    answer(someRows());
+    ASSERT_TRUE(menu->click(u"Review"_s));
+    EXPECT_TRUE(holds({Action::StartTimer{u"T2"_s}})) << "as good as before";
+}
+
+TEST_F(MenuFaults, RowsThatChangeUnderAPressedButtonAreNotChosenByMistake)
+{
+    startHelper();
+    open();
+    ASSERT_TRUE(menu->hover(u"Review"_s));
+    xdotool(u"mousedown 1 key x"_s);
+    ASSERT_TRUE(isAsked()) << "so it has seen the press, too";
+    Rows others = someRows();
+    others[6] = row(u"Planning"_s, {Entry::Action::Start{u"T3"_s}});
+    answer(others);
+    ASSERT_TRUE(menu->shows(u"Planning"_s));
+    xdotool(u"mouseup 1"_s);
+    EXPECT_TRUE(menu->hover(u"Show"_s)) << "it is still there";
+    EXPECT_EQ(storage().action(), Action());
+}
+
+TEST_F(MenuFaults, TheHelperEndsWithTheMenuOpenAndAtAClickOnceTheMainApplicationHasGone)
+{
+    startHelper();
+    clickItem();
+    ASSERT_TRUE(isAsked());
+    publisher.bus.connection().unregisterService(publisher.bridge.mainAppBundleID);
+    clickItem();
+    ASSERT_TRUE(helper->ends());
+    EXPECT_EQ(helper->exitCode(), 0) << qPrintable(helper->errors());
+    EXPECT_TRUE(typing.takes(u"x"_s));
+
+    ASSERT_EQ(publisher.bus.claim(publisher.bridge.mainAppBundleID), platform::SessionBus::Claim::claimed);
+    startHelper();
+    open();
+    publisher.bridge.postNotification(InterAppNotification::helperKill);
+    ASSERT_TRUE(helper->ends());
+    EXPECT_EQ(helper->exitCode(), 0) << qPrintable(helper->errors());
+}
+
+TEST_F(MenuFaults, ABubbleThatPopsUpDoesNotCloseIt)
+{
+    startHelper();
+    open();
+    QWidget bubble(nullptr, Qt::ToolTip | Qt::WindowStaysOnTopHint);
+    bubble.setAttribute(Qt::WA_ShowWithoutActivating);
+    bubble.setGeometry(900, 600, 200, 60);
+    bubble.show();
+    ASSERT_TRUE(waitFor([&] { return bubble.windowHandle()->isExposed(); }));
+    EXPECT_TRUE(menu->hover(u"Review"_s));
+    xdotool(u"key Return"_s);
+    EXPECT_TRUE(holds({Action::StartTimer{u"T2"_s}}));
+}
+
+TEST_F(MenuFaults, OneHundredThousandRowsAreWalkedToTheirEnd)
+{
+    startHelper();
+    for (const int count : {10'000, 100'000}) {
+        open(manyRows(count));
+        ASSERT_TRUE(menu->shows(u"Task 1"_s));
+        EXPECT_LE(menu->frame().bottom(), 800 * 0.9 + 22);
+        xdotool(u"key Down"_s);
+        ASSERT_TRUE(menu->selects(u"Task 1"_s));
+        answer(manyRows(count)); // which leaves the keys to the rows
+        EXPECT_TRUE(holds({}));
+        xdotool(u"key End Return"_s);
+        EXPECT_TRUE(holds({Action::StartTimer{QString::number(count - 1)}}));
+        ASSERT_TRUE(menu->closes());
+    }
+}
+
+TEST_F(MenuFaults, AHundredOpeningsLeaveMemoryFlat)
+{
+    startHelper({{u"QT_LINUX_ACCESSIBILITY_ALWAYS_ON"_s, {}}});
+    const auto openAndClose = [this](int times) {
+        for (int i = 0; i < times; ++i) {
+            publisher.request({Action::OpenMenu{}});
+            if (!isAsked())
+                return false;
+            answer(i % 10 ? someRows() : manyRows(1000));
+            if (!menu->opens())
+                return false;
+            publisher.request({Action::OpenMenu{}});
+            if (!menu->closes())
+                return false;
+        }
+        return true;
+    };
+#ifdef __SANITIZE_ADDRESS__ // which keeps aside what was freed
+    EXPECT_TRUE(openAndClose(20));
+#else
+    ASSERT_TRUE(openAndClose(100)); // what is made once, fonts and icons, is no leak
+    const long before = helper->privateMemory();
+    ASSERT_TRUE(openAndClose(100));
+    EXPECT_LT(helper->privateMemory() - before, 1024) << "kilobytes";
+#endif
+}
+
+} // namespace
