@@ -22,7 +22,6 @@ void say(const QString& message)
 
 int main(int argc, char** argv)
 {
-    const QString bundleIdentifier = u"com.quor-app.Quor3-MenubarHelper"_s;
     if (const auto reason = platform::chooseDesktopPlatform(argc, argv)) {
         say(*reason);
         return EXIT_FAILURE;
@@ -32,11 +31,12 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     QApplication application(argc, argv);
+    const QString bundleIdentifier = u"com.quor-app.Quor3-MenubarHelper"_s;
     QApplication::setApplicationName(bundleIdentifier);
     QApplication::setApplicationDisplayName(u"Quor"_s);
     QApplication::setDesktopFileName(bundleIdentifier);
     QApplication::setQuitOnLastWindowClosed(false);
-
+    QApplication::setCursorFlashTime(0); // a caret that blinks would wake the process while the menu is open
     platform::LinuxServices desktop;
     switch (desktop.sessionBus().claim(bundleIdentifier)) {
     case platform::SessionBus::Claim::claimed:
