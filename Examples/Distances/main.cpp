@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// Reads distances as they are typed, and writes them as they are shown:
+//     example-distances "12" "3.5 miles" "1.500 m"
+#include <ToolKit/Formatting/DistanceFormatter.h>
+#include <ToolKit/Formatting/LocaleFacts.h>
+
+#include <QCoreApplication>
+#include <QTextStream>
+
+using namespace quor::toolkit;
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QStringList typed = QCoreApplication::arguments().mid(1);
+    if (typed.isEmpty())
+        typed = {QStringLiteral("12"), QStringLiteral("3.5 miles"), QStringLiteral("1.500 m"),
+            QStringLiteral("far")};
+    QTextStream out(stdout);
+
+    // By default the user's locale counts. A report in another language names it.
+    for (const QString& locale :
+        {localeIdentifier(), QStringLiteral("en_US"), QStringLiteral("de_DE"), QStringLiteral("ar_EG")}) {
+        const DistanceFormatter formatter(locale);
+        out << locale << (usesMetricSystem(locale) ? " counts in kilometres\n" : " counts in miles\n");
+        for (const QString& text : typed) {
+            // The unit of storage is the metre; a bare number is in the user's unit.
+            const double meters = formatter.distance(text);
+            if (meters < 0)
+                out << "    " << text << " is no distance\n";
+            else
+                out << "    " << text << " = " << meters << " m, shown as " << formatter.string(meters)
+                    << '\n';
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Formatting/DistanceFormatter.h"
+
+#include "ToolKit/Formatting/DistanceReader.h"
+#include "ToolKit/Formatting/LengthFormatter.h"
+#include "ToolKit/Formatting/LocaleFacts.h"
+
+using namespace Qt::StringLiterals;
+
+namespace quor::toolkit {
+
+namespace {
+
+constexpr double metersPerKilometer = 1000;
+constexpr double milesPerKilometer = 0.621371192;
+
+QStringList numberLocales(const QString& locale, bool isMetric)
+{
+    // Who counts in miles most likely writes numbers as Americans do.
+    return isMetric ? QStringList{locale, u"en_US"_s} : QStringList{u"en_US"_s, locale};
+}
+
+} // namespace
+
+/// Of one locale; the reader, which costs more, only where something was read.
+struct DistanceFormatter::Rules {
+    explicit Rules(const QString& identifier)
+        : locale(identifier)
+        , isMetric(usesMetricSystem(identifier))
+        , newFormatter(identifier, isMetric ? LengthUnit::kilometer : LengthUnit::mile, LengthWidth::medium)
+    {
+    }
+
+    QString locale;
+    bool isMetric;
+    LengthFormatter newFormatter;
+    std::unique_ptr<DistanceReader> oldFormatter;
+};
+
+DistanceFormatter::DistanceFormatter(const QString& localeIdentifier)
+    : localeIdentifier_(localeIdentifier)
+{
+}
+
+DistanceFormatter::~DistanceFormatter() = default;
+
+DistanceFormatter::Rules& DistanceFormatter::rules() const
+{
+    const QString locale = localeIdentifier_.isEmpty() ? localeIdentifier() : localeIdentifier_;
+    if (!rules_ || rules_->locale != locale)
+        rules_ = std::make_unique<Rules>(locale);
+    return *rules_;
+}
+
+QString DistanceFormatter::string(double fromMeters) const
+{
+    const Rules& now = rules();
+    const double kilometers = fromMeters / metersPerKilometer;
+    return now.newFormatter.string(now.isMetric ? kilometers : kilometers * milesPerKilometer);
+}
+
+std::optional<QString> DistanceFormatter::stringForObjectValue(const QVariant& value) const
+{
+    const int type = value.typeId();
+    const bool isNumber = value.canConvert<double>() && type != QMetaType::QString
+        && type != QMetaType::QByteArray && type != QMetaType::Bool;
+    return string(isNumber ? value.toDouble() : 0);
+}
+
+double DistanceFormatter::distance(const QString& text) const
+{
+    Rules& now = rules();
+    if (!now.oldFormatter)
+        now.oldFormatter
+            = std::make_unique<DistanceReader>(now.locale, numberLocales(now.locale, now.isMetric));
+    const double meters = now.oldFormatter->distance(text);
+    if (meters >= 0)
+        return meters;
+    return now.oldFormatter->distance(text + (now.isMetric ? u"km"_s : u"mi"_s));
+}
+
+} // namespace quor::toolkit
