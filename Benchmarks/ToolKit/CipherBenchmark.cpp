@@ -7,6 +7,9 @@
 #include <openssl/evp.h>
 #include <openssl/rand.h>
 
+#include <array>
+#include <cstddef>
+
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
 
@@ -96,8 +99,8 @@ BENCHMARK(decryptOurs)->Unit(benchmark::kMillisecond);
 void digestByHand(benchmark::State& state, const EVP_MD* kind)
 {
     for ([[maybe_unused]] const auto _ : state) {
-        unsigned char out[EVP_MAX_MD_SIZE];
-        EVP_Digest(plain().constData(), static_cast<std::size_t>(size), out, nullptr, kind, nullptr);
+        std::array<unsigned char, EVP_MAX_MD_SIZE> out{};
+        EVP_Digest(plain().constData(), static_cast<std::size_t>(size), out.data(), nullptr, kind, nullptr);
         benchmark::DoNotOptimize(out);
     }
 }

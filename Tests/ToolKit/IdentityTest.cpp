@@ -25,7 +25,7 @@ protected:
     /// Puts `content` into the file of this name, below the temporary folder. Returns its path.
     QString file(const QString& name, const QByteArray& content)
     {
-        const QString path = folder_.filePath(name);
+        QString path = folder_.filePath(name);
         QDir().mkpath(QFileInfo(path).path());
         QFile file(path);
         EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(content) == content.size());
@@ -102,7 +102,7 @@ TEST_F(IdentityTest, ReadsTheVersionOfTheSystem)
              {"  VERSION_ID=39 \r\n", "39"}, {"VERSION_ID=1\nVERSION_ID=2", "2"}, {"", "None"},
              {"#VERSION_ID=1\nMY_VERSION_ID=2\nVERSION_ID", "None"}, {"VERSION_ID=\"\"", "None"},
              {"VERSION_ID=\"1", "None"}, {"VERSION_ID=\"", "None"}, {"VERSION_ID='1'2", "None"},
-             {"VERSION_ID=\"a\\$b\\c\\\\\"", "a$b\\c\\"}, {"VERSION_ID=\"1\\\"", "None"},
+             {R"(VERSION_ID="a\$b\c\\")", R"(a$b\c\)"}, {R"(VERSION_ID="1\")", "None"},
              {"\xff\xfe\0", "None"}})
         EXPECT_EQ(OSVersion::productVersion({file(u"os-release"_s, content)}).toStdString(), version)
             << content;

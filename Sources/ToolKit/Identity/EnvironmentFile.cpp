@@ -10,7 +10,7 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr qint64 largestFile = 64 * 1024;
+constexpr qint64 largestFile = 65536;
 
 // In double quotes a backslash takes the meaning from these.
 bool isEscapable(QChar character)

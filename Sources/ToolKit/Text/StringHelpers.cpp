@@ -34,11 +34,9 @@ QString qtText(const icu::UnicodeString& text)
 /// The thread's; one takes milliseconds to make. Null if ICU has no data.
 const icu::Transliterator* toAscii()
 {
-    thread_local const std::unique_ptr<icu::Transliterator> transliterator = [] {
-        UErrorCode status = U_ZERO_ERROR;
-        return std::unique_ptr<icu::Transliterator>(
-            icu::Transliterator::createInstance("Any-Latin; Latin-ASCII;", UTRANS_FORWARD, status));
-    }();
+    UErrorCode status = U_ZERO_ERROR;
+    thread_local const std::unique_ptr<icu::Transliterator> transliterator(
+        icu::Transliterator::createInstance("Any-Latin; Latin-ASCII;", UTRANS_FORWARD, status));
     return transliterator.get();
 }
 
