@@ -15,7 +15,8 @@ constexpr double minWidth = 300;
 
 MenuBarMenuContentViewController::MenuBarMenuContentViewController(
     MenuWindow& window, platform::WindowServer& windowServer, const platform::Clock& clock)
-    : window_(window)
+    : QObject(&window)
+    , window_(window)
 {
     auto* view = new MenuEffectView(windowServer);
     customMenu_ = new MenuBarCustomMenu(true, minWidth, clock, view);

@@ -16,8 +16,8 @@ class MenuWindow;
 
 /// What the menu's window holds: the list of rows on a ground that looks like a menu's.
 ///
-/// Creating it puts its view into the window, which owns the view and must outlive this. From then on the
-/// window is as large as the list. Main thread only.
+/// Creating it puts its view into the window, which owns both from then on and is as large as the list.
+/// Main thread only.
 class MenuBarMenuContentViewController final : public QObject {
     Q_OBJECT
 
