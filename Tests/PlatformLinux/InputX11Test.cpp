@@ -13,6 +13,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 using namespace quor::platform;
 using quor::test::OtherWindow;
@@ -80,9 +82,8 @@ protected:
     }
     static std::vector<EventType> typesOf(const std::vector<InputEvent>& events)
     {
-        std::vector<EventType> types;
-        for (const auto& event : events)
-            types.push_back(event.type);
+        std::vector<EventType> types(events.size());
+        std::ranges::transform(events, types.begin(), &InputEvent::type);
         return types;
     }
 
@@ -139,14 +140,13 @@ TEST_F(InputX11Test, GlobalMonitorsSeeWhatGoesToOthersAlone)
 TEST_F(InputX11Test, ButtonsAreThoseThatTheUserHasChosen)
 {
     const std::uint8_t exchanged[]{3, 2, 1}, usual[]{1, 2, 3};
-    const auto map = [&](const std::uint8_t* buttons) {
+    const auto map = [&](const std::uint8_t* three) {
         auto* now = xcb_get_pointer_mapping_reply(other.x, xcb_get_pointer_mapping(other.x), nullptr);
-        std::vector<std::uint8_t> all(
-            xcb_get_pointer_mapping_map(now), xcb_get_pointer_mapping_map(now) + now->map_len);
-        free(now);
-        std::copy_n(buttons, 3, all.begin());
+        auto* buttons = xcb_get_pointer_mapping_map(now);
+        std::copy_n(three, 3, buttons);
         free(xcb_set_pointer_mapping_reply(
-            other.x, xcb_set_pointer_mapping(other.x, std::uint8_t(all.size()), all.data()), nullptr));
+            other.x, xcb_set_pointer_mapping(other.x, now->map_len, buttons), nullptr));
+        free(now);
     };
     std::vector<EventType> types;
     const auto token = monitors.addGlobalMonitor(10, [&](const auto& event) { types.push_back(event.type); });

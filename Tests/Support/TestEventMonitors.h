@@ -37,19 +37,19 @@ public:
         }
     }
 
-    /// As if it went to one of our windows, which gets it unless the result is none.
-    std::optional<platform::InputEvent> fireLocal(platform::InputEvent event)
+    /// As if it went to one of our windows, which gets it unless the result is false.
+    bool fireLocal(platform::InputEvent event)
     {
         const auto then = local;
         for (const auto& [token, monitor] : then) {
             if (!local.contains(token) || !(monitor.first & eventMask(event.type)))
                 continue;
-            const auto next = monitor.second(event);
+            auto next = monitor.second(event);
             if (!next)
-                return std::nullopt;
-            event = *next;
+                return false;
+            event = *std::move(next);
         }
-        return event;
+        return true;
     }
 
     std::map<Token, std::pair<platform::EventMask, GlobalHandler>> global;

@@ -23,7 +23,7 @@ TEST(EventMonitorTest, MonitorsItsTypesFromStartToStopOrEnd)
     monitor->startGlobal(count);
     for (const auto type : {EventType::leftMouseDown, EventType::leftMouseUp, EventType::rightMouseDown})
         desktop.fireGlobal({type, {}, {}, nullptr});
-    desktop.fireLocal({});
+    EXPECT_TRUE(desktop.fireLocal({}));
     EXPECT_EQ(seen, 2);
     monitor->stop();
     desktop.fireGlobal({});
