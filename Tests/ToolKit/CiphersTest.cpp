@@ -109,10 +109,6 @@ TEST(Ciphers, TellWhyThereIsNoResult)
             continue; // whole blocks fail unless their end happens to be a padding
         EXPECT_NE(statusOfDecrypting(sealed.first(size), u"key"_s), 0) << size;
     }
-    int refused = 0;
-    for (int i = 0; i < 100; ++i)
-        refused += statusOfDecrypting(randomBytes(64), u"key"_s) != 0 ? 1 : 0;
-    EXPECT_GT(refused, 80) << "a padding is valid by chance about once in 256 times";
     EXPECT_EQ(ERR_peek_error(), 0) << "nobody else's error";
 
     const QString half(QChar(0xD83D));
@@ -224,11 +220,7 @@ TEST(Base64, IsReadStrictlyOrTolerantly)
         EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::ignoreUnknownCharacters), c.tolerant)
             << c.text.toUtf8().constData();
     }
-    for (const qsizetype size : {1, 2, 3, 1000}) {
-        const QByteArray data = randomBytes(size);
-        EXPECT_EQ(base64EncodedString(data).toLatin1(), openssl({u"base64"_s, u"-A"_s}, data));
-        EXPECT_EQ(dataFromBase64(base64EncodedString(data), Base64Decoding::strict), data);
-    }
+    EXPECT_EQ(base64EncodedString("\xfb\xff"), u"+/8=");
 }
 
 // The examples of FIPS 180-4, and no bytes.

@@ -5,6 +5,8 @@
 #include "ToolKit/Formatting/LengthFormatter.h"
 #include "ToolKit/Formatting/LocaleFacts.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::toolkit {
@@ -24,10 +26,10 @@ QStringList numberLocales(const QString& locale, bool isMetric)
 
 /// Of one locale; the reader, which costs more, only where something was read.
 struct DistanceFormatter::Rules {
-    explicit Rules(const QString& identifier)
-        : locale(identifier)
-        , isMetric(usesMetricSystem(identifier))
-        , newFormatter(identifier, isMetric ? LengthUnit::kilometer : LengthUnit::mile, LengthWidth::medium)
+    explicit Rules(QString identifier)
+        : locale(std::move(identifier))
+        , isMetric(usesMetricSystem(locale))
+        , newFormatter(locale, isMetric ? LengthUnit::kilometer : LengthUnit::mile, LengthWidth::medium)
     {
     }
 
@@ -37,8 +39,8 @@ struct DistanceFormatter::Rules {
     std::unique_ptr<DistanceReader> oldFormatter;
 };
 
-DistanceFormatter::DistanceFormatter(const QString& localeIdentifier)
-    : localeIdentifier_(localeIdentifier)
+DistanceFormatter::DistanceFormatter(QString localeIdentifier)
+    : localeIdentifier_(std::move(localeIdentifier))
 {
 }
 

@@ -18,7 +18,7 @@ namespace quor::toolkit {
 class DistanceFormatter {
 public:
     /// `localeIdentifier`: see `localeIdentifier`; empty for the default locale of each call.
-    explicit DistanceFormatter(const QString& localeIdentifier = QString());
+    explicit DistanceFormatter(QString localeIdentifier = QString());
     virtual ~DistanceFormatter();
     DistanceFormatter(const DistanceFormatter&) = delete;
     DistanceFormatter& operator=(const DistanceFormatter&) = delete;
