@@ -67,7 +67,7 @@ QRect menuBelow(xcb_window_t parent, qint64 pid)
         const auto size = owned(xcb_get_geometry_reply(x, xcb_get_geometry(x, window), nullptr));
         const auto origin = owned(
             xcb_translate_coordinates_reply(x, xcb_translate_coordinates(x, window, root(), 0, 0), nullptr));
-        if (size && origin && origin->dst_y > 0 && processOf(window) == pid)
+        if (size && origin && origin->dst_y > 0 && pid != 0 && processOf(window) == pid)
             return {origin->dst_x, origin->dst_y, size->width, size->height};
         if (const QRect deeper = menuBelow(window, pid); !deeper.isNull())
             return deeper;
