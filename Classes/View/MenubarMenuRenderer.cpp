@@ -53,7 +53,7 @@ MenubarMenuRenderer::MenubarMenuRenderer(
         [self = QPointer(this)](const platform::InputEvent& event) -> std::optional<platform::InputEvent> {
             if (!self || !self->isPressOnItem(event))
                 return event;
-            self->toggle(event);
+            self->toggle(&event);
             return std::nullopt;
         });
 }
@@ -74,7 +74,7 @@ bool MenubarMenuRenderer::isPressOnItem(const platform::InputEvent& event) const
         && event.window == statusItem_.button().window()->windowHandle();
 }
 
-void MenubarMenuRenderer::toggle(const std::optional<platform::InputEvent>& event)
+void MenubarMenuRenderer::toggle(const platform::InputEvent* event)
 {
     if (customWindow_) {
         closeWindow();

@@ -61,7 +61,7 @@ public:
     [[nodiscard]] MenuWindow* customWindow() const { return customWindow_.get(); }
 
     /// Closes the menu, or asks for rows, which then open it. With the press that does so, if any.
-    void toggle(const std::optional<platform::InputEvent>& event = {});
+    void toggle(const platform::InputEvent* event = nullptr);
 
     /// Opens the menu on these rows, also if nobody asked for them, or has the open one show them.
     void showEntries(std::vector<MenuEntry> entries);
