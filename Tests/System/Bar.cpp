@@ -6,7 +6,6 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QPixmap>
-#include <QProcess>
 #include <QScreen>
 
 #include <cstdlib>
@@ -67,13 +66,6 @@ QImage nextItem(const QImage& before, std::chrono::milliseconds limit)
 bool shows(const QImage& item)
 {
     return waitFor([&] { return shownItem() == item; });
-}
-
-void click(QPoint place)
-{
-    QProcess::execute(QStringLiteral("xdotool"),
-        {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y()),
-            QStringLiteral("click"), QStringLiteral("1")});
 }
 
 } // namespace quor::test

@@ -23,7 +23,4 @@ namespace quor::test {
 /// Turns the event loop until the bar shows exactly this; false if it does not.
 [[nodiscard]] bool shows(const QImage& item);
 
-/// Moves the pointer there and presses and lets go the left button, as a hand would.
-void click(QPoint place);
-
 } // namespace quor::test

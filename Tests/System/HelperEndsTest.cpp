@@ -92,27 +92,4 @@ TEST_F(HelperEnds, WhenTheBusGoesInsteadOfSpinning)
     EXPECT_TRUE(helper->errors().contains(QStringLiteral("bus"))) << qPrintable(helper->errors());
 }
 
-TEST_F(HelperEnds, AtAClickOnceTheMainApplicationHasGone)
-{
-    ASSERT_EQ(publisher.bus.claim(publisher.bridge.mainAppBundleID), platform::SessionBus::Claim::claimed);
-    startHelper();
-    publisher.publish(totalOf(60));
-    const QImage item = nextItem({});
-    ASSERT_FALSE(item.isNull());
-    const int screenWidth = 1280;
-    const QPoint corner(screenWidth - 1, 0);
-
-    const int before = publisher.posts;
-    click(corner);
-    ASSERT_TRUE(waitFor([&] { return publisher.posts == before + 1; })) << "the corner pixel hits the item";
-    EXPECT_EQ(publisher.bridge.groupStorage.action(),
-        (GroupStorage::Action{GroupStorage::Action::RequestMenuEntries{}}));
-    EXPECT_TRUE(helper->isRunning());
-
-    publisher.bus.connection().unregisterService(publisher.bridge.mainAppBundleID);
-    click(corner);
-    ASSERT_TRUE(helper->ends());
-    EXPECT_EQ(helper->exitCode(), 0) << qPrintable(helper->errors());
-}
-
 } // namespace

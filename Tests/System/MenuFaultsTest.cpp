@@ -101,6 +101,23 @@ TEST_F(MenuFaults, ABubbleThatPopsUpDoesNotCloseIt)
     EXPECT_TRUE(holds({Action::StartTimer{u"T2"_s}}));
 }
 
+TEST_F(MenuFaults, AScreenThatChangesTakesItAlong)
+{
+    const auto xrandr
+        = [](const QString& arguments) { return QProcess::execute(u"xrandr"_s, arguments.split(u' ')) == 0; };
+    const auto endsAt
+        = [this](int right) { return waitFor([&] { return menu->frame().right() == right; }, 15s); };
+    startHelper();
+    open();
+    EXPECT_TRUE(endsAt(1279));
+    ASSERT_TRUE(xrandr(u"--newmode small 64 1024 1072 1176 1328 768 771 775 798"_s)
+        && xrandr(u"--addmode screen small"_s) && xrandr(u"--output screen --mode small"_s));
+    EXPECT_TRUE(endsAt(1023));
+    EXPECT_TRUE(xrandr(u"--output screen --mode 1280x800"_s));
+    EXPECT_TRUE(endsAt(1279));
+    EXPECT_TRUE(menu->hover(u"Review"_s));
+}
+
 TEST_F(MenuFaults, OneHundredThousandRowsAreWalkedToTheirEnd)
 {
     startHelper();

@@ -81,10 +81,10 @@ protected:
         storage().setMenuEntryData(rows);
         publisher.request({Action::RequestMenuEntries{}});
     }
-    /// A click on the status item: 1 is the left button, 3 the right one.
+    /// A click on the screen's corner, which is the status item's: 1 is the left button, 3 the right one.
     static void clickItem(int button = 1)
     {
-        xdotool(QStringLiteral("mousemove 1279 3 click %1").arg(button));
+        xdotool(QStringLiteral("mousemove 1279 0 click %1").arg(button));
     }
     void open(const Rows& rows = someRows())
     {

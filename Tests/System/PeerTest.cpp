@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The helper and the small main application, each a process of its own, and nothing else.
-#include "InterAppCommBridge/GroupStorage.h"
 #include "Support/TemporaryDataHome.h"
 #include "Support/WaitFor.h"
 #include "System/Bar.h"
@@ -44,21 +43,6 @@ TEST(PeerAndHelper, ShowStartsStopsAndSettingsAsTheyHappen)
     peer({u"kill-helper"_s});
     EXPECT_TRUE(helper.ends());
     EXPECT_EQ(helper.exitCode(), 0) << qPrintable(helper.errors());
-}
-
-TEST(PeerAndHelper, AnswerAClickWithRowsForTheHelper)
-{
-    const TemporaryDataHome home;
-    const GroupStorage storage;
-    Program main(u"quor-peer"_s, {u"serve"_s});
-    Program helper(u"quor-menubar-helper"_s);
-    ASSERT_FALSE(nextItem({}).isNull());
-    peer({u"add"_s, u"Design"_s});
-    click({1279, 0});
-    EXPECT_TRUE(waitFor([&] { return !storage.menuEntryData().empty(); }));
-    EXPECT_TRUE(waitFor([&] { return storage.action() == GroupStorage::Action(); }))
-        << "the helper takes the answer from the slot";
-    EXPECT_TRUE(helper.isRunning());
 }
 
 } // namespace
