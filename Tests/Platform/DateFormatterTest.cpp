@@ -50,6 +50,22 @@ TEST(DateFormatter, WritesAsTheUserDoes)
     zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
 }
 
+TEST(DateFormatter, WritesTimesOfTheRegionThatTheUserChoseForThem)
+{
+    const QByteArray before = qgetenv("LC_ALL");
+    QLocale::setDefault(QLocale::system());
+    DateFormatter formatter(Style::none, Style::short_);
+    formatter.setTimeZone(QTimeZone::utc());
+    const QString texts[] = {u"22:13"_s, u"10:13\u202FPM"_s};
+    for (const QString& text : texts) {
+        qunsetenv("LC_ALL");
+        qputenv("LC_TIME", text == texts[0] ? "de_DE.UTF-8" : "en_US.UTF-8");
+        EXPECT_EQ(formatter.string(dateFromSeconds(1'700'000'000)), text);
+    }
+    qunsetenv("LC_TIME");
+    before.isNull() ? qunsetenv("LC_ALL") : qputenv("LC_ALL", before);
+}
+
 TEST(RelativeDateTimeFormatter, PicksTheLargestUnitThatFits)
 {
     RelativeDateTimeFormatter formatter;

@@ -46,6 +46,19 @@ const UChar* characters(const QString& text)
     return reinterpret_cast<const UChar*>(text.utf16());
 }
 
+/// A desktop lets its user have the times of one region in the language of another.
+QByteArray userLanguage()
+{
+    const QLocale user;
+    if (user == QLocale::system()) {
+        for (const char* const variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+            if (const QString name = qEnvironmentVariable(variable); !name.isEmpty())
+                return QLocale(name).bcp47Name().toLatin1();
+        }
+    }
+    return user.bcp47Name().toLatin1();
+}
+
 bool isKnownZone(const QString& name)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -126,7 +139,7 @@ private:
     /// Null if ICU has no data.
     const UDateFormat* get(double seconds)
     {
-        QByteArray language = locale.value_or(QLocale()).bcp47Name().toLatin1();
+        QByteArray language = locale ? locale->bcp47Name().toLatin1() : userLanguage();
         QString zone = zoneName(timeZone, seconds);
         if (format_ && language == language_ && zone == zone_)
             return format_.get();

@@ -15,8 +15,9 @@ namespace quor::platform {
 /// Moments as the user's language and region write them, in their calendar, with 12 or 24 hours.
 ///
 /// Follows the default locale and the machine's time zone as they stand at each call, unless others
-/// are set. The language's rules are loaded by the first call that needs them, and kept. A value: a
-/// copy formats alike and shares nothing. One object on one thread at a time.
+/// are set; where the default is the system's, the one that it names for times (LC_TIME). The
+/// language's rules are loaded by the first call that needs them, and kept. A value: a copy formats
+/// alike and shares nothing. One object on one thread at a time.
 class DateFormatter final {
 public:
     enum class Style { none, short_, medium, long_, full };
