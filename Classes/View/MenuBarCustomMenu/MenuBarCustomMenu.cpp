@@ -185,6 +185,7 @@ void MenuBarCustomMenu::changeEvent(QEvent* event)
     QMetaObject::invokeMethod(
         this,
         [this] {
+            searchView_.followDesktop();
             if (!width_)
                 resizeToFit();
         },

@@ -37,15 +37,16 @@ MenuSearchView::MenuSearchView(QWidget* parent)
     QPalette clear;
     clear.setColor(QPalette::Base, Qt::transparent);
     setPalette(clear);
-    applyLook();
+    followDesktop();
 }
 
-void MenuSearchView::applyLook()
+void MenuSearchView::followDesktop()
 {
     setFont(menuFont());
     const int glass = fontMetrics().height() + glassMargin / 2;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    setTextMargins(isMirrored ? 0 : glass, 0, isMirrored ? glass : 0, 0);
+    constexpr int otherMargin = 4;
+    setTextMargins(isMirrored ? otherMargin : glass, 0, isMirrored ? glass : otherMargin, 0);
 }
 
 QSize MenuSearchView::sizeHint() const
@@ -63,7 +64,7 @@ QSize MenuSearchView::minimumSizeHint() const
 void MenuSearchView::showEvent(QShowEvent* event)
 {
     QLineEdit::showEvent(event);
-    applyLook(); // the user's font may be another one by now
+    followDesktop();
 }
 
 void MenuSearchView::focusInEvent(QFocusEvent* event)
@@ -120,7 +121,7 @@ void MenuSearchView::changeEvent(QEvent* event)
 {
     QLineEdit::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
-        applyLook();
+        followDesktop();
 }
 
 } // namespace quor::helper

@@ -21,6 +21,9 @@ public:
     /// Asked before the field edits; true: the key is used up.
     std::function<bool(QKeyEvent&)> keyHandler;
 
+    /// Takes the user's font and direction as they stand now; happens by itself when it is shown.
+    void followDesktop();
+
     /// The fitting size.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -33,7 +36,6 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void applyLook();
     [[nodiscard]] QRectF glassFrame() const;
 };
 

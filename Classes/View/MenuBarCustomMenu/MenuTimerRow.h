@@ -17,9 +17,8 @@ namespace quor::helper {
 ///
 /// The buttons are reached by Tab and take no focus on a click; so that a click does not take the
 /// caret from the search field, the table around must not take focus on a click either (Qt::TabFocus).
-/// On a focused button left and right go to its neighbours, and up and down
-/// give the keyboard back to the table, and go to it.
-/// `sizeHint()` is the fitting size. Main thread only.
+/// On a focused button left and right go to its neighbours; up and down give the keyboard back to the
+/// table, and go to it. `sizeHint()` is the fitting size. Main thread only.
 class MenuTimerRow : public QWidget {
     Q_OBJECT
 
