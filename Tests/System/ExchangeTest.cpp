@@ -122,6 +122,7 @@ TEST_F(Exchange, AStormEndsWithTheLastStateAndLeavesMemoryFlat)
 #ifndef __SANITIZE_ADDRESS__ // which keeps aside what was freed
     EXPECT_LT(helper->privateMemory() - before, 1024) << "kilobytes";
 #endif
+    publisher.request({GroupStorage::Action::OpenMenu{}}); // closes the menu that the requests have opened
     EXPECT_TRUE(shows(first));
 }
 
