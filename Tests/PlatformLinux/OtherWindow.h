@@ -36,12 +36,25 @@ public:
     /// Returns when the server has done all that was asked of it.
     void sync() const { free(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr)); }
 
-    void holdPointer() const
+    /// False while another client holds it.
+    [[nodiscard]] bool holdPointer() const
     {
-        free(xcb_grab_pointer_reply(x,
+        auto* reply = xcb_grab_pointer_reply(x,
             xcb_grab_pointer(x, 0, id, XCB_EVENT_MASK_BUTTON_PRESS, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
                 XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
-            nullptr));
+            nullptr);
+        const bool holds = reply->status == XCB_GRAB_STATUS_SUCCESS;
+        free(reply);
+        return holds;
+    }
+
+    /// The window manager may take its time.
+    [[nodiscard]] bool isShown() const
+    {
+        auto* reply = xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, id), nullptr);
+        const bool shown = reply->map_state == XCB_MAP_STATE_VIEWABLE;
+        free(reply);
+        return shown;
     }
 
     [[nodiscard]] bool hasKeyboard() const
