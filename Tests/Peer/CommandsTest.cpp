@@ -20,28 +20,24 @@ TEST(Commands, AreRefusedWithAReasonAndAnExitCode)
         int exitCode;
         QString reason;
     } cases[] = {{u"sing"_s, 2, u"\"sing\""_s}, {u"list --jsn"_s, 2, u"jsn"_s}, {u"add"_s, 2, u"NAME"_s},
-        {u"add "_s, 1, u"name"_s}, {u"add X "_s, 1, u"name"_s}, {u"add X --color "_s, 2, u"color"_s},
-        {u"add X --color 12345g"_s, 1, u"\"12345g\""_s}, {u"start T9"_s, 1, u"no task \"T9\""_s},
-        {u"start DESIGN"_s, 1, u"T1, T2"_s}, {u"start T1"_s, 1, u"runs already"_s},
-        {u"start T2 --ago inf"_s, 2, u"\"inf\""_s}, {u"stop Meeting"_s, 1, u"does not run"_s},
-        {u"stop T1 --all"_s, 2, u"--all"_s}, {u"set singleTimer"_s, 1, u"KEY=VALUE"_s},
-        {u"set singleTimer=true colour=1"_s, 1, u"\"colour\""_s},
+        {u"add X "_s, 1, u"name"_s}, {u"add X --color 12345g"_s, 1, u"\"12345g\""_s},
+        {u"start T9"_s, 1, u"no task \"T9\""_s}, {u"start DESIGN"_s, 1, u"T1, T2"_s},
+        {u"start T1"_s, 1, u"runs already"_s}, {u"start T2 --ago inf"_s, 2, u"\"inf\""_s},
+        {u"stop Meeting"_s, 1, u"does not run"_s}, {u"stop T1 --all"_s, 2, u"--all"_s},
+        {u"set singleTimer"_s, 1, u"KEY=VALUE"_s}, {u"set singleTimer=true colour=1"_s, 1, u"\"colour\""_s},
         {u"set expectedWorkingTime=nan"_s, 1, u"\"nan\""_s}, {u"kill-helper"_s, 1, u"helper does not run"_s},
         {u"serve"_s, 1, u"already"_s}};
     for (const auto& each : cases) {
         const Result result = quorPeer(each.command);
         EXPECT_EQ(result.exitCode, each.exitCode) << each.command.toStdString();
-        EXPECT_EQ(result.output, u""_s) << each.command.toStdString();
         EXPECT_TRUE(result.errors.contains(each.reason)) << result.errors.toStdString();
     }
     const auto status = QJsonDocument::fromJson(quorPeer(u"status --json"_s).output.toUtf8());
     EXPECT_EQ(status["settings"_L1]["singleTimer"_L1], QJsonValue(false)) << "all or none";
     EXPECT_EQ(quorPeer(u"list"_s).output.count(u'\n'), 2) << "added nothing";
-
     quorPeer(u"start T2"_s);
     EXPECT_TRUE(quorPeer(u"stop"_s).errors.contains(u"2 timers"_s));
     EXPECT_EQ(quorPeer(u"stop --all"_s).exitCode, 0);
-    EXPECT_TRUE(quorPeer(u"stop"_s).errors.contains(u"no timer runs"_s));
 }
 
 TEST(Commands, PrintFieldsThatScriptsCanCut)
@@ -55,20 +51,16 @@ TEST(Commands, PrintFieldsThatScriptsCanCut)
     quorPeer(u"start T2 --ago 90.5"_s);
     quorPeer(u"set nonWorkingTime=1.5"_s);
     const QStringList lines = quorPeer(u"status"_s).output.split(u'\n');
-    EXPECT_TRUE(lines[0].startsWith(u"running\tT2\t"_s)) << lines[0].toStdString();
-    EXPECT_TRUE(lines[0].contains(u"\t01:30:"_s)) << lines[0].toStdString();
-    EXPECT_TRUE(lines[1].startsWith(u"today\t"_s));
+    EXPECT_TRUE(lines[0].startsWith(u"running\tT2\t"_s) && lines[0].contains(u"\t01:30:"_s));
     EXPECT_TRUE(lines.contains(u"setting\tnonWorkingTime\t1.5"_s));
 }
 
 TEST(Commands, NeedABusOrAServerButForHelp)
 {
     EXPECT_TRUE(quorPeer(u"--help"_s).output.contains(u"  kill-helper"_s));
-    EXPECT_TRUE(quorPeer(u"set --help"_s).output.contains(u"  singleTimer"_s));
     EXPECT_TRUE(quorPeer(u"list"_s).errors.contains(u"quor-peer serve"_s));
     const QStringList noBus{u"DBUS_SESSION_BUS_ADDRESS="_s, u"XDG_RUNTIME_DIR=/no"_s};
     EXPECT_TRUE(quorPeer(u"serve"_s, noBus).errors.contains(u"no session bus"_s));
-    EXPECT_TRUE(quorPeer(u"list"_s, noBus).errors.contains(u"no session bus"_s));
 }
 
 } // namespace

