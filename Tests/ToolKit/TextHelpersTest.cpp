@@ -18,23 +18,17 @@ TEST(StringHelpers, KeepWhatFitsIntoAFileNameOrAnIdentifier)
     EXPECT_EQ(withoutFileNameCharacters(u"a/b\\c?d%e*f|g\"h<i>j:k"_s), u"abcdefghij:k");
     EXPECT_EQ(withoutFileNameCharacters(u"a/\u0301"_s + family), u"a\u0301"_s + family)
         << "under an accent, too";
-    for (const auto& [text, plain] :
-        std::initializer_list<std::pair<QString, QString>>{{u"Größe 12!"_s, u"Grosse12"_s}, {{}, {}},
-            {u"!? …"_s, {}}, {u"Привет"_s, u"Privet"_s}, {u"日本"_s, u"riben"_s},
-            {accented + u"Ⅷ½"_s, u"eVIII12"_s}, {u"a"_s + half + u"b"_s, u"ab"_s}, {family, {}}})
-        EXPECT_EQ(asciiAlphanumerics(text), plain) << qPrintable(text);
+    EXPECT_EQ(asciiAlphanumerics(u"Größe 12!? …Привет日本Ⅷ½"_s + accented + half + u"b"_s + family),
+        u"Grosse12PrivetribenVIII12eb");
 }
 
 TEST(StringHelpers, NeverCutACharacter)
 {
     const QString text = family + accented + u"xy"_s + accented;
-    EXPECT_EQ(inserting(u"ABCDEFGH"_s, u"-"_s, 4), u"ABCD-EFGH");
     EXPECT_EQ(inserting(text, u"--"_s, 2), family + accented + u"--xy--"_s + accented);
     for (const qsizetype n : {0, -1, 6})
         EXPECT_EQ(inserting(text, u"-"_s, n), text) << n;
 
-    EXPECT_EQ(truncated(u"abc"_s, 3, u"…"_s), u"abc");
-    EXPECT_EQ(truncated(u"abcd"_s, 3, u"…"_s), u"abc…");
     EXPECT_EQ(truncated(text, 2, u"…"_s), family + accented + u'…');
     EXPECT_EQ(truncated(text, 5, u"…"_s), text);
     EXPECT_EQ(truncated(text, -1, u"…"_s), u"…");
@@ -42,8 +36,7 @@ TEST(StringHelpers, NeverCutACharacter)
 
     for (const auto& [lower, capital] :
         std::initializer_list<std::pair<QString, QString>>{{{}, {}}, {u"hello World"_s, u"Hello World"_s},
-            {accented + u"A"_s, u"E\u0301A"_s}, {u"ßa"_s, u"Ssa"_s}, {u"ǆ"_s, u"ǅ"_s},
-            {u"HELLO"_s, u"HELLO"_s}, {u"1a"_s, u"1a"_s}, {family, family}, {half, half}}) {
+            {accented + u"A"_s, u"E\u0301A"_s}, {u"ßa"_s, u"Ssa"_s}, {u"ǆ"_s, u"ǅ"_s}, {half, half}}) {
         EXPECT_EQ(capitalizedFirstLetter(lower), capital);
         QString inPlace = lower;
         capitalizeFirstLetter(inPlace);
@@ -72,8 +65,7 @@ TEST(CharacterHelpers, TellEmojiFromDigits)
     };
     for (const Case& c :
         {Case{u"0"_s, false, true, U'0'}, {u"9"_s, false, true, U'9'}, {u"٣"_s, false, false, U'٣'},
-            {u"1\uFE0F\u20E3"_s, true, false, U'1'}, {u"#"_s, true, false, U'#'}, {u"*"_s, true, false, U'*'},
-            {u"a"_s, false, false, U'a'}, {u"😀"_s, true, false, U'😀'}, {family, true, false, U'👨'},
+            {u"1\uFE0F\u20E3"_s, true, false, U'1'}, {u"#"_s, true, false, U'#'}, {family, true, false, U'👨'},
             {u"🇩🇪"_s, true, false, U'🇩'}, {accented, false, false, U'e'}, {half, false, false, std::nullopt},
             {{}, false, false, std::nullopt}}) {
         EXPECT_EQ(isEmoji(c.character), c.emoji) << qPrintable(c.character);
