@@ -86,7 +86,7 @@ private:
     bool isSafe_ = true;
 };
 
-constexpr int mostEras = 1000;
+constexpr int mostEras = 10'000; // some calendars count them in cycles of 60 years
 constexpr int mostYears = 600'000;
 constexpr int mostMonths = 14 * mostYears;
 constexpr int mostWeeks = 53 * mostYears;
@@ -133,8 +133,9 @@ std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate 
     const int direction = from <= to ? 1 : -1;
     if (unitFacts.isSpan)
         return static_cast<qint64>((to - from) / unitFacts.shortest);
-    if (unit == Unit::day || unit == Unit::weekOfYear) // a change of the clocks makes them longer or shorter
-        return static_cast<qint64>((to - from) / unitFacts.shortest) + direction;
+    // Clocks change by less than half a day; a day left out at the date line is none to ICU.
+    if (unit == Unit::day || unit == Unit::weekOfYear)
+        return static_cast<qint64>((to - from + direction * day / 2) / unitFacts.shortest);
     UErrorCode status = U_ZERO_ERROR;
     if (dynamic_cast<const icu::GregorianCalendar*>(&calendar) != nullptr) {
         const auto count = [&](UDate moment) {
@@ -204,10 +205,12 @@ std::optional<UDate> compose(icu::Calendar& calendar, const DateComponents& comp
         return timeOfFields(calendar, UCAL_WALLTIME_NEXT_VALID);
     }
     calendar.setRepeatedWallTimeOption(UCAL_WALLTIME_LAST);
-    const auto found = timeOfFields(calendar, UCAL_WALLTIME_NEXT_VALID);
-    // Only a skipped time is earlier by the clock that comes after the gap.
-    const bool isSkipped = found && timeOfFields(calendar, UCAL_WALLTIME_FIRST) != found;
-    return isSkipped ? *found - second : found;
+    const auto found = timeOfFields(calendar, UCAL_WALLTIME_LAST);
+    // Only a skipped time is another by the clock that comes after the gap.
+    if (timeOfFields(calendar, UCAL_WALLTIME_FIRST) == found)
+        return found;
+    const auto afterGap = timeOfFields(calendar, UCAL_WALLTIME_NEXT_VALID);
+    return afterGap ? inRange(*afterGap - second) : std::nullopt;
 }
 
 std::optional<UDate> add(icu::Calendar& calendar, Unit unit, qint64 value, UDate moment)

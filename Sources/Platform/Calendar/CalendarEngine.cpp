@@ -85,14 +85,15 @@ void Calendar::Engine::giveBack(std::unique_ptr<icu::Calendar> calendar, int gen
 void Calendar::Engine::followUser()
 {
     bool hasChanged = false;
-    if (!settings_.locale && default_ != QLocale()) {
-        default_ = QLocale();
+    if (const QLocale user; !settings_.locale && default_ != user) {
+        default_ = user;
         locale_ = userDateLocale();
         hasChanged = true;
     }
-    if (!settings_.timeZone && zone_ != machineZone_.icuName()) {
-        zone_ = machineZone_.icuName();
-        hasChanged = true;
+    if (!settings_.timeZone) {
+        const QByteArray& zone = machineZone_.icuName();
+        hasChanged = hasChanged || zone != zone_;
+        zone_ = zone;
     }
     if (hasChanged)
         makePrototype();
