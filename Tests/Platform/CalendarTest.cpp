@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "Platform/Calendar/Calendar.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+using namespace quor::platform;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+
+TEST(Calendar, ComposesLeniently)
+{
+    Calendar calendar;
+    calendar.setLocale(QLocale(QLocale::German));
+    calendar.setTimeZone(QTimeZone::utc());
+    const struct {
+        DateComponents components;
+        std::optional<QString> date;
+    } cases[] = {
+        {{.year = 2024}, u"2024-01-01T00:00:00Z"_s},
+        {{.year = 2023, .month = 14, .day = 0}, u"2024-01-31T00:00:00Z"_s},
+        {{.year = 2024, .month = 0, .day = 32, .hour = -1}, u"2023-12-31T23:00:00Z"_s},
+        {{.year = 2024, .day = 1, .hour = 23, .minute = 59, .second = 60}, u"2024-01-02T00:00:00Z"_s},
+        {{.year = 1970, .second = most}, u"2038-01-19T03:14:07Z"_s},
+        {{.year = 2024, .month = 5, .day = 9, .weekday = 1, .weekOfYear = 1}, u"2024-05-09T00:00:00Z"_s},
+        {{.year = 2024, .month = 5, .weekday = 2, .weekdayOrdinal = 3}, u"2024-05-20T00:00:00Z"_s},
+        {{.weekday = 1, .weekOfYear = 1, .yearForWeekOfYear = 2025}, u"2025-01-05T00:00:00Z"_s},
+        {{.weekOfYear = 53, .yearForWeekOfYear = 2024}, u"2024-12-30T00:00:00Z"_s},
+        {{.month = 5, .day = 9}, {}},
+        {{.year = most, .month = most, .day = most}, {}},
+        {{.year = 2024, .month = -most - 1}, {}},
+        {{.weekOfYear = most, .yearForWeekOfYear = most}, {}},
+        {{.era = most, .year = 600'000}, {}},
+    };
+    for (const auto& c : cases) {
+        const auto date = calendar.date(c.components);
+        const auto text = [](Date at) {
+            return QDateTime::fromSecsSinceEpoch(qint64(secondsSince1970(at)), Qt::UTC).toString(Qt::ISODate);
+        };
+        EXPECT_EQ(date ? std::optional(text(*date)) : std::nullopt, c.date);
+    }
+}
+
+TEST(Calendar, FollowsTheUserUntilItIsSet)
+{
+    const QLocale before;
+    const QByteArray zoneBefore = qgetenv("TZ");
+    const Calendar following;
+    Calendar set = following;
+    set.setLocale(QLocale(u"en_US"_s));
+    set.setTimeZone(QTimeZone("Asia/Tokyo"));
+    set.setFirstWeekday(99);
+    QLocale::setDefault(QLocale(u"de_AT"_s));
+    for (const auto& [variable, name] : {std::pair("Europe/Vienna", "Europe/Vienna"),
+             {":Asia/Kabul", "Asia/Kabul"}, {"ABC-5:45", "GMT+05:45"}, {"no/such", "GMT"}}) {
+        qputenv("TZ", variable);
+        EXPECT_EQ(following.timeZoneName(), name) << variable;
+    }
+    zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
+    EXPECT_EQ(following.monthNames().first(), u"Jänner"_s);
+    EXPECT_EQ(std::pair(following.firstWeekday(), following.minimumDaysInFirstWeek()), std::pair(2, 4));
+    EXPECT_EQ(std::pair(set.firstWeekday(), set.minimumDaysInFirstWeek()), std::pair(7, 1));
+    EXPECT_EQ(set.timeZoneName(), "Asia/Tokyo");
+    EXPECT_EQ(set.weekdayNames(Calendar::Width::abbreviated).first(), u"Sun"_s);
+    EXPECT_EQ(set.eraNames(Calendar::Width::abbreviated), QStringList({u"BC"_s, u"AD"_s}));
+    EXPECT_EQ(set.difference({Calendar::Unit::second}, Date(), dateFromSeconds(1e11)), std::nullopt);
+    QLocale::setDefault(before);
+}
+
+/// Some compute with tables of years, some with the moon.
+TEST(Calendar, ReachesTheEndsOfEachKind)
+{
+    for (const char* const name : {"buddhist", "chinese", "coptic", "dangi", "ethiopic",
+             "ethiopic-amete-alem", "gregorian", "hebrew", "indian", "islamic", "islamic-civil",
+             "islamic-umalqura", "iso8601", "japanese", "persian", "roc", "nonsense"}) {
+        Calendar calendar;
+        calendar.setIdentifier(name);
+        for (const double seconds : {-Calendar::furthest, -6e10, 0.0, 6e10, Calendar::furthest}) {
+            const Date date = dateFromSeconds(seconds);
+            const auto components = calendar.components(date);
+            ASSERT_TRUE(components);
+            // Far away, ICU itself does not find back by the moon.
+            const auto found = calendar.date(*components);
+            EXPECT_TRUE(found && (*found == date || std::fabs(seconds) == Calendar::furthest))
+                << name << ' ' << seconds;
+        }
+    }
+}
+
+} // namespace

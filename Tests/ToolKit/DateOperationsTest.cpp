@@ -1,0 +1,258 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Dates/DateOperations.h"
+#include "Support/TestClock.h"
+
+#include <QDateTime>
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <thread>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+using quor::platform::Calendar;
+using quor::platform::dateFromSeconds;
+using quor::platform::secondsSince1970;
+using quor::test::TestClock;
+
+namespace {
+
+Calendar calendarOf(const char* locale, const char* zone)
+{
+    Calendar calendar;
+    calendar.setLocale(QLocale(QLatin1StringView(locale)));
+    calendar.setTimeZone(QTimeZone(zone));
+    return calendar;
+}
+
+class DateOperationsTest : public testing::Test {
+protected:
+    DateOperationsTest() { setCalendar(calendarOf("de_DE", "Europe/Berlin")); }
+    ~DateOperationsTest() override { setCalendar(Calendar()); }
+
+    /// Written as in ISO 8601; local time of the zone unless it says another.
+    static Date date(const QString& text, const char* zone = "Europe/Berlin")
+    {
+        QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
+        if (time.timeSpec() == Qt::LocalTime)
+            time = QDateTime(time.date(), time.time(), QTimeZone(zone));
+        EXPECT_TRUE(time.isValid()) << qPrintable(text);
+        return dateFromSeconds(double(time.toMSecsSinceEpoch()) / 1000);
+    }
+};
+
+using Operation = Date (*)(Date);
+constexpr std::array<Operation, 16> operations{startOfYear, endOfYear, startOfQuarter, endOfQuarter,
+    startOfMonth, endOfMonth, startOfWeek, endOfWeek, startOfDay, morning, noon, evening, endOfDay,
+    roundedToMinute, withoutSeconds, roundedToHour};
+
+TEST_F(DateOperationsTest, FindsBoundaries)
+{
+    const struct {
+        Operation operation;
+        QString from, to;
+    } cases[] = {
+        {startOfYear, u"2024-12-31T23:59:59.9"_s, u"2024-01-01T00:00:00"_s},
+        {endOfYear, u"2024-01-01T00:00:00"_s, u"2024-12-31T23:59:59"_s},
+        {startOfQuarter, u"2024-05-31T10:00:00"_s, u"2024-04-01T00:00:00"_s},
+        {endOfQuarter, u"2024-12-31T10:00:00"_s, u"2024-12-31T23:59:59"_s},
+        {endOfQuarter, u"2024-04-30T10:00:00"_s, u"2024-06-30T23:59:59"_s},
+        {startOfMonth, u"2024-02-29T00:00:00"_s, u"2024-02-01T00:00:00"_s},
+        {endOfMonth, u"2024-02-01T00:00:00"_s, u"2024-02-29T23:59:59"_s},
+        {endOfMonth, u"2023-02-28T23:59:59.5"_s, u"2023-02-28T23:59:59"_s},
+        {startOfWeek, u"2021-01-03T12:00:00"_s, u"2020-12-28T00:00:00"_s}, // week 53
+        {startOfWeek, u"2024-12-31T12:00:00"_s, u"2024-12-30T00:00:00"_s}, // week 1
+        {endOfWeek, u"2024-12-29T12:00:00"_s, u"2024-12-29T23:59:59"_s},
+        {endOfWeek, u"2024-03-25T12:00:00"_s, u"2024-03-31T23:59:59"_s},
+        {morning, u"2024-03-31T01:00:00"_s, u"2024-03-31T09:00:00"_s}, // clocks put forward
+        {evening, u"1969-12-31T23:00:00.7"_s, u"1969-12-31T18:00:00"_s},
+        {roundedToMinute, u"2024-05-05T10:00:29.9"_s, u"2024-05-05T10:00:00"_s},
+        {roundedToMinute, u"2024-05-05T10:00:30"_s, u"2024-05-05T10:01:00"_s},
+        {roundedToMinute, u"2024-12-31T23:59:30"_s, u"2025-01-01T00:00:00"_s},
+        {withoutSeconds, u"2024-05-05T10:00:59.9"_s, u"2024-05-05T10:00:00"_s},
+        {roundedToHour, u"2024-05-05T10:29:59"_s, u"2024-05-05T10:00:00"_s},
+        {roundedToHour, u"2024-05-05T10:30:00"_s, u"2024-05-05T11:00:00"_s},
+        {roundedToHour, u"2024-05-05T23:45:00"_s, u"2024-05-06T00:00:00"_s},
+        {roundedToHour, u"2024-03-31T01:45:00"_s, u"2024-03-31T03:00:00"_s},
+        // Both sides of the hour that comes twice.
+        {withoutSeconds, u"2024-10-27T00:10:20Z"_s, u"2024-10-27T00:10:00Z"_s},
+        {withoutSeconds, u"2024-10-27T01:10:20Z"_s, u"2024-10-27T01:10:00Z"_s},
+        {roundedToHour, u"2024-10-27T01:10:20Z"_s, u"2024-10-27T01:00:00Z"_s},
+        {roundedToHour, u"2024-10-26T23:50:20Z"_s, u"2024-10-27T00:00:00Z"_s},
+    };
+    for (const auto& c : cases)
+        EXPECT_EQ(c.operation(date(c.from)), date(c.to)) << qPrintable(c.from + " -> "_L1 + c.to);
+    setCalendar(calendarOf("en_US", "Europe/Berlin"));
+    EXPECT_EQ(startOfWeek(date(u"2024-05-04T12:00:00"_s)), date(u"2024-04-28T00:00:00"_s)) << "from Sunday";
+    setCalendar(calendarOf("ja_JP", "Asia/Tokyo"));
+    Calendar imperial = calendar();
+    imperial.setIdentifier("japanese");
+    setCalendar(imperial);
+    const Date lastOfHeisei = date(u"2019-04-30T12:00:00"_s, "Asia/Tokyo");
+    EXPECT_EQ(startOfYear(lastOfHeisei), date(u"2019-01-01T00:00:00"_s, "Asia/Tokyo"));
+    EXPECT_FALSE(isSameYear(date(u"1993-05-05T12:00:00"_s), date(u"2023-05-05T12:00:00"_s))) << "5 and 5";
+}
+
+TEST_F(DateOperationsTest, ComparesAndCounts)
+{
+    const struct {
+        QString from, to;
+        bool sameDay, sameWeek, sameMonth, sameYear;
+        int between, days, weeks, months;
+    } cases[] = {
+        {u"2024-05-05T00:00:00"_s, u"2024-05-05T23:59:59"_s, true, true, true, true, 0, 1, 1, 1},
+        {u"2024-05-05T23:59:59"_s, u"2024-05-06T00:00:00"_s, false, false, true, true, 1, 2, 1, 1},
+        {u"2024-05-06T01:00:00"_s, u"2024-05-04T23:00:00"_s, false, false, true, true, -2, -1, 1, 1},
+        {u"2023-05-10T10:00:00"_s, u"2024-05-10T09:00:00"_s, false, true, false, false, 366, 367, 53, 13},
+        {u"2024-01-31T10:00:00"_s, u"2024-02-29T09:00:00"_s, false, false, false, true, 29, 30, 5, 2},
+        {u"2024-03-30T23:00:00"_s, u"2024-04-01T01:00:00"_s, false, false, false, true, 2, 3, 1, 1},
+        {u"2024-05-31T10:00:00"_s, u"2024-02-29T10:00:00"_s, false, false, false, true, -92, -91, -12, -2},
+    };
+    for (const auto& c : cases) {
+        const Date from = date(c.from);
+        const Date to = date(c.to);
+        EXPECT_EQ(std::tuple(isSameDay(from, to), isSameWeek(from, to), isSameMonth(from, to),
+                      isSameYear(from, to), daysBetween(from, to), numberOfDays(from, to),
+                      numberOfWeeks(from, to), numberOfMonths(from, to)),
+            std::tuple(c.sameDay, c.sameWeek, c.sameMonth, c.sameYear, c.between, c.days, c.weeks, c.months))
+            << qPrintable(c.from + " -> "_L1 + c.to);
+        int seen = 0;
+        forEachDay(
+            from, to, [&](Date day) { EXPECT_EQ(day, noon(adding(from, seen++, DurationInterval::day))); });
+        EXPECT_EQ(seen, std::max(c.days, 0));
+    }
+}
+
+TEST_F(DateOperationsTest, Adds)
+{
+    const TestClock clock;
+    const struct {
+        DurationInterval interval;
+        qint64 value;
+        QString to;
+    } cases[] = {
+        {DurationInterval::year, 1, u"2025-01-31T02:30:00.25"_s},
+        {DurationInterval::quarter, -1, u"2023-10-31T02:30:00.25"_s},
+        {DurationInterval::month, 1, u"2024-02-29T02:30:00.25"_s},
+        {DurationInterval::month, -11, u"2023-02-28T02:30:00.25"_s},
+        {DurationInterval::week, 5, u"2024-03-06T02:30:00.25"_s},
+        {DurationInterval::day, 60, u"2024-03-31T03:30:00.25"_s}, // skipped
+    };
+    const Date start = date(u"2024-01-31T02:30:00.25"_s);
+    for (const auto& c : cases)
+        EXPECT_EQ(adding(start, c.value, c.interval, clock), date(c.to)) << qPrintable(c.to);
+    for (int interval = 0; interval < 5; ++interval) {
+        for (const qint64 value : {qint64(1) << 30, -(qint64(1) << 62), std::numeric_limits<qint64>::min()})
+            EXPECT_EQ(adding(start, value, *durationInterval(interval), clock), clock.now())
+                << interval << ' ' << value;
+    }
+    EXPECT_FALSE(durationInterval(5) || durationInterval(-1));
+}
+
+TEST_F(DateOperationsTest, TellsValues)
+{
+    const Date sunday = date(u"2024-05-05T10:00:00.5"_s);
+    const TestClock clock(secondsSince1970(sunday));
+    EXPECT_EQ(dateComponents(sunday),
+        (quor::platform::DateComponents{.year = 2024,
+            .month = 5,
+            .day = 5,
+            .hour = 10,
+            .minute = 0,
+            .second = 0,
+            .weekday = 1,
+            .weekdayOrdinal = 1,
+            .weekOfYear = 18}));
+    EXPECT_EQ(weekOfYear(sunday), 18);
+    EXPECT_EQ(quarterIndex(sunday), 1);
+    EXPECT_TRUE(isWeekend(sunday) && isFirstWeekdayNumber(sunday) && !isLastWeekdayNumber(sunday));
+    EXPECT_TRUE(isLastWeekdayNumber(adding(sunday, -1, DurationInterval::day)));
+    EXPECT_FALSE(hasSeconds(sunday));
+    EXPECT_TRUE(
+        isToday(endOfDay(sunday), clock) && !isToday(adding(sunday, 1, DurationInterval::day), clock));
+    EXPECT_TRUE(isPast(startOfDay(sunday), clock) && !isPast(sunday, clock));
+    for (const auto& [locale, symbol] : {std::pair("de_DE", u"H"_s), {"en_US", u"h"_s}, {"en_GB", u"H"_s},
+             {"ko_KR", u"h"_s}, {"ar_EG", u"h"_s}, {"fr_CA", u"H"_s}}) {
+        setCalendar(calendarOf(locale, "UTC"));
+        EXPECT_EQ(hourFormatSymbol(), symbol) << locale;
+    }
+}
+
+TEST_F(DateOperationsTest, SaysHowFarAway)
+{
+    const QLocale before;
+    const TestClock clock(secondsSince1970(date(u"2024-05-31T12:00:00"_s)));
+    const struct {
+        QString date, english, german;
+    } cases[] = {
+        {u"2024-05-31T12:00:00"_s, u"in 0 minutes"_s, u"in 0 Minuten"_s},
+        {u"2024-05-31T11:59:01"_s, u"in 0 minutes"_s, u"in 0 Minuten"_s},
+        {u"2024-05-31T11:59:00"_s, u"1 minute ago"_s, u"vor 1 Minute"_s},
+        {u"2024-05-31T12:59:59"_s, u"in 59 minutes"_s, u"in 59 Minuten"_s},
+        {u"2024-05-31T13:30:00"_s, u"in 1 hour"_s, u"in 1 Stunde"_s},
+        {u"2024-05-30T12:00:01"_s, u"23 hours ago"_s, u"vor 23 Stunden"_s},
+        {u"2024-05-30T12:00:00"_s, u"1 day ago"_s, u"vor 1 Tag"_s},
+        {u"2024-05-17T12:00:00"_s, u"2 weeks ago"_s, u"vor 2 Wochen"_s},
+        {u"2024-05-16T12:00:00"_s, u"15 days ago"_s, u"vor 15 Tagen"_s},
+        {u"2024-06-07T12:00:00"_s, u"in 1 week"_s, u"in 1 Woche"_s},
+        {u"2024-04-21T12:00:00"_s, u"1 month ago"_s, u"vor 1 Monat"_s}, // 40 days
+        {u"2025-04-30T12:00:00"_s, u"in 10 months"_s, u"in 10 Monaten"_s},
+        {u"2023-05-31T12:00:00"_s, u"1 year ago"_s, u"vor 1 Jahr"_s},
+        {u"3124-05-31T12:00:00"_s, u"in 1,100 years"_s, u"in 1.100 Jahren"_s},
+    };
+    for (const auto& c : cases) {
+        QLocale::setDefault(QLocale(QLocale::English));
+        EXPECT_EQ(relativeText(date(c.date), clock), c.english);
+        QLocale::setDefault(QLocale(QLocale::German));
+        EXPECT_EQ(relativeText(date(c.date), clock), c.german);
+    }
+    QLocale::setDefault(before);
+}
+
+TEST_F(DateOperationsTest, TakesAnyMoment)
+{
+    const auto places = QTimeZone::availableTimeZoneIds();
+    for (const double seconds : {Calendar::furthest, 1e13, 1e300, double(INFINITY), double(NAN)}) {
+        for (const double sign : {1.0, -1.0}) {
+            const Date odd = dateFromSeconds(sign * seconds);
+            const bool hasPlace = seconds == Calendar::furthest;
+            for (const Operation operation : operations) {
+                const Date result = operation(odd);
+                EXPECT_TRUE(
+                    std::fabs(secondsSince1970(result) - sign * seconds) <= (hasPlace ? 366 * 86400.0 : 0)
+                    || !std::isfinite(seconds));
+            }
+            const Date today = dateFromSeconds(0);
+            EXPECT_EQ(isSameDay(odd, odd), hasPlace);
+            EXPECT_EQ(numberOfDays(odd, odd), hasPlace ? 1 : 0);
+            EXPECT_EQ(daysBetween(today, odd), hasPlace ? int(sign * 92'592'592.6) + (sign < 0 ? -1 : 0) : 0);
+            EXPECT_EQ(relativeText(odd).isEmpty(), !hasPlace);
+            EXPECT_EQ(isWeekend(odd) || dateComponents(odd).year.has_value(), hasPlace);
+            int seen = 0;
+            forEachDay(odd, odd, [&](Date) { ++seen; });
+            EXPECT_LE(seen, hasPlace ? 1 : 0);
+        }
+    }
+}
+
+TEST_F(DateOperationsTest, SharesItsCalendarAmongThreads)
+{
+    const Date start = date(u"2024-05-05T10:00:00"_s);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 3; ++thread) {
+        threads.emplace_back([=] {
+            for (int day = 0; day < 1000; ++day) {
+                const Date moment = adding(start, day, DurationInterval::day);
+                EXPECT_LE(std::abs(numberOfDays(start, moment) - day - 1), 1);
+            }
+        });
+    }
+    for (int change = 0; change < 300; ++change)
+        setCalendar(calendarOf(change % 2 == 0 ? "en_US" : "fa_IR", change % 3 == 0 ? "Asia/Tehran" : "UTC"));
+    for (auto& thread : threads)
+        thread.join();
+}
+
+} // namespace
