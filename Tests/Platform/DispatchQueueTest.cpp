@@ -54,15 +54,4 @@ TEST(DispatchQueue, MayEndWithinItsOwnBlock)
     }
 }
 
-TEST(DispatchQueueDeathTest, SyncFromWithinItselfIsFatal)
-{
-    GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_DEATH(
-        {
-            DispatchQueue queue("lists");
-            queue.sync([&] { queue.sync([] {}); });
-        },
-        "lists: sync from within");
-}
-
 } // namespace

@@ -54,14 +54,11 @@ public:
 
     std::map<Token, std::pair<platform::EventMask, GlobalHandler>> global;
     std::map<Token, std::pair<platform::EventMask, LocalHandler>> local;
-    bool areRefused = false; ///< None can be installed.
 
 private:
     template <class Monitors, class Handler>
     std::optional<Token> add(Monitors& monitors, platform::EventMask mask, Handler handler)
     {
-        if (areRefused)
-            return std::nullopt;
         const Token token{++lastToken_};
         monitors[token] = {mask, std::move(handler)};
         return token;

