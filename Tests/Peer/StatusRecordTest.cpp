@@ -68,26 +68,24 @@ TEST(StatusRecord, ShowsTheTaskStartedLast)
 TEST(NextChange, IsTheFirstTextToTurn)
 {
     const struct {
-        QStringList settings;
-        bool showRunning, showTotal;
+        bool inDays, showTotal;
         double inactive;
         std::vector<double> runningFor;
         double expected;
     } cases[] = {
-        {{}, true, false, 0, {59.5}, 0.5}, {{}, true, false, 0, {120}, 60},
-        {{}, true, true, 40, {15}, 5}, // the total turns first
-        {{}, true, false, 0, {20, 10}, 15}, // two timers: twice as fast
-        {{}, false, false, 0, {15}, 12 * 3600}, // nothing on show but the day
-        {{u"showWorkingDays=true"_s, u"workingDayLengthSeconds=90"_s}, true, false, 0, {80}, 10},
-        {{u"showDurationInPercent=true"_s}, true, false, 0, {36}, 18}, // 0.01 becomes 0.02
+        {false, false, 0, {59.5}, 0.5}, {false, false, 0, {120}, 60},
+        {false, true, 40, {15}, 5}, // the total turns first
+        {false, false, 0, {20, 10}, 15}, // two timers: twice as fast
+        {true, false, 0, {80}, 10}, // a day of 90 seconds ends
+        {false, false, 0, {}, 12 * 3600}, // nothing runs: the day
     };
     const auto now = quor::platform::dateFromSeconds(at(u"2023-11-14T12:00:00"_s));
     for (const auto& each : cases) {
         Settings settings;
-        for (const QString& assignment : each.settings)
-            EXPECT_FALSE(assign(settings, assignment.section(u'=', 0, 0), assignment.section(u'=', 1)));
+        settings.showWorkingDays = each.inDays;
+        settings.workingDayLengthSeconds = 90;
         quor::MenubarStatusItemData shown;
-        shown.menuBarShowRunningTimer = each.showRunning;
+        shown.menuBarShowRunningTimer = true;
         shown.menuBarShowDailyTotal = each.showTotal;
         shown.inactiveTotalTimeToday = each.inactive;
         for (const double seconds : each.runningFor)

@@ -25,27 +25,22 @@ TEST(GraphemeClusters, AreWhatAReaderSees)
 {
     const QStringList texts[] = {
         {},
-        {u"a"_s, u"b"_s, u"c"_s},
         {u"a"_s, u"\r\n"_s, u"b"_s, u"\r"_s},
-        {u"e\u0301"_s, u"x"_s},
-        {u"🇩🇪"_s, u"🇫🇷"_s, u"a"_s},
-        {u"👨‍👩‍👧‍👦"_s, u"👍🏽"_s},
+        {u"e\u0301"_s, u"🇩🇪"_s, u"🇫🇷"_s, u"a"_s, u"👨‍👩‍👧‍👦"_s, u"👍🏽"_s},
         {u"a"_s, QChar(0x0600) + u"1"_s, u"2"_s}, // the number sign takes what follows it along
         {QString(QChar(0xD83D)), u"a"_s},
     };
     for (const auto& characters : texts) {
         const QString text = characters.join(QString());
-        EXPECT_EQ(GraphemeClusters::count(text), characters.size()) << text.toStdString();
+        EXPECT_EQ(GraphemeClusters::count(text), characters.size());
         QStringList found;
         for (const auto character : GraphemeClusters::characters(text))
             found += character.toString();
         EXPECT_EQ(found, characters) << text.toStdString();
         for (int n = -1; n <= characters.size() + 1; ++n) {
-            EXPECT_EQ(GraphemeClusters::first(text, n), characters.mid(0, std::max(n, 0)).join(QString()))
-                << text.toStdString() << ' ' << n;
+            EXPECT_EQ(GraphemeClusters::first(text, n), characters.mid(0, std::max(n, 0)).join(QString()));
             EXPECT_EQ(GraphemeClusters::last(text, n),
-                characters.mid(std::max<int>(characters.size() - n, 0)).join(QString()))
-                << text.toStdString() << ' ' << n;
+                characters.mid(std::max<int>(characters.size() - n, 0)).join(QString()));
         }
     }
 }
@@ -76,10 +71,9 @@ QString described(const AttributedString& text)
 {
     QStringList runs;
     for (const auto& run : text.runs())
-        runs += u"%1+%2%3%4"_s.arg(run.start)
-                    .arg(run.length)
-                    .arg(run.format.fontWeight() == QFont::Bold ? u"b"_s : QString())
-                    .arg(run.format.fontUnderline() ? u"u"_s : QString());
+        runs += u"%1+%2"_s.arg(run.start).arg(run.length)
+            + (run.format.fontWeight() == QFont::Bold ? u"b"_s : QString())
+            + (run.format.fontUnderline() ? u"u"_s : QString());
     return runs.join(u' ');
 }
 
@@ -88,12 +82,9 @@ TEST(AttributedString, KeepsItsRunsInOrderAndJoined)
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);
     AttributedString text(u"0123456789"_s);
-    EXPECT_EQ(described(text), u"0+10");
     text.addAttributes(bold, {2, 3});
     text.addAttribute(QTextFormat::TextUnderlineStyle, QTextCharFormat::SingleUnderline, {4, 3});
     EXPECT_EQ(described(text), u"0+2 2+2b 4+1bu 5+2u 7+3");
-    EXPECT_TRUE(text.attributes(4).fontUnderline());
-    EXPECT_FALSE(text.attributes(7).fontUnderline());
     EXPECT_TRUE(text.attributes(10).isEmpty());
     text.addAttribute(QTextFormat::TextUnderlineStyle, QVariant(), {-3, 100});
     EXPECT_EQ(described(text), u"0+2 2+3b 5+5");
@@ -116,7 +107,6 @@ TEST(AttributedString, HoldsAttachmentsAsCharacters)
     EXPECT_EQ(text.string(), u"\uFFFC\uFFFC a");
     EXPECT_EQ(text.runs().size(), 3) << "each attachment is one character's";
     EXPECT_EQ(text.attachment(1), attachment);
-    EXPECT_EQ(text.attachment(2), std::nullopt);
 }
 
 } // namespace
