@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// Keeps tasks in a file, which grows with each run:
+//     example-store tasks.store "Design" "Write report"
+#include <ToolKit/CoreData/ManagedObjectContext.h>
+
+#include <QCoreApplication>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+
+// A record class adds accessors to the attributes. Its name is the name of its entity.
+class Task : public ManagedObject {
+public:
+    QString name() const { return value<QString>(u"name").value_or(QString()); }
+    void setName(const QString& name) { setValue(name, u"name"); }
+    qint64 runs() const { return value<qint64>(u"runs").value_or(0); }
+    void setRuns(qint64 runs) { setValue(runs, u"runs"); }
+};
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QTemporaryDir folder;
+    const QStringList arguments = QCoreApplication::arguments();
+    const QString path = arguments.value(1, folder.filePath(u"tasks.store"_s));
+    const QStringList names = arguments.size() > 2 ? arguments.mid(2) : QStringList{u"Design"_s, u"Travel"_s};
+    QTextStream out(stdout);
+
+    // The entities are declared in code. What an older file lacks of them is added to it.
+    ManagedObjectContext context(path,
+        {EntityDescription::of<Task>({
+            {u"uniqueID"_s, AttributeType::text},
+            {u"name"_s, AttributeType::text},
+            {u"runs"_s, AttributeType::integer},
+        })});
+    if (context.openError()) {
+        QTextStream(stderr) << path << ": " << context.openError()->description << '\n';
+        return 1;
+    }
+
+    // One record for each identifier: found, or made. What belongs together is one block.
+    context.performBlockAndWait([&] {
+        for (const QString& name : names) {
+            auto task = context.fetchSingleton<Task>(name.toCaseFolded());
+            task.setName(name);
+            task.setRuns(task.runs() + 1);
+        }
+    });
+
+    // Fetches see what is not saved yet. Values go in beside the format, never into it.
+    const Predicate often(u"runs >= %@ AND NOT (name BEGINSWITH %@)", {1, u"_"_s});
+    for (const Task& task : context.fetch<Task>(often, {{u"runs"_s, false}, {u"name"_s}}, 10))
+        out << task.runs() << " × " << task.name() << (task.isInserted() ? ", new\n" : "\n");
+
+    // Nothing reaches the file but by a save: all of it, or nothing, and then the changes are still there.
+    if (const SaveOutcome outcome = context.save(); !outcome) {
+        QTextStream(stderr) << "not saved: " << outcome.error->description << '\n';
+        return 1;
+    }
+    if (const auto first = context.fetchFirst<Task>())
+        out << "the first of " << context.count<Task>() << ": " << first->objectID().URIRepresentation()
+            << '\n';
+    return 0;
+}
