@@ -95,13 +95,11 @@ TEST(DateAgreement, CountsDaysAsTheCLibraryDoes)
             const Date within = dateFromSeconds(double(day % 3 == 0 ? first : last));
             const Date earlier = dateFromSeconds(double(days[previous].last));
             const bool isOdd = last - first != daySeconds - 1;
-            bool isRight = true;
-            if (isOdd || day % 2 == 0)
-                isRight = startOfDay(within) == dateFromSeconds(double(first));
-            if (isOdd || day % 2 != 0)
-                isRight = isRight && endOfDay(within) == dateFromSeconds(double(last));
-            if (isOdd || day % 8 == 0)
-                isRight = isRight && daysBetween(earlier, within) == 1 && numberOfDays(within, earlier) == 0;
+            const bool isRight
+                = ((day % 2 != 0 && !isOdd) || startOfDay(within) == dateFromSeconds(double(first)))
+                && ((day % 2 == 0 && !isOdd) || endOfDay(within) == dateFromSeconds(double(last)))
+                && ((day % 8 != 0 && !isOdd)
+                    || (daysBetween(earlier, within) == 1 && numberOfDays(within, earlier) == 0));
             EXPECT_TRUE(isRight) << zone.name << ", day " << day;
             wrong += isRight ? 0 : 1;
             previous = day;
@@ -120,13 +118,12 @@ TEST(DateAgreement, FindsWeeksMonthsAndYearsAsQtDoes)
     const auto at = [](QDate day, double seconds) {
         return dateFromSeconds(double(QDate(1970, 1, 1).daysTo(day) * daySeconds) + seconds);
     };
-    const double lastSecond = daySeconds - 1;
     const QDate end(2101, 1, 1);
     for (QDate day(1900, 1, 1); day < end && !HasFailure(); day = day.addDays(1)) {
         const Date moment = at(day, day.day() * 2500.5);
         ASSERT_EQ(weekOfYear(moment), day.weekNumber()) << qPrintable(day.toString());
-        ASSERT_EQ(startOfWeek(moment), at(day.addDays(1 - day.dayOfWeek()), 0)) << qPrintable(day.toString());
-        ASSERT_EQ(endOfMonth(moment), at(day.addDays(day.daysInMonth() - day.day()), lastSecond));
+        ASSERT_EQ(startOfWeek(moment), at(day.addDays(1 - day.dayOfWeek()), 0));
+        ASSERT_EQ(endOfMonth(moment), at(day.addDays(day.daysInMonth() - day.day()), daySeconds - 1));
         ASSERT_EQ(startOfQuarter(moment), at(QDate(day.year(), (day.month() - 1) / 3 * 3 + 1, 1), 0));
         ASSERT_EQ(adding(moment, -7, DurationInterval::quarter), at(day.addMonths(-21), day.day() * 2500.5));
     }
@@ -147,23 +144,21 @@ TEST(DateAgreement, MeasuresAsIcuDoes)
             const std::unique_ptr<icu::Calendar> icuCalendar(
                 icu::Calendar::createInstance(icu::TimeZone::createTimeZone(zone),
                     icu::Locale("en", nullptr, nullptr, ("calendar=" + std::string(name)).c_str()), status));
-            for (int pair = 0; pair < 100; ++pair) {
+            for (int pair = 0; pair < 50; ++pair) {
                 const double from = std::floor(moments(random));
-                const double to = pair % 2 == 0 ? std::floor(moments(random)) : from + (pair - 50) * 86'400.0;
+                const double to = pair % 2 == 0 ? std::floor(moments(random)) : from + (pair - 25) * 86'400.0;
                 icuCalendar->setTime(from * 1000, status);
                 const auto wanted = [&](UCalendarDateFields field) {
                     return icuCalendar->fieldDifference(to * 1000, field, status);
                 };
-                const int years = wanted(UCAL_EXTENDED_YEAR);
-                const int months = wanted(UCAL_MONTH);
-                const int days = wanted(UCAL_DATE);
-                const int hours = wanted(UCAL_HOUR_OF_DAY);
-                const auto found = calendar.difference({Unit::year, Unit::month, Unit::day, Unit::hour},
-                    dateFromSeconds(from), dateFromSeconds(to));
-                ASSERT_TRUE(found && U_SUCCESS(status));
-                EXPECT_EQ(std::tuple(*found->year, *found->month, *found->day, *found->hour),
-                    std::tuple(years, months, days, hours))
+                const auto found = calendar.difference(
+                    {Unit::year, Unit::month, Unit::day}, dateFromSeconds(from), dateFromSeconds(to));
+                ASSERT_TRUE(found);
+                EXPECT_EQ(found->year, wanted(UCAL_EXTENDED_YEAR))
                     << zone << ' ' << name << ' ' << from << ' ' << to;
+                EXPECT_EQ(found->month, wanted(UCAL_MONTH))
+                    << zone << ' ' << name << ' ' << from << ' ' << to;
+                EXPECT_EQ(found->day, wanted(UCAL_DATE)) << zone << ' ' << name << ' ' << from << ' ' << to;
             }
         }
     }

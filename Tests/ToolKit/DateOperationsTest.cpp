@@ -56,29 +56,22 @@ TEST_F(DateOperationsTest, FindsBoundaries)
     } cases[] = {
         {startOfYear, u"2024-12-31T23:59:59.9"_s, u"2024-01-01T00:00:00"_s},
         {endOfYear, u"2024-01-01T00:00:00"_s, u"2024-12-31T23:59:59"_s},
-        {startOfQuarter, u"2024-05-31T10:00:00"_s, u"2024-04-01T00:00:00"_s},
         {endOfQuarter, u"2024-12-31T10:00:00"_s, u"2024-12-31T23:59:59"_s},
-        {endOfQuarter, u"2024-04-30T10:00:00"_s, u"2024-06-30T23:59:59"_s},
         {startOfMonth, u"2024-02-29T00:00:00"_s, u"2024-02-01T00:00:00"_s},
         {endOfMonth, u"2024-02-01T00:00:00"_s, u"2024-02-29T23:59:59"_s},
-        {endOfMonth, u"2023-02-28T23:59:59.5"_s, u"2023-02-28T23:59:59"_s},
         {startOfWeek, u"2021-01-03T12:00:00"_s, u"2020-12-28T00:00:00"_s}, // week 53
-        {startOfWeek, u"2024-12-31T12:00:00"_s, u"2024-12-30T00:00:00"_s}, // week 1
         {endOfWeek, u"2024-12-29T12:00:00"_s, u"2024-12-29T23:59:59"_s},
         {endOfWeek, u"2024-03-25T12:00:00"_s, u"2024-03-31T23:59:59"_s},
         {morning, u"2024-03-31T01:00:00"_s, u"2024-03-31T09:00:00"_s}, // clocks put forward
         {evening, u"1969-12-31T23:00:00.7"_s, u"1969-12-31T18:00:00"_s},
         {roundedToMinute, u"2024-05-05T10:00:29.9"_s, u"2024-05-05T10:00:00"_s},
         {roundedToMinute, u"2024-05-05T10:00:30"_s, u"2024-05-05T10:01:00"_s},
-        {roundedToMinute, u"2024-12-31T23:59:30"_s, u"2025-01-01T00:00:00"_s},
-        {withoutSeconds, u"2024-05-05T10:00:59.9"_s, u"2024-05-05T10:00:00"_s},
         {roundedToHour, u"2024-05-05T10:29:59"_s, u"2024-05-05T10:00:00"_s},
         {roundedToHour, u"2024-05-05T10:30:00"_s, u"2024-05-05T11:00:00"_s},
         {roundedToHour, u"2024-05-05T23:45:00"_s, u"2024-05-06T00:00:00"_s},
         {roundedToHour, u"2024-03-31T01:45:00"_s, u"2024-03-31T03:00:00"_s},
         // Both sides of the hour that comes twice.
         {withoutSeconds, u"2024-10-27T00:10:20Z"_s, u"2024-10-27T00:10:00Z"_s},
-        {withoutSeconds, u"2024-10-27T01:10:20Z"_s, u"2024-10-27T01:10:00Z"_s},
         {roundedToHour, u"2024-10-27T01:10:20Z"_s, u"2024-10-27T01:00:00Z"_s},
         {roundedToHour, u"2024-10-26T23:50:20Z"_s, u"2024-10-27T00:00:00Z"_s},
     };
@@ -86,8 +79,7 @@ TEST_F(DateOperationsTest, FindsBoundaries)
         EXPECT_EQ(c.operation(date(c.from)), date(c.to)) << qPrintable(c.from + " -> "_L1 + c.to);
     setCalendar(calendarOf("en_US", "Europe/Berlin"));
     EXPECT_EQ(startOfWeek(date(u"2024-05-04T12:00:00"_s)), date(u"2024-04-28T00:00:00"_s)) << "from Sunday";
-    setCalendar(calendarOf("ja_JP", "Asia/Tokyo"));
-    Calendar imperial = calendar();
+    Calendar imperial = calendarOf("ja_JP", "Asia/Tokyo");
     imperial.setIdentifier("japanese");
     setCalendar(imperial);
     const Date lastOfHeisei = date(u"2019-04-30T12:00:00"_s, "Asia/Tokyo");
@@ -155,17 +147,10 @@ TEST_F(DateOperationsTest, TellsValues)
 {
     const Date sunday = date(u"2024-05-05T10:00:00.5"_s);
     const TestClock clock(secondsSince1970(sunday));
-    EXPECT_EQ(dateComponents(sunday),
-        (quor::platform::DateComponents{.year = 2024,
-            .month = 5,
-            .day = 5,
-            .hour = 10,
-            .minute = 0,
-            .second = 0,
-            .weekday = 1,
-            .weekdayOrdinal = 1,
-            .weekOfYear = 18}));
-    EXPECT_EQ(weekOfYear(sunday), 18);
+    const auto components = dateComponents(sunday);
+    EXPECT_EQ(std::tuple(components.year, components.day, components.weekdayOrdinal, components.weekOfYear,
+                  components.era),
+        std::tuple(2024, 5, 1, 18, std::nullopt));
     EXPECT_EQ(quarterIndex(sunday), 1);
     EXPECT_TRUE(isWeekend(sunday) && isFirstWeekdayNumber(sunday) && !isLastWeekdayNumber(sunday));
     EXPECT_TRUE(isLastWeekdayNumber(adding(sunday, -1, DurationInterval::day)));
@@ -188,12 +173,9 @@ TEST_F(DateOperationsTest, SaysHowFarAway)
         QString date, english, german;
     } cases[] = {
         {u"2024-05-31T12:00:00"_s, u"in 0 minutes"_s, u"in 0 Minuten"_s},
-        {u"2024-05-31T11:59:01"_s, u"in 0 minutes"_s, u"in 0 Minuten"_s},
         {u"2024-05-31T11:59:00"_s, u"1 minute ago"_s, u"vor 1 Minute"_s},
-        {u"2024-05-31T12:59:59"_s, u"in 59 minutes"_s, u"in 59 Minuten"_s},
         {u"2024-05-31T13:30:00"_s, u"in 1 hour"_s, u"in 1 Stunde"_s},
         {u"2024-05-30T12:00:01"_s, u"23 hours ago"_s, u"vor 23 Stunden"_s},
-        {u"2024-05-30T12:00:00"_s, u"1 day ago"_s, u"vor 1 Tag"_s},
         {u"2024-05-17T12:00:00"_s, u"2 weeks ago"_s, u"vor 2 Wochen"_s},
         {u"2024-05-16T12:00:00"_s, u"15 days ago"_s, u"vor 15 Tagen"_s},
         {u"2024-06-07T12:00:00"_s, u"in 1 week"_s, u"in 1 Woche"_s},
@@ -213,16 +195,14 @@ TEST_F(DateOperationsTest, SaysHowFarAway)
 
 TEST_F(DateOperationsTest, TakesAnyMoment)
 {
-    const auto places = QTimeZone::availableTimeZoneIds();
     for (const double seconds : {Calendar::furthest, 1e13, 1e300, double(INFINITY), double(NAN)}) {
         for (const double sign : {1.0, -1.0}) {
             const Date odd = dateFromSeconds(sign * seconds);
             const bool hasPlace = seconds == Calendar::furthest;
             for (const Operation operation : operations) {
-                const Date result = operation(odd);
-                EXPECT_TRUE(
-                    std::fabs(secondsSince1970(result) - sign * seconds) <= (hasPlace ? 366 * 86400.0 : 0)
-                    || !std::isfinite(seconds));
+                const double result = secondsSince1970(operation(odd));
+                EXPECT_TRUE(result == sign * seconds || std::isnan(seconds)
+                    || (hasPlace && std::fabs(result - sign * seconds) <= 366 * 86400.0));
             }
             const Date today = dateFromSeconds(0);
             EXPECT_EQ(isSameDay(odd, odd), hasPlace);
@@ -230,9 +210,7 @@ TEST_F(DateOperationsTest, TakesAnyMoment)
             EXPECT_EQ(daysBetween(today, odd), hasPlace ? int(sign * 92'592'592.6) + (sign < 0 ? -1 : 0) : 0);
             EXPECT_EQ(relativeText(odd).isEmpty(), !hasPlace);
             EXPECT_EQ(isWeekend(odd) || dateComponents(odd).year.has_value(), hasPlace);
-            int seen = 0;
-            forEachDay(odd, odd, [&](Date) { ++seen; });
-            EXPECT_LE(seen, hasPlace ? 1 : 0);
+            forEachDay(odd, odd, [&](Date) { EXPECT_TRUE(hasPlace); });
         }
     }
 }

@@ -13,9 +13,9 @@ namespace {
 using Reading = Calendar::Reading;
 using Unit = Calendar::Unit;
 
-constexpr double second = 1000;
-constexpr double day = 86'400 * second;
-constexpr double furthest = Calendar::furthest * second;
+constexpr double secondLength = 1000;
+constexpr double dayLength = 86'400 * secondLength;
+constexpr double furthest = Calendar::furthest * secondLength;
 
 struct UnitFacts {
     UCalendarDateFields field;
@@ -27,21 +27,21 @@ UnitFacts facts(Unit unit)
 {
     switch (unit) {
     case Unit::year:
-        return {UCAL_EXTENDED_YEAR, 350 * day, false}; // counts on through the eras
+        return {UCAL_EXTENDED_YEAR, 350 * dayLength, false}; // counts on through the eras
     case Unit::month:
-        return {UCAL_MONTH, 28 * day, false};
+        return {UCAL_MONTH, 28 * dayLength, false};
     case Unit::weekOfYear:
-        return {UCAL_WEEK_OF_YEAR, 7 * day, false};
+        return {UCAL_WEEK_OF_YEAR, 7 * dayLength, false};
     case Unit::day:
-        return {UCAL_DATE, day, false};
+        return {UCAL_DATE, dayLength, false};
     case Unit::hour:
-        return {UCAL_HOUR_OF_DAY, 3600 * second, true};
+        return {UCAL_HOUR_OF_DAY, 3600 * secondLength, true};
     case Unit::minute:
-        return {UCAL_MINUTE, 60 * second, true};
+        return {UCAL_MINUTE, 60 * secondLength, true};
     case Unit::second:
         break;
     }
-    return {UCAL_SECOND, second, true};
+    return {UCAL_SECOND, secondLength, true};
 }
 
 std::optional<UDate> inRange(UDate moment)
@@ -135,7 +135,7 @@ std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate 
         return static_cast<qint64>((to - from) / unitFacts.shortest);
     // Clocks change by less than half a day; a day left out at the date line is none to ICU.
     if (unit == Unit::day || unit == Unit::weekOfYear)
-        return static_cast<qint64>((to - from + direction * day / 2) / unitFacts.shortest);
+        return static_cast<qint64>((to - from + direction * dayLength / 2) / unitFacts.shortest);
     UErrorCode status = U_ZERO_ERROR;
     if (dynamic_cast<const icu::GregorianCalendar*>(&calendar) != nullptr) {
         const auto count = [&](UDate moment) {
@@ -157,7 +157,7 @@ std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate 
 std::optional<UDate> milliseconds(Date date)
 {
     const double seconds = secondsSince1970(date);
-    return std::fabs(seconds) <= Calendar::furthest ? std::optional(std::floor(seconds * second))
+    return std::fabs(seconds) <= Calendar::furthest ? std::optional(std::floor(seconds * secondLength))
                                                     : std::nullopt;
 }
 
@@ -210,7 +210,7 @@ std::optional<UDate> compose(icu::Calendar& calendar, const DateComponents& comp
     if (timeOfFields(calendar, UCAL_WALLTIME_FIRST) == found)
         return found;
     const auto afterGap = timeOfFields(calendar, UCAL_WALLTIME_NEXT_VALID);
-    return afterGap ? inRange(*afterGap - second) : std::nullopt;
+    return afterGap ? inRange(*afterGap - secondLength) : std::nullopt;
 }
 
 std::optional<UDate> add(icu::Calendar& calendar, Unit unit, qint64 value, UDate moment)
