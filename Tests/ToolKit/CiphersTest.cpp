@@ -111,8 +111,7 @@ TEST(Ciphers, KeepTexts)
     }
     for (const char* plain : {"\xff", "\xc3", "\xed\xa0\xbd", "\xc0\x80"})
         EXPECT_EQ(decrypted(base64EncodedString(encrypt(plain, key)), key), std::nullopt) << "no UTF-8";
-    for (const auto& text : {u""_s, u"AAAA"_s, u"not base64!"_s, u"===="_s})
-        EXPECT_EQ(decrypted(text, key), std::nullopt) << qPrintable(text);
+    EXPECT_EQ(decrypted(u"AAAA"_s, key), std::nullopt) << "too short";
     const QString half = u"a"_s + QChar(0xD83D);
     EXPECT_EQ(encrypted(half, key), std::nullopt);
     EXPECT_EQ(encrypted(u"a", half), std::nullopt);
@@ -179,9 +178,9 @@ TEST(Base64, IsReadStrictlyOrTolerantly)
             {u" Y W\tI=", none, "ab"}, {u"YÄW👍I=", none, "ab"}, {u"?", none, ""}, {u"-_8=", none, none},
             {u"YWI", none, none}, {u"YQ", none, none}, {u"YQ===", none, none}, {u"YQ==YQ==", none, none},
             {u"Y===", none, none}, {u"YW=I", none, none}, {u"====", none, none}}) {
-        EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::strict), c.strict) << c.text.toUtf8().constData();
-        EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::ignoreUnknownCharacters), c.tolerant)
-            << c.text.toUtf8().constData();
+        SCOPED_TRACE(c.text.toUtf8().constData());
+        EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::strict), c.strict);
+        EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::ignoreUnknownCharacters), c.tolerant);
     }
     EXPECT_EQ(base64EncodedString("\xfb\xff"), u"+/8=");
 }
