@@ -117,9 +117,12 @@ public:
         if (const QImage* kept = images_.object(key))
             return *kept;
         const QString base = path + "/Images/"_L1 + key.name;
-        const QString vector = base + ".svg"_L1;
-        QImage image
-            = readImage(QFile::exists(vector) ? vector : base + ".png"_L1, key.size, key.devicePixelRatio);
+        QImage image;
+        for (const auto suffix : {".svg"_L1, ".png"_L1}) {
+            // Asked first: a reader of a missing file tries every format that it knows.
+            if (image.isNull() && QFile::exists(base + suffix))
+                image = readImage(base + suffix, key.size, key.devicePixelRatio);
+        }
         images_.insert(key, new QImage(image), image.sizeInBytes() + imageOverhead);
         return image;
     }
