@@ -178,9 +178,14 @@ void TableView::ignorePointerUntilItMoves()
 
 void TableView::scrollRowToVisible(int row)
 {
-    const QRect place = rectOfRow(row);
+    QRect place = rectOfRow(row);
     if (place.isNull())
         return;
+    // The rows at the ends come with the room beyond them.
+    if (row == 0)
+        place.setTop(0);
+    if (row == numberOfRows() - 1)
+        place.setBottom(contentHeight() - 1);
     QScrollBar* bar = verticalScrollBar();
     const int below = place.bottom() + 1 - viewport()->height();
     bar->setValue(std::min(std::max(bar->value(), below), place.top()));

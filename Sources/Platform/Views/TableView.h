@@ -127,7 +127,8 @@ public:
     /// Tells the delegate of a click on the row, as the pointer does and a screen reader may.
     void clickRow(int row);
 
-    /// Scrolls by as little as possible; a row higher than the view comes with its upper edge.
+    /// Scrolls by as little as possible; a row higher than the view comes with its upper edge. The first
+    /// and the last row come with the insets beyond them.
     void scrollRowToVisible(int row);
 
     /// As wide as the frame needs, and as high as all rows.
