@@ -5,9 +5,8 @@
 #include "View/MenubarMenuRenderer.h"
 
 #include "MenubarHelper/TestDesktop.h"
+#include "Support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -72,9 +71,7 @@ TEST_F(HelperMenubarManagerTest, LogsInOrderOrEmptiesTheFolder)
         desktop.post(helperKill);
     }
     const QDir folder(desktop.home.path(u"com.quor-app.Quor3-MenubarHelper/logs"_s));
-    QFile log(folder.filePath(folder.entryList(QDir::Files).value(0)));
-    EXPECT_TRUE(log.open(QFile::ReadOnly));
-    EXPECT_THAT(log.readAll().toStdString(),
+    EXPECT_THAT(test::readFile(folder.filePath(folder.entryList(QDir::Files).value(0))).toStdString(),
         testing::MatchesRegex("[^\n]*: notification: com.quor-app.Quor3.Updated.Main\n"
                               "[^\n]*: registerForNotification: com.quor-app.Quor3HelperKillNotification "
                               "[^\n]+\n[^\n]*: killMyself\n"));

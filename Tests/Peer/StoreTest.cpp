@@ -2,10 +2,9 @@
 #include "Peer/Model/Store.h"
 
 #include "Peer/Model/Tracker.h"
+#include "Support/Files.h"
 #include "Support/TestClock.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -57,11 +56,8 @@ TEST(Store, WhatIsNoRecordIsPassedOverAndKept)
         {"TimeEntries/AB", R"({"ab":{"taskID":"T1","start":20,"end":10},"cab":{"taskID":"T1"},"dab":3})"},
         {"Settings/ME", R"({"expectedWorkingTime":-3,"nonWorkingTime":"1"})"},
     };
-    for (const auto& [name, content] : files) {
-        QFile file(folder.filePath(QString::fromLatin1(name)));
-        QDir().mkpath(QFileInfo(file).path());
-        ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write(content) > 0);
-    }
+    for (const auto& [name, content] : files)
+        ASSERT_TRUE(quor::test::writeFile(folder.filePath(QString::fromLatin1(name)), content));
     Session run(folder);
     ASSERT_EQ(run.tracker.tasks().size(), 1U);
     EXPECT_FALSE(run.tracker.tasks()[0].color);
@@ -70,8 +66,7 @@ TEST(Store, WhatIsNoRecordIsPassedOverAndKept)
     EXPECT_EQ(run.tracker.settings(), Settings());
 
     run.store.save(std::vector{TimeEntry{u"eab"_s, u"T1"_s, {}, {}}});
-    QFile file(folder.filePath(u"TimeEntries/AB"_s));
-    EXPECT_TRUE(file.open(QFile::ReadOnly) && file.readAll().contains(R"("dab")"));
+    EXPECT_TRUE(quor::test::readFile(folder.filePath(u"TimeEntries/AB"_s)).contains(R"("dab")"));
 }
 
 TEST(Store, TellsWhatTheDiskRefusesAndWritesItLater)

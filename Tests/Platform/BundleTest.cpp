@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Resources/Bundle.h"
+#include "Support/Files.h"
 
 #include <gtest/gtest.h>
 
 #include <QColor>
-#include <QDir>
 #include <QLocale>
 #include <QTemporaryDir>
 
@@ -20,11 +20,7 @@ protected:
 
     void put(const QString& name, const QByteArray& content) const
     {
-        const QFileInfo path(folder_.filePath(name));
-        QDir().mkpath(path.path());
-        QFile file(path.filePath());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        ASSERT_TRUE(quor::test::writeFile(folder_.filePath(name), content));
     }
     static void speak(const QString& locale) { QLocale::setDefault(QLocale(locale)); }
 

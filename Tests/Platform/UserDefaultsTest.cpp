@@ -2,13 +2,10 @@
 #include "Platform/Preferences/UserDefaults.h"
 
 #include "Platform/Preferences/DataHome.h"
+#include "Support/Files.h"
 #include "Support/TemporaryDataHome.h"
 
 #include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 
 #include <limits>
 
@@ -16,6 +13,8 @@
 
 using namespace Qt::StringLiterals;
 using quor::platform::UserDefaults;
+using quor::test::readFile;
+using quor::test::writeFile;
 
 namespace {
 
@@ -34,11 +33,8 @@ TEST_F(UserDefaultsTest, WritesWhatAShellCanRead)
     EXPECT_TRUE(defaults_.setObject(0.1 + 0.2, u"length"_s));
     EXPECT_FALSE(defaults_.setObject(std::numeric_limits<double>::infinity(), u"length"_s));
     QByteArray written;
-    for (const auto& name : {u"/text"_s, u"/flag"_s, u"/length"_s}) {
-        QFile file(folder() + name);
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-        written += file.readAll();
-    }
+    for (const auto& name : {u"/text"_s, u"/flag"_s, u"/length"_s})
+        written += readFile(folder() + name);
     EXPECT_EQ(written, "string\ngrößerbool\nfalsereal\n0.30000000000000004");
 }
 
@@ -64,9 +60,7 @@ TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
         {"data"_ba, {}, {}, false, 0},
     };
     for (const auto& c : cases) {
-        QFile file(folder() + "/key"_L1);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(c.content) > 0);
-        file.close();
+        ASSERT_TRUE(writeFile(folder() + "/key"_L1, c.content));
         const UserDefaults read = UserDefaults::suiteOrStandard(suiteName);
         EXPECT_EQ(read.dataForKey(u"key"_s), c.data) << c.content.toStdString();
         EXPECT_EQ(read.stringForKey(u"key"_s), c.string);
@@ -104,8 +98,7 @@ TEST_F(UserDefaultsTest, MakesItsFoldersAndFilesForTheUserAlone)
 
 TEST_F(UserDefaultsTest, StandardDefaultsStandInForASuiteThatCannotBeOpened)
 {
-    QFile inTheWay(home_.path(u"blocked"_s));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(writeFile(home_.path(u"blocked"_s), {}));
     double value = 1;
     for (const auto& name : {u"blocked"_s, u"../outside"_s, u".."_s, u"."_s, u""_s, u"nul\0x"_s}) {
         EXPECT_FALSE(UserDefaults::suite(name)) << name.toStdString();

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "InterAppCommBridge/InterAppCommBridge.h"
 #include "Platform/Preferences/UserDefaults.h"
+#include "Support/Files.h"
 #include "Support/TemporaryDataHome.h"
-
-#include <QDir>
-#include <QFile>
 
 #include <gmock/gmock.h>
 
@@ -24,8 +22,7 @@ class GroupStorageTest : public testing::Test {
 protected:
     [[nodiscard]] QByteArray file(const QString& key) const
     {
-        QFile file(home_.path(suite + u"/Preferences/"_s + key));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+        return test::readFile(home_.path(suite + u"/Preferences/"_s + key));
     }
 
     test::TemporaryDataHome home_;
@@ -73,7 +70,7 @@ TEST_F(GroupStorageTest, WhatCannotBeReadOrWrittenIsTheDefault)
     EXPECT_EQ(file(u"action"_s), "data\n");
 
     QDir(home_.path(suite)).removeRecursively();
-    ASSERT_TRUE(QFile(home_.path(suite)).open(QIODevice::WriteOnly)); // cannot be opened any more
+    ASSERT_TRUE(test::writeFile(home_.path(suite), {})); // cannot be opened any more
     storage_.setAction({Action::OpenMenu{}});
     EXPECT_EQ(storage_.action(), Action{Action::OpenMenu{}});
     EXPECT_EQ(UserDefaults::standard().dataForKey(u"action"_s), "{\"openMenu\":{}}");

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "Support/Files.h"
 #include "ToolKit/Data/Digest.h"
 #include "ToolKit/Identity/ApplicationVersion.h"
 #include "ToolKit/Identity/DeviceIdentifier.h"
 #include "ToolKit/Identity/OSVersion.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -25,9 +23,7 @@ protected:
     QString file(const QString& name, const QByteArray& content)
     {
         QString path = folder_.filePath(name);
-        QDir().mkpath(QFileInfo(path).path());
-        QFile file(path);
-        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(content) == content.size());
+        EXPECT_TRUE(quor::test::writeFile(path, content));
         return path;
     }
 

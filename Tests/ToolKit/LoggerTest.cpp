@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Logging/Logger.h"
+#include "Support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -37,11 +36,8 @@ protected:
     [[nodiscard]] QByteArrayList lines() const
     {
         QByteArray text;
-        for (const QString& name : names()) {
-            QFile file(path(name));
-            EXPECT_TRUE(file.open(QFile::ReadOnly));
-            text += file.readAll();
-        }
+        for (const QString& name : names())
+            text += quor::test::readFile(path(name));
         EXPECT_TRUE(text.endsWith('\n'));
         return text.chopped(1).split('\n');
     }

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/PersistableList.h"
+#include "Support/Files.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gmock/gmock.h>
@@ -18,6 +17,8 @@
 
 using namespace Qt::StringLiterals;
 using namespace quor::toolkit;
+using quor::test::readFile;
+using quor::test::writeFile;
 using testing::UnorderedElementsAre;
 
 namespace {
@@ -32,16 +33,11 @@ protected:
     {
         return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
-    [[nodiscard]] QByteArray content(const QString& name) const
-    {
-        QFile file(path(name));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
-    }
+    [[nodiscard]] QByteArray content(const QString& name) const { return readFile(path(name)); }
     void put(const QString& name, const QByteArray& content) const
     {
         QDir().mkpath(path());
-        QFile file(path(name));
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        ASSERT_TRUE(writeFile(path(name), content));
     }
     static void flush(PersistableList<double>& list)
     {
@@ -163,8 +159,7 @@ TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)
 bool mountTinyDisk(const QString& folder)
 {
     const auto say = [](const QString& name, const QByteArray& text) {
-        QFile file(u"/proc/self/"_s + name);
-        return file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && file.write(text) == text.size();
+        return writeFile(u"/proc/self/"_s + name, text);
     };
     const auto asRoot = [](auto id) { return "0 " + QByteArray::number(id) + " 1"; };
     const QByteArray user = asRoot(geteuid()), group = asRoot(getegid());
