@@ -90,7 +90,7 @@ void MenuKeyCatcher::handOver(QWidget& receiver)
     const QPointer target(&receiver);
     // Before the keys are free, so that none overtakes them.
     for (const auto& key : std::exchange(keys_, {})) {
-        if (target)
+        if (target && window_) // a key may have closed the menu
             QCoreApplication::sendEvent(target, key.get());
     }
     letGo();

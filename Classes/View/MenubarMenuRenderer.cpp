@@ -318,7 +318,7 @@ void MenubarMenuRenderer::windowDidBecomeKey()
     if (!list || !keyCatcher_ || !keyCatcher_->isCatching())
         return;
     auto* focused = customWindow_->focusWidget(); // the search field, where there is one
-    keyCatcher_->handOver(focused ? *focused : *list);
+    keyCatcher_->handOver(focused ? *focused : list->searchView());
 }
 
 void MenubarMenuRenderer::windowDidResignKey()
