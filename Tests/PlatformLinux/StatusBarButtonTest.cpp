@@ -38,7 +38,7 @@ struct Bar final : QWidget {
         return QWidget::eventFilter(watched, event);
     }
     // Whether the event loop finds something to paint.
-    bool repaints()
+    bool repaints() const
     {
         const int before = paints;
         QCoreApplication::sendPostedEvents();
