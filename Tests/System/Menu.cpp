@@ -20,7 +20,6 @@ namespace quor::test {
 namespace {
 
 constexpr std::chrono::milliseconds limit = 15s;
-constexpr int barThickness = 22;
 
 template <typename Reply>
 std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)

@@ -57,23 +57,23 @@ TEST_F(MenuFocus, IsGivenBackByAChoiceUnlessTheMainApplicationComesToTheFront)
 {
     struct Choice {
         QString thing;
-        int further; ///< things of that name before
         QString keys; ///< that do the same; none where it takes the pointer
         Action action;
+        int further; ///< things of that name before
         enum { stays, closes, givesBack } then;
     };
     const Choice choices[]{
-        {u"Design"_s, 0, u"Down Return"_s, {Action::StopTimer{u"T1"_s, 0}}, Choice::givesBack},
-        {u"Review"_s, 0, u"Down Down Return"_s, {Action::StartTimer{u"T2"_s}}, Choice::givesBack},
-        {u"Show"_s, 0, u"Down Down Down Down KP_Enter"_s, {Action::OpenQuor{}}, Choice::closes},
-        {u"Quit"_s, 0, u"Down Down Down Down Down Return"_s, {Action::QuitQuor{}}, Choice::closes},
-        {u"Nothing"_s, 0, u"Down Down Down Return"_s, {}, Choice::stays},
-        {u"Running"_s, 0, {}, {}, Choice::stays},
-        {u"5 minutes earlier"_s, 0, {}, {Action::AdjustTimer{u"T1"_s, -300}}, Choice::stays},
-        {u"5 minutes later"_s, 0, {}, {Action::AdjustTimer{u"T1"_s, 300}}, Choice::stays},
-        {u"End of last entry"_s, 0, {}, {Action::AdjustTimer{u"T1"_s, 0}}, Choice::stays},
-        {u"10 minutes earlier"_s, 1, {}, {}, Choice::stays},
-        {u"Stop now"_s, 0, {}, {Action::StopTimer{u"T1"_s, 0}}, Choice::givesBack},
+        {u"Design"_s, u"Down Return"_s, {Action::StopTimer{u"T1"_s, 0}}, 0, Choice::givesBack},
+        {u"Review"_s, u"Down Down Return"_s, {Action::StartTimer{u"T2"_s}}, 0, Choice::givesBack},
+        {u"Show"_s, u"Down Down Down Down KP_Enter"_s, {Action::OpenQuor{}}, 0, Choice::closes},
+        {u"Quit"_s, u"Down Down Down Down Down Return"_s, {Action::QuitQuor{}}, 0, Choice::closes},
+        {u"Nothing"_s, u"Down Down Down Return"_s, {}, 0, Choice::stays},
+        {u"Running"_s, {}, {}, 0, Choice::stays},
+        {u"5 minutes earlier"_s, {}, {Action::AdjustTimer{u"T1"_s, -300}}, 0, Choice::stays},
+        {u"5 minutes later"_s, {}, {Action::AdjustTimer{u"T1"_s, 300}}, 0, Choice::stays},
+        {u"End of last entry"_s, {}, {Action::AdjustTimer{u"T1"_s, 0}}, 0, Choice::stays},
+        {u"10 minutes earlier"_s, {}, {}, 1, Choice::stays},
+        {u"Stop now"_s, {}, {Action::StopTimer{u"T1"_s, 0}}, 0, Choice::givesBack},
     };
     startHelper();
     const bool hasWindowManager = qEnvironmentVariable("QUOR_TEST_WM") != "none"_L1;
