@@ -8,8 +8,10 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <concepts>
 #include <memory>
 #include <optional>
+#include <type_traits>
 
 namespace quor::toolkit {
 
@@ -53,7 +55,10 @@ public:
     /// not convert to the attribute's type (see `converted`), and a record that is deleted or whose context
     /// has ended.
     bool setValue(const AttributeValue& value, QStringView key);
-    bool setValue(const char*, QStringView) = delete; // a literal without u would be taken for bytes
+    /// A literal without u would be taken for bytes.
+    template <class Literal>
+    requires std::same_as < std::decay_t<Literal>,
+    const char* > bool setValue(Literal&& value, QStringView key) = delete;
 
     /// That of nothing for a plain record.
     [[nodiscard]] ManagedObjectID objectID() const;

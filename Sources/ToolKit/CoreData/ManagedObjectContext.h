@@ -153,8 +153,10 @@ public:
     template <RecordClass Record>
     [[nodiscard]] Record fetchSingleton(const std::optional<QString>& uniqueIdentifier = std::nullopt)
     {
-        return recordOf<Record>(
-            fetchSingleton(plainClassName<Record>(), qualifiedClassName<Record>(), uniqueIdentifier));
+        // In one block, so that no other thread makes the same record in between.
+        return recordOf<Record>(performBlockAndWait([&] {
+            return fetchSingleton(plainClassName<Record>(), qualifiedClassName<Record>(), uniqueIdentifier);
+        }));
     }
 
 private:

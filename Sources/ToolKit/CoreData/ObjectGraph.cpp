@@ -123,7 +123,8 @@ ObjectGraph::Record ObjectGraph::known(std::size_t entity, qint64 number) const
 {
     if (number >= firstInserted_) {
         const auto index = static_cast<std::size_t>(number - firstInserted_);
-        return index < inserted_.size() ? inserted_[index] : nullptr;
+        const bool isHere = index < inserted_.size() && inserted_[index]->entity == entity;
+        return isHere ? inserted_[index] : nullptr;
     }
     const auto& records = registries_[entity].records;
     const auto found = records.find(number);

@@ -21,8 +21,8 @@ struct PredicateTerms;
 ///
 /// Comparisons are `key operator %@` with == (or =), != (<>), <, <=, >, >=, CONTAINS and BEGINSWITH, which
 /// are exact about capitals, and IN, which takes a list. They join by AND (&&), OR (||), NOT (!) and
-/// parentheses; words count in any case. Each `%@` takes the next argument; `%K` in the place of a key takes
-/// it from the arguments, for names with other characters than letters, digits and "_".
+/// parentheses, 20 deep; words count in any case. Each `%@` takes the next argument; `%K` in the place of a
+/// key takes it from the arguments, for names with other characters than letters, digits and "_".
 ///
 /// An empty value equals an empty one, and is neither less nor greater than any. A comparison with a value
 /// of another type than the attribute's makes a fetch fail; integers and reals compare. A value; immutable;

@@ -8,7 +8,7 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr int maximalDepth = 100;
+constexpr int maximalDepth = 20; // of parentheses; SQLite reads 40, and a negated one becomes two
 
 bool isWordCharacter(QChar character)
 {
@@ -75,17 +75,16 @@ bool PredicateReader::readConjunction()
 
 bool PredicateReader::readNegation()
 {
-    int count = 0;
+    bool isNegated = false;
+    while (accept(u"NOT") || accept(u"!"))
+        isNegated = !isNegated;
+    if (!isNegated)
+        return readPrimary();
     // What is unknown to SQL, a comparison with an empty value, is false here.
-    for (; accept(u"NOT") || accept(u"!"); ++count) {
-        if (++depth_ > maximalDepth)
-            return fail(QStringLiteral("nested too deeply"));
-        add("NOT ifnull(");
-    }
+    add("(");
     if (!readPrimary())
         return false;
-    for (depth_ -= count; count > 0; --count)
-        add(",0)");
+    add(") IS NOT TRUE");
     return true;
 }
 

@@ -4,7 +4,9 @@
 #include <QFile>
 #include <QUrl>
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <sqlite3.h>
 
 namespace quor::toolkit {
@@ -74,7 +76,8 @@ SQLiteDatabase::Failure SQLiteDatabase::open(
         connection_.reset();
         return reason;
     }
-    sqlite3_busy_timeout(connection, static_cast<int>(busyTimeout.count()));
+    sqlite3_busy_timeout(
+        connection, static_cast<int>(std::min<std::chrono::milliseconds::rep>(busyTimeout.count(), INT_MAX)));
     // A file from elsewhere brings no code of its own.
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);

@@ -38,28 +38,24 @@ ManagedObject ManagedObjectContext::fetchSingleton(
 {
     if (!entity(entityName))
         return {};
-    // In one block, so that no other thread makes the same record in between.
-    return performBlockAndWait([&] {
-        std::optional<Predicate> predicate;
+    std::optional<Predicate> predicate;
+    if (uniqueIdentifier)
+        predicate.emplace(u"(uniqueID == %@)", std::vector<PredicateArgument>{*uniqueIdentifier});
+    auto objects = fetchObjects(entityName, predicate);
+    if (objects.empty()) {
+        ManagedObject object = insertObject(entityName);
         if (uniqueIdentifier)
-            predicate.emplace(u"(uniqueID == %@)", std::vector<PredicateArgument>{*uniqueIdentifier});
-        auto objects = fetchObjects(entityName, predicate);
-        if (objects.empty()) {
-            ManagedObject object = insertObject(entityName);
-            if (uniqueIdentifier)
-                object.setValue(*uniqueIdentifier, u"uniqueID");
-            return object;
-        }
-        if (objects.size() > 1) {
-            sortByIdentity(objects);
-            const QString identifier = uniqueIdentifier.value_or(QStringLiteral("nil"));
-            Logger::log(
-                QStringLiteral("found duplicates for: %1, %2 deleting").arg(className, identifier), true);
-            std::for_each(
-                objects.begin(), objects.end() - 1, [this](const auto& object) { deleteObject(object); });
-        }
-        return objects.back();
-    });
+            object.setValue(*uniqueIdentifier, u"uniqueID");
+        return object;
+    }
+    if (objects.size() > 1) {
+        sortByIdentity(objects);
+        const QString identifier = uniqueIdentifier.value_or(QStringLiteral("nil"));
+        Logger::log(QStringLiteral("found duplicates for: %1, %2 deleting").arg(className, identifier), true);
+        std::for_each(
+            objects.begin(), objects.end() - 1, [this](const auto& object) { deleteObject(object); });
+    }
+    return objects.back();
 }
 
 } // namespace quor::toolkit

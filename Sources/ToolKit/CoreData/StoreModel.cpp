@@ -88,7 +88,7 @@ private:
         sql_ += "PRAGMA application_id = " + QByteArray::number(applicationID)
             + ";PRAGMA user_version = " + QByteArray::number(formatVersion)
             + ";CREATE TABLE \"$store\"(key TEXT PRIMARY KEY, value) WITHOUT ROWID"
-              ";CREATE TABLE \"$entity\"(name TEXT PRIMARY KEY, next INTEGER) WITHOUT ROWID"
+              ";CREATE TABLE \"$entity\"(name TEXT PRIMARY KEY COLLATE NOCASE, next INTEGER) WITHOUT ROWID"
               ";INSERT INTO \"$store\" VALUES('identifier', '"
             + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + "');";
     }
@@ -96,23 +96,27 @@ private:
     [[nodiscard]] Failure plan(const EntityDescription& entity)
     {
         const QByteArray table = quoted(entity.name());
+        const QByteArray name = '\'' + entity.name().toUtf8().replace('\'', "\'\'") + '\'';
+        const bool isNew = !present_.contains(folded(entity.name()));
         Names columns;
-        if (!present_.contains(folded(entity.name()))) {
-            sql_ += "CREATE TABLE " + table + "(\"$id\" INTEGER PRIMARY KEY)"
-                + ";INSERT OR IGNORE INTO \"$entity\" VALUES('" + entity.name().toUtf8().replace('\'', "''")
-                + "', 1);";
-        } else if (auto failure
-            = names(database_, "SELECT name FROM pragma_table_info(" + table + ")", columns)) {
+        if (auto failure = names(database_, "SELECT name FROM pragma_table_info(" + name + ')', columns))
             return failure;
-        }
+        QByteArray newColumns;
+        QByteArray further;
         for (const auto& attribute : entity.attributes()) {
-            if (!columns.contains(folded(attribute.name)))
-                sql_ += "ALTER TABLE " + table + " ADD COLUMN " + quoted(attribute.name) + ';';
+            const QByteArray column = quoted(attribute.name);
+            if (isNew)
+                newColumns += ',' + column;
+            else if (!columns.contains(folded(attribute.name)))
+                further += "ALTER TABLE " + table + " ADD COLUMN " + column + ';';
             const QString index = indexName(entity, attribute);
             if (attribute.isIndexed && !present_.contains(folded(index)))
-                sql_
-                    += "CREATE INDEX " + quoted(index) + " ON " + table + '(' + quoted(attribute.name) + ");";
+                further += "CREATE INDEX " + quoted(index) + " ON " + table + '(' + column + ");";
         }
+        if (isNew)
+            sql_ += "CREATE TABLE " + table + "(\"$id\" INTEGER PRIMARY KEY" + newColumns
+                + ");INSERT OR IGNORE INTO \"$entity\" VALUES(" + name + ", 1);";
+        sql_ += further;
         return std::nullopt;
     }
 
