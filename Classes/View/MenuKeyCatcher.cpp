@@ -24,6 +24,17 @@ constexpr auto limit = 2s;
 constexpr auto untilFree = 10ms;
 constexpr platform::EventMask presses = 10; // left and right
 
+bool isText(const QEvent& event)
+{
+    if (event.type() == QEvent::InputMethod)
+        return true;
+    const auto& key = static_cast<const QKeyEvent&>(event);
+    const QString text = key.text();
+    return key.key() == Qt::Key_Backspace
+        || (!text.isEmpty() && text.front().isPrint()
+            && !(key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)));
+}
+
 } // namespace
 
 MenuKeyCatcher::MenuKeyCatcher(platform::WindowServer& windowServer, platform::EventMonitors& eventMonitors)
@@ -48,13 +59,17 @@ void MenuKeyCatcher::start(QWidget& window)
     if (window_ == &window || !window.windowHandle())
         return;
     letGo();
+    keys_.clear(); // what an earlier request has left
     window_ = &window;
     window.setAttribute(Qt::WA_InputMethodEnabled);
     window.installEventFilter(this);
     window.windowHandle()->installEventFilter(this);
     pressesElsewhere_.startGlobal([self = QPointer(this)](const platform::InputEvent&) {
-        if (self)
-            self->drop();
+        if (!self)
+            return;
+        self->drop();
+        if (const auto tell = self->pressedElsewhere)
+            tell();
     });
     grab();
 }
@@ -88,11 +103,20 @@ void MenuKeyCatcher::handOver(QWidget& receiver)
 {
     limit_.cancel();
     const QPointer target(&receiver);
+    handingOver_ = true;
     // Before the keys are free, so that none overtakes them.
     for (const auto& key : std::exchange(keys_, {})) {
-        if (target && window_) // a key may have closed the menu
+        if (target && handingOver_) // a key may have closed the menu
             QCoreApplication::sendEvent(target, key.get());
     }
+    handingOver_ = false;
+    letGo();
+}
+
+void MenuKeyCatcher::keepTextOnly()
+{
+    limit_.cancel();
+    std::erase_if(keys_, [](const auto& key) { return !isText(*key); });
     letGo();
 }
 
@@ -100,6 +124,7 @@ void MenuKeyCatcher::drop()
 {
     limit_.cancel();
     keys_.clear();
+    handingOver_ = false;
     letGo();
 }
 

@@ -124,12 +124,12 @@ void MenubarMenuRenderer::catchKeys()
             statusItem_.button().highlight(false);
             closeWindow();
         };
-        // Without rows nobody knows for what the keys were meant; half of them would be worse than none.
+        keyCatcher_->pressedElsewhere = [this] { forgetPreviousActiveApp(); };
         keyCatcher_->limitReached = [this] {
             if (customWindow_)
                 windowDidBecomeKey();
             else
-                keyCatcher_->drop();
+                keyCatcher_->keepTextOnly();
         };
     }
     keyCatcher_->start(*statusItem_.button().window());
@@ -315,7 +315,7 @@ void MenubarMenuRenderer::windowDidBecomeKey()
 {
     statusItem_.button().highlight(true);
     auto* list = customMenu();
-    if (!list || !keyCatcher_ || !keyCatcher_->isCatching())
+    if (!list || !keyCatcher_ || !keyCatcher_->holdsKeys())
         return;
     auto* focused = customWindow_->focusWidget(); // the search field, where there is one
     keyCatcher_->handOver(focused ? *focused : list->searchView());

@@ -230,14 +230,16 @@ TEST_F(MenubarMenuRendererTest, LetsGoOfTheKeyboardWhereNoMenuComes)
     };
     for (const auto& [what, end, highlighted] : cases) {
         press();
-        type(u"lost"_s);
+        type(QString::fromLatin1(what).left(2));
+        QTest::keyClick(bar(), Qt::Key_Down);
+        QTest::keyClick(bar(), Qt::Key_Return);
         end();
         EXPECT_FALSE(desktop.windowServer.keyboard) << what;
         EXPECT_EQ(button().isHighlighted(), highlighted) << what;
     }
     menu->showEntries(rows());
-    ASSERT_TRUE(waitFor([&] { return menu->customWindow()->isActiveWindow(); }));
-    EXPECT_EQ(list().searchView().text(), u""_s);
+    EXPECT_TRUE(waitFor([&] { return list().searchView().text() == u"no"_s; })) << "text waits for late rows";
+    EXPECT_TRUE(menu->customWindow()) << "commands do not";
 }
 
 TEST_F(MenubarMenuRendererTest, ClosesWithTheKeyboardOnlyWherePressesGoUnseen)
