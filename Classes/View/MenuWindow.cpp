@@ -55,10 +55,14 @@ void MenuWindow::matchSizeSteps(const QSize& size)
 bool MenuWindow::event(QEvent* event)
 {
     const bool done = QWidget::event(event);
-    if (event->type() == QEvent::WindowActivate)
+    if (event->type() == QEvent::WindowActivate) {
+        // A window manager that took the window into its frame meanwhile can leave Qt with a wrong idea of
+        // where it is.
+        place();
         Q_EMIT didBecomeKey();
-    else if (event->type() == QEvent::WindowDeactivate)
+    } else if (event->type() == QEvent::WindowDeactivate) {
         Q_EMIT didResignKey();
+    }
     return done;
 }
 
