@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/AES.h"
 #include "ToolKit/Data/Base64.h"
+#include "ToolKit/Data/CBCCipher.h"
 #include "ToolKit/Data/Digest.h"
 
 #include <QProcess>
@@ -53,9 +54,33 @@ int statusOfDecrypting(const QByteArray& data, const QString& key)
     return 0;
 }
 
+// SP 800-38A, F.2.5 and F.2.6; the published ciphertext ends before the block of padding.
+TEST(Ciphers, AgreeWithThePublishedVector)
+{
+    const auto key = QByteArray::fromHex("603deb1015ca71be2b73aef0857d77811f352c073b6108d72d9810a30914dff4");
+    const auto iv = QByteArray::fromHex("000102030405060708090a0b0c0d0e0f");
+    const auto plain
+        = QByteArray::fromHex("6bc1bee22e409f96e93d7e117393172aae2d8a571e03ac9c9eb76fac45af8e51"
+                              "30c81c46a35ce411e5fbc1191a0a52eff69f2445df4f9b17ad2b417be66c3710");
+    const auto sealed
+        = QByteArray::fromHex("f58c4c04d6e5f1ba779eabfb5f7bfbd69cfc4e967edb808d679f777bc6702c7d"
+                              "39f23369a9d9bacfa530e26304231461b2eb05e2c39be9fcda6c19078c6a9d1b");
+    SecretBytes secret(CBCCipher::keySize);
+    std::copy(key.begin(), key.end(), secret.data());
+    QByteArray out(80, '\0');
+    ASSERT_EQ(CBCCipher::crypt(CBCCipher::Direction::encrypt, secret, iv, plain, out.data()), 80);
+    EXPECT_EQ(out.first(64), sealed);
+    QByteArray back(80, '\0');
+    ASSERT_EQ(
+        CBCCipher::crypt(CBCCipher::Direction::decrypt, secret, iv, sealed + out.sliced(64), back.data()),
+        64);
+    EXPECT_EQ(back.first(64), plain);
+}
+
 TEST(Ciphers, AgreeWithTheOpensslCommandUnderKeysOfAnyLength)
 {
-    for (const QString& key : {QString(), u"a\0b"_s, QString(32, u'k'), QString(31, u'k') + u'ü'}) {
+    for (const QString& key : {QString(), u"a\0b"_s, QString(31, u'k'), QString(32, u'k'), QString(33, u'k'),
+             QString(31, u'k') + u'ü'}) {
         for (const qsizetype size : {0, 1, 15, 16, 17, 5000}) {
             const QByteArray plain = randomBytes(size);
             const QByteArray sealed = encrypt(plain, key);
@@ -185,9 +210,14 @@ TEST(Base64, IsReadStrictlyOrTolerantly)
     EXPECT_EQ(base64EncodedString("\xfb\xff"), u"+/8=");
 }
 
-TEST(Digests, AgreeWithTheOpensslCommand)
+TEST(Digests, AgreeWithThePublishedExamplesAndTheOpensslCommand)
 {
     EXPECT_EQ(sha256(u"abc").value(), u"ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(sha256(u"abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq").value(),
+        u"248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
+    EXPECT_EQ(sha512(u"abc").value(),
+        u"ddaf35a193617abacc417349ae20413112e6fa4e89a97ea20a9eeee64b55d39a"
+        "2192992a274fc1a836ba3c23a3feebbd454d4423643ce80e2a9ac94fa54ca49f");
     for (const qsizetype size : {0, 111, 100'000}) {
         const QByteArray data = randomBytes(size);
         EXPECT_EQ(digest(data, true), openssl({u"dgst"_s, u"-sha256"_s, u"-binary"_s}, data));
