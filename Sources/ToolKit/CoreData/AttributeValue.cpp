@@ -28,11 +28,11 @@ std::optional<AttributeValue> converted(const AttributeValue& value, AttributeTy
         return value;
     const auto* integer = std::get_if<qint64>(&value);
     if (integer && type == AttributeType::real)
-        return AttributeValue(static_cast<double>(*integer));
+        return std::make_optional<AttributeValue>(static_cast<double>(*integer));
     if (integer && type == AttributeType::boolean && (*integer == 0 || *integer == 1))
-        return AttributeValue(*integer == 1);
+        return std::make_optional<AttributeValue>(*integer == 1);
     if (const auto* boolean = std::get_if<bool>(&value); boolean && type == AttributeType::integer)
-        return AttributeValue(qint64{*boolean ? 1 : 0});
+        return std::make_optional<AttributeValue>(qint64{*boolean ? 1 : 0});
     return std::nullopt;
 }
 

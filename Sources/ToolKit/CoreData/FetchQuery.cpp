@@ -94,7 +94,7 @@ QByteArray FetchQuery::selection(const QByteArray& columns) const
     if (!isOverlaid_)
         return condition.isEmpty() ? file : file + " WHERE " + condition;
     const QByteArray further = condition.isEmpty() ? QByteArray() : " AND " + condition;
-    return file + " WHERE \"$id\" NOT IN (SELECT \"$id\" FROM temp." + table + ')' + further
+    return file + R"( WHERE "$id" NOT IN (SELECT "$id" FROM temp.)" + table + ')' + further
         + " UNION ALL SELECT " + columns + " FROM temp." + table + " WHERE NOT \"$gone\"" + further;
 }
 

@@ -38,8 +38,8 @@ struct PendingOverlay::Table {
                     + quoted(QStringLiteral("$index %1 %2").arg(i).arg(entity.name())) + " ON " + table + '('
                     + quoted(attribute.name) + ");";
         }
-        return "CREATE TABLE IF NOT EXISTS temp." + table + "(\"$id\" INTEGER PRIMARY KEY, \"$gone\""
-            + columns + ");" + indexes;
+        return "CREATE TABLE IF NOT EXISTS temp." + table + R"(("$id" INTEGER PRIMARY KEY, "$gone")" + columns
+            + ");" + indexes;
     }
 
     Failure write(const SQLiteDatabase& database, const ManagedRecord& record)

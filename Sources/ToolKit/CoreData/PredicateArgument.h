@@ -15,8 +15,8 @@ namespace quor::toolkit {
 class PredicateArgument final {
 public:
     template <std::convertible_to<AttributeValue> Value>
-    requires(!std::same_as<std::decay_t<Value>, const char*>) PredicateArgument(Value&& value)
-        : values_{AttributeValue(std::forward<Value>(value))}
+    requires(!std::same_as<Value, const char*>) PredicateArgument(Value value)
+        : values_{AttributeValue(std::move(value))}
     {
     }
     PredicateArgument(std::vector<AttributeValue> list)
