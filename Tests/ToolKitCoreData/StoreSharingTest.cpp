@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdio>
 #include <functional>
 #include <sys/wait.h>
 #include <thread>
@@ -22,6 +23,8 @@ protected:
         const pid_t child = ::fork();
         if (child == 0) {
             Context context(path(), taskModel(), std::chrono::seconds(60));
+            if (context.openError())
+                std::fputs(qPrintable(context.openError()->description + u'\n'), stderr);
             ::_exit(!context.openError() && work(context) ? 0 : 1);
         }
         return child;

@@ -45,10 +45,10 @@ AttributeValue ManagedObject::value(QStringView key) const
         const auto found = plainValue(*record_, key);
         return found == record_->plainValues.end() ? AttributeValue() : found->second;
     }
-    return ask(record_, AttributeValue(), [key](const ObjectGraph& graph, const ManagedRecord& record) {
-        const auto index = graph.entity(record).index(key);
-        return index ? record.values[*index] : AttributeValue();
-    });
+    const auto index = record_->graph->entity(*record_).index(key);
+    if (!index)
+        return {};
+    return record_->graph->queue().perform([&] { return record_->values[*index]; });
 }
 
 bool ManagedObject::setValue(const AttributeValue& value, QStringView key)

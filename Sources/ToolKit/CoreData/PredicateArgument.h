@@ -14,6 +14,11 @@ namespace quor::toolkit {
 /// What fills a place in a predicate's format: a value, or a list of values. A value; any thread.
 class PredicateArgument final {
 public:
+    /// An empty value.
+    PredicateArgument()
+        : values_(1)
+    {
+    }
     template <std::convertible_to<AttributeValue> Value>
     requires(!std::same_as<Value, const char*>) PredicateArgument(Value value)
         : values_{AttributeValue(std::move(value))}

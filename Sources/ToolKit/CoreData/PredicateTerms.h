@@ -27,7 +27,7 @@ struct PredicateComparison {
 
     QString key;
     Operator comparison = Operator::equal;
-    PredicateArgument argument = AttributeValue();
+    PredicateArgument argument;
 };
 
 /// A predicate as it was read: comparisons, and the SQL that stands between them.

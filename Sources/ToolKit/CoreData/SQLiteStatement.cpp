@@ -102,7 +102,10 @@ AttributeValue SQLiteStatement::value(int column, AttributeType type) const
     if (value.index() == static_cast<std::size_t>(type) + 1)
         return value;
     // The attribute had another type when this was written.
-    return converted(value, type).value_or(AttributeValue());
+    const auto fitting = converted(value, type);
+    if (!fitting)
+        return {};
+    return *fitting;
 }
 
 qint64 SQLiteStatement::integer(int column) const

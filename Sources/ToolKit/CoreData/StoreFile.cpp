@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/CoreData/StoreFile.h"
 
+#include "ToolKit/CoreData/SQLiteTransaction.h"
 #include "ToolKit/CoreData/StoreModel.h"
 
 #include <QFile>
@@ -104,6 +105,10 @@ Failure StoreFile::recognise()
     qint64 application = 0;
     qint64 version = 0;
     qint64 tables = 0;
+    // Of one moment: another process may be making the store just now.
+    SQLiteTransaction moment(database_);
+    if (auto failure = moment.beginReading())
+        return failure;
     if (auto failure = number(database_, "PRAGMA application_id", application))
         return failure;
     if (auto failure = number(database_, "PRAGMA user_version", version))
