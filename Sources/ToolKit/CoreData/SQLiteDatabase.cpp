@@ -104,7 +104,7 @@ SQLiteStatement SQLiteDatabase::prepare(const QByteArray& sql) const
 SQLiteStatement& SQLiteDatabase::cached(const QByteArray& sql)
 {
     const auto found = statements_.find(sql);
-    if (found != statements_.end()) {
+    if (found != statements_.end() && found->second.isPrepared()) { // what failed once may do now
         found->second.reset();
         return found->second;
     }

@@ -20,6 +20,9 @@ class SQLiteStatement final {
 public:
     SQLiteStatement(sqlite3* database, const QByteArray& sql);
 
+    /// False where `step` will say why.
+    [[nodiscard]] bool isPrepared() const { return statement_ != nullptr; }
+
     /// Parameters count from 1. Bytes are not copied: the value must last until the next `reset`.
     void bind(int parameter, const AttributeValue& value);
 
