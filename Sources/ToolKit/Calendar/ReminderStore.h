@@ -26,7 +26,6 @@ public:
     using Reminders = std::vector<std::shared_ptr<Reminder>>;
 
     explicit ReminderStore(EventStoreOptions options = {});
-    ~ReminderStore() = default;
 
     /// The calendars that hold reminders, by source.
     [[nodiscard]] Calendars reminderCalendars() const;
