@@ -36,6 +36,12 @@ void AttributedString::append(const AttributedString& other)
         appendRun(run.length, run.format);
 }
 
+void AttributedString::append(QStringView string, const QTextCharFormat& attributes)
+{
+    string_ += string;
+    appendRun(string.size(), attributes);
+}
+
 void AttributedString::appendRun(qsizetype length, const QTextCharFormat& attributes)
 {
     if (length <= 0)

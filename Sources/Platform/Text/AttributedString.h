@@ -65,6 +65,8 @@ public:
 
     /// Puts `other` behind this text, with its attributes. The paragraph style stays this text's.
     void append(const AttributedString& other);
+    /// `string` must not be a view of this text.
+    void append(QStringView string, const QTextCharFormat& attributes);
 
     /// Lays `attributes` over those that the range has already; the others of the range stay.
     void addAttributes(const QTextCharFormat& attributes, TextRange range);
