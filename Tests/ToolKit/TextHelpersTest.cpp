@@ -20,6 +20,8 @@ TEST(StringHelpers, KeepWhatFitsIntoAFileNameOrAnIdentifier)
         << "under an accent, too";
     EXPECT_EQ(asciiAlphanumerics(u"Größe 12!? …Привет日本Ⅷ½"_s + accented + half + u"b"_s + family),
         u"Grosse12PrivetribenVIII12eb");
+    EXPECT_EQ(asciiAlphanumerics(u"Größe Ωμέγα, "_s.repeated(100)), u"GrosseOmega"_s.repeated(100));
+    EXPECT_EQ(asciiAlphanumerics((accented + u'Ж').repeated(500)), u"eZ"_s.repeated(500)) << "with no blank";
 }
 
 TEST(StringHelpers, NeverCutACharacter)

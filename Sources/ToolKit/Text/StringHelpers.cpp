@@ -41,6 +41,21 @@ const icu::Transliterator* toAscii()
     return transliterator.get(); // NOLINT(clang-analyzer-cplusplus.NewDelete)
 }
 
+/// How much of `text` is spelled at once: ICU takes a time that grows with the square of it. The spelling of
+/// a letter depends on its neighbours, so it ends behind a blank, or at least not within a character.
+qsizetype firstPart(QStringView text)
+{
+    constexpr qsizetype mostAtOnce = 200;
+    if (text.size() <= mostAtOnce)
+        return text.size();
+    for (qsizetype at = mostAtOnce; at > 0; --at) {
+        if (text[at - 1].isSpace())
+            return at;
+    }
+    const auto characters = GraphemeClusters::characters(text.first(mostAtOnce));
+    return characters.size() > 1 ? mostAtOnce - characters.back().size() : mostAtOnce;
+}
+
 bool isAsciiAlphanumeric(QChar character)
 {
     return (character >= u'0' && character <= u'9') || (character >= u'A' && character <= u'Z')
@@ -71,9 +86,15 @@ QString asciiAlphanumerics(const QString& text)
     const icu::Transliterator* transliterator = toAscii();
     if (!transliterator)
         return {};
-    icu::UnicodeString spelled = icuText(text);
-    transliterator->transliterate(spelled);
-    return qtText(spelled).removeIf([](QChar character) { return !isAsciiAlphanumeric(character); });
+    QString result;
+    for (QStringView rest = text; !rest.isEmpty();) {
+        const qsizetype size = firstPart(rest);
+        icu::UnicodeString spelled = icuText(rest.first(size));
+        transliterator->transliterate(spelled);
+        result += qtText(spelled).removeIf([](QChar character) { return !isAsciiAlphanumeric(character); });
+        rest = rest.sliced(size);
+    }
+    return result;
 }
 
 QString inserting(const QString& text, const QString& separator, qsizetype n)
