@@ -61,7 +61,7 @@ TEST(DistanceFormatter, ReadsUnitsInTheUsersWordsAndInEnglish)
              {"de_DE", "3 miles", 3 * mile}, {"de_DE", "1 Meile", mile}, {"fr_FR", "1 234,5 mètres", 1234.5},
              {"ja_JP", "５㎞", 5000}, {"en_US", "5kilometres", 5000}, {"en_US", "1,000 ft", 304.8},
              {"en_US", "1 foot", 0.3048}, {"en_US", "3 yards", 2.7432}, {"en_US", "7 m", 7},
-             {"en_US", ".5 mi", mile / 2}})
+             {"en_US", ".5 mi", mile / 2}, {"en_US", "5'", 1.524}, {"he_IL", "5 ק\"מ", 5000}})
         EXPECT_NEAR(DistanceFormatter(QString::fromLatin1(c.locale)).distance(QString::fromUtf8(c.text)),
             c.meters, 1e-6)
             << c.locale << ' ' << c.text;
@@ -93,10 +93,13 @@ TEST(LocaleFacts, AreToldOfAnyIdentifier)
     };
     for (const Case& c :
         {Case{u"de_AT"_s, true, "de", "AT"}, {u"fr"_s, true, "en", "DE"}, {u"en-GB"_s, false, "en", "GB"},
-            {u"zh_Hant_TW"_s, true, "en", "TW"}, {u"no locale at all!"_s, false, "en", "DE"}}) {
+            {u"zh_Hant_TW"_s, true, "en", "TW"}, {u"no locale at all!"_s, false, "en", "DE"},
+            {u"root"_s, false, "en", "DE"}, {u"de_DE_"_s + QString(3000, u'a'), false, "en", "DE"},
+            {u"en_US@measure=metric"_s, true, "en", "US"}, {u"de-DE-u-ms-ussystem"_s, false, "de", "DE"}}) {
         EXPECT_EQ(usesMetricSystem(c.identifier), c.isMetric) << qPrintable(c.identifier);
         EXPECT_EQ(languageCodeOrEnglish(c.identifier).toStdString(), c.language) << qPrintable(c.identifier);
         EXPECT_EQ(countryCodeOrDefault(c.identifier).toStdString(), c.country) << qPrintable(c.identifier);
+        EXPECT_EQ(DistanceFormatter(c.identifier).distance(u"2"_s), c.isMetric ? 2000 : 2 * mile);
     }
     EXPECT_EQ(localeIdentifier(QLocale(QLocale::Chinese, QLocale::Taiwan)), u"zh_Hant_TW");
     EXPECT_EQ(countryCodeOrDefault(localeIdentifier(QLocale(u"fr_FR"_s))), u"FR");

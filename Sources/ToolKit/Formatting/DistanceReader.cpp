@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Formatting/DistanceReader.h"
 
+#include "ToolKit/Formatting/ICULocale.h"
+
 #include <unicode/normalizer2.h>
 #include <unicode/numfmt.h>
 #include <unicode/plurrule.h>
@@ -20,12 +22,7 @@ namespace {
 constexpr double unreadable = -1;
 constexpr qsizetype longestText = 1000; // more than anybody types, and than any finite number needs
 
-icu::Locale icuLocale(const QString& identifier)
-{
-    return icu::Locale::createCanonical(identifier.toLatin1().constData());
-}
-
-// Case, width, digits and kind of blanks do not matter, and marks that nobody sees are dropped.
+// Case, width, digits and kind of blanks and quotes do not matter, and marks that nobody sees are dropped.
 QString folded(const QString& text)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -42,7 +39,8 @@ QString folded(const QString& text)
         result += digit < 0 ? QChar::fromUcs4(static_cast<char32_t>(character))
                             : QChar::fromUcs4(U'0' + static_cast<char32_t>(digit));
     }
-    return result.simplified();
+    // As keyboards have them: feet, and abbreviations in Hebrew.
+    return result.replace(u'\u2032', u'\'').replace(u'\u05F4', u'"').simplified();
 }
 
 /// One number or two of each plural form of the language.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Formatting/LengthFormatter.h"
 
+#include "ToolKit/Formatting/ICULocale.h"
+
 #include <unicode/measunit.h>
 #include <unicode/numberformatter.h>
 
@@ -65,14 +67,14 @@ public:
 };
 
 LengthFormatter::LengthFormatter(const QString& localeIdentifier, LengthUnit unit, LengthWidth width)
-    : format_(std::make_unique<Format>(Format{icu::number::NumberFormatter::withLocale(
-        icu::Locale::createCanonical(localeIdentifier.toLatin1().constData()))
-                                                  .unit(icuUnit(unit))
-                                                  .unitWidth(icuWidth(width))
-                                                  .grouping(UNUM_GROUPING_OFF)
-                                                  .precision(icu::number::Precision::maxFraction(2))
-                                                  .roundingMode(UNUM_ROUND_HALFEVEN)
-                                                  .sign(UNUM_SIGN_NEGATIVE)}))
+    : format_(
+        std::make_unique<Format>(Format{icu::number::NumberFormatter::withLocale(icuLocale(localeIdentifier))
+                                            .unit(icuUnit(unit))
+                                            .unitWidth(icuWidth(width))
+                                            .grouping(UNUM_GROUPING_OFF)
+                                            .precision(icu::number::Precision::maxFraction(2))
+                                            .roundingMode(UNUM_ROUND_HALFEVEN)
+                                            .sign(UNUM_SIGN_NEGATIVE)}))
 {
 }
 

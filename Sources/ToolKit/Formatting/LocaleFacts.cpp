@@ -1,23 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Formatting/LocaleFacts.h"
 
+#include "ToolKit/Formatting/ICULocale.h"
+
 #include <QStringList>
 
-#include <unicode/locid.h>
 #include <unicode/ulocdata.h>
+
+#include <cstring>
+#include <string>
 
 using namespace Qt::StringLiterals;
 
 namespace quor::toolkit {
-
-namespace {
-
-icu::Locale localeOf(const QString& identifier)
-{
-    return icu::Locale::createCanonical(identifier.toLatin1().constData());
-}
-
-} // namespace
 
 QString localeIdentifier(const QLocale& locale)
 {
@@ -26,29 +21,38 @@ QString localeIdentifier(const QLocale& locale)
     QStringList parts{QLocale::languageToCode(locale.language()), QLocale::scriptToCode(locale.script()),
         QLocale::territoryToCode(locale.territory())};
     parts.removeAll(QString());
-    return parts.join(u'_');
+    const QString identifier = parts.join(u'_');
+    // The user's settings may ask for another system than the region's (LC_MEASUREMENT).
+    const auto system = locale.measurementSystem();
+    if (system == QLocale(locale.language(), locale.script(), locale.territory()).measurementSystem())
+        return identifier;
+    return identifier + (system == QLocale::MetricSystem ? "@measure=metric"_L1 : "@measure=ussystem"_L1);
 }
 
 bool usesMetricSystem(const QString& identifier)
 {
-    const icu::Locale locale = localeOf(identifier);
-    UErrorCode status = U_ZERO_ERROR;
+    const icu::Locale locale = icuLocale(identifier);
     // ICU answers for its own default where it is asked about none.
-    if (locale.isBogus() || identifier.isEmpty())
+    if (locale.isBogus() || std::strlen(locale.getName()) == 0)
         return false;
+    UErrorCode status = U_ZERO_ERROR;
+    const auto chosen = locale.getKeywordValue<std::string>("measure", status);
+    if (U_SUCCESS(status) && !chosen.empty())
+        return chosen == "metric";
+    status = U_ZERO_ERROR;
     const auto system = ulocdata_getMeasurementSystem(locale.getName(), &status);
     return U_SUCCESS(status) && system == UMS_SI;
 }
 
 QString languageCodeOrEnglish(const QString& identifier)
 {
-    const auto language = QString::fromLatin1(localeOf(identifier).getLanguage());
+    const auto language = QString::fromLatin1(icuLocale(identifier).getLanguage());
     return language == "de"_L1 ? language : u"en"_s;
 }
 
 QString countryCodeOrDefault(const QString& identifier)
 {
-    const auto country = QString::fromLatin1(localeOf(identifier).getCountry());
+    const auto country = QString::fromLatin1(icuLocale(identifier).getCountry());
     return country.isEmpty() ? u"DE"_s : country;
 }
 
