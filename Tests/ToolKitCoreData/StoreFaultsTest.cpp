@@ -157,6 +157,26 @@ TEST_F(StoreFaultsTest, SurvivesACorruptFile)
     EXPECT_TRUE(context->fetch<Task>().empty());
 }
 
+TEST_F(StoreFaultsTest, WritesIntoNoFileThatIsLost)
+{
+    auto context = open(std::chrono::milliseconds::max());
+    for (const char* const count : {"NULL", "0", "4611686018427387904", "9223372036854775807", "'x'"}) {
+        ASSERT_EQ(run(QByteArray("UPDATE \"$entity\" SET next = ").append(count)), SQLITE_OK);
+        add(*context, u"1"_s);
+        EXPECT_EQ(context->save().error->kind, Kind::corrupt) << count;
+    }
+    ASSERT_EQ(run("UPDATE \"$entity\" SET next = 1"), SQLITE_OK);
+    for (const bool isReplaced : {false, true}) {
+        const QString there = path() + QString::number(isReplaced);
+        ASSERT_TRUE(QFile::rename(path(), there) && (!isReplaced || QFile::copy(there, path())));
+        EXPECT_EQ(context->save().error->kind, Kind::cannotOpen) << isReplaced;
+        QFile::remove(path());
+        ASSERT_TRUE(QFile::rename(there, path()));
+    }
+    EXPECT_TRUE(context->save()) << "all is where it was";
+    EXPECT_EQ(open()->count<Task>(), 5);
+}
+
 TEST_F(StoreFaultsTest, GrowsWithTheEntitiesInCode)
 {
     const QString odd = u"a \"b\" 'c'; ?1"_s;

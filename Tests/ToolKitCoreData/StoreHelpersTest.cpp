@@ -104,6 +104,8 @@ TEST_F(StoreHelpersTest, AnswersByIdentifierAndWithNothingForWhatIsUnknown)
         EXPECT_FALSE(context->fetchObject(name, u"a"_s)) << name.toStdString();
         EXPECT_TRUE(context->fetchObjects(name).empty() && !context->insertObject(name).isAttached());
     }
+    EXPECT_FALSE(context->fetchSingleton<Task>(QString(QChar(0xDC00))).isAttached())
+        << "no such text is kept";
     EXPECT_TRUE(context->fetch<Unknown>().empty() && context->count<Unknown>() == 0);
     auto plain = context->fetchSingleton<Unknown>(u"x"_s);
     EXPECT_FALSE(plain.isAttached() || !isEmpty(plain.value(u"uniqueID")));

@@ -61,6 +61,8 @@ TEST_F(StoreTest, FindsByPredicatesWithPendingChangesAsIfTheyWereSaved)
             {u"a"_s, u"b"_s}},
         {Predicate::all({}), {u"a"_s, u"b"_s, u"c"_s, u"B%_"_s, u"-"_s}}, {Predicate::any({}), {}},
         {Predicate::all({Predicate(u"count=%@ or count=%@", {1, 3}), Predicate(u"count>%@", {1})}), {u"c"_s}},
+        {Predicate(u"name IN %@", {std::vector<AttributeValue>{{}, u"c"_s}}), {u"c"_s, u"-"_s}},
+        {Predicate::any(std::vector(1500, Predicate(u"count=%@", {3}))), {u"c"_s}},
         {Predicate(deep(20), {2}), {u"b"_s}},
         // What cannot be asked finds nothing.
         {Predicate(deep(21), {2}), {}}, {Predicate(u""), {}}, {Predicate(u"name"), {}},
@@ -69,7 +71,9 @@ TEST_F(StoreTest, FindsByPredicatesWithPendingChangesAsIfTheyWereSaved)
         {Predicate(u"count == %@", {1, 2}), {}}, {Predicate(u"count IN %@", {1}), {}},
         {Predicate(u"count == %@", {QStringList{u"1"_s}}), {}}, {Predicate(u"none == %@", {1}), {}},
         {Predicate(u"count == %@", {u"1"_s}), {}}, {Predicate(u"1=1 OR count == %@", {1}), {}},
-        {Predicate(u"count CONTAINS %@", {1}), {}}, {Predicate(u"\"count\" == %@", {1}), {}}};
+        {Predicate(u"rate == %@", {std::nan("")}), {}},
+        {Predicate(u"name != %@", {QString(QChar(0xD800))}), {}}, {Predicate(u"count CONTAINS %@", {1}), {}},
+        {Predicate(u"\"count\" == %@", {1}), {}}};
     auto context = open();
     const auto agree = [&](const char* when) {
         int number = 0;

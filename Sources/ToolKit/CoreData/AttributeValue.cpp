@@ -5,8 +5,6 @@
 
 namespace quor::toolkit {
 
-namespace {
-
 bool isStorable(const AttributeValue& value)
 {
     if (const auto* text = std::get_if<QString>(&value))
@@ -17,8 +15,6 @@ bool isStorable(const AttributeValue& value)
         return !std::isnan(platform::secondsSince1970(*date));
     return true;
 }
-
-} // namespace
 
 std::optional<AttributeValue> converted(const AttributeValue& value, AttributeType type)
 {

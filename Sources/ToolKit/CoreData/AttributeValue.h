@@ -23,9 +23,12 @@ using AttributeValue
     return value.index() == 0;
 }
 
+/// Not so NaN, and text with half a surrogate pair.
+[[nodiscard]] bool isStorable(const AttributeValue& value);
+
 /// The value as an attribute of this type holds it. Integers turn into reals, and booleans and integers
 /// into each other where nothing is lost (0 and 1); empty stays empty. Nothing for every other type, and
-/// for what has no stored form: NaN, and text with half a surrogate pair.
+/// for what is not storable.
 [[nodiscard]] std::optional<AttributeValue> converted(const AttributeValue& value, AttributeType type);
 
 } // namespace quor::toolkit

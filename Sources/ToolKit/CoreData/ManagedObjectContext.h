@@ -84,7 +84,8 @@ public:
     [[nodiscard]] std::vector<ManagedObject> deletedObjects() const; ///< those that are in the file
 
     /// Writes all changes in one transaction, which is on the disk on return; a file without changes is not
-    /// touched. After a failure everything is pending as before, and a later save tries again.
+    /// touched. After a failure everything is pending as before, and a later save tries again. A file that
+    /// was removed or replaced since it was opened is not written any more.
     SaveOutcome save();
 
     /// Drops all changes since the last save. Records inserted since are deleted for good.
@@ -149,7 +150,7 @@ public:
     /// The one record with that "uniqueID", made if there is none; without an identifier, the one record of
     /// the class. Where there are several, as when two devices made the same one, all but the one whose
     /// identity has the last URI are deleted, which a line in the error log tells. Nothing of this is saved
-    /// yet. A plain record for an unknown entity.
+    /// yet. A plain record for an unknown entity, and for an identifier that is not storable.
     template <RecordClass Record>
     [[nodiscard]] Record fetchSingleton(const std::optional<QString>& uniqueIdentifier = std::nullopt)
     {

@@ -3,9 +3,31 @@
 
 #include "ToolKit/CoreData/PredicateReader.h"
 
+#include <span>
 #include <utility>
 
 namespace quor::toolkit {
+
+namespace {
+
+/// By halves: SQLite reads a thousand operators in a row, and no more.
+void append(std::span<const Predicate> predicates, const char* by, PredicateTerms& all)
+{
+    all.terms.emplace_back(QByteArray("("));
+    if (predicates.size() == 1) {
+        const PredicateTerms& one = predicates.front().terms();
+        all.terms.insert(all.terms.end(), one.terms.begin(), one.terms.end());
+        if (all.error.isEmpty())
+            all.error = one.error;
+    } else {
+        append(predicates.first(predicates.size() / 2), by, all);
+        all.terms.emplace_back(QByteArray(by));
+        append(predicates.subspan(predicates.size() / 2), by, all);
+    }
+    all.terms.emplace_back(QByteArray(")"));
+}
+
+} // namespace
 
 Predicate::Predicate(QStringView format, const std::vector<PredicateArgument>& arguments)
     : Predicate(PredicateReader(format, arguments).read())
@@ -30,16 +52,10 @@ Predicate Predicate::any(const std::vector<Predicate>& predicates)
 Predicate Predicate::joined(const std::vector<Predicate>& predicates, const char* by, const char* ofNone)
 {
     PredicateTerms all;
-    for (const Predicate& predicate : predicates) {
-        all.terms.emplace_back(QByteArray(all.terms.empty() ? "(" : by));
-        all.terms.emplace_back(QByteArray("("));
-        const auto& terms = predicate.terms().terms;
-        all.terms.insert(all.terms.end(), terms.begin(), terms.end());
-        all.terms.emplace_back(QByteArray(")"));
-        if (all.error.isEmpty())
-            all.error = predicate.error();
-    }
-    all.terms.emplace_back(QByteArray(predicates.empty() ? ofNone : ")"));
+    if (predicates.empty())
+        all.terms.emplace_back(QByteArray(ofNone));
+    else
+        append(predicates, by, all);
     return Predicate(std::move(all));
 }
 

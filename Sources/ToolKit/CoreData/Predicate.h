@@ -25,13 +25,14 @@ struct PredicateTerms;
 /// key takes it from the arguments, for names with other characters than letters, digits and "_".
 ///
 /// An empty value equals an empty one, and is neither less nor greater than any. A comparison with a value
-/// of another type than the attribute's makes a fetch fail; integers and reals compare. A value; immutable;
-/// any thread.
+/// of another type than the attribute's, with NaN or half a surrogate pair makes a fetch fail; integers and
+/// reals compare. A value; immutable; any thread.
 class Predicate final {
 public:
     explicit Predicate(QStringView format, const std::vector<PredicateArgument>& arguments = {});
 
-    /// All or any of them hold. Of none: `all` is true, `any` is false.
+    /// All or any of them hold, however many. Of none: `all` is true, `any` is false. Ten of these may stand
+    /// in each other; a fetch by many more fails.
     [[nodiscard]] static Predicate all(const std::vector<Predicate>& predicates);
     [[nodiscard]] static Predicate any(const std::vector<Predicate>& predicates);
 

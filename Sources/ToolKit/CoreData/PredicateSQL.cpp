@@ -22,7 +22,8 @@ bool isNumber(std::size_t index)
 bool isComparable(const AttributeValue& value, AttributeType type)
 {
     const std::size_t wanted = static_cast<std::size_t>(type) + 1;
-    return isEmpty(value) || value.index() == wanted || (isNumber(value.index()) && isNumber(wanted));
+    return isEmpty(value)
+        || (isStorable(value) && (value.index() == wanted || (isNumber(value.index()) && isNumber(wanted))));
 }
 
 bool isSearchable(AttributeType type)
@@ -93,9 +94,14 @@ Failure PredicateSQL::read(const PredicateComparison& comparison, const EntityDe
     const bool fits = std::all_of(
         values.begin(), values.end(), [type](const auto& value) { return isComparable(value, type); });
     if (!fits || (isSearch && !isSearchable(type)))
-        return invalid(QStringLiteral("\"%1\" is compared with a value of another type").arg(comparison.key));
+        return invalid(
+            QStringLiteral("\"%1\" is compared with a value that it cannot hold").arg(comparison.key));
     const QByteArray value = comparison.argument.isList() ? parameters(values) : parameter(values.front());
-    condition_ += comparisonSQL(comparison.comparison, quoted(comparison.key), value);
+    const QByteArray column = quoted(comparison.key);
+    const QByteArray sql = comparisonSQL(comparison.comparison, column, value);
+    const bool isEmptyListed
+        = comparison.argument.isList() && std::any_of(values.begin(), values.end(), isEmpty);
+    condition_ += isEmptyListed ? '(' + sql + " OR " + column + " IS NULL)" : sql;
     return std::nullopt;
 }
 

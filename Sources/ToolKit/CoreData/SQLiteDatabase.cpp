@@ -90,6 +90,13 @@ bool SQLiteDatabase::isReadOnly() const
     return sqlite3_db_readonly(connection_.get(), "main") != 0;
 }
 
+bool SQLiteDatabase::hasMoved() const
+{
+    int hasMoved = 0;
+    sqlite3_file_control(connection_.get(), "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    return hasMoved != 0;
+}
+
 SQLiteDatabase::Failure SQLiteDatabase::run(const QByteArray& sql)
 {
     const int result = sqlite3_exec(connection_.get(), sql.constData(), nullptr, nullptr, nullptr);

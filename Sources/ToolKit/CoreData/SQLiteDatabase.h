@@ -29,6 +29,9 @@ public:
     [[nodiscard]] bool isOpen() const { return connection_ != nullptr; }
     [[nodiscard]] bool isReadOnly() const;
 
+    /// The file was removed, or another was put in its place: what is written would be lost.
+    [[nodiscard]] bool hasMoved() const;
+
     /// Runs statements that give no rows.
     [[nodiscard]] Failure run(const QByteArray& sql);
 

@@ -51,6 +51,9 @@ Failure SaveTransaction::write()
     SQLiteTransaction transaction(database_);
     if (auto failure = transaction.beginWriting())
         return failure;
+    if (database_.hasMoved())
+        return StoreError{
+            StoreError::Kind::cannotOpen, QStringLiteral("the file was removed or replaced"), 0};
     if (auto failure = reserveNumbers())
         return failure;
     if (auto failure = insertAll())
@@ -79,11 +82,12 @@ Failure SaveTransaction::reserveNumbers()
         statement.bind(1, count);
         statement.bind(2, graph_.entities()[entity].name());
         const int result = statement.step();
-        if (result == SQLITE_DONE)
-            return StoreError{StoreError::Kind::corrupt, QStringLiteral("the store has lost count"), 0};
-        if (result != SQLITE_ROW)
+        if (result != SQLITE_ROW && result != SQLITE_DONE)
             return database_.error(result);
-        nextNumbers_[entity] = statement.integer(0);
+        const qint64 next = result == SQLITE_ROW ? statement.integer(0) : 0;
+        if (next < 1 || next > ObjectGraph::firstTemporary - count)
+            return StoreError{StoreError::Kind::corrupt, QStringLiteral("the store has lost count"), 0};
+        nextNumbers_[entity] = next;
         if (auto failure = database_.finish(statement))
             return failure;
     }

@@ -8,7 +8,7 @@ namespace quor::toolkit {
 /// Why a store could not be opened, read or written. The text is in English, for a log or a developer.
 struct StoreError {
     enum class Kind {
-        cannotOpen, ///< no such folder, no permission, no regular file
+        cannotOpen, ///< no such folder, no permission, no regular file; or it has gone since
         notAStore, ///< a file of something else, or of a later version of this library
         invalidModel, ///< the entities in code cannot be tables: names twice, empty or reserved
         invalidRequest, ///< an unknown entity or attribute, a malformed predicate

@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <fcntl.h>
@@ -14,6 +15,8 @@
 #include <sys/stat.h>
 #include <thread>
 #include <unistd.h>
+
+using namespace std::chrono_literals;
 
 namespace quor::toolkit {
 
@@ -39,8 +42,8 @@ Failure provideFile(const QString& path)
     }
     const int reason = errno;
     struct stat status { };
-    if (::stat(name.constData(), &status) != 0)
-        return cannotOpen(QString::fromLocal8Bit(std::strerror(reason)));
+    if (::stat(name.constData(), &status) != 0) // a link that leads nowhere is there, yet no file
+        return cannotOpen(QString::fromLocal8Bit(std::strerror(reason == EEXIST ? errno : reason)));
     if (!S_ISREG(status.st_mode))
         return cannotOpen(QStringLiteral("not a regular file"));
     return std::nullopt;
@@ -129,7 +132,9 @@ Failure StoreFile::journalAhead(std::chrono::milliseconds busyTimeout)
 {
     // The switch happens once in the life of a file, and does not always wait by itself. Where it is not to
     // be had, on some network drives, the ordinary journal serves.
-    const auto limit = std::chrono::steady_clock::now() + busyTimeout;
+    // At most for a day, since the longest of timeouts cannot be added to a moment.
+    const auto limit
+        = std::chrono::steady_clock::now() + std::min<std::chrono::milliseconds>(busyTimeout, 24h);
     while (true) {
         auto statement = database_.prepare("PRAGMA journal_mode = WAL");
         const int result = statement.step();

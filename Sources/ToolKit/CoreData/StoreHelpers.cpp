@@ -36,7 +36,7 @@ std::vector<ManagedObject> ManagedObjectContext::fetchObjects(
 ManagedObject ManagedObjectContext::fetchSingleton(
     const QString& entityName, const QString& className, const std::optional<QString>& uniqueIdentifier)
 {
-    if (!entity(entityName))
+    if (!entity(entityName) || (uniqueIdentifier && !isStorable(*uniqueIdentifier)))
         return {};
     std::optional<Predicate> predicate;
     if (uniqueIdentifier)
