@@ -37,7 +37,7 @@ public:
 
     /// Costs nothing: the first read looks at the disk.
     explicit EventStore(EventStoreOptions options = {});
-    /// What was not committed is lost. Waits for completions that are due, unless it is in one of them.
+    /// What was not committed is lost. Completions that are due still come.
     ~EventStore();
     EventStore(const EventStore&) = delete;
     EventStore& operator=(const EventStore&) = delete;
