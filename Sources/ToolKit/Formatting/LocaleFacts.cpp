@@ -21,12 +21,13 @@ QString localeIdentifier(const QLocale& locale)
     QStringList parts{QLocale::languageToCode(locale.language()), QLocale::scriptToCode(locale.script()),
         QLocale::territoryToCode(locale.territory())};
     parts.removeAll(QString());
-    const QString identifier = parts.join(u'_');
+    QString identifier = parts.join(u'_');
     // The user's settings may ask for another system than the region's (LC_MEASUREMENT).
     const auto system = locale.measurementSystem();
     if (system == QLocale(locale.language(), locale.script(), locale.territory()).measurementSystem())
         return identifier;
-    return identifier + (system == QLocale::MetricSystem ? "@measure=metric"_L1 : "@measure=ussystem"_L1);
+    identifier += system == QLocale::MetricSystem ? "@measure=metric"_L1 : "@measure=ussystem"_L1;
+    return identifier;
 }
 
 bool usesMetricSystem(const QString& identifier)
