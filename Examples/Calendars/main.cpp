@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+// Plans a month in a calendar of its own, in a temporary folder or in the one where yours are:
+//     example-calendars ~/.local/share/calendars
+#include <ToolKit/Calendar/CalendarStore.h>
+#include <ToolKit/Calendar/ReminderStore.h>
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QTimer>
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+// Sources and their calendars come as one list, each calendar behind its source.
+void listCalendars(const CalendarStore& store, QTextStream& out)
+{
+    for (const auto& entry : store.calendarSources()) {
+        if (const auto* source = std::get_if<CalendarStore::CalendarSource::Source>(&entry.value))
+            out << source->source.title << '\n';
+        else if (const auto* found = std::get_if<CalendarStore::CalendarSource::Calendar>(&entry.value))
+            out << "  " << found->calendar->title() << " (" << found->calendar->calendarIdentifier() << ")\n";
+    }
+}
+
+std::shared_ptr<EventCalendar> findOrCreate(CalendarStore& store, const QString& title)
+{
+    std::optional<EventSource> first;
+    for (const auto& entry : store.calendarSources()) {
+        if (const auto* source = std::get_if<CalendarStore::CalendarSource::Source>(&entry.value))
+            first = first.value_or(source->source);
+        else if (const auto* found = std::get_if<CalendarStore::CalendarSource::Calendar>(&entry.value);
+                 found && found->calendar->title() == title)
+            return found->calendar;
+    }
+    return first ? store.createCalendar(*first, title, QColor(0x44, 0x65, 0xf9)) : nullptr;
+}
+
+void plan(
+    CalendarStore& store, const QString& calendar, const QString& title, Date start, const QString& rule)
+{
+    const auto event = store.newEvent(calendar);
+    if (!event)
+        return;
+    event->setTitle(title);
+    event->setStartDate(start);
+    event->setEndDate(start + 45min);
+    event->setRecurrenceRule(rule); // for an event that happens once, none
+    store.saveEvent(event);
+}
+
+// A reminder store only reads. The event store below it writes them, too, and tells of failures.
+std::optional<EventStoreError> remind(const EventStoreOptions& options, const QString& title, Date due)
+{
+    EventStore store(options);
+    auto lists = store.calendars(EntityType::reminder);
+    if (lists.empty()) {
+        lists.push_back(store.newCalendar(EntityType::reminder));
+        lists.front()->setTitle(u"To do"_s);
+        lists.front()->setSource(store.sources().front());
+        if (auto error = store.saveCalendar(lists.front(), true))
+            return error;
+    }
+    const auto reminder = store.newReminder();
+    reminder->setCalendar(lists.front());
+    reminder->setTitle(title);
+    reminder->setDueDate(due);
+    return store.saveReminder(reminder, true);
+}
+
+QString text(Date date)
+{
+    const auto seconds = static_cast<qint64>(quor::platform::secondsSince1970(date));
+    return QDateTime::fromSecsSinceEpoch(seconds).toString(u"ddd yyyy-MM-dd hh:mm"_s);
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const QTemporaryDir folder;
+    EventStoreOptions options; // as they are, they name the user's own calendars
+    options.root = QCoreApplication::arguments().value(1, folder.path());
+    QTextStream out(stdout);
+
+    // Nothing is there before access was requested. Once it is granted, the answer comes at once.
+    CalendarStore store(options);
+    const auto calendar = store.requestAccess().result() ? findOrCreate(store, u"Quor"_s) : nullptr;
+    if (!calendar) {
+        QTextStream(stderr) << "no calendar in " << *options.root << '\n';
+        return 1;
+    }
+    listCalendars(store, out);
+
+    const Date start = quor::platform::dateFromSeconds(
+        static_cast<double>(QDate::currentDate().addDays(1).startOfDay().toSecsSinceEpoch()));
+    plan(store, calendar->calendarIdentifier(), u"Review"_s, start + 10h, u"FREQ=WEEKLY;COUNT=4"_s);
+    plan(store, calendar->calendarIdentifier(), u"Travel"_s, start + 15h, {});
+
+    // Both are written together, a second after the last of them. Whoever changes a calendar, this program
+    // or another one, the handler hears of it, once for a burst.
+    store.startObserving(0.1, [] { QCoreApplication::quit(); });
+    QTimer::singleShot(10s, [] { QCoreApplication::exit(1); });
+    if (QCoreApplication::exec() != 0) {
+        QTextStream(stderr) << "nothing was written to " << *options.root << '\n';
+        return 1;
+    }
+    store.stopObserving();
+
+    // A series comes as its single events.
+    for (const auto& event :
+        store.eventsFor(calendar->calendarIdentifier(), start, start + 31 * 24h).result())
+        out << text(event->startDate()) << "  " << event->title() << '\n';
+
+    if (const auto error = remind(options, u"Pack"_s, start + 14h)) {
+        QTextStream(stderr) << error->description() << '\n';
+        return 1;
+    }
+    ReminderStore reminders(options);
+    if (!reminders.requestAccess().result())
+        return 1;
+    for (const auto& reminder : reminders.remindersFor(start, start + 31 * 24h).result())
+        out << text(reminder->dueDate().value_or(start)) << "  to do: " << reminder->title() << '\n';
+    return 0;
+}
