@@ -30,8 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         std::memcpy(text.data(), content, static_cast<std::size_t>(length / 2) * 2);
     }
     quor::toolkit::MarkdownParser parser(text, {}, Qt::red, {}, quor::platform::Bundle(QString()));
-    using quor::test::MarkdownReference;
-    if (MarkdownReference::of(parser.parse()) != MarkdownReference(text).result())
+    if (quor::test::plainMarkdown(parser.parse()) != quor::test::markdownReference(text))
         std::abort();
     return 0;
 }

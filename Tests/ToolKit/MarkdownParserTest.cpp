@@ -15,7 +15,8 @@
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
 using quor::platform::Bundle;
-using quor::test::MarkdownReference;
+using quor::test::markdownReference;
+using quor::test::plainMarkdown;
 
 namespace {
 
@@ -100,7 +101,7 @@ TEST(MarkdownParser, TakesAttributesColorsAndIconsFromWhereTheyAre)
     EXPECT_FALSE(text.attributes(4).hasProperty(QTextFormat::ForegroundBrush));
 }
 
-TEST(MarkdownParser, AgreesWithThePatternsOnAnyText)
+TEST(MarkdownParser, AgreesWithThePatterns)
 {
     const QString pieces[] = {u"*"_s, u"**"_s, u"_"_s, u"__"_s, u"["_s, u"]("_s, u")"_s, u"![]("_s, u"!"_s,
         u"a"_s, u"ä."_s, u" "_s, u"\n"_s, u"\r\n"_s, u"\u2028"_s, u"\u000B"_s, u"😀"_s, u"\u0301-"_s,
@@ -110,28 +111,20 @@ TEST(MarkdownParser, AgreesWithThePatternsOnAnyText)
         QString text;
         for (auto left = random() % 24; left > 0; --left)
             text += pieces[random() % std::size(pieces)];
-        ASSERT_EQ(MarkdownReference::of(parserOf(text).parse()), MarkdownReference(text).result())
-            << text.toStdString();
+        ASSERT_EQ(plainMarkdown(parserOf(text).parse()), markdownReference(text)) << text.toStdString();
     }
-}
-
-TEST(MarkdownParser, AgreesWithThePatternsOnEveryCommonCharacter)
-{
-    for (const auto& frame : {u"[%1](b)"_s, u"[a](%1)"_s, u"![](%1)"_s, u"**%1**"_s}) {
-        for (char32_t first = 0; first < 0x20000; first += 0x80) {
-            QString text;
-            for (char32_t character = first; character < first + 0x80; ++character)
-                text += QString(frame).replace(u"%1"_s, QString::fromUcs4(&character, 1)) + u'\n';
-            const auto same = MarkdownReference::of(parserOf(text).parse());
-            ASSERT_EQ(same, MarkdownReference(text).result()) << static_cast<int>(first);
-        }
+    for (char32_t first = 0; first < 0x20000; first += 0x20) {
+        QString text;
+        for (char32_t character = first; character < first + 0x20; ++character)
+            text += u"[%1](b)[a](%1)![](%1)**%1**\n"_s.replace(u"%1"_s, QString::fromUcs4(&character, 1));
+        ASSERT_EQ(plainMarkdown(parserOf(text).parse()), markdownReference(text)) << text.toStdString();
     }
 }
 
 TEST(MarkdownParser, ALongTextTakesTimeInItsLengthOnly)
 {
     for (const auto& piece : {u"*"_s, u"_"_s, u"["_s, u"["_s + QString(1000, u'a'), u"![]("_s, u"**_"_s,
-             u"**\n"_s, u"**a__"_s, u"[a]("_s, u"[a](bc)"_s, u"\U0001F600**"_s}) {
+             u"**\n"_s, u"**a__"_s, u"[a]("_s, u"[a](bc)"_s, u"😀**"_s}) {
         QElapsedTimer time;
         time.start();
         EXPECT_FALSE(parserOf(piece.repeated((1 << 20) / piece.size())).parse().isEmpty());

@@ -64,11 +64,11 @@ QTextCharFormat linkFormat(const QString& address, const QColor& color)
 
 } // namespace
 
-MarkdownParser::MarkdownParser(QString originalString, QFont font, QColor color,
+MarkdownParser::MarkdownParser(QString originalString, const QFont& font, const QColor& color,
     QTextCharFormat defaultAttributes, platform::Bundle resources)
     : originalString_(std::move(originalString))
-    , font_(std::move(font))
-    , color_(std::move(color))
+    , font_(font)
+    , color_(color)
     , defaultAttributes_(std::move(defaultAttributes))
     , resources_(std::move(resources))
 {

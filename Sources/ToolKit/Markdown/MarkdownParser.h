@@ -21,8 +21,8 @@ public:
     /// `font` also gives the size of bold text and of icons, `color` also tints icons. Both win over
     /// `defaultAttributes`. Icons and the colour "AccentColor" are taken from `resources`; an icon
     /// that it does not have comes from the desktop's icon theme.
-    MarkdownParser(QString originalString, QFont font, QColor color, QTextCharFormat defaultAttributes = {},
-        platform::Bundle resources = platform::Bundle::main());
+    MarkdownParser(QString originalString, const QFont& font, const QColor& color,
+        QTextCharFormat defaultAttributes = {}, platform::Bundle resources = platform::Bundle::main());
     virtual ~MarkdownParser() = default;
     MarkdownParser(const MarkdownParser&) = delete;
     MarkdownParser& operator=(const MarkdownParser&) = delete;
