@@ -9,6 +9,7 @@
 #include <array>
 #include <limits>
 #include <thread>
+#include <vector>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
@@ -115,6 +116,21 @@ TEST_F(DateOperationsTest, ComparesAndCounts)
             from, to, [&](Date day) { EXPECT_EQ(day, noon(adding(from, seen++, DurationInterval::day))); });
         EXPECT_EQ(seen, std::max(c.days, 0));
     }
+}
+
+TEST_F(DateOperationsTest, CountsOnWhereNoonOrTheFirstMidnightOfAMonthIsSkipped)
+{
+    setCalendar(calendarOf("de_DE", "Africa/Casablanca"));
+    const Date day = date(u"1967-06-03T00:00:00Z"_s);
+    const Date next = day + std::chrono::days(1);
+    EXPECT_EQ(daysBetween(day, next), 1);
+    EXPECT_EQ(numberOfDays(next, day), 0);
+    std::vector<Date> noons;
+    forEachDay(day, next, [&](Date noon) { noons.push_back(noon); });
+    EXPECT_EQ(noons, (std::vector{date(u"1967-06-03T12:00:00Z"_s), date(u"1967-06-04T11:00:00Z"_s)}));
+    setCalendar(calendarOf("de_DE", "Africa/Algiers"));
+    for (int again = 0; again < 2; ++again)
+        EXPECT_EQ(endOfMonth(date(u"1981-05-02T12:00:00Z"_s)), date(u"1981-05-31T22:59:59Z"_s));
 }
 
 TEST_F(DateOperationsTest, Adds)

@@ -177,6 +177,8 @@ std::optional<Calendar::Range> Calendar::daysOfMonth(Date date) const
     if (!calendar || !moment)
         return std::nullopt;
     UErrorCode status = U_ZERO_ERROR;
+    // ICU looks at the first midnight of the month, and where that is skipped must not fall before it.
+    calendar->setSkippedWallTimeOption(UCAL_WALLTIME_NEXT_VALID);
     calendar->setTime(*moment, status);
     const int first = calendar->getActualMinimum(UCAL_DATE, status);
     const int last = calendar->getActualMaximum(UCAL_DATE, status);

@@ -147,6 +147,7 @@ std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate 
         return U_SUCCESS(status) ? std::optional(result) : std::nullopt;
     }
     // Years of twelve or thirteen months: ICU finds it by halving.
+    calendar.setSkippedWallTimeOption(UCAL_WALLTIME_LAST);
     calendar.setTime(from, status);
     const int result = calendar.fieldDifference(to, unitFacts.field, status);
     return U_SUCCESS(status) ? std::optional<qint64>(result) : std::nullopt;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Dates/DateOperations.h"
 
+#include <chrono>
 #include <optional>
 
 namespace quor::toolkit {
@@ -21,6 +22,9 @@ std::optional<Date> noonOf(const Calendar& calendar, Date date)
     return calendar.date(*components);
 }
 
+/// A noon that clocks skip comes later, and that must cost no day.
+constexpr std::chrono::hours noonsApart{3};
+
 /// Noon stands for its day: the start of a day may come later than midnight, and a day would be missing.
 std::optional<int> difference(
     Unit unit, Date date, Date other, std::optional<int> platform::DateComponents::*field)
@@ -28,7 +32,10 @@ std::optional<int> difference(
     const Calendar common = calendar();
     const auto from = noonOf(common, date);
     const auto to = noonOf(common, other);
-    const auto found = from && to ? common.difference({unit}, *from, *to) : std::nullopt;
+    if (!from || !to)
+        return std::nullopt;
+    const bool isLate = date < other && common.components(*from)->hour != 12;
+    const auto found = common.difference({unit}, *from, isLate ? *to + noonsApart : *to);
     return found ? (*found).*field : std::nullopt;
 }
 
@@ -92,9 +99,11 @@ void forEachDay(Date date, Date to, const std::function<void(Date)>& handler)
     const auto last = noonOf(common, to);
     if (!handler || !last)
         return;
-    while (current && *current <= *last) {
+    while (current && *current < *last + noonsApart) {
         handler(*current);
-        current = common.date(Unit::day, 1, *current);
+        const auto next = common.date(Unit::day, 1, *current);
+        const auto noon = next ? noonOf(common, *next) : std::nullopt;
+        current = noon && *noon > *current ? noon : next; // a noon may be skipped, or come twice
     }
 }
 
