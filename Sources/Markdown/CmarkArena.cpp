@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "Markdown/CmarkArena.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace quor::markdown {
+
+namespace {
+
+// The allocator's functions are told nothing but sizes and blocks.
+thread_local CmarkArena* current = nullptr;
+
+constexpr std::size_t alignment = alignof(std::max_align_t);
+constexpr std::size_t headerSize = alignment; // holds the size of the block
+constexpr std::size_t smallestChunk = std::size_t{1} << 15;
+constexpr std::size_t largestChunk = std::size_t{1} << 22;
+
+std::size_t aligned(std::size_t size)
+{
+    return (size + alignment - 1) / alignment * alignment;
+}
+
+std::size_t& sizeOf(void* block)
+{
+    return *reinterpret_cast<std::size_t*>(static_cast<std::byte*>(block) - headerSize);
+}
+
+} // namespace
+
+CmarkArena::CmarkArena(std::size_t limit)
+    : limit_(limit)
+{
+    current = this;
+}
+
+CmarkArena::~CmarkArena()
+{
+    current = nullptr;
+}
+
+cmark_mem* CmarkArena::allocator()
+{
+    static cmark_mem functions{
+        [](std::size_t count, std::size_t size) { return current->allocate(count * size); },
+        [](void* block, std::size_t size) { return current->reallocate(block, size); },
+        [](void* block) { current->release(block); }};
+    return &functions;
+}
+
+void CmarkArena::giveUp()
+{
+    if (!escape_)
+        std::abort();
+    std::longjmp(*escape_, 1);
+}
+
+void CmarkArena::count(std::size_t size)
+{
+    used_ += size;
+    if (used_ > limit_ && escape_)
+        giveUp();
+}
+
+void CmarkArena::addChunk(std::size_t size)
+{
+    const std::size_t usual = std::clamp(used_ / 2, smallestChunk, largestChunk);
+    const std::size_t chunkSize = std::max(size, aligned(usual));
+    // What is large comes untouched from the system, and zero already.
+    void* chunk = std::calloc(1, chunkSize);
+    if (!chunk)
+        giveUp();
+    chunks_.emplace_back(chunk);
+    next_ = static_cast<std::byte*>(chunk);
+    end_ = next_ + chunkSize;
+}
+
+void* CmarkArena::allocate(std::size_t size)
+{
+    const std::size_t whole = headerSize + aligned(size);
+    count(whole);
+    if (static_cast<std::size_t>(end_ - next_) < whole)
+        addChunk(whole);
+    latest_ = next_ + headerSize;
+    next_ += whole;
+    sizeOf(latest_) = size;
+    return latest_;
+}
+
+void* CmarkArena::reallocate(void* block, std::size_t size)
+{
+    if (!block)
+        return allocate(size);
+    const std::size_t before = sizeOf(block);
+    if (block == latest_ && latest_ + aligned(size) <= end_ && size >= before) {
+        count(size - before);
+        next_ = latest_ + aligned(size);
+        sizeOf(block) = size;
+        return block;
+    }
+    void* moved = allocate(size);
+    std::memcpy(moved, block, std::min(before, size));
+    return moved;
+}
+
+void CmarkArena::release(void* block)
+{
+    if (!block || block != latest_)
+        return;
+    // The next one expects zeros.
+    std::byte* start = latest_ - headerSize;
+    std::memset(start, 0, static_cast<std::size_t>(next_ - start));
+    next_ = start;
+    latest_ = nullptr;
+}
+
+} // namespace quor::markdown

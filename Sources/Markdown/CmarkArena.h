@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cmark-gfm.h>
+
+#include <csetjmp>
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+namespace quor::markdown {
+
+/// The memory of one parse, given back all at once. It also bounds what hostile text can make the parser ask
+/// for: the parser cannot be told to stop, so beyond the limit it is left by a jump, which is safe since all
+/// it has lies in here. While one lives, the allocator of this thread draws on it; there is one a thread at
+/// most.
+class CmarkArena {
+public:
+    explicit CmarkArena(std::size_t limit);
+    CmarkArena(const CmarkArena&) = delete;
+    CmarkArena& operator=(const CmarkArena&) = delete;
+    CmarkArena(CmarkArena&&) = delete;
+    CmarkArena& operator=(CmarkArena&&) = delete;
+    ~CmarkArena();
+
+    /// For the parser's functions that take an allocator.
+    static cmark_mem* allocator();
+
+    /// Where to go on when the limit is passed; null to let the limit be.
+    void setEscape(std::jmp_buf* escape) { escape_ = escape; }
+
+    /// As `calloc`, `realloc` and `free`, but that `free` gives back the latest block alone. They never give
+    /// null: without memory they take the escape, or abort.
+    void* allocate(std::size_t size);
+    void* reallocate(void* block, std::size_t size);
+    void release(void* block);
+
+private:
+    struct Free {
+        void operator()(void* chunk) const { std::free(chunk); }
+    };
+
+    void addChunk(std::size_t size);
+    void count(std::size_t size);
+    [[noreturn]] void giveUp();
+
+    std::vector<std::unique_ptr<void, Free>> chunks_;
+    std::byte* next_ = nullptr;
+    std::byte* end_ = nullptr;
+    std::byte* latest_ = nullptr; // the block before next_
+    std::size_t used_ = 0; // all that was ever asked for, what was given back too
+    std::size_t limit_;
+    std::jmp_buf* escape_ = nullptr;
+};
+
+} // namespace quor::markdown

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Markdown/Markup.h"
+
+#include <cstddef>
+#include <iterator>
+
+/// The direct children of an element, made one by one as they are asked for, forwards or backwards:
+///
+///     for (const Markup& child : element.children()) ...
+///     for (const Markup& child : element.children().reversed()) ...
+///
+/// They keep the document alive. Any thread.
+namespace quor::markdown {
+
+/// Holds the next child's metadata: where it is, and the how manieth.
+template <bool isReversed>
+class MarkupChildIterator {
+public:
+    using value_type = Markup;
+    using difference_type = std::ptrdiff_t;
+    using reference = Markup;
+    using iterator_concept = std::forward_iterator_tag;
+    using iterator_category = std::input_iterator_tag; // what it points to is made on demand
+
+    MarkupChildIterator() = default;
+
+    Markup operator*() const { return Markup(parent_->raw().at(index_)); }
+    MarkupChildIterator& operator++();
+    MarkupChildIterator operator++(int)
+    {
+        MarkupChildIterator before = *this;
+        ++*this;
+        return before;
+    }
+    friend bool operator==(const MarkupChildIterator& a, const MarkupChildIterator& b)
+    {
+        return a.left_ == b.left_;
+    }
+
+private:
+    friend class MarkupChildren;
+    friend class ReversedMarkupChildren;
+    MarkupChildIterator(const Markup& parent, quint32 index, quint32 left)
+        : parent_(parent)
+        , index_(index)
+        , left_(left)
+    {
+    }
+
+    std::optional<Markup> parent_;
+    quint32 index_ = 0;
+    quint32 left_ = 0; // children not yet gone by
+};
+
+template <>
+MarkupChildIterator<false>& MarkupChildIterator<false>::operator++();
+template <>
+MarkupChildIterator<true>& MarkupChildIterator<true>::operator++();
+
+class ReversedMarkupChildren {
+public:
+    using Iterator = MarkupChildIterator<true>;
+
+    explicit ReversedMarkupChildren(const Markup& parent)
+        : parent_(parent)
+    {
+    }
+    [[nodiscard]] Iterator begin() const;
+    [[nodiscard]] Iterator end() const { return {parent_, 0, 0}; }
+
+private:
+    Markup parent_;
+};
+
+class MarkupChildren {
+public:
+    using Iterator = MarkupChildIterator<false>;
+
+    explicit MarkupChildren(const Markup& parent)
+        : parent_(parent)
+    {
+    }
+    [[nodiscard]] Iterator begin() const;
+    [[nodiscard]] Iterator end() const { return {parent_, 0, 0}; }
+    [[nodiscard]] qsizetype size() const { return parent_.childCount(); }
+    [[nodiscard]] bool isEmpty() const { return size() == 0; }
+    [[nodiscard]] ReversedMarkupChildren reversed() const { return ReversedMarkupChildren(parent_); }
+
+    /// None beyond the ends. The time it takes grows with the way from the first child.
+    [[nodiscard]] std::optional<Markup> at(qsizetype index) const;
+
+private:
+    Markup parent_;
+};
+
+} // namespace quor::markdown

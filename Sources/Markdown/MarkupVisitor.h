@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Markdown/BlockElements.h"
+#include "Markdown/Document.h"
+#include "Markdown/DoxygenElements.h"
+#include "Markdown/InlineElements.h"
+#include "Markdown/MarkupChildren.h"
+#include "Markdown/Table.h"
+
+namespace quor::markdown {
+
+/// Turns elements into results of one type, each kind by an operation of its own. A visitor overrides the
+/// kinds that it cares about, and `defaultVisit` for the others:
+///
+///     class HeadingCounter : public MarkupVisitor<int> {
+///     public:
+///         int defaultVisit(const Markup& markup) override
+///         {
+///             int count = 0;
+///             for (const Markup& child : markup.children())
+///                 count += visit(child);
+///             return count;
+///         }
+///         int visitHeading(const Heading&) override { return 1; }
+///     };
+///
+/// One that calls `visit` for children, as this one does, takes stack by the depth of the tree, some hundred
+/// bytes a level: for texts of unknown origin, which may be nested without end, see `MarkupWalk`. The result
+/// may be `void`.
+template <class Result>
+class MarkupVisitor {
+public:
+    virtual ~MarkupVisitor() = default;
+
+    virtual Result defaultVisit(const Markup& markup) = 0;
+    /// Calls the operation of its kind.
+    virtual Result visit(const Markup& markup);
+
+    virtual Result visitBlockQuote(const BlockQuote& element) { return defaultVisit(element); }
+    virtual Result visitCodeBlock(const CodeBlock& element) { return defaultVisit(element); }
+    virtual Result visitCustomBlock(const CustomBlock& element) { return defaultVisit(element); }
+    virtual Result visitDocument(const Document& element) { return defaultVisit(element); }
+    virtual Result visitHeading(const Heading& element) { return defaultVisit(element); }
+    virtual Result visitThematicBreak(const ThematicBreak& element) { return defaultVisit(element); }
+    virtual Result visitHTMLBlock(const HTMLBlock& element) { return defaultVisit(element); }
+    virtual Result visitListItem(const ListItem& element) { return defaultVisit(element); }
+    virtual Result visitOrderedList(const OrderedList& element) { return defaultVisit(element); }
+    virtual Result visitUnorderedList(const UnorderedList& element) { return defaultVisit(element); }
+    virtual Result visitParagraph(const Paragraph& element) { return defaultVisit(element); }
+    virtual Result visitBlockDirective(const BlockDirective& element) { return defaultVisit(element); }
+    virtual Result visitInlineCode(const InlineCode& element) { return defaultVisit(element); }
+    virtual Result visitCustomInline(const CustomInline& element) { return defaultVisit(element); }
+    virtual Result visitEmphasis(const Emphasis& element) { return defaultVisit(element); }
+    virtual Result visitImage(const Image& element) { return defaultVisit(element); }
+    virtual Result visitInlineHTML(const InlineHTML& element) { return defaultVisit(element); }
+    virtual Result visitLineBreak(const LineBreak& element) { return defaultVisit(element); }
+    virtual Result visitLink(const Link& element) { return defaultVisit(element); }
+    virtual Result visitSoftBreak(const SoftBreak& element) { return defaultVisit(element); }
+    virtual Result visitStrong(const Strong& element) { return defaultVisit(element); }
+    virtual Result visitText(const Text& element) { return defaultVisit(element); }
+    virtual Result visitStrikethrough(const Strikethrough& element) { return defaultVisit(element); }
+    virtual Result visitTable(const Table& element) { return defaultVisit(element); }
+    virtual Result visitTableHead(const Table::Head& element) { return defaultVisit(element); }
+    virtual Result visitTableBody(const Table::Body& element) { return defaultVisit(element); }
+    virtual Result visitTableRow(const Table::Row& element) { return defaultVisit(element); }
+    virtual Result visitTableCell(const Table::Cell& element) { return defaultVisit(element); }
+    virtual Result visitSymbolLink(const SymbolLink& element) { return defaultVisit(element); }
+    virtual Result visitInlineAttributes(const InlineAttributes& element) { return defaultVisit(element); }
+    virtual Result visitDoxygenDiscussion(const DoxygenDiscussion& element) { return defaultVisit(element); }
+    virtual Result visitDoxygenNote(const DoxygenNote& element) { return defaultVisit(element); }
+    virtual Result visitDoxygenParameter(const DoxygenParameter& element) { return defaultVisit(element); }
+    virtual Result visitDoxygenReturns(const DoxygenReturns& element) { return defaultVisit(element); }
+
+protected:
+    MarkupVisitor() = default;
+    MarkupVisitor(const MarkupVisitor&) = default;
+    MarkupVisitor& operator=(const MarkupVisitor&) = default;
+    MarkupVisitor(MarkupVisitor&&) noexcept = default;
+    MarkupVisitor& operator=(MarkupVisitor&&) noexcept = default;
+
+private:
+    Result visitBlock(const Markup& markup);
+    Result visitTableOrDoxygen(const Markup& markup);
+};
+
+template <class Result>
+Result MarkupVisitor<Result>::visit(const Markup& markup)
+{
+    switch (markup.kind()) {
+    case MarkupKind::inlineCode:
+        return visitInlineCode(InlineCode(markup));
+    case MarkupKind::customInline:
+        return visitCustomInline(CustomInline(markup));
+    case MarkupKind::emphasis:
+        return visitEmphasis(Emphasis(markup));
+    case MarkupKind::image:
+        return visitImage(Image(markup));
+    case MarkupKind::inlineHTML:
+        return visitInlineHTML(InlineHTML(markup));
+    case MarkupKind::lineBreak:
+        return visitLineBreak(LineBreak(markup));
+    case MarkupKind::link:
+        return visitLink(Link(markup));
+    case MarkupKind::softBreak:
+        return visitSoftBreak(SoftBreak(markup));
+    case MarkupKind::strong:
+        return visitStrong(Strong(markup));
+    case MarkupKind::text:
+        return visitText(Text(markup));
+    case MarkupKind::strikethrough:
+        return visitStrikethrough(Strikethrough(markup));
+    case MarkupKind::symbolLink:
+        return visitSymbolLink(SymbolLink(markup));
+    case MarkupKind::inlineAttributes:
+        return visitInlineAttributes(InlineAttributes(markup));
+    default:
+        return visitBlock(markup);
+    }
+}
+
+template <class Result>
+Result MarkupVisitor<Result>::visitBlock(const Markup& markup)
+{
+    switch (markup.kind()) {
+    case MarkupKind::blockQuote:
+        return visitBlockQuote(BlockQuote(markup));
+    case MarkupKind::codeBlock:
+        return visitCodeBlock(CodeBlock(markup));
+    case MarkupKind::customBlock:
+        return visitCustomBlock(CustomBlock(markup));
+    case MarkupKind::document:
+        return visitDocument(Document(markup));
+    case MarkupKind::heading:
+        return visitHeading(Heading(markup));
+    case MarkupKind::thematicBreak:
+        return visitThematicBreak(ThematicBreak(markup));
+    case MarkupKind::htmlBlock:
+        return visitHTMLBlock(HTMLBlock(markup));
+    case MarkupKind::listItem:
+        return visitListItem(ListItem(markup));
+    case MarkupKind::orderedList:
+        return visitOrderedList(OrderedList(markup));
+    case MarkupKind::unorderedList:
+        return visitUnorderedList(UnorderedList(markup));
+    case MarkupKind::paragraph:
+        return visitParagraph(Paragraph(markup));
+    case MarkupKind::blockDirective:
+        return visitBlockDirective(BlockDirective(markup));
+    default:
+        return visitTableOrDoxygen(markup);
+    }
+}
+
+template <class Result>
+Result MarkupVisitor<Result>::visitTableOrDoxygen(const Markup& markup)
+{
+    switch (markup.kind()) {
+    case MarkupKind::table:
+        return visitTable(Table(markup));
+    case MarkupKind::tableHead:
+        return visitTableHead(Table::Head(markup));
+    case MarkupKind::tableBody:
+        return visitTableBody(Table::Body(markup));
+    case MarkupKind::tableRow:
+        return visitTableRow(Table::Row(markup));
+    case MarkupKind::tableCell:
+        return visitTableCell(Table::Cell(markup));
+    case MarkupKind::doxygenDiscussion:
+        return visitDoxygenDiscussion(DoxygenDiscussion(markup));
+    case MarkupKind::doxygenNote:
+        return visitDoxygenNote(DoxygenNote(markup));
+    case MarkupKind::doxygenParam:
+        return visitDoxygenParameter(DoxygenParameter(markup));
+    case MarkupKind::doxygenReturns:
+        return visitDoxygenReturns(DoxygenReturns(markup));
+    default:
+        return defaultVisit(markup);
+    }
+}
+
+} // namespace quor::markdown

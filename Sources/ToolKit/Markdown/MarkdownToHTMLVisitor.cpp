@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Markdown/MarkdownToHTMLVisitor.h"
+
+#include "Markdown/MarkupWalk.h"
+
+using namespace quor::markdown;
+
+namespace quor::toolkit {
+
+namespace {
+
+/// What an element without a content of its own is wrapped in; nothing for the kinds that are not here.
+struct Wrapping {
+    QByteArrayView before;
+    QByteArrayView after;
+};
+
+Wrapping wrapping(MarkupKind kind)
+{
+    switch (kind) {
+    case MarkupKind::blockQuote:
+        return {"<blockquote>", "</blockquote>"};
+    case MarkupKind::codeBlock:
+    case MarkupKind::inlineCode:
+        return {"<code>", "</code>"};
+    case MarkupKind::listItem:
+        return {"<li>", "</li>"};
+    case MarkupKind::orderedList:
+        return {"<ol>", "</ol>"};
+    case MarkupKind::unorderedList:
+        return {"<ul>", "</ul>"};
+    case MarkupKind::paragraph:
+        return {"<p>", "</p>"};
+    case MarkupKind::emphasis:
+        return {"<em>", "</em>"};
+    case MarkupKind::strong:
+        return {"<strong>", "</strong>"};
+    case MarkupKind::strikethrough:
+        return {"<del>", "</del>"};
+    case MarkupKind::table:
+        return {"<table>", "</table>"};
+    case MarkupKind::tableHead:
+        return {"<thead><tr>", "</tr></thead>"};
+    case MarkupKind::tableBody:
+        return {"<tbody>", "</tbody>"};
+    case MarkupKind::tableRow:
+        return {"<tr>", "</tr>"};
+    case MarkupKind::lineBreak:
+    case MarkupKind::softBreak:
+        return {"<br/>", {}};
+    default:
+        return {};
+    }
+}
+
+bool isOfKind(const std::optional<Markup>& markup, MarkupKind kind)
+{
+    return markup && markup->kind() == kind;
+}
+
+std::optional<Markup> tableOfCell(const Markup& cell)
+{
+    std::optional<Markup> part = cell.parent();
+    if (isOfKind(part, MarkupKind::tableRow)) {
+        part = part->parent();
+        if (!isOfKind(part, MarkupKind::tableBody))
+            return std::nullopt;
+    } else if (!isOfKind(part, MarkupKind::tableHead)) {
+        return std::nullopt;
+    }
+    const std::optional<Markup> table = part->parent();
+    return isOfKind(table, MarkupKind::table) ? table : std::nullopt;
+}
+
+QByteArrayView cellStyle(const Markup& cell)
+{
+    const std::optional<Markup> table = tableOfCell(cell);
+    if (!table)
+        return {};
+    const auto alignment = table->raw().columnAlignment(static_cast<quint32>(cell.indexInParent()));
+    if (!alignment)
+        return {};
+    switch (*alignment) {
+    case ColumnAlignment::left:
+        return "text-align: left";
+    case ColumnAlignment::center:
+        return "text-align: center";
+    case ColumnAlignment::right:
+        return "text-align: right; white-space: nowrap;";
+    }
+    return {};
+}
+
+/// Gathers the result in UTF-8, as the tree has it.
+class Writer {
+public:
+    void enter(const Markup& markup)
+    {
+        switch (markup.kind()) {
+        case MarkupKind::heading:
+            write("<h", level(markup), ">");
+            break;
+        case MarkupKind::image:
+            write("<img src=\"", markup.raw().utf8Text(), "\">");
+            break;
+        case MarkupKind::link: {
+            const QByteArrayView destination = markup.raw().utf8Text();
+            write("<a href=\"", destination.isNull() ? QByteArrayView("#") : destination, "\">");
+            break;
+        }
+        case MarkupKind::tableCell:
+            write("<td style=\"", cellStyle(markup), "\">");
+            break;
+        case MarkupKind::text:
+        case MarkupKind::htmlBlock:
+        case MarkupKind::inlineHTML:
+            html_.append(markup.raw().utf8Text());
+            break;
+        case MarkupKind::codeBlock:
+        case MarkupKind::inlineCode:
+            write(wrapping(markup.kind()).before, markup.raw().utf8Text(), {});
+            break;
+        default:
+            html_.append(wrapping(markup.kind()).before);
+        }
+    }
+
+    void leave(const Markup& markup)
+    {
+        switch (markup.kind()) {
+        case MarkupKind::heading:
+            return write("</h", level(markup), ">");
+        case MarkupKind::link:
+            return write({}, "</a>", {});
+        case MarkupKind::tableCell:
+            return write({}, "</td>", {});
+        default:
+            html_.append(wrapping(markup.kind()).after);
+        }
+    }
+
+    void reserve(qsizetype size) { html_.reserve(size); }
+    [[nodiscard]] QString html() const { return QString::fromUtf8(html_); }
+
+private:
+    static QByteArray level(const Markup& heading) { return QByteArray::number(Heading(heading).level()); }
+
+    void write(QByteArrayView before, QByteArrayView content, QByteArrayView after)
+    {
+        html_.append(before).append(content).append(after);
+    }
+
+    QByteArray html_;
+};
+
+} // namespace
+
+QString MarkdownToHTMLVisitor::defaultVisit(const Markup& markup)
+{
+    constexpr qsizetype tagsOfAnElement = 8; // on the average, with what is closed
+    Writer writer;
+    if (!markup.parent())
+        writer.reserve(static_cast<qsizetype>(markup.raw().tree().texts.size())
+            + tagsOfAnElement * static_cast<qsizetype>(markup.raw().node().subtreeCount));
+    for (MarkupWalk walk(markup); walk.next();) {
+        if (walk.event() == MarkupWalk::Event::leave) {
+            writer.leave(walk.markup());
+            continue;
+        }
+        writer.enter(walk.markup());
+        // Of an image nothing but the source is shown.
+        if (walk.markup().kind() == MarkupKind::image)
+            walk.skipChildren();
+    }
+    return writer.html();
+}
+
+} // namespace quor::toolkit

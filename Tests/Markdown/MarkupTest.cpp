@@ -1,0 +1,174 @@
+// SPDX-License-Identifier: MIT
+#include "Markdown/DocumentGenerator.h"
+#include "Markdown/MarkupVisitor.h"
+#include "Markdown/MarkupWalk.h"
+#include "Markdown/RawMarkupBuilder.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace quor::markdown;
+using namespace quor::tests;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Every element below one, parents first.
+class Collector : public MarkupVisitor<void> {
+public:
+    void defaultVisit(const Markup& markup) override
+    {
+        all.push_back(markup);
+        for (const Markup& child : markup.children())
+            visit(child);
+    }
+
+    std::vector<Markup> all;
+};
+
+TEST(Markup, IsNumberedInWalkingOrder)
+{
+    for (unsigned seed = 0; seed < 200; ++seed) {
+        const Document document{QString::fromUtf8(DocumentGenerator(seed).blocks(3))};
+        Collector collector;
+        collector.visit(document);
+        std::size_t entered = 0;
+        for (MarkupWalk walk(document); walk.next();) {
+            if (walk.event() == MarkupWalk::Event::leave)
+                continue;
+            ASSERT_EQ(collector.all.at(entered++), walk.markup());
+        }
+        ASSERT_EQ(entered, collector.all.size());
+        ASSERT_EQ(document.raw().header().subtreeCount, entered);
+        for (std::size_t i = 0; i < entered; ++i) {
+            const Markup& markup = collector.all[i];
+            EXPECT_EQ(markup.id(), (MarkupIdentifier{document.id().rootId, i}));
+            std::vector<Markup> children;
+            for (const Markup& child : markup.children()) {
+                EXPECT_EQ(child.indexInParent(), static_cast<qsizetype>(children.size()));
+                EXPECT_EQ(child.parent(), markup);
+                children.push_back(child);
+            }
+            ASSERT_EQ(static_cast<qsizetype>(children.size()), markup.childCount());
+            for (const Markup& child : markup.children().reversed()) {
+                ASSERT_FALSE(children.empty());
+                EXPECT_EQ(child, children.back());
+                children.pop_back();
+            }
+            EXPECT_TRUE(children.empty());
+        }
+    }
+}
+
+TEST(Markup, OutlivesTheDocument)
+{
+    std::optional<Markup> text;
+    {
+        const Document document(u"> *a*"_s);
+        EXPECT_NE(document.id(), Document(u"> *a*"_s).id());
+        for (text = document; text->childCount() > 0;)
+            text = text->children().at(0);
+    }
+    EXPECT_EQ(text->as<Text>()->string(), u"a");
+    EXPECT_EQ(text->parent()->kind(), MarkupKind::emphasis);
+    EXPECT_FALSE(text->as<Emphasis>());
+    EXPECT_FALSE(text->children().at(0));
+    while (text->parent())
+        text = text->parent();
+    EXPECT_EQ(text->id().childId, 0U);
+    EXPECT_EQ(text->as<Document>()->childCount(), 1);
+}
+
+TEST(Markup, LeavesOutWhatAWalkSkips)
+{
+    QStringList steps;
+    const Document document(u"a *b* c"_s);
+    for (MarkupWalk walk(*document.children().at(0)); walk.next();) {
+        const bool isEntering = walk.event() == MarkupWalk::Event::enter;
+        steps += (isEntering ? u'+' : u'-') + markupKindName(walk.markup().kind());
+        if (isEntering && walk.markup().kind() == MarkupKind::emphasis)
+            walk.skipChildren();
+    }
+    EXPECT_EQ(steps.join(u' '), u"+Paragraph +Text -Text +Emphasis -Emphasis +Text -Text -Paragraph");
+}
+
+/// What a node of each kind may hold.
+std::vector<RawMarkupData> dataOfAllKinds()
+{
+    using Data = RawMarkupData;
+    std::vector<Data> all{Data::codeBlock(u"a"_s, u"b"_s), Data::heading(6),
+        Data::listItem(Checkbox::unchecked), Data::orderedList(5),
+        Data::blockDirective(u"c"_s, {3, 4}, u"d"_s), Data::image({}, u"e"_s), Data::link(u""_s),
+        Data::table({ColumnAlignment::center, std::nullopt}), Data::tableCell(2, 3)};
+    for (const MarkupKind kind :
+        {MarkupKind::htmlBlock, MarkupKind::inlineCode, MarkupKind::customInline, MarkupKind::inlineHTML,
+            MarkupKind::text, MarkupKind::symbolLink, MarkupKind::inlineAttributes, MarkupKind::doxygenParam})
+        all.push_back(Data::literal(kind, u"ß"_s + markupKindName(kind)));
+    for (const MarkupKind kind : {MarkupKind::document, MarkupKind::blockQuote, MarkupKind::customBlock,
+             MarkupKind::thematicBreak, MarkupKind::unorderedList, MarkupKind::paragraph,
+             MarkupKind::emphasis, MarkupKind::lineBreak, MarkupKind::softBreak, MarkupKind::strong,
+             MarkupKind::strikethrough, MarkupKind::tableHead, MarkupKind::tableBody, MarkupKind::tableRow,
+             MarkupKind::doxygenDiscussion, MarkupKind::doxygenNote, MarkupKind::doxygenReturns})
+        all.push_back(Data::plain(kind));
+    return all;
+}
+
+/// Tells which operation came, with what the element holds; each but the last few by a line of its own.
+class Teller : public MarkupVisitor<QString> {
+public:
+    QString defaultVisit(const Markup& markup) override { return u"any "_s + markupKindName(markup.kind()); }
+    QString visitCodeBlock(const CodeBlock& it) override { return it.code() + *it.language(); }
+    QString visitHeading(const Heading& it) override { return QString::number(it.level()); }
+    QString visitListItem(const ListItem& it) override { return it.checkbox() ? u"task"_s : u"item"_s; }
+    QString visitOrderedList(const OrderedList& it) override { return QString::number(it.startIndex()); }
+    QString visitBlockDirective(const BlockDirective& it) override
+    {
+        return it.name() + it.arguments() + QString::number(it.nameLocation().column);
+    }
+    QString visitImage(const Image& it) override { return it.source() ? u"source"_s : *it.title(); }
+    QString visitLink(const Link& it) override { return it.title() ? u"title"_s : *it.destination(); }
+    QString visitTable(const Table& it) override { return QString::number(it.columnAlignments().size()); }
+    QString visitTableCell(const Table::Cell& it) override
+    {
+        return QString::number(it.colspan()) + QString::number(it.rowspan());
+    }
+    QString visitHTMLBlock(const HTMLBlock& it) override { return it.rawHTML(); }
+    QString visitInlineCode(const InlineCode& it) override { return it.code(); }
+    QString visitCustomInline(const CustomInline& it) override { return it.text(); }
+    QString visitInlineHTML(const InlineHTML& it) override { return it.rawHTML(); }
+    QString visitText(const Text& it) override { return it.string(); }
+    QString visitSymbolLink(const SymbolLink& it) override { return *it.destination(); }
+    QString visitInlineAttributes(const InlineAttributes& it) override { return it.attributes(); }
+    QString visitDoxygenParameter(const DoxygenParameter& it) override { return it.name(); }
+    QString visitThematicBreak(const ThematicBreak&) override { return u"rule"_s; }
+    QString visitTableHead(const Table::Head&) override { return u"head"_s; }
+    QString visitDoxygenReturns(const DoxygenReturns&) override { return u"returns"_s; }
+};
+
+TEST(Markup, OfAnyKindIsBuiltByHandAndVisited)
+{
+    const std::vector<RawMarkupData> all = dataOfAllKinds();
+    ASSERT_EQ(all.size(), static_cast<std::size_t>(MarkupKind::doxygenReturns) + 1);
+    RawMarkupBuilder builder;
+    builder.begin(RawMarkupData::plain(MarkupKind::document), SourceRange{{1, 2}, {3, 4}});
+    for (const RawMarkupData& data : all)
+        builder.leaf(data);
+    builder.end();
+    const Document document(Markup(builder.finish()));
+    EXPECT_EQ(document.range(), (SourceRange{{1, 2}, {3, 4}}));
+    QStringList told;
+    for (const Markup& child : document.children()) {
+        EXPECT_EQ(child.raw().data(), all.at(static_cast<std::size_t>(child.indexInParent())));
+        told += Teller().visit(child);
+    }
+    EXPECT_EQ(told.join(u','),
+        u"ab,6,task,5,cd4,e,,2,23,ßHTMLBlock,ßInlineCode,ßCustomInline,ßInlineHTML,ßText,ßSymbolLink,"
+        "ßInlineAttributes,ßDoxygenParameter,any Document,any BlockQuote,any CustomBlock,rule,any "
+        "UnorderedList,"
+        "any Paragraph,any Emphasis,any LineBreak,any SoftBreak,any Strong,any Strikethrough,head,any "
+        "Table.Body,"
+        "any Table.Row,any DoxygenDiscussion,any DoxygenNote,returns");
+}
+
+} // namespace
