@@ -68,6 +68,7 @@ std::optional<ItemFile> ItemFile::parse(const QByteArray& bytes)
     if (bytes.contains('\0') || !isBalanced(bytes))
         return std::nullopt;
     icalerror_set_errors_are_fatal(0);
+    ical_set_unknown_token_handling_setting(ICAL_ASSUME_IANA_TOKEN); // else they would be dropped
     ItemFile file(OwnedComponent(icalparser_parse_string(bytes.constData())));
     if (!file.root_ || !isSound(file.root_.get(), 0) || file.calendars().empty())
         return std::nullopt;

@@ -130,12 +130,21 @@ std::shared_ptr<Recurrence> recurrenceOf(icalcomponent* event, const EventFields
     return recurrence;
 }
 
+/// A list, since looking up a zone moves the calendar's own iterator.
+std::vector<icalcomponent*> componentsOf(icalcomponent* calendar, icalcomponent_kind kind)
+{
+    std::vector<icalcomponent*> found;
+    for (auto* each = icalcomponent_get_first_component(calendar, kind); each;
+         each = icalcomponent_get_next_component(calendar, kind))
+        found.push_back(each);
+    return found;
+}
+
 void readEvents(icalcomponent* calendar, std::vector<EventRecord>& events)
 {
     std::map<QString, std::shared_ptr<Recurrence>> series;
     const auto visit = [&](bool overrides) {
-        for (auto* each = icalcomponent_get_first_component(calendar, ICAL_VEVENT_COMPONENT); each;
-             each = icalcomponent_get_next_component(calendar, ICAL_VEVENT_COMPONENT)) {
+        for (icalcomponent* each : componentsOf(calendar, ICAL_VEVENT_COMPONENT)) {
             const auto replaced = replacedStart(each);
             const QString uid = replaced.has_value() == overrides ? uidOf(each) : QString();
             const auto fields = uid.isEmpty() ? std::nullopt : readEvent(each);
@@ -246,8 +255,7 @@ ReminderFields readReminder(icalcomponent* reminder)
 void readItems(icalcomponent* calendar, FileRecords& records)
 {
     readEvents(calendar, records.events);
-    for (auto* each = icalcomponent_get_first_component(calendar, ICAL_VTODO_COMPONENT); each;
-         each = icalcomponent_get_next_component(calendar, ICAL_VTODO_COMPONENT)) {
+    for (icalcomponent* each : componentsOf(calendar, ICAL_VTODO_COMPONENT)) {
         const QString uid = replacedStart(each) ? QString() : uidOf(each);
         if (!uid.isEmpty())
             records.reminders.push_back({uid, readReminder(each)});

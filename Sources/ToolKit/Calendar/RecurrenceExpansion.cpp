@@ -60,25 +60,46 @@ void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
     rule.until.zone = nullptr;
 }
 
+/// The last step of a rule by hour, minute or second before that moment: libical would take each step there.
+icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, const icaltimetype& from)
+{
+    const int unit = rule.freq == ICAL_SECONDLY_RECURRENCE ? 1
+        : rule.freq == ICAL_MINUTELY_RECURRENCE            ? 60
+                                                           : 3600;
+    const double step = double(unit) * std::max<int>(rule.interval, 1);
+    const ItemZone wall = ItemZone::utc();
+    const Seconds passed = wall.moment(from) - wall.moment(first);
+    icaltimetype next
+        = wall.local(wall.moment(first) + Seconds(std::floor(passed.count() / step) * step), false);
+    next.zone = nullptr;
+    return next;
+}
+
 /// Calls `visit` for each start by the rule in [start, end), until it answers false.
 template <class Visit>
 void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
 {
     icalrecurrencetype rule = icalrecurrencetype_from_string(text.constData());
-    if (rule.freq == ICAL_NO_RECURRENCE || isSearch(rule) || isImpossible(rule))
+    if (rule.freq == ICAL_NO_RECURRENCE || isSearch(rule) || isImpossible(rule)
+        || (rule.freq <= ICAL_HOURLY_RECURRENCE && recurrence.first.is_date))
         return;
     localiseEnd(rule, recurrence);
     icaltimetype first = recurrence.first;
     first.zone = nullptr;
+    icaltimetype from = first;
+    if (rule.count == 0 && isWritable(start - aDay)) {
+        from = recurrence.zone.local(start - aDay, first.is_date);
+        from.zone = nullptr;
+    }
+    const bool isLater = icaltime_compare(from, first) > 0;
+    const bool isWithinDays = rule.freq <= ICAL_HOURLY_RECURRENCE;
+    if (isLater && isWithinDays)
+        first = stepped(rule, first, from);
     const Iterator iterator(icalrecur_iterator_new(rule, first), &icalrecur_iterator_free);
     if (!iterator)
         return;
-    if (rule.count == 0 && isWritable(start - aDay)) {
-        icaltimetype from = recurrence.zone.local(start - aDay, first.is_date);
-        from.zone = nullptr;
-        if (icaltime_compare(from, first) > 0)
-            icalrecur_iterator_set_start(iterator.get(), from);
-    }
+    if (isLater && !isWithinDays)
+        icalrecur_iterator_set_start(iterator.get(), from);
     for (int step = 0; step < mostSteps; ++step) {
         const icaltimetype next = icalrecur_iterator_next(iterator.get());
         if (icaltime_is_null_time(next))
@@ -120,7 +141,7 @@ void expand(const EventRecord& series, Date start, Date end,
     }
     const Seconds length = series.fields.endDate - series.fields.startDate;
     EventFields fields = series.fields;
-    for (const Date moment : starts(recurrence, start - length - aDay, end)) {
+    for (const Date moment : starts(recurrence, start - length, end)) {
         if (recurrence.overrides.contains(moment))
             continue;
         fields.startDate = moment;

@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: MIT
+// What others do to the files: edits at the same time, broken and foreign content, folders that go.
+#include "TestCalendars.h"
+
+#include <gmock/gmock.h>
+
+#include <cmath>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace quor::test;
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+using Kind = EventStoreError::Kind;
+
+namespace {
+
+class Faults : public testing::Test {
+protected:
+    Events all() { return events(store_, "2026-11-01T00:00", "2026-12-01T00:00"); }
+    void writeOne(const QByteArray& more = {}) const
+    {
+        calendars_.write(u"a.ics"_s,
+            TestCalendars::event("a",
+                "SUMMARY:A\nDTSTART:20261102T090000Z\nX-OWN;P=\"q\":kept\n" + more
+                    + "BEGIN:VALARM\nACTION:DISPLAY\nTRIGGER:-PT5M\nEND:VALARM"));
+    }
+
+    TestCalendars calendars_;
+    EventStore store_{calendars_.options()};
+};
+
+} // namespace
+
+TEST_F(Faults, TwoProgramsThatSaveOneEventLoseNothing)
+{
+    writeOne();
+    const Events ours = all();
+    ASSERT_EQ(ours.size(), 1u);
+    ours[0]->setTitle(u"Ours"_s);
+    ASSERT_FALSE(store_.saveEvent(ours[0], EventSpan::thisEvent, false));
+    writeOne("LOCATION:theirs\n"); // while ours is staged
+    ASSERT_FALSE(store_.commit());
+    const QByteArray text = calendars_.read(u"a.ics"_s);
+    for (const char* part : {"SUMMARY:Ours", "LOCATION:theirs", "X-OWN;P=", "TRIGGER:-PT5M"})
+        EXPECT_THAT(text.toStdString(), testing::HasSubstr(part));
+
+    // The same field: theirs stands, and we are told.
+    ours[0]->setTitle(u"Again"_s);
+    ASSERT_FALSE(store_.saveEvent(ours[0], EventSpan::thisEvent, false));
+    calendars_.write(u"a.ics"_s, TestCalendars::event("a", "SUMMARY:Theirs\nDTSTART:20261102T090000Z"));
+    EXPECT_EQ(store_.commit().value().kind(), Kind::conflict);
+    EXPECT_EQ(listed(all()), QStringList{u"Theirs@11-02 09:00"_s});
+    EXPECT_EQ(store_.removeEvent(ours[0], EventSpan::thisEvent, true).value().kind(), Kind::conflict);
+    EXPECT_FALSE(store_.commit());
+}
+
+TEST_F(Faults, TwoProcessesWriteTheSameFileInTurn)
+{
+    QByteArray lines;
+    for (int i = 0; i < 40; ++i)
+        lines += TestCalendars::event(QByteArray::number(i), "SUMMARY:-\nDTSTART:20261102T090000Z") + "\n";
+    calendars_.write(u"many.ics"_s, lines.trimmed());
+    const auto edit = [&](int parity) {
+        EventStore store(calendars_.options());
+        bool isDone = true;
+        for (const auto& event : events(store, "2026-11-01T00:00", "2026-12-01T00:00")) {
+            if (event->calendarItemIdentifier().toInt() % 2 != parity)
+                continue;
+            event->setTitle(QString::number(parity));
+            isDone = !store.saveEvent(event, EventSpan::thisEvent, true) && isDone;
+        }
+        return isDone;
+    };
+    const pid_t child = fork();
+    if (child == 0)
+        _exit(edit(1) ? 0 : 1);
+    EXPECT_TRUE(edit(0));
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    for (const auto& event : all())
+        EXPECT_EQ(event->title().toInt(), event->calendarItemIdentifier().toInt() % 2);
+    EXPECT_EQ(calendars_.files().size(), 1);
+}
+
+TEST_F(Faults, BrokenFilesAreSkippedAndNeverWritten)
+{
+    const QByteArray whole = TestCalendars::calendar(TestCalendars::event("x", "DTSTART:20261102T090000Z"));
+    const QByteArray broken[] = {"", "garbage", whole.first(whole.size() / 2), whole + '\0' + whole,
+        QByteArray(whole).replace("20261102T090000Z", "soon"), "BEGIN:VEVENT\r\nUID:x\r\nEND:VEVENT\r\n",
+        QByteArray("BEGIN:VCALENDAR\r\n").repeated(10'000)};
+    for (const QByteArray& bytes : broken) {
+        const QString path = calendars_.path(u"local/work/x.ics"_s);
+        ASSERT_TRUE(writeFile(path, bytes));
+        EXPECT_TRUE(all().empty()) << bytes.left(100).constData();
+        EXPECT_EQ(store_.calendars(EntityType::event).size(), 1u);
+        EXPECT_EQ(readFile(path), bytes);
+    }
+    QFile large(calendars_.path(u"local/work/large.ics"_s));
+    ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(100 << 20));
+    EXPECT_TRUE(all().empty());
+    // Links lead nowhere, and an identifier is no path.
+    QFile::link(calendars_.path(u"local/work/large.ics"_s), calendars_.path(u"local/work/link.ics"_s));
+    calendars_.write(u"b.ics"_s,
+        TestCalendars::event("../../../b", "SUMMARY:B\nDESCRIPTION:\nDTSTART:20261102T090000Z") + "\n"
+            + TestCalendars::event(QByteArray(10'000, 'u'), "SUMMARY:U\nDTSTART:20261103T090000Z"));
+    const Events read = all();
+    ASSERT_EQ(read.size(), 2u);
+    QDir(calendars_.path()).mkpath(u"local/zoo"_s);
+    for (const auto& event : read) {
+        event->setCalendar(store_.calendars(EntityType::event).at(1));
+        EXPECT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, true));
+    }
+    EXPECT_FALSE(calendars_.files().contains(u"b.ics"_s));
+    EXPECT_EQ(QDir(calendars_.path(u"local/zoo"_s)).entryList(QDir::Files).size(), 2);
+    EXPECT_EQ(listed(all()), (QStringList{u"B@11-02 09:00"_s, u"U@11-03 09:00"_s}));
+}
+
+TEST_F(Faults, WhatCannotBeSavedIsAnswered)
+{
+    const auto event = newEvent(store_, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00");
+    const auto kind = [&](auto change) {
+        change(*event);
+        const auto failure = store_.saveEvent(event, EventSpan::thisEvent, true);
+        event->setStartDate(utc("2026-11-02T09:00"));
+        event->setEndDate(utc("2026-11-02T10:00"));
+        event->setTimeZone({});
+        event->setRecurrenceRule({});
+        return failure.value().kind();
+    };
+    EXPECT_EQ(kind([](Event& each) { each.setStartDate(utc("2026-11-03T00:00")); }), Kind::invalid);
+    EXPECT_EQ(kind([](Event& each) { each.setEndDate(quor::platform::dateFromSeconds(std::nan(""))); }),
+        Kind::invalid);
+    EXPECT_EQ(
+        kind([](Event& each) { each.setEndDate(quor::platform::dateFromSeconds(1e300)); }), Kind::invalid);
+    EXPECT_EQ(kind([](Event& each) { each.setTimeZone(u"Middle/Nowhere"_s); }), Kind::invalid);
+    EXPECT_EQ(kind([](Event& each) { each.setRecurrenceRule(u"FREQ=SOMETIMES"_s); }), Kind::invalid);
+    EXPECT_TRUE(calendars_.files().isEmpty());
+    const auto nan = quor::platform::dateFromSeconds(std::nan(""));
+    EXPECT_TRUE(store_.eventsMatching(store_.predicateForEvents(nan, nan)).empty());
+    // The folder goes while the event is staged.
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, false));
+    QDir(calendars_.path(u"local"_s)).removeRecursively();
+    EXPECT_EQ(store_.commit().value().kind(), Kind::notFound);
+    EXPECT_TRUE(all().empty());
+    EXPECT_EQ(store_.saveEvent(event, EventSpan::thisEvent, true).value().kind(), Kind::notFound);
+}
