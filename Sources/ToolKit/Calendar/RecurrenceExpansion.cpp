@@ -141,7 +141,8 @@ void expand(const EventRecord& series, Date start, Date end,
     }
     const Seconds length = series.fields.endDate - series.fields.startDate;
     EventFields fields = series.fields;
-    for (const Date moment : starts(recurrence, start - length, end)) {
+    const Seconds slack = recurrence.first.is_date ? aDay : Seconds(0); // days differ in length
+    for (const Date moment : starts(recurrence, start - length - slack, end)) {
         if (recurrence.overrides.contains(moment))
             continue;
         fields.startDate = moment;
