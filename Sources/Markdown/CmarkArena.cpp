@@ -79,6 +79,13 @@ void* CmarkArena::allocate(std::size_t size)
 {
     const std::size_t whole = headerSize + aligned(size);
     count(whole);
+    const std::size_t sizeClass = aligned(size) / alignment;
+    if (sizeClass < released_.size() && released_[sizeClass]) {
+        void* block = released_[sizeClass];
+        std::memcpy(&released_[sizeClass], block, sizeof block);
+        sizeOf(block) = size;
+        return std::memset(block, 0, aligned(size));
+    }
     if (static_cast<std::size_t>(end_ - next_) < whole)
         addChunk(whole);
     latest_ = next_ + headerSize;
@@ -100,13 +107,22 @@ void* CmarkArena::reallocate(void* block, std::size_t size)
     }
     void* moved = allocate(size);
     std::memcpy(moved, block, std::min(before, size));
+    release(block);
     return moved;
 }
 
 void CmarkArena::release(void* block)
 {
-    if (!block || block != latest_)
+    if (!block)
         return;
+    if (block != latest_) {
+        const std::size_t sizeClass = aligned(sizeOf(block)) / alignment;
+        if (sizeClass > 0 && sizeClass < released_.size()) {
+            std::memcpy(block, &released_[sizeClass], sizeof block);
+            released_[sizeClass] = block;
+        }
+        return;
+    }
     // The next one expects zeros.
     std::byte* start = latest_ - headerSize;
     std::memset(start, 0, static_cast<std::size_t>(next_ - start));

@@ -3,6 +3,7 @@
 
 #include <cmark-gfm.h>
 
+#include <array>
 #include <csetjmp>
 #include <cstddef>
 #include <cstdlib>
@@ -30,8 +31,8 @@ public:
     /// Where to go on when the limit is passed; null to let the limit be.
     void setEscape(std::jmp_buf* escape) { escape_ = escape; }
 
-    /// As `calloc`, `realloc` and `free`, but that `free` gives back the latest block alone. They never give
-    /// null: without memory they take the escape, or abort.
+    /// As `calloc`, `realloc` and `free`, but that large blocks are used again only if they were the latest.
+    /// They never give null: without memory they take the escape, or abort.
     void* allocate(std::size_t size);
     void* reallocate(void* block, std::size_t size);
     void release(void* block);
@@ -49,6 +50,7 @@ private:
     std::byte* next_ = nullptr;
     std::byte* end_ = nullptr;
     std::byte* latest_ = nullptr; // the block before next_
+    std::array<void*, 64> released_{}; // by size, each a list through the blocks themselves
     std::size_t used_ = 0; // all that was ever asked for, what was given back too
     std::size_t limit_;
     std::jmp_buf* escape_ = nullptr;
