@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/JavaScript/JavaScriptPlugin.h"
+#include "Support/Files.h"
+#include "ToolKit/Logging/FileErrorLogger.h"
+
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+namespace {
+
+using namespace quor::toolkit;
+using namespace Qt::StringLiterals;
+
+QString run(const QString& script, const JavaScriptPlugin& plugin = {},
+    const ScriptValue::Map& parameters = {}, const ScriptValue::Map& helpers = {})
+{
+    const auto result = plugin.execute(script, parameters, helpers);
+    return result ? result->toString().value_or(u"throws"_s) : u"nothing"_s;
+}
+
+TEST(JavaScriptPlugin, SetsTheGlobalsInTheirOrder)
+{
+    const ScriptValue::Map values{{u"a"_s, 1},
+        {u"b"_s, ScriptValue::List{true, nullptr, ScriptValue(), u"ä\0"_s}},
+        {u"c"_s, ScriptValue::Map{{u"x"_s, 0.5}}}, {u"utils"_s, 7}, {u"undefined"_s, 3}};
+    const ScriptValue::Map helpers{{u"a"_s, ScriptValue::Function([](const ScriptValue::List& arguments) {
+                                        return arguments.empty() ? throw 1 : arguments.front();
+                                    })}};
+    EXPECT_EQ(
+        run(u"JSON.stringify([a(c), a(), typeof a.bind, b, typeof utils.log, typeof console, undefined])"_s,
+            {}, values, helpers),
+        u"[{\"x\":0.5},null,\"function\",[true,null,null,\"ä\\u0000\"],\"function\",\"undefined\",null]"_s);
+    EXPECT_EQ(run(u"utils"_s, {}, {}, {{u"utils"_s, u"mine"_s}}), u"mine"_s);
+    EXPECT_EQ(run(u"left = 1; typeof left"_s), u"number"_s);
+    EXPECT_EQ(run(u"typeof left"_s), u"undefined"_s);
+}
+
+TEST(JavaScriptPlugin, OffersItsUtilities)
+{
+    const QTemporaryDir folder;
+    const JavaScriptPlugin plugin{QUrl::fromLocalFile(folder.path()), {{u"Hello"_s, u"Hallo"_s}}};
+    quor::test::writeFile(folder.filePath(u"bad"_s), "\xff");
+    const std::pair<QString, QString> cases[] = {
+        {u"utils.writeToFile('f', '\\ufeffü\\0'); utils.contentsOfFile('f') === '\\ufeffü\\0'"_s, u"true"_s},
+        {u"utils.writeToFile('g', '\\ud800'); utils.fileExists('g')"_s, u"false"_s},
+        {u"[utils.fileExists('f'), utils.removeFile('f'), utils.fileExists('f')].join()"_s, u"true,,false"_s},
+        {u"utils.contentsOfFile('bad')"_s, u"undefined"_s},
+        {u"utils.fileExists('../' + utils)"_s, u"false"_s},
+        {u"utils.base64Encode('ä') + utils.base64Encode('\\ud800') + utils.base64Encode()"_s,
+            u"w6Q=dW5kZWZpbmVk"_s},
+        {u"utils.base64Decode('w6Q=') + utils.base64Decode('not base64!') + utils.base64Decode('/w==')"_s,
+            u"ä"_s},
+        {u"utils.localize('Hello') + utils.localize('x') + utils.localize.call(null, 5)"_s, u"Hallox5"_s},
+        {u"u = utils; utils = 0; f = u.localize; typeof u.request + f()"_s, u"functionundefined"_s},
+        {u"utils.markdownToHTML('# A\\n\\nb **c**')"_s, u"<h1>A</h1><p>b <strong>c</strong></p>"_s},
+        // Nothing throws, whatever is passed.
+        {u"bad = {toString() { throw 1 }}; Object.keys(utils).map(k => typeof utils[k](bad, bad, bad, bad)).join()"_s,
+            u"undefined,boolean,undefined,undefined,string,string,string,undefined,string,object"_s},
+    };
+    for (const auto& [script, result] : cases)
+        EXPECT_EQ(run(script, plugin), result) << script.toStdString();
+}
+
+TEST(JavaScriptPlugin, HandsExceptionsToTheHandlerOfThatMoment)
+{
+    JavaScriptPlugin plugin;
+    QStringList told;
+    plugin.exceptionHandler = [&](const JSValue& exception) {
+        told += exception.toString().value_or(u"?"_s) + u'@' + QString::number(exception.line().value_or(0))
+            + u':' + QString::number(exception.column().value_or(0));
+    };
+    for (const QString& script :
+        {u"1;\n  missing.x"_s, u"\nlet a = ;"_s, u"throw 'text'"_s, u"throw undefined"_s,
+            u"throw {get line() { throw 1 }, toString() { throw 2 }}"_s, u"(function f() { f() })()"_s,
+            u"throw new Proxy({}, {get() { throw 1 }, ownKeys() { throw 2 }})"_s})
+        EXPECT_FALSE(plugin.execute(script));
+    ASSERT_EQ(told.size(), 7);
+    EXPECT_TRUE(told[0].startsWith(u"ReferenceError"_s) && told[0].contains(u"@2:"_s))
+        << told[0].toStdString();
+    EXPECT_TRUE(told[1].startsWith(u"SyntaxError"_s) && told[1].contains(u"@2:"_s)) << told[1].toStdString();
+    EXPECT_EQ(told[2], u"text@0:0"_s);
+    EXPECT_TRUE(told[5].startsWith(u"RangeError"_s));
+}
+
+TEST(JavaScriptPlugin, KeepsTheEngineForAsLongAsItsValues)
+{
+    const auto owned = std::make_shared<int>(1);
+    std::optional<JSValue> function;
+    {
+        const JavaScriptPlugin plugin{{}, {{u"k"_s, u"text"_s}}};
+        function = plugin.execute(u"n = 0; (x) => utils.localize('k') + helper() + x + ++n"_s, {},
+            {{u"helper"_s, ScriptValue::Function([owned](const auto&) { return ScriptValue(*owned); })}});
+    }
+    ASSERT_TRUE(function);
+    EXPECT_GT(owned.use_count(), 1);
+    // Also from another thread.
+    std::thread([&] { EXPECT_EQ(function->call({u"x"_s})->toString(), u"text1x1"_s); }).join();
+    const auto result = function->call({u"y"_s});
+    function.reset();
+    EXPECT_EQ(result->toString(), u"text1y2"_s);
+    EXPECT_FALSE(result->call());
+}
+
+TEST(JavaScriptPlugin, ReleasesItsEngineWithTheLastValue)
+{
+    const auto owned = std::make_shared<int>(1);
+    for (const QString& script : {u"helper"_s, u"throw helper"_s, u"c = {helper}; c.c = c"_s})
+        (void)JavaScriptPlugin().execute(script, {},
+            {{u"helper"_s, ScriptValue::Function([owned](const auto&) { return ScriptValue(); })}});
+    EXPECT_EQ(owned.use_count(), 1);
+}
+
+TEST(JavaScriptPlugin, ConvertsResultsAndRefusesWhatHasNoEnd)
+{
+    const auto json = [](const QString& script) {
+        const auto result = JavaScriptPlugin().execute(script);
+        const auto value = result ? result->toScriptValue() : std::nullopt;
+        return value ? plainText(*value) : u"none"_s;
+    };
+    EXPECT_EQ(json(u"({a: [1, , 'x', null], d: new Date(0), f() {}, s: Symbol()})"_s),
+        uR"({"a":[1,null,"x",null],"d":"1970-01-01T00:00:00.000Z"})"_s);
+    EXPECT_EQ(json(u"[1.5, 1e21, 3]"_s), u"[1.5,1e21,3]"_s);
+    for (const QString& endless : {u"a = []; a[0] = a"_s, u"a = []; for (i = 0; i < 40; ++i) a = [a, a]; a"_s,
+             u"new Array(4e9)"_s, u"({get x() { throw 1 }})"_s,
+             u"p = new Proxy({}, {get: () => p, ownKeys: () => ['x'],"
+             " getOwnPropertyDescriptor: () => ({enumerable: true, configurable: true})})"_s})
+        EXPECT_EQ(json(endless), u"none"_s) << endless.toStdString();
+}
+
+TEST(JavaScriptPlugin, EndsWhatWouldNeverEnd)
+{
+    JavaScriptPlugin plugin;
+    plugin.timeLimit = std::chrono::milliseconds(60);
+    plugin.memoryLimit = 64 << 20;
+    QStringList told;
+    plugin.exceptionHandler
+        = [&](const JSValue& exception) { told += exception.toString().value_or(u"?"_s); };
+    EXPECT_EQ(run(u"1 + 1"_s, plugin), u"2"_s);
+    for (const QString& script : {u"for (;;) try { for (;;); } catch (e) {}"_s,
+             u"for (;;) try { utils.log({toString() { for (;;); }, get x() { for (;;); }}) } catch (e) {}"_s,
+             u"for (;;) try { utils.localize({toString() { for (;;); }}) } catch (e) {}"_s})
+        EXPECT_EQ(run(script, plugin), u"nothing"_s) << script.toStdString();
+    EXPECT_EQ(told, QStringList(3, u"Error: The script ran for longer than it may."_s));
+    plugin.timeLimit.reset();
+    EXPECT_EQ(run(u"a = []; for (;;) a.push(new Array(1000).fill(a.length))"_s, plugin), u"nothing"_s);
+    EXPECT_EQ(told.last(), u"Error: The script took more memory than it may."_s);
+}
+
+TEST(JavaScriptPlugin, LogsWithItsPlace)
+{
+    const QTemporaryDir folder;
+    FileErrorLogger::setup(folder.path());
+    FileErrorLogger::setEnabled(true);
+    (void)JavaScriptPlugin().execute(
+        u"utils.log('text'); utils.log([1, {a: 2}]); utils.log({b: [3]}); utils.log(null);"
+        " utils.log({get x() { throw 1 }}); throw 'up'"_s);
+    const QString name = QDir(folder.path()).entryList(QDir::Files).value(0);
+    const QString log = QString::fromUtf8(quor::test::readFile(folder.filePath(name)));
+    FileErrorLogger::setEnabled(false);
+    FileErrorLogger::setup(std::nullopt);
+    QStringList lines = log.trimmed().split(u'\n');
+    lines.replaceInStrings(QRegularExpression(u"^.*\\+0000: |:\\d+(?=: )"_s), QString());
+    EXPECT_EQ(lines,
+        (QStringList{u"JavaScriptUtils.log: text"_s, u"JavaScriptUtils.log: [1,{\"a\":2}]"_s,
+            u"JavaScriptUtils.log: {\"b\":[3]}"_s, u"JavaScriptUtils.log: null"_s,
+            u"JavaScriptUtils.log: [object Object]"_s, u"JavaScriptPlugin.execute: up"_s}));
+}
+
+} // namespace
