@@ -247,6 +247,7 @@ std::optional<EventStoreError> CalendarDirectory::write(const QByteArray& name, 
     struct stat status { };
     errno = 0;
     bool isWritten = writeAll(file, bytes) && (!isThere || fchmod(file, old.st_mode & 07777) == 0)
+        && (fdatasync(file) == 0 || errno == EINVAL) // or a power cut may leave the name without the bytes
         && fstat(file, &status) == 0;
     int reason = isWritten ? 0 : errno;
     if (close(file) != 0 && isWritten) { // some file systems tell only now that the disk is full

@@ -38,12 +38,20 @@ public:
     /// A name for a new item's file that nothing has.
     [[nodiscard]] QByteArray newFile(const QString& uid);
 
-    /// Makes the edit on the file as it is with what is staged. A failure changes nothing.
-    [[nodiscard]] std::optional<EventStoreError> stage(const QByteArray& file, ItemEdit edit);
+    /// What became of a staged file, for those changes that must wait for it.
+    enum class Arrival { pending, written, lost };
+
+    /// Makes the edit on the file as it is with what is staged. A failure changes nothing. An edit `after`
+    /// another file takes away what that one has: it is written behind it, and dropped if that one is lost.
+    [[nodiscard]] std::optional<EventStoreError> stage(
+        const QByteArray& file, ItemEdit edit, std::shared_ptr<const Arrival> after = nullptr);
+    /// Of a file that something is staged for.
+    [[nodiscard]] std::shared_ptr<const Arrival> arrival(const QByteArray& file) const;
     [[nodiscard]] bool hasStaged() const { return !staged_.empty(); }
     enum class Writes { contents, removals };
-    /// Writes files that something is left in, or removes the others. Adds failures.
-    void commit(Writes writes, std::vector<EventStoreError>& failures);
+    /// Writes files that nothing is taken away from, or the others. Adds failures. Whether any file is done
+    /// with, for which others may wait.
+    bool commit(Writes writes, std::vector<EventStoreError>& failures);
     /// Drops what is staged for one file.
     void unstage(const QByteArray& file);
     void reset();
@@ -53,8 +61,14 @@ private:
         FileIdentity identity;
         std::shared_ptr<const FileRecords> records; ///< null: broken
     };
+    struct Step {
+        ItemEdit edit;
+        std::shared_ptr<const Arrival> after; ///< null: waits for nothing
+    };
     struct Staged {
-        std::vector<ItemEdit> edits;
+        std::vector<Step> steps;
+        std::shared_ptr<Arrival> arrival = std::make_shared<Arrival>(Arrival::pending);
+        bool isOutdated = false; ///< the steps are to be made again
         std::optional<FileIdentity> base; ///< none: a new file
         std::optional<QByteArray> bytes; ///< none: nothing is left in it
         std::shared_ptr<const FileRecords> records;
@@ -72,6 +86,9 @@ private:
     void indexFile(const QByteArray& name, const FileRecords& records);
     [[nodiscard]] std::optional<EventStoreError> write(
         const CalendarDirectory& directory, const QByteArray& name, Staged& staged);
+    [[nodiscard]] std::optional<EventStoreError> writeRepeatedly(
+        const CalendarDirectory& directory, const QByteArray& name, Staged& staged);
+    static void dropLostSteps(Staged& staged);
     /// Each file's records, staged ones in place of those on disk.
     template <class Visit>
     void visitFiles(Visit visit) const;

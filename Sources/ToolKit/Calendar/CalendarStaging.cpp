@@ -2,6 +2,8 @@
 // What a calendar's files shall be, and how it comes to the disk.
 #include "ToolKit/Calendar/CalendarFolder.h"
 
+#include <algorithm>
+
 namespace quor::toolkit {
 
 namespace {
@@ -26,7 +28,8 @@ std::optional<ItemFile> CalendarFolder::content(const QByteArray& file)
     return content && content->bytes ? ItemFile::parse(*content->bytes) : std::nullopt;
 }
 
-std::optional<EventStoreError> CalendarFolder::stage(const QByteArray& file, ItemEdit edit)
+std::optional<EventStoreError> CalendarFolder::stage(
+    const QByteArray& file, ItemEdit edit, std::shared_ptr<const Arrival> after)
 {
     const CalendarDirectory directory(root_, path_);
     if (!directory.isOpen())
@@ -46,7 +49,7 @@ std::optional<EventStoreError> CalendarFolder::stage(const QByteArray& file, Ite
         return unreadable(file);
     if (auto failure = edit(*parsed))
         return failure;
-    staged.edits.push_back(std::move(edit));
+    staged.steps.push_back({std::move(edit), std::move(after)});
     staged.bytes.reset();
     staged.records = std::make_shared<FileRecords>();
     if (!parsed->isEmpty()) {
@@ -66,7 +69,7 @@ std::optional<EventStoreError> CalendarFolder::stage(const QByteArray& file, Ite
 std::optional<EventStoreError> CalendarFolder::write(
     const CalendarDirectory& directory, const QByteArray& name, Staged& staged)
 {
-    if (directory.identity(name) != staged.base) {
+    if (staged.isOutdated || directory.identity(name) != staged.base) {
         // Another program was here: the edits are made again, on what it wrote.
         const auto content = directory.read(name);
         std::optional<ItemFile> file = !content ? ItemFile()
@@ -74,10 +77,11 @@ std::optional<EventStoreError> CalendarFolder::write(
                                                 : std::nullopt;
         if (!file)
             return unreadable(name);
-        for (const ItemEdit& edit : staged.edits) {
-            if (auto failure = edit(*file))
+        for (const Step& step : staged.steps) {
+            if (auto failure = step.edit(*file))
                 return failure;
         }
+        staged.isOutdated = false;
         staged.base = content ? std::optional(content->identity) : std::nullopt;
         staged.bytes = file->isEmpty() ? std::nullopt : std::optional(file->bytes());
         staged.records = std::make_shared<FileRecords>(file->records());
@@ -95,45 +99,82 @@ std::optional<EventStoreError> CalendarFolder::write(
     return std::nullopt;
 }
 
-void CalendarFolder::commit(Writes writes, std::vector<EventStoreError>& failures)
+std::optional<EventStoreError> CalendarFolder::writeRepeatedly(
+    const CalendarDirectory& directory, const QByteArray& name, Staged& staged)
+{
+    if (!directory.isOpen())
+        return systemError(ENOENT, path_.identifier());
+    std::optional<EventStoreError> failure;
+    for (int tries = 0; tries < mostTries; ++tries) {
+        failure = write(directory, name, staged);
+        // A conflict between the edits themselves stays one.
+        if (!failure || failure->kind() != Kind::conflict || directory.identity(name) == staged.base)
+            break;
+    }
+    return failure;
+}
+
+void CalendarFolder::dropLostSteps(Staged& staged)
+{
+    const auto dropped = std::erase_if(
+        staged.steps, [](const Step& step) { return step.after && *step.after == Arrival::lost; });
+    staged.isOutdated = staged.isOutdated || dropped > 0;
+}
+
+bool CalendarFolder::commit(Writes writes, std::vector<EventStoreError>& failures)
 {
     if (staged_.empty())
-        return;
+        return false;
     const CalendarDirectory directory(root_, path_);
     directory.lock();
     isIndexed_ = false;
+    const std::size_t before = staged_.size();
     for (auto each = staged_.begin(); each != staged_.end();) {
-        if (each->second.bytes.has_value() != (writes == Writes::contents)) {
+        Staged& staged = each->second;
+        dropLostSteps(staged);
+        const bool takes = !staged.bytes
+            || std::ranges::any_of(staged.steps, [](const Step& step) { return step.after != nullptr; });
+        const bool waits = std::ranges::any_of(
+            staged.steps, [](const Step& step) { return step.after && *step.after == Arrival::pending; });
+        if (waits || takes != (writes == Writes::removals)) {
             ++each;
             continue;
         }
-        std::optional<EventStoreError> failure;
-        if (!directory.isOpen())
-            failure = systemError(ENOENT, path_.identifier());
-        for (int tries = 0; directory.isOpen() && tries < mostTries; ++tries) {
-            failure = write(directory, each->first, each->second);
-            // A conflict between the edits themselves stays one.
-            if (!failure || failure->kind() != Kind::conflict
-                || directory.identity(each->first) == each->second.base)
-                break;
-        }
+        const auto failure
+            = staged.steps.empty() ? std::nullopt : writeRepeatedly(directory, each->first, staged);
         if (failure)
             failures.push_back(*failure);
         const bool isHopeless = failure
             && (failure->kind() == Kind::conflict || failure->kind() == Kind::notFound
                 || failure->kind() == Kind::unreadable);
-        each = !failure || isHopeless ? staged_.erase(each) : std::next(each);
+        if (failure && !isHopeless) {
+            ++each;
+            continue;
+        }
+        *staged.arrival = failure || staged.steps.empty() ? Arrival::lost : Arrival::written;
+        each = staged_.erase(each);
     }
+    return staged_.size() < before;
+}
+
+std::shared_ptr<const CalendarFolder::Arrival> CalendarFolder::arrival(const QByteArray& file) const
+{
+    return staged_.at(file).arrival;
 }
 
 void CalendarFolder::unstage(const QByteArray& file)
 {
-    staged_.erase(file);
+    if (const auto staged = staged_.find(file); staged != staged_.end()) {
+        *staged->second.arrival = Arrival::lost;
+        staged_.erase(staged);
+    }
     isIndexed_ = false;
 }
 
 void CalendarFolder::reset()
 {
+    for (auto& [file, staged] : staged_)
+        *staged.arrival = Arrival::lost;
     staged_.clear();
     isIndexed_ = false;
 }

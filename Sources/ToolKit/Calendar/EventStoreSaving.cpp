@@ -39,12 +39,28 @@ Result insertAll(ItemFile& file, const QByteArray& bytes)
     return std::nullopt;
 }
 
-const EventRecord* recordOf(CalendarFolder& folder, const QByteArray& file, const QString& uid)
+/// Takes out what was put into another file, as long as it is the same.
+Result takeOut(ItemFile& file, const QString& uid, const QByteArray& bytes)
+{
+    if (file.extract(uid).bytes() != bytes)
+        return EventStoreError(Kind::conflict, QStringLiteral("changed by another program"));
+    for (const auto kind : {ICAL_VEVENT_COMPONENT, ICAL_VTODO_COMPONENT}) {
+        for (icalcomponent* each : file.components(kind, uid))
+            file.remove(each);
+    }
+    return std::nullopt;
+}
+
+/// A file may hold several of a series without the series itself: then the record of that one.
+const EventRecord* recordOf(
+    CalendarFolder& folder, const QByteArray& file, const QString& uid, std::optional<Date> occurrence)
 {
     const FileRecords* const records = folder.records(file);
     if (!records)
         return nullptr;
-    const auto found = std::ranges::find(records->events, uid, &EventRecord::uid);
+    const auto found = std::ranges::find_if(records->events, [&](const EventRecord& each) {
+        return each.uid == uid && (!each.occurrence || !occurrence || each.occurrence == occurrence);
+    });
     return found == records->events.end() ? nullptr : &*found;
 }
 
@@ -84,7 +100,7 @@ public:
 
     [[nodiscard]] Result save(EventSpan span)
     {
-        const EventRecord* const record = recordOf(target_, place_.file, change_.uid);
+        const EventRecord* const record = recordOf(target_, place_.file, change_.uid, change_.occurrence);
         if (!record)
             return missing("the event is not there any more");
         if (span == EventSpan::thisEvent || !record->recurrence || !change_.occurrence)
@@ -112,13 +128,9 @@ public:
         });
         if (failure)
             return failure;
-        EventChange whole = change_;
-        if (const EventRecord* const record = recordOf(from, old, change_.uid);
-            record && record->recurrence) {
-            whole.occurrence.reset();
-            whole.base = record->fields;
-        }
-        failure = from.stage(old, [whole](ItemFile& file) { return removeEvent(file, whole); });
+        failure = from.stage(
+            old, [bytes, uid = change_.uid](ItemFile& file) { return takeOut(file, uid, bytes); },
+            target_.arrival(place_.file));
         if (failure)
             target_.unstage(place_.file);
         return failure;
@@ -143,7 +155,8 @@ private:
         if (failure)
             return failure;
         failure = target_.stage(
-            place_.file, [change = change_](ItemFile& each) { return endSeries(each, change); });
+            place_.file, [change = change_](ItemFile& each) { return endSeries(each, change); },
+            target_.arrival(file));
         if (failure) {
             target_.unstage(file);
             return failure;
@@ -190,7 +203,7 @@ EventStore::Result EventStore::saveEvent(const std::shared_ptr<Event>& event, Ev
     ItemPlace now = saving.place();
     now.uid = saving.uid();
     now.calendarIdentifier = calendar->calendarIdentifier();
-    if (const EventRecord* const record = recordOf(*target, now.file, now.uid)) {
+    if (const EventRecord* const record = recordOf(*target, now.file, now.uid, now.occurrence)) {
         now.isRecurring = record->recurrence != nullptr || record->occurrence;
         if (!now.isRecurring)
             now.occurrence.reset();
@@ -262,8 +275,9 @@ EventStore::Result EventStore::saveReminder(const std::shared_ptr<Reminder>& rem
         return inserted ? inserted : toolkit::saveReminder(file, change);
     });
     if (!failure && from != target) {
-        failure
-            = from->stage(old, [change](ItemFile& file) { return toolkit::removeReminder(file, change); });
+        failure = from->stage(
+            old, [moved, uid = change.uid](ItemFile& file) { return takeOut(file, uid, moved); },
+            target->arrival(place.file));
         if (failure)
             target->unstage(place.file);
     }

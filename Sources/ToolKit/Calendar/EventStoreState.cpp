@@ -116,13 +116,15 @@ EventStore::Result EventStore::State::commit()
             failures.push_back(*failure);
     }
     const auto write = [&](CalendarFolder::Writes writes) {
+        bool isAnyDone = false;
         for (const auto& [path, folder] : folders_)
-            folder->commit(writes, failures);
+            isAnyDone = folder->commit(writes, failures) || isAnyDone;
+        return isAnyDone;
     };
     write(CalendarFolder::Writes::contents);
-    // An event that moves to another calendar leaves the old one only when it is in the new one.
-    if (failures.empty())
-        write(CalendarFolder::Writes::removals);
+    // An event that moves to another calendar leaves the old one only when it is in the new one, which may
+    // itself be waiting for a third.
+    while (write(CalendarFolder::Writes::removals)) { }
     return failures.empty() ? Result() : failures.front();
 }
 

@@ -281,12 +281,14 @@ std::optional<EventStoreError> removeEvent(ItemFile& file, const EventChange& ch
     if (*current != change.base)
         return conflict(change.uid);
     icalcomponent* const master = masterOf(file, change.uid);
-    if (!change.occurrence || !master) {
+    if (!change.occurrence) {
         removeWhole(file, change.uid);
         return std::nullopt;
     }
     if (icalcomponent* const own = overrideOf(file, change.uid, *change.occurrence))
         file.remove(own);
+    if (!master)
+        return std::nullopt; // others of the series may be in the file
     const auto first = readEvent(master);
     addMoment(master, ICAL_EXDATE_PROPERTY, *change.occurrence, first && first->isAllDay,
         first ? zoneFor(master, first->timeZone) : ItemZone());

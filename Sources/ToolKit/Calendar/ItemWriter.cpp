@@ -105,7 +105,15 @@ void writeMoment(
 
 void writeTimes(icalcomponent* event, const EventFields& fields)
 {
-    const ItemZone zone = fields.isAllDay ? ItemZone() : zoneFor(event, fields.timeZone);
+    ItemZone zone = fields.isAllDay ? ItemZone() : zoneFor(event, fields.timeZone);
+    // The second of two equal hours, as the clock is set back, has no name in the zone.
+    const auto isNamed = [&](Date moment) {
+        return std::chrono::abs(zone.moment(zone.local(moment, false)) - moment) < std::chrono::seconds(1);
+    };
+    const bool isSeries = !fields.recurrenceRule.isEmpty() || recurs(event);
+    if (!fields.isAllDay && !zone.name().isEmpty() && !isSeries
+        && !(isNamed(fields.startDate) && isNamed(fields.endDate)))
+        zone = ItemZone::utc();
     removeAll(event, ICAL_DURATION_PROPERTY);
     writeMoment(event, ICAL_DTSTART_PROPERTY, fields.startDate, fields.isAllDay, zone);
     if (!fields.isAllDay) {

@@ -43,6 +43,26 @@ bool isImpossible(const icalrecurrencetype& rule)
     return least > longest;
 }
 
+/// Nor is there a 300th Monday in a month.
+bool isBehindAll(const icalrecurrencetype& rule)
+{
+    if (rule.by_set_pos[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.freq == ICAL_YEARLY_RECURRENCE)
+        return false;
+    const auto times = [](const short* values) {
+        int count = 0;
+        while (values[count] != ICAL_RECURRENCE_ARRAY_MAX)
+            ++count;
+        return std::max(1, count);
+    };
+    const int days = rule.freq == ICAL_MONTHLY_RECURRENCE ? 31 : 7;
+    const qint64 most = qint64(days) * times(rule.by_hour) * times(rule.by_minute) * times(rule.by_second);
+    for (const short* place = rule.by_set_pos; *place != ICAL_RECURRENCE_ARRAY_MAX; ++place) {
+        if (std::abs(int(*place)) <= most)
+            return false;
+    }
+    return true;
+}
+
 /// The end of the rule in the terms of its events, as libical compares without a look at zones.
 void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
 {
@@ -80,7 +100,7 @@ template <class Visit>
 void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
 {
     icalrecurrencetype rule = icalrecurrencetype_from_string(text.constData());
-    if (rule.freq == ICAL_NO_RECURRENCE || isSearch(rule) || isImpossible(rule)
+    if (rule.freq == ICAL_NO_RECURRENCE || isSearch(rule) || isImpossible(rule) || isBehindAll(rule)
         || (rule.freq <= ICAL_HOURLY_RECURRENCE && recurrence.first.is_date))
         return;
     localiseEnd(rule, recurrence);
