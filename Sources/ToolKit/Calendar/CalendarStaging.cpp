@@ -12,7 +12,8 @@ using Kind = EventStoreError::Kind;
 
 EventStoreError unreadable(const QByteArray& name)
 {
-    return {Kind::unreadable, QString::fromUtf8(name) + QStringLiteral(": cannot be read as a calendar")};
+    return {Kind::unreadable,
+        QString::fromUtf8(name) + QStringLiteral(": cannot be read and written as a calendar")};
 }
 
 // A file that changes under each of so many tries is somebody else's for now.
@@ -45,7 +46,7 @@ std::optional<EventStoreError> CalendarFolder::stage(
         }
     }
     std::optional<ItemFile> parsed = staged.bytes ? ItemFile::parse(*staged.bytes) : ItemFile();
-    if (!parsed)
+    if (!parsed || !parsed->canBeWritten())
         return unreadable(file);
     if (auto failure = edit(*parsed))
         return failure;
@@ -75,7 +76,7 @@ std::optional<EventStoreError> CalendarFolder::write(
         std::optional<ItemFile> file = !content ? ItemFile()
             : content->bytes                    ? ItemFile::parse(*content->bytes)
                                                 : std::nullopt;
-        if (!file)
+        if (!file || !file->canBeWritten())
             return unreadable(name);
         for (const Step& step : staged.steps) {
             if (auto failure = step.edit(*file))

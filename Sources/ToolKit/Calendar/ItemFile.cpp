@@ -33,6 +33,16 @@ bool isSound(icalcomponent* component, int depth)
     return true;
 }
 
+bool holdsOwnComponents(icalcomponent* component)
+{
+    for (auto* each = icalcomponent_get_first_component(component, ICAL_ANY_COMPONENT); each;
+         each = icalcomponent_get_next_component(component, ICAL_ANY_COMPONENT)) {
+        if (icalcomponent_isa(each) == ICAL_X_COMPONENT || holdsOwnComponents(each))
+            return true;
+    }
+    return false;
+}
+
 /// The lines that open and close components. libical overlooks some that do not match.
 bool isBalanced(const QByteArray& bytes)
 {
@@ -110,6 +120,11 @@ bool ItemFile::isEmpty() const
         }
     }
     return true;
+}
+
+bool ItemFile::canBeWritten() const
+{
+    return !holdsOwnComponents(root_.get());
 }
 
 QByteArray ItemFile::bytes() const

@@ -33,6 +33,9 @@ public:
     /// Items without an identifier, or events without a start, are left alone and not listed.
     [[nodiscard]] FileRecords records() const;
     [[nodiscard]] bool isEmpty() const; ///< nothing but time zones
+    /// False where components would be lost: libical reads those with a name of their own (X-...), and does
+    /// not write them.
+    [[nodiscard]] bool canBeWritten() const;
     [[nodiscard]] QByteArray bytes() const;
     /// A file with the components of that identifier alone.
     [[nodiscard]] ItemFile extract(const QString& uid) const;
