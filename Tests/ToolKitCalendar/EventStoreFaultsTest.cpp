@@ -92,17 +92,17 @@ TEST_F(Faults, BrokenFilesAreSkippedAndNeverWritten)
         QByteArray(whole).replace("20261102T090000Z", "soon"), "BEGIN:VEVENT\r\nUID:x\r\nEND:VEVENT\r\n",
         QByteArray("BEGIN:VCALENDAR\r\n").repeated(10'000)};
     for (const QByteArray& bytes : broken) {
-        const QString path = calendars_.path(u"local/work/x.ics"_s);
+        const QString path = calendars_.path(u"local/team/x.ics"_s);
         ASSERT_TRUE(writeFile(path, bytes));
         EXPECT_TRUE(all().empty()) << bytes.left(100).constData();
         EXPECT_EQ(store_.calendars(EntityType::event).size(), 1u);
         EXPECT_EQ(readFile(path), bytes);
     }
-    QFile large(calendars_.path(u"local/work/large.ics"_s));
+    QFile large(calendars_.path(u"local/team/large.ics"_s));
     ASSERT_TRUE(large.open(QIODevice::WriteOnly) && large.resize(100 << 20));
     EXPECT_TRUE(all().empty());
     // Links lead nowhere, and an identifier is no path.
-    QFile::link(calendars_.path(u"local/work/large.ics"_s), calendars_.path(u"local/work/link.ics"_s));
+    QFile::link(calendars_.path(u"local/team/large.ics"_s), calendars_.path(u"local/team/link.ics"_s));
     calendars_.write(u"b.ics"_s,
         TestCalendars::event("../../../b", "SUMMARY:B\nDESCRIPTION:\nDTSTART:20261102T090000Z") + "\n"
             + TestCalendars::event(QByteArray(10'000, 'u'), "SUMMARY:U\nDTSTART:20261103T090000Z"));

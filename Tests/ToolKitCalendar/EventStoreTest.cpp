@@ -19,7 +19,7 @@ TEST(EventStore, AccessIsRefusedInThePreferencesTypeByType)
 {
     const TemporaryDataHome home;
     EXPECT_EQ(EventStore::authorizationStatus(EntityType::event), AuthorizationStatus::fullAccess);
-    writeFile(home.path(u"calendars/local/work/a.ics"_s),
+    writeFile(home.path(u"calendars/local/team/a.ics"_s),
         TestCalendars::calendar(TestCalendars::event("a", "SUMMARY:A\nDTSTART:20261102T090000Z")));
     EventStore store;
     EXPECT_EQ(events(store, "2026-11-02T00:00", "2026-11-03T00:00").size(), 1u);

@@ -32,7 +32,7 @@ public:
               "longdatetimeformat = %Y-%m-%d %H:%M\n[default]\ndefault_calendar = work\n"_s;
         writeFile(folder_ + u"/config"_s,
             QString(config)
-                .replace(u"%1"_s, calendars.path(u"local/work"_s))
+                .replace(u"%1"_s, calendars.path(u"local/team"_s))
                 .replace(u"%2"_s, folder_)
                 .replace(u"%3"_s, zone)
                 .toUtf8());

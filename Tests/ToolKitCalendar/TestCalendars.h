@@ -20,7 +20,7 @@ inline platform::Date utc(const char* text)
 /// A root folder of calendars of its own, with access granted, and a calendar in it.
 class TestCalendars final {
 public:
-    TestCalendars() { QDir(folder_.path()).mkpath(QStringLiteral("local/work")); }
+    TestCalendars() { QDir(folder_.path()).mkpath(QStringLiteral("local/team")); }
 
     [[nodiscard]] QString path(const QString& below = {}) const { return folder_.filePath(below); }
     [[nodiscard]] toolkit::EventStoreOptions options() const
@@ -29,15 +29,15 @@ public:
     }
     void write(const QString& file, const QByteArray& lines) const
     {
-        writeFile(path(QStringLiteral("local/work/") + file), calendar(lines));
+        writeFile(path(QStringLiteral("local/team/") + file), calendar(lines));
     }
     [[nodiscard]] QByteArray read(const QString& file) const
     {
-        return readFile(path(QStringLiteral("local/work/") + file));
+        return readFile(path(QStringLiteral("local/team/") + file));
     }
     [[nodiscard]] QStringList files() const
     {
-        return QDir(path(QStringLiteral("local/work"))).entryList(QDir::Files | QDir::Hidden | QDir::System);
+        return QDir(path(QStringLiteral("local/team"))).entryList(QDir::Files | QDir::Hidden | QDir::System);
     }
     [[nodiscard]] static QByteArray calendar(const QByteArray& lines)
     {
