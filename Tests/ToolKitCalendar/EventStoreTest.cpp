@@ -81,7 +81,7 @@ TEST(EventStore, CalendarsAreMadeRenamedAndRemoved)
     QStringList seen;
     for (const auto& each : store.calendars(EntityType::event))
         seen << each->title() + each->color().name() + each->source()->title;
-    EXPECT_EQ(seen, (QStringList{u"Home#102030local"_s, u"work#000000local"_s, u"Team#ff8000remote"_s}));
+    EXPECT_EQ(seen, (QStringList{u"Home#102030local"_s, u"team#000000local"_s, u"Team#ff8000remote"_s}));
     EXPECT_EQ(store.calendars(EntityType::reminder).size(), 4u); // the empty ones, and the list
 
     calendar->setTitle(u"House"_s);
