@@ -4,6 +4,7 @@
 #include <ToolKit/Calendar/CalendarStore.h>
 #include <ToolKit/Calendar/ReminderStore.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QTemporaryDir>
@@ -84,15 +85,21 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Plans a month in a calendar of its own."_s);
+    parser.addHelpOption();
+    parser.addPositionalArgument(
+        u"folder"_s, u"Where calendars are; a temporary one without it."_s, u"[folder]"_s);
+    parser.process(application);
     EventStoreOptions options; // as they are, they name the user's own calendars
-    options.root = QCoreApplication::arguments().value(1, folder.path());
+    options.root = parser.positionalArguments().value(0, folder.path());
     QTextStream out(stdout);
 
     // Nothing is there before access was requested. Once it is granted, the answer comes at once.
     CalendarStore store(options);
     const auto calendar = store.requestAccess().result() ? findOrCreate(store, u"Quor"_s) : nullptr;
     if (!calendar) {
-        QTextStream(stderr) << "no calendar in " << *options.root << '\n';
+        QTextStream(stderr) << "no calendar can be kept in " << *options.root << '\n';
         return 1;
     }
     listCalendars(store, out);

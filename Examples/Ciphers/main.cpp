@@ -4,6 +4,7 @@
 #include <ToolKit/Data/AES.h>
 #include <ToolKit/Data/Digest.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
 
@@ -12,9 +13,17 @@ using namespace quor::toolkit;
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const QString secret = arguments.value(1, QStringLiteral("Grüße, 4711"));
-    const QString key = arguments.value(2, QStringLiteral("correct horse battery staple"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Keeps a secret as text, and takes digests."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(
+        QStringLiteral("secret"), QStringLiteral("What to keep."), QStringLiteral("[secret"));
+    parser.addPositionalArgument(
+        QStringLiteral("key"), QStringLiteral("What it opens with."), QStringLiteral("[key]]"));
+    parser.process(application);
+    const QStringList arguments = parser.positionalArguments();
+    const QString secret = arguments.value(0, QStringLiteral("Grüße, 4711"));
+    const QString key = arguments.value(1, QStringLiteral("correct horse battery staple"));
     QTextStream out(stdout);
 
     // Text in, text out: each call gives another text, and all of them open with the key. There is a

@@ -3,6 +3,7 @@
 //     example-dates 2024-10-26T15:04:05
 #include <ToolKit/Dates/DateOperations.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QTextStream>
@@ -25,7 +26,20 @@ QString text(Date date)
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    const QString wanted = QCoreApplication::arguments().value(1, QStringLiteral("2024-10-26T15:04:05"));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Shows the days around a moment, as a report of working times would."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("moment"),
+        QStringLiteral("In ISO 8601; without a zone, that of this machine counts."),
+        QStringLiteral("[moment]"));
+    parser.process(application);
+    const QString wanted = parser.positionalArguments().value(0, QStringLiteral("2024-10-26T15:04:05"));
+    const QDateTime time = QDateTime::fromString(wanted, Qt::ISODate);
+    if (!time.isValid()) {
+        QTextStream(stderr) << "no moment: " << wanted << '\n';
+        return 1;
+    }
     QTextStream out(stdout);
 
     // Everything goes through one calendar. It follows the user's settings, but for what a program sets.
@@ -34,7 +48,6 @@ int main(int argc, char** argv)
     german.setLocale(QLocale(QLocale::German, QLocale::Germany));
     setCalendar(german);
 
-    const QDateTime time = QDateTime::fromString(wanted, Qt::ISODate);
     const Date date = quor::platform::dateFromSeconds(double(time.toSecsSinceEpoch()));
     out << "date:      " << text(date) << ", week " << weekOfYear(date) << ", " << relativeText(date)
         << (isWeekend(date) ? ", a weekend\n" : "\n");

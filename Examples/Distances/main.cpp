@@ -4,6 +4,7 @@
 #include <ToolKit/Formatting/DistanceFormatter.h>
 #include <ToolKit/Formatting/LocaleFacts.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
 
@@ -12,7 +13,14 @@ using namespace quor::toolkit;
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    QStringList typed = QCoreApplication::arguments().mid(1);
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Reads distances as they are typed, and writes them as they are shown."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(
+        QStringLiteral("distance"), QStringLiteral("What was typed."), QStringLiteral("[distance...]"));
+    parser.process(application);
+    QStringList typed = parser.positionalArguments();
     if (typed.isEmpty())
         typed = {QStringLiteral("12"), QStringLiteral("3.5 miles"), QStringLiteral("1.500 m"),
             QStringLiteral("far")};

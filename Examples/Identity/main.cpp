@@ -6,6 +6,7 @@
 #include <ToolKit/Identity/OSVersion.h>
 #include <ToolKit/Text/StringHelpers.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTextStream>
 
@@ -14,10 +15,15 @@ using namespace quor::toolkit;
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    QTextStream out(stdout);
-
     // The build tells the version: see CMakeLists.txt.
     QCoreApplication::setApplicationVersion(QStringLiteral(EXAMPLE_VERSION));
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Tells what runs where."));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.process(application);
+
+    QTextStream out(stdout);
     out << "version:    " << versionDescription() << '\n';
     if (numericVersion(shortVersion()) < numericVersion(u"1.0"))
         out << "            (not yet a first release)\n";

@@ -3,6 +3,7 @@
 //     example-store tasks.store "Design" "Write report"
 #include <ToolKit/CoreData/ManagedObjectContext.h>
 
+#include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QTextStream>
@@ -23,9 +24,16 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
-    const QStringList arguments = QCoreApplication::arguments();
-    const QString path = arguments.value(1, folder.filePath(u"tasks.store"_s));
-    const QStringList names = arguments.size() > 2 ? arguments.mid(2) : QStringList{u"Design"_s, u"Travel"_s};
+    QCommandLineParser parser;
+    parser.setApplicationDescription(u"Keeps tasks in a file, which grows with each run."_s);
+    parser.addHelpOption();
+    parser.addPositionalArgument(
+        u"file"_s, u"Made where it is missing; a temporary one without it."_s, u"[file"_s);
+    parser.addPositionalArgument(u"task"_s, u"The name of a task that was worked on."_s, u"[task...]]"_s);
+    parser.process(application);
+    const QStringList arguments = parser.positionalArguments();
+    const QString path = arguments.value(0, folder.filePath(u"tasks.store"_s));
+    const QStringList names = arguments.size() > 1 ? arguments.mid(1) : QStringList{u"Design"_s, u"Travel"_s};
     QTextStream out(stdout);
 
     // The entities are declared in code. What an older file lacks of them is added to it.
