@@ -110,6 +110,13 @@ TEST_F(StoreHelpersTest, AnswersByIdentifierAndWithNothingForWhatIsUnknown)
     auto plain = context->fetchSingleton<Unknown>(u"x"_s);
     EXPECT_FALSE(plain.isAttached() || !isEmpty(plain.value(u"uniqueID")));
     EXPECT_EQ(context->insertedObjects().size(), 3U);
+
+    for (const AttributeDescription& attribute :
+        {AttributeDescription{u"name"_s}, AttributeDescription{u"uniqueID"_s, AttributeType::integer}}) {
+        Context nameless(folder_.filePath(attribute.name), {EntityDescription::of<Task>({attribute})});
+        EXPECT_FALSE(nameless.fetchSingleton<Task>(u"1"_s).isAttached() || nameless.hasChanges());
+        EXPECT_TRUE(nameless.fetchSingleton<Task>().isAttached());
+    }
 }
 
 } // namespace

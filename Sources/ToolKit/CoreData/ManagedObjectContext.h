@@ -150,7 +150,8 @@ public:
     /// The one record with that "uniqueID", made if there is none; without an identifier, the one record of
     /// the class. Where there are several, as when two devices made the same one, all but the one whose
     /// identity has the last URI are deleted, which a line in the error log tells. Nothing of this is saved
-    /// yet. A plain record for an unknown entity, and for an identifier that is not storable.
+    /// yet. A plain record for an unknown entity, and for an identifier that is not storable or of an entity
+    /// without that attribute.
     template <RecordClass Record>
     [[nodiscard]] Record fetchSingleton(const std::optional<QString>& uniqueIdentifier = std::nullopt)
     {

@@ -19,6 +19,13 @@ void sortByIdentity(std::vector<ManagedObject>& objects)
     std::transform(keyed.begin(), keyed.end(), objects.begin(), [](const auto& pair) { return pair.second; });
 }
 
+/// Else no record could be found again by its identifier, and each call would make another one.
+bool hasIdentifiers(const EntityDescription& entity)
+{
+    const auto index = entity.index(u"uniqueID");
+    return index && entity.attributes()[*index].type == AttributeType::text;
+}
+
 } // namespace
 
 std::optional<ManagedObject> ManagedObjectContext::fetchObject(
@@ -36,7 +43,9 @@ std::vector<ManagedObject> ManagedObjectContext::fetchObjects(
 ManagedObject ManagedObjectContext::fetchSingleton(
     const QString& entityName, const QString& className, const std::optional<QString>& uniqueIdentifier)
 {
-    if (!entity(entityName) || (uniqueIdentifier && !isStorable(*uniqueIdentifier)))
+    const EntityDescription* const description = entity(entityName);
+    if (!description
+        || (uniqueIdentifier && !(isStorable(*uniqueIdentifier) && hasIdentifiers(*description))))
         return {};
     std::optional<Predicate> predicate;
     if (uniqueIdentifier)
