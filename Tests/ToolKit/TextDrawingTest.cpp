@@ -134,6 +134,11 @@ TEST_F(TextDrawingTest, AttachmentsTakeTheirRoomAndPlace)
     EXPECT_FALSE(drawnLabel(AttributedString(icon), 1).ink().isNull()) << "an ellipsis in its stead is seen";
     icon.bounds = {0, -10, 20, 50};
     EXPECT_EQ(drawnLabel(AttributedString(icon), unlimitedWidth).ink(), QRectF(10, 10, 20, 50));
+    AttributedString lines(icon);
+    lines.append(u"\n\n"_s, {});
+    lines.append(AttributedString(icon));
+    const double height = textSize(lines, font, false, 100).height();
+    EXPECT_NEAR(height, 100 + metrics.height(), 1) << "each in its own line";
 }
 
 TEST(MonospacedDigitFont, AllDigitsAreEquallyWide)

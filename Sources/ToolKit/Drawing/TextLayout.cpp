@@ -92,26 +92,30 @@ TextLayout::TextLayout(const AttributedString& text, const QFont& font, bool wra
 
 void TextLayout::placeLines(double width)
 {
+    // Each call makes a copy, and only the few runs that bear an image count for a line.
+    auto images = layout_.formats();
+    images.removeIf([](const QTextLayout::FormatRange& run) { return !attachmentOf(run.format); });
     layout_.beginLayout();
     for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
         line.setLineWidth(width);
-        placeLine(line);
+        placeLine(line, images);
     }
     layout_.endLayout();
 }
 
-void TextLayout::placeLine(QTextLine& line)
+void TextLayout::placeLine(QTextLine& line, const QList<QTextLayout::FormatRange>& images)
 {
     double ascent = line.ascent();
     double descent = line.descent();
     const int start = line.textStart();
     const int end = start + line.textLength();
     const std::size_t first = attachments_.size();
-    for (const auto& run : layout_.formats()) {
-        const auto attachment = attachmentOf(run.format);
-        if (!attachment)
-            continue;
-        for (int at = std::max(run.start, start); at < std::min(run.start + run.length, end); ++at) {
+    const auto isBefore
+        = [](const QTextLayout::FormatRange& run, int at) { return run.start + run.length <= at; };
+    auto run = std::lower_bound(images.begin(), images.end(), start, isBefore);
+    for (; run != images.end() && run->start < end; ++run) {
+        const auto attachment = attachmentOf(run->format);
+        for (int at = std::max(run->start, start); at < std::min(run->start + run->length, end); ++at) {
             const QRectF& bounds = attachment->bounds;
             const double left = std::min(line.cursorToX(at), line.cursorToX(at + 1));
             attachments_.push_back({line.lineNumber(),

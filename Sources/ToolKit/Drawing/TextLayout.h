@@ -4,6 +4,7 @@
 #include "Platform/Text/AttributedString.h"
 
 #include <QFont>
+#include <QList>
 #include <QPointF>
 #include <QSizeF>
 #include <QTextLayout>
@@ -39,7 +40,7 @@ private:
     };
 
     void placeLines(double width);
-    void placeLine(QTextLine& line);
+    void placeLine(QTextLine& line, const QList<QTextLayout::FormatRange>& images);
 
     QTextLayout layout_;
     std::vector<PlacedAttachment> attachments_;

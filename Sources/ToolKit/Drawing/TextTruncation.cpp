@@ -16,11 +16,15 @@ constexpr QChar ellipsis(0x2026);
 FormattedText slice(const FormattedText& whole, qsizetype from, qsizetype length)
 {
     FormattedText part{whole.text.sliced(from, length), {}};
-    for (const auto& format : whole.formats) {
-        const qsizetype start = std::max<qsizetype>(format.start, from);
-        const qsizetype end = std::min<qsizetype>(qsizetype(format.start) + format.length, from + length);
+    // A text of many lines has many formats, in order.
+    const auto isBefore
+        = [](const auto& format, qsizetype at) { return qsizetype(format.start) + format.length <= at; };
+    auto format = std::lower_bound(whole.formats.begin(), whole.formats.end(), from, isBefore);
+    for (; format != whole.formats.end() && format->start < from + length; ++format) {
+        const qsizetype start = std::max<qsizetype>(format->start, from);
+        const qsizetype end = std::min<qsizetype>(qsizetype(format->start) + format->length, from + length);
         if (start < end)
-            part.formats.append({int(start - from), int(end - start), format.format});
+            part.formats.append({int(start - from), int(end - start), format->format});
     }
     return part;
 }
