@@ -9,6 +9,7 @@
 #include "ToolKit/Markdown/MarkdownParser.h"
 
 #include <QEvent>
+#include <QStringList>
 
 #include <algorithm>
 #include <cmath>
@@ -117,30 +118,27 @@ platform::AttributedString PlatformToolTip::rendered(const Line& line, const QCo
     return MarkdownParser(line.text, fontOf(line.fontSize), color).parse();
 }
 
-QSizeF PlatformToolTip::measured(const Line& line)
-{
-    if (line.text.isEmpty())
-        return {0, 0};
-    return textSize(rendered(line, Qt::white), fontOf(line.fontSize), false);
-}
-
 void PlatformToolTip::updateLayout()
 {
-    QSizeF text(0, 0);
+    QSizeF whole(0, 0);
+    QStringList spoken;
     QPointF position(contentPadding_.left(), contentPadding_.top());
     for (Line* line : {&headline_, &label_, &sublabel_}) {
-        const QSizeF size = measured(*line);
         line->position = position;
         if (line->text.isEmpty()) {
             // What would stand below a label stands at the top without one.
             position.setY(contentPadding_.top());
             continue;
         }
+        const auto text = rendered(*line, Qt::white);
+        const QSizeF size = textSize(text, fontOf(line->fontSize), false);
         position.ry() += std::ceil(size.height()) + labelSpacing_;
-        text = {std::max(text.width(), size.width()), text.height() + size.height() + labelSpacing_};
+        whole = {std::max(whole.width(), size.width()), whole.height() + size.height() + labelSpacing_};
+        spoken += QString(text.string()).remove(QChar::ObjectReplacementCharacter);
     }
-    const double width = std::ceil(text.width()) + contentPadding_.left() + contentPadding_.right();
-    const double height = std::ceil(text.height()) + contentPadding_.top() + contentPadding_.bottom();
+    setAccessibleName(spoken.join(u'\n'));
+    const double width = std::ceil(whole.width()) + contentPadding_.left() + contentPadding_.right();
+    const double height = std::ceil(whole.height()) + contentPadding_.top() + contentPadding_.bottom();
     resize(wholePixels(std::ceil(width)), wholePixels(std::ceil(height)));
 }
 

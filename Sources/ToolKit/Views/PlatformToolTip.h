@@ -65,7 +65,8 @@ public:
     [[nodiscard]] QColor titleColor() const;
     void setTitleColor(const QColor& color);
 
-    /// Places the lines and resizes the view, in whole pixels; it stays where it is.
+    /// Places the lines and resizes the view, in whole pixels; it stays where it is. What the lines say
+    /// also becomes its accessible name.
     void updateLayout();
 
     /// The origin for a tip that speaks of (x, y) in `container`: above the point, and to the right of
@@ -84,7 +85,6 @@ private:
     };
 
     [[nodiscard]] static platform::AttributedString rendered(const Line& line, const QColor& color);
-    [[nodiscard]] static QSizeF measured(const Line& line);
     template <typename Value>
     void layOutWith(Value& field, const Value& value);
     void redrawWith(QColor& field, const QColor& value);
