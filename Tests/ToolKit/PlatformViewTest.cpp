@@ -5,7 +5,9 @@
 #include "ToolKit/Drawing/TextDrawing.h"
 #include "ToolKit/Views/PlatformToolTip.h"
 
+#include <QContextMenuEvent>
 #include <QCursor>
+#include <QPointer>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -118,6 +120,35 @@ TEST_F(PlatformViewTest, FollowsThePointerOverItselfAndWhatItContains)
     EXPECT_EQ(by(front, [&] { move({122, 100}); }), QString()) << "a drag is no hover";
     QTest::mouseRelease(window.windowHandle(), Qt::MiddleButton, {}, {122, 100});
     EXPECT_TRUE(by(front, [&] { move({10, 10}); }).endsWith(u"ended "_s));
+    move({120, 100});
+    EXPECT_EQ(by(front, [&] { window.hide(); }), u"ended "_s);
+}
+
+TEST_F(PlatformViewTest, MayGoAtAPress)
+{
+    struct Mayfly : public Probe {
+        using Probe::Probe;
+        void hoverEnded() override { delete this; }
+    };
+    QCursor::setPos(window.mapToGlobal(QPoint(5, 5)));
+    auto* mayfly = new Mayfly(&window);
+    const QPointer<QWidget> view = mayfly;
+    mayfly->resize(20, 20);
+    mayfly->show();
+    mayfly->setInteractionEnabled(true);
+    ASSERT_TRUE(view);
+    click(Qt::LeftButton, {5, 5});
+    EXPECT_FALSE(view);
+}
+
+TEST_F(PlatformViewTest, KeepsTheMenusBehindItForTheKeyboard)
+{
+    front.setInteractionEnabled(true);
+    for (const auto reason : {QContextMenuEvent::Mouse, QContextMenuEvent::Keyboard}) {
+        QContextMenuEvent asked(reason, {1, 1}, child.mapToGlobal(QPoint(1, 1)), Qt::NoModifier);
+        QCoreApplication::sendEvent(&child, &asked);
+        EXPECT_EQ(asked.isAccepted(), reason == QContextMenuEvent::Mouse);
+    }
 }
 
 TEST(PlatformToolTip, SizesItselfToItsLines)
@@ -131,6 +162,7 @@ TEST(PlatformToolTip, SizesItselfToItsLines)
     EXPECT_EQ(tip.labelPosition(), QPointF(9, 4)) << "nothing is kept for a headline";
     tip.setHeadline(u"Headline"_s);
     tip.setSublabel(u"The widest of all three lines"_s);
+    EXPECT_EQ(tip.accessibleName(), u"Headline\nTwo\nlines\nThe widest of all three lines"_s);
     tip.setContentPadding({1, 2, 3, 4});
     const double small = sizeOf(u"x"_s, 10).height();
     const double label = sizeOf(u"x\nx"_s, 12).height();

@@ -3,12 +3,14 @@
 
 #include "ToolKit/Deferred/EventProtocol.h"
 
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QCursor>
 #include <QGuiApplication>
 #include <QHoverEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 #include <utility>
 
@@ -18,8 +20,6 @@ PlatformView::PlatformView(QWidget* parent)
     : QWidget(parent)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    // A right click is a click, so no menu of a view behind may open at it.
-    setContextMenuPolicy(Qt::PreventContextMenu);
 }
 
 void PlatformView::setInteractionEnabled(bool enabled)
@@ -83,13 +83,15 @@ bool PlatformView::event(QEvent* event)
 {
     switch (event->type()) {
     case QEvent::Polish:
+        QWidget::event(event);
         // The constructor would be too early: a derived class is not there yet.
         if (!std::exchange(isSetUp_, true))
             setup();
-        break;
+        return true;
     case QEvent::LayoutRequest:
+        QWidget::event(event);
         layOut();
-        break;
+        return true;
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
         pointerMoved(static_cast<QHoverEvent*>(event)->position());
@@ -99,9 +101,8 @@ bool PlatformView::event(QEvent* event)
             hoverEnded();
         return true;
     default:
-        break;
+        return QWidget::event(event);
     }
-    return QWidget::event(event);
 }
 
 void PlatformView::mousePressEvent(QMouseEvent* event)
@@ -112,8 +113,24 @@ void PlatformView::mousePressEvent(QMouseEvent* event)
         return;
     }
     event->accept();
+    const QPointer self(this);
     hoverEnded();
-    mouseDown(event->position());
+    if (self)
+        mouseDown(event->position());
+}
+
+void PlatformView::contextMenuEvent(QContextMenuEvent* event)
+{
+    // A right click is a click, so no menu of a view behind may open at it; one asked for by a key may.
+    event->setAccepted(interactionEnabled_ && event->reason() == QContextMenuEvent::Mouse);
+}
+
+void PlatformView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    // A window that goes takes no leave of the pointer.
+    if (interactionEnabled_)
+        hoverEnded();
 }
 
 void PlatformView::moveEvent(QMoveEvent* event)

@@ -57,6 +57,8 @@ public:
     virtual void updateTrackingAreas();
 
 protected:
+    // A hook that ends its own view calls `deleteLater`; one that a press has called may delete it too.
+
     /// Called once, before the view is first laid out, drawn or shown.
     virtual void setup() { }
     /// Only called for bounds that are not empty, as the next one is.
@@ -66,10 +68,13 @@ protected:
     virtual void mouseDown(QPointF /*point*/) { }
     /// The pointer has come or moved, no button held, over the view or what it contains.
     virtual void hover(QPointF /*point*/) { }
+    /// The pointer has left, or a press has come, or the view is out of sight; also where no hover was.
     virtual void hoverEnded() { }
 
     bool event(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
