@@ -77,6 +77,12 @@ TEST_F(TextDrawingTest, SurvivesAnyWidthAndText)
     }
 }
 
+TEST_F(TextDrawingTest, TextRunsAsItsFirstLetterDoes)
+{
+    EXPECT_EQ(drawn(u"\u05D0 - m"_s, {}).image(), drawn(u"\u202B\u05D0 - m\u202C"_s, {}).image());
+    EXPECT_NE(drawn(u"\u05D0 - m"_s, {}).image(), drawn(u"\u202A\u05D0 - m\u202C"_s, {}).image());
+}
+
 TEST_F(TextDrawingTest, TextStandsWhereItsAlignmentSays)
 {
     const QSizeF size = textSize(u"HHHHH\nH"_s, font, false);

@@ -85,6 +85,8 @@ TextLayout::TextLayout(const AttributedString& text, const QFont& font, bool wra
     layout_.setCacheEnabled(true);
     // Lines are aligned by hand, since their common width is known only when all are laid out.
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
+    // As the text runs, whatever the application's language.
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
     layout_.setTextOption(option);
     placeLines(wraps ? width : widestLine);
