@@ -87,6 +87,14 @@ double JSValue::toDouble() const
 std::optional<QString> JSValue::toString() const
 {
     const ScriptWatch::Run run(engine_->watch());
+    if (JSValueIsSymbol(engine_->context(), value_)) { // which has a text only for those who ask for it
+        JSObjectRef symbol = JSValueToObject(engine_->context(), value_, nullptr);
+        JSValueRef name
+            = JSObjectGetProperty(engine_->context(), symbol, script::Text(u"description"_s).get(), nullptr);
+        const bool isNamed = name && JSValueIsString(engine_->context(), name);
+        return u"Symbol("_s + (isNamed ? script::toText(engine_->context(), name).value_or(QString()) : u""_s)
+            + u')';
+    }
     return script::toText(engine_->context(), value_);
 }
 
@@ -103,10 +111,10 @@ std::optional<ScriptValue::Map> JSValue::toDictionary() const
     return script::toMap(engine_->context(), value_);
 }
 
-std::optional<ScriptValue> JSValue::toScriptValue() const
+std::optional<ScriptValue> JSValue::toScriptValue(int maximumCount) const
 {
     const ScriptWatch::Run run(engine_->watch());
-    return script::toScriptValue(engine_->context(), value_);
+    return script::toScriptValue(engine_->context(), value_, maximumCount);
 }
 
 std::optional<JSValue> JSValue::property(const QString& name) const
@@ -124,7 +132,8 @@ std::optional<JSValue> JSValue::property(const QString& name) const
 
 std::optional<JSValue> JSValue::call(const ScriptValue::List& arguments) const
 {
-    return engine_->call(value_, arguments);
+    const JSValue kept = *this; // whoever is called may drop this one
+    return kept.engine_->call(kept.value_, arguments);
 }
 
 std::optional<int> JSValue::line() const

@@ -39,15 +39,16 @@ public:
 
     [[nodiscard]] bool toBool() const;
     [[nodiscard]] double toDouble() const; ///< NaN for what is no number
-    /// As the script's `String(value)`; none where that throws.
+    /// As the script's `String(value)`, of symbols too; none where that throws.
     [[nodiscard]] std::optional<QString> toString() const;
     /// The elements of an array. None for anything else, and as for `toScriptValue`.
     [[nodiscard]] std::optional<ScriptValue::List> toArray() const;
     /// The enumerable members of any object, an array's by index. None for anything else, and as below.
     [[nodiscard]] std::optional<ScriptValue::Map> toDictionary() const;
     /// A copy of the value and of all within it. Dates are ISO 8601 texts, functions and symbols undefined.
-    /// None where a getter throws, or with cycles, nesting beyond 512 levels or more than a million values.
-    [[nodiscard]] std::optional<ScriptValue> toScriptValue() const;
+    /// None where a getter throws, or with cycles, nesting beyond 512 levels or more values than told.
+    [[nodiscard]] std::optional<ScriptValue> toScriptValue(
+        int maximumCount = ScriptValue::maximumCount) const;
 
     /// A member of an object; none for anything else, where it is missing or where its getter throws.
     [[nodiscard]] std::optional<JSValue> property(const QString& name) const;

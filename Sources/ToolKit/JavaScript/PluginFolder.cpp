@@ -46,13 +46,12 @@ private:
 /// None for what must be refused; empty for the folder itself.
 std::optional<QByteArrayList> componentsOf(const QString& path)
 {
-    if (path.contains(QLatin1String("..")) || path.contains(QChar::Null))
+    if (path.contains(QLatin1String("..")) || path.contains(QChar::Null) || !path.isValidUtf16())
         return std::nullopt;
     QByteArrayList components = QFile::encodeName(path).split('/');
     components.removeAll(QByteArray());
     components.removeAll(QByteArray("."));
-    // What has no UTF-8 may be written as something else, so the rule is held once more.
-    return components.contains(QByteArray("..")) ? std::nullopt : std::optional(components);
+    return components;
 }
 
 bool isRegular(int fd, qint64* size)

@@ -11,9 +11,10 @@
 namespace quor::toolkit {
 
 /// A folder whose files can be reached by paths from others, which may mean no good: no path leads outside.
-/// Whatever holds ".." or a NUL character is refused; an absolute path, too, starts in the folder. Symbolic
-/// links are followed as long as they stay inside, also while somebody changes them meanwhile: the kernel
-/// resolves the path below the folder's descriptor. Where it cannot, no link is followed at all.
+/// Whatever holds "..", a NUL character or half of a surrogate pair is refused; an absolute path, too, starts
+/// in the folder. Symbolic links are followed as long as they stay inside, also while somebody changes them
+/// meanwhile: the kernel resolves the path below the folder's descriptor. Where it cannot, no link is
+/// followed at all.
 ///
 /// A folder that is gone, or whose URL is not of a local one, holds nothing. Stateless; any thread.
 class PluginFolder final {

@@ -12,20 +12,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int maximumValues = 1'000'000;
-
 /// One conversion out of the engine, which ends at the first failure. A cycle ends at the depth, a list that
 /// holds the same list over and over at the number of values.
 class Conversion {
 public:
-    explicit Conversion(JSContextRef context)
+    explicit Conversion(JSContextRef context, int maximumValues = ScriptValue::maximumCount)
         : context_(context)
+        , maximumValues_(maximumValues)
     {
     }
 
     std::optional<ScriptValue> convert(JSValueRef value)
     {
-        if (!value || ++values_ > maximumValues)
+        if (!value || ++values_ > maximumValues_)
             return std::nullopt;
         switch (JSValueGetType(context_, value)) {
         case kJSTypeNull:
@@ -87,7 +86,7 @@ private:
         const Text length(u"length"_s);
         JSValueRef lengthValue = JSObjectGetProperty(context_, array, length.get(), &exception);
         const double count = exception ? -1 : JSValueToNumber(context_, lengthValue, &exception);
-        if (exception || !(count >= 0 && count <= maximumValues))
+        if (exception || !(count >= 0 && count <= maximumValues_ - values_))
             return std::nullopt;
         ScriptValue::List list;
         for (unsigned i = 0; i < static_cast<unsigned>(count); ++i) {
@@ -121,9 +120,23 @@ private:
     }
 
     JSContextRef context_;
+    int maximumValues_;
     int values_ = 0;
     int depth_ = 0;
 };
+
+// Without a prototype there are no setters, which would take a member for themselves: one of the script on
+// `Object.prototype`, or the engine's own for `__proto__`.
+JSValueRef fromMap(JSContextRef context, const ScriptValue::Map& map, const MakeFunction& makeFunction)
+{
+    JSObjectRef object = JSObjectMake(context, nullptr, nullptr);
+    JSValueRef prototype = JSObjectGetPrototype(context, object);
+    JSObjectSetPrototype(context, object, JSValueMakeNull(context));
+    for (const auto& [name, member] : map)
+        setMember(context, object, name, fromScriptValue(context, member, makeFunction));
+    JSObjectSetPrototype(context, object, prototype);
+    return object;
+}
 
 } // namespace
 
@@ -169,10 +182,7 @@ JSValueRef fromScriptValue(JSContextRef context, const ScriptValue& value, const
                         context, array, index++, fromScriptValue(context, element, makeFunction), nullptr);
                 return array;
             } else if constexpr (std::is_same_v<T, ScriptValue::Map>) {
-                JSObjectRef object = JSObjectMake(context, nullptr, nullptr);
-                for (const auto& [name, member] : within)
-                    setMember(context, object, name, fromScriptValue(context, member, makeFunction));
-                return object;
+                return fromMap(context, within, makeFunction);
             } else if constexpr (std::is_same_v<T, ScriptValue::Function>) {
                 return within ? makeFunction(within) : JSValueMakeUndefined(context);
             } else {
@@ -182,9 +192,9 @@ JSValueRef fromScriptValue(JSContextRef context, const ScriptValue& value, const
         value.value);
 }
 
-std::optional<ScriptValue> toScriptValue(JSContextRef context, JSValueRef value)
+std::optional<ScriptValue> toScriptValue(JSContextRef context, JSValueRef value, int maximumValues)
 {
-    return Conversion(context).convert(value);
+    return Conversion(context, maximumValues).convert(value);
 }
 
 std::optional<ScriptValue::Map> toMap(JSContextRef context, JSValueRef value)

@@ -47,7 +47,8 @@ using MakeFunction = std::function<JSValueRef(const ScriptValue::Function&)>;
     JSContextRef context, const ScriptValue& value, const MakeFunction& makeFunction);
 
 /// None as `JSValue::toScriptValue` says.
-[[nodiscard]] std::optional<ScriptValue> toScriptValue(JSContextRef context, JSValueRef value);
+[[nodiscard]] std::optional<ScriptValue> toScriptValue(
+    JSContextRef context, JSValueRef value, int maximumValues = ScriptValue::maximumCount);
 [[nodiscard]] std::optional<ScriptValue::Map> toMap(JSContextRef context, JSValueRef value);
 
 void setMember(JSContextRef context, JSObjectRef object, const QString& name, JSValueRef value);

@@ -7,6 +7,10 @@
 #include <utility>
 #include <vector>
 
+// The library exports this without declaring it.
+extern "C" void JSGlobalContextSetUnhandledRejectionCallback(
+    JSGlobalContextRef context, JSObjectRef function, JSValueRef* exception);
+
 namespace quor::toolkit {
 
 using namespace Qt::StringLiterals;
@@ -42,6 +46,7 @@ ScriptEngine::ScriptEngine(ScriptWatch watch, JSContextGroupRef group)
     // The engine brings one that leads nowhere.
     JSObjectDeleteProperty(context_, global, script::Text(u"console"_s).get(), nullptr);
     functionPrototype_ = functionPrototype();
+    reportRejections();
 }
 
 ScriptEngine::~ScriptEngine()
@@ -53,7 +58,8 @@ ScriptEngine::~ScriptEngine()
 
 void ScriptEngine::setGlobal(const QString& name, JSValueRef value)
 {
-    script::setMember(context_, JSContextGetGlobalObject(context_), name, value);
+    if (name != "__proto__"_L1) // which would set the prototype of all globals
+        script::setMember(context_, JSContextGetGlobalObject(context_), name, value);
 }
 
 JSValueRef ScriptEngine::bridged(const ScriptValue& value)
@@ -76,11 +82,9 @@ JSObjectRef ScriptEngine::makeFunction(HostFunction function)
 
 std::optional<JSValue> ScriptEngine::evaluate(const QString& script)
 {
-    const ScriptWatch::Run run(watch_);
-    JSValueRef exception = nullptr;
-    JSValueRef result
-        = JSEvaluateScript(context_, script::Text(script).get(), nullptr, nullptr, 1, &exception);
-    return outcome(result, exception);
+    return run([&](JSValueRef* exception) {
+        return JSEvaluateScript(context_, script::Text(script).get(), nullptr, nullptr, 1, exception);
+    });
 }
 
 std::optional<JSValue> ScriptEngine::call(JSValueRef function, const ScriptValue::List& arguments)
@@ -89,29 +93,55 @@ std::optional<JSValue> ScriptEngine::call(JSValueRef function, const ScriptValue
         = JSValueIsObject(context_, function) ? JSValueToObject(context_, function, nullptr) : nullptr;
     if (!object || !JSObjectIsFunction(context_, object))
         return std::nullopt;
-    const ScriptWatch::Run run(watch_);
     // Handles keep the values from being collected while later ones are made.
     std::vector<JSValue> kept;
     std::vector<JSValueRef> values;
     kept.reserve(arguments.size());
     for (const ScriptValue& argument : arguments)
         kept.emplace_back(shared_from_this(), values.emplace_back(bridged(argument)));
-    JSValueRef exception = nullptr;
-    JSValueRef result
-        = JSObjectCallAsFunction(context_, object, nullptr, values.size(), values.data(), &exception);
-    return outcome(result, exception);
+    return run([&](JSValueRef* exception) {
+        return JSObjectCallAsFunction(context_, object, nullptr, values.size(), values.data(), exception);
+    });
 }
 
-std::optional<JSValue> ScriptEngine::outcome(JSValueRef result, JSValueRef exception)
+// The engine works off the promise jobs as the outermost call into it ends. The body is run from within
+// one, so that its end is known.
+std::optional<JSValue> ScriptEngine::run(const Body& body)
 {
-    if (!exception)
-        return result ? std::optional(JSValue(shared_from_this(), result)) : std::nullopt;
+    const ScriptWatch::Run running(watch_);
+    std::optional<JSValue> result;
+    std::optional<JSValue> exception;
+    // Once: a script may get hold of its caller.
+    JSObjectRef frame = makeFunction([&, isDone = false](auto&, auto) mutable -> JSValueRef {
+        if (std::exchange(isDone, true))
+            return nullptr;
+        const ScriptWatch::Script script(watch_);
+        JSValueRef thrown = nullptr;
+        JSValueRef value = body(&thrown);
+        if (thrown)
+            exception.emplace(shared_from_this(), thrown);
+        else if (value)
+            result.emplace(shared_from_this(), value);
+        return nullptr;
+    });
+    JSObjectCallAsFunction(context_, frame, nullptr, 0, nullptr, nullptr);
     if (watch_.excess() != ScriptWatch::Excess::none)
-        exception = excessError();
-    const JSValue kept(shared_from_this(), exception);
+        exception.emplace(shared_from_this(), excessError());
+    if (!exception)
+        return result;
     if (exceptionHandler_)
-        exceptionHandler_(kept);
+        exceptionHandler_(*exception);
     return std::nullopt;
+}
+
+void ScriptEngine::reportRejections()
+{
+    JSObjectRef report = makeFunction([](ScriptEngine& engine, std::span<const JSValueRef> arguments) {
+        if (engine.exceptionHandler_ && arguments.size() > 1) // the promise, then the reason
+            engine.exceptionHandler_(JSValue(engine.shared_from_this(), arguments[1]));
+        return JSValueRef(nullptr);
+    });
+    JSGlobalContextSetUnhandledRejectionCallback(context_, report, nullptr);
 }
 
 JSValueRef ScriptEngine::excessError()

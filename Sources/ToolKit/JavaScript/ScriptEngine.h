@@ -51,7 +51,9 @@ private:
     [[nodiscard]] JSObjectRef functionPrototype() const;
     [[nodiscard]] JSValueRef callHelper(
         const ScriptValue::Function& function, std::span<const JSValueRef> arguments);
-    [[nodiscard]] std::optional<JSValue> outcome(JSValueRef result, JSValueRef exception);
+    void reportRejections();
+    using Body = std::function<JSValueRef(JSValueRef* exception)>;
+    [[nodiscard]] std::optional<JSValue> run(const Body& body);
     [[nodiscard]] JSValueRef excessError();
 
     ScriptWatch watch_;

@@ -22,6 +22,9 @@ struct ScriptValue {
     using Map = std::map<QString, ScriptValue>;
     using Function = std::function<ScriptValue(const List& arguments)>;
 
+    /// As many a conversion makes at most.
+    static constexpr int maximumCount = 1'000'000;
+
     ScriptValue() = default; ///< undefined
     ScriptValue(std::nullptr_t null)
         : value(null)

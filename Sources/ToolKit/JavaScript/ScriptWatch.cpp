@@ -5,12 +5,16 @@
 
 #include <algorithm>
 #include <ctime>
+#include <thread>
 
 // The library exports these without declaring them.
 extern "C" {
 typedef bool (*JSShouldTerminateCallback)(JSContextRef context, void* data);
 void JSContextGroupSetExecutionTimeLimit(
     JSContextGroupRef group, double seconds, JSShouldTerminateCallback callback, void* data);
+void JSContextGroupClearExecutionTimeLimit(JSContextGroupRef group);
+typedef void (*JSHeapFinalizer)(JSContextGroupRef group, void* data);
+void JSContextGroupAddHeapFinalizer(JSContextGroupRef group, JSHeapFinalizer finalizer, void* data);
 JSObjectRef JSGetMemoryUsageStatistics(JSContextRef context);
 }
 
@@ -20,8 +24,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double interval = 0.02;
-constexpr double soon = 0.001;
+using namespace std::chrono_literals;
+constexpr auto interval = 20ms;
+constexpr auto soon = 1ms;
+constexpr auto apart = 2ms; ///< timers of one engine
+constexpr auto latest = 1s;
+constexpr auto untilAsked = 200us; ///< that a timer of nought takes at most, as a rule
 
 std::chrono::nanoseconds processorTime()
 {
@@ -47,8 +55,12 @@ ScriptWatch::ScriptWatch(std::optional<std::chrono::milliseconds> time, qint64 m
 void ScriptWatch::install(JSContextGroupRef group)
 {
     group_ = group;
-    if (time_ || memory_ > 0)
-        arm(interval);
+    if (!isOn())
+        return;
+    // The first time allocates, which a collection must not.
+    JSContextGroupSetExecutionTimeLimit(group_, 1, shouldTerminate, this);
+    JSContextGroupClearExecutionTimeLimit(group_);
+    JSContextGroupAddHeapFinalizer(group_, collected, this);
 }
 
 ScriptWatch::Run::Run(ScriptWatch& watch)
@@ -57,13 +69,26 @@ ScriptWatch::Run::Run(ScriptWatch& watch)
     if (watch_.depth_++ > 0)
         return;
     watch_.excess_ = Excess::none;
-    if (watch_.time_)
+    if (watch_.isOn())
         watch_.started_ = processorTime();
 }
 
 ScriptWatch::Run::~Run()
 {
     --watch_.depth_;
+}
+
+ScriptWatch::Script::Script(ScriptWatch& watch)
+    : watch_(watch)
+{
+    if (watch_.scripts_++ == 0 && watch_.time_)
+        watch_.arm(interval);
+}
+
+ScriptWatch::Script::~Script()
+{
+    if (--watch_.scripts_ == 0 && watch_.isOn())
+        JSContextGroupClearExecutionTimeLimit(watch_.group_);
 }
 
 bool ScriptWatch::endAgain()
@@ -79,13 +104,33 @@ bool ScriptWatch::shouldTerminate(JSContextRef context, void* watch)
     auto& self = *static_cast<ScriptWatch*>(watch);
     if (self.excess_ == Excess::none)
         self.excess_ = self.measure(context);
-    self.arm(interval); // the engine asks once for each time that it is told to
+    // The engine asks once for each time that it is told to.
+    const bool goesOn = self.scripts_ > 0 && (self.time_ || self.excess_ != Excess::none);
+    if (goesOn)
+        self.arm(interval);
+    else
+        JSContextGroupClearExecutionTimeLimit(self.group_);
     return self.excess_ != Excess::none;
 }
 
-void ScriptWatch::arm(double seconds)
+// Has the engine ask at the next chance, as it is no time for questions now.
+void ScriptWatch::collected(JSContextGroupRef /*group*/, void* watch)
 {
-    JSContextGroupSetExecutionTimeLimit(group_, seconds, shouldTerminate, this);
+    auto& self = *static_cast<ScriptWatch*>(watch);
+    const auto now = Clock::now();
+    if (self.depth_ == 0 || now - self.measured_ < interval || now < self.lastTimer_)
+        return;
+    self.measured_ = now;
+    self.arm(0s);
+    std::this_thread::sleep_for(untilAsked); // or jobs would set more timers before the first runs out
+}
+
+void ScriptWatch::arm(Clock::duration delay)
+{
+    const auto now = Clock::now();
+    lastTimer_ = std::clamp(now + delay, std::min(lastTimer_ + apart, now + latest), now + latest);
+    const std::chrono::duration<double> seconds = lastTimer_ - now;
+    JSContextGroupSetExecutionTimeLimit(group_, seconds.count(), shouldTerminate, this);
 }
 
 ScriptWatch::Excess ScriptWatch::measure(JSContextRef context) const

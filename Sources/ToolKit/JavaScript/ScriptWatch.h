@@ -11,8 +11,13 @@
 namespace quor::toolkit {
 
 /// Ends a script that exceeds its processor time or its memory with an exception that the script cannot
-/// catch. The engine asks some fifty times in a second of processor time; while native code works alone,
-/// as in `fill`, it does not ask. Belongs to one engine.
+/// catch. Belongs to one engine.
+///
+/// The engine asks when a timer of its own has run out. It sets one each time that it enters a script or a
+/// promise job, forgets none, and ends the process if two of them run out within a hair of another. So there
+/// is a timer only while a script with a limit of time runs; the memory, and the time of promise jobs, are
+/// looked at after collections, without which neither grows. While native code works alone, as in `fill`,
+/// nothing is looked at.
 class ScriptWatch final {
 public:
     enum class Excess { none, time, memory };
@@ -34,6 +39,18 @@ public:
         ScriptWatch& watch_;
     };
 
+    /// Within a `Run`: a whole script or function runs, rather than single jobs or conversions.
+    class Script final {
+    public:
+        explicit Script(ScriptWatch& watch);
+        ~Script();
+        Script(const Script&) = delete;
+        Script& operator=(const Script&) = delete;
+
+    private:
+        ScriptWatch& watch_;
+    };
+
     [[nodiscard]] Excess excess() const { return excess_; }
 
     /// A conversion within a host function swallows the end that the engine put to the script. Tells
@@ -41,15 +58,22 @@ public:
     bool endAgain();
 
 private:
+    using Clock = std::chrono::steady_clock;
+
     static bool shouldTerminate(JSContextRef context, void* watch);
-    void arm(double seconds);
+    static void collected(JSContextGroupRef group, void* watch);
+    [[nodiscard]] bool isOn() const { return time_ || memory_ > 0; }
+    void arm(Clock::duration delay);
     [[nodiscard]] Excess measure(JSContextRef context) const;
 
     std::optional<std::chrono::milliseconds> time_;
     qint64 memory_;
     JSContextGroupRef group_ = nullptr;
     int depth_ = 0;
+    int scripts_ = 0;
     std::chrono::nanoseconds started_{0};
+    Clock::time_point measured_;
+    Clock::time_point lastTimer_; ///< when the last of the timers set runs out
     Excess excess_ = Excess::none;
 };
 
