@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/PersistableList.h"
 #include "Support/Files.h"
+#include "Support/TinyDisk.h"
 
 #include <QTemporaryDir>
 
@@ -9,8 +10,6 @@
 #include <limits>
 #include <thread>
 
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -155,25 +154,13 @@ TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)
     EXPECT_EQ(list.value(u"di"_s), 2) << "what cannot be written stays in memory";
 }
 
-// Any user may do so within namespaces of this process alone, where the system allows them.
-bool mountTinyDisk(const QString& folder)
-{
-    const auto say = [](const QString& name, const QByteArray& text) {
-        return writeFile(u"/proc/self/"_s + name, text);
-    };
-    const auto asRoot = [](auto id) { return "0 " + QByteArray::number(id) + " 1"; };
-    const QByteArray user = asRoot(geteuid()), group = asRoot(getegid());
-    return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && say(u"setgroups"_s, "deny") && say(u"uid_map"_s, user)
-        && say(u"gid_map"_s, group) && mount("none", qPrintable(folder), "tmpfs", 0, "size=64k") == 0;
-}
-
 TEST_F(PersistableListTest, AFullDiskLeavesTheOldContent)
 {
     constexpr int cannotMount = 77;
     QDir().mkpath(path());
     const pid_t child = fork();
     if (child == 0) {
-        if (!mountTinyDisk(path()))
+        if (!quor::test::mountTinyDisk(path()))
             _exit(cannotMount);
         put(u"AB"_s, "{\"ab\":1}");
         bool isWritten = false;

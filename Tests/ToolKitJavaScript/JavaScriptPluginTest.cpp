@@ -26,7 +26,9 @@ TEST(JavaScriptPlugin, SetsTheGlobalsInTheirOrder)
 {
     const ScriptValue::Map values{{u"a"_s, 1},
         {u"b"_s, ScriptValue::List{true, nullptr, ScriptValue(), u"ä\0"_s}},
-        {u"c"_s, ScriptValue::Map{{u"x"_s, 0.5}}}, {u"utils"_s, 7}, {u"undefined"_s, 3}};
+        {u"c"_s, ScriptValue::Map{{u"x"_s, 0.5}}}, {u"utils"_s, 7}, {u"undefined"_s, 3},
+        {u"__proto__"_s, ScriptValue::Map{{u"evil"_s, 1}}},
+        {u"d"_s, ScriptValue::Map{{u"__proto__"_s, ScriptValue::Map{{u"evil"_s, 1}}}}}};
     const ScriptValue::Map helpers{{u"a"_s, ScriptValue::Function([](const ScriptValue::List& arguments) {
                                         return arguments.empty() ? throw 1 : arguments.front();
                                     })}};
@@ -34,6 +36,11 @@ TEST(JavaScriptPlugin, SetsTheGlobalsInTheirOrder)
         run(u"JSON.stringify([a(c), a(), typeof a.bind, b, typeof utils.log, typeof console, undefined])"_s,
             {}, values, helpers),
         u"[{\"x\":0.5},null,\"function\",[true,null,null,\"ä\\u0000\"],\"function\",\"undefined\",null]"_s);
+    EXPECT_EQ(run(u"[Object.keys(d), d.evil, d instanceof Object, typeof evil].join()"_s, {}, values),
+        u"__proto__,,true,undefined"_s);
+    EXPECT_EQ(run(u"Object.defineProperty(Object.prototype, 'x', {set() {}}); Object.keys(a(c)).join()"_s, {},
+                  values, helpers),
+        u"x"_s);
     EXPECT_EQ(run(u"utils"_s, {}, {}, {{u"utils"_s, u"mine"_s}}), u"mine"_s);
     EXPECT_EQ(run(u"left = 1; typeof left"_s), u"number"_s);
     EXPECT_EQ(run(u"typeof left"_s), u"undefined"_s);
@@ -84,6 +91,12 @@ TEST(JavaScriptPlugin, HandsExceptionsToTheHandlerOfThatMoment)
     EXPECT_TRUE(told[1].startsWith(u"SyntaxError"_s) && told[1].contains(u"@2:"_s)) << told[1].toStdString();
     EXPECT_EQ(told[2], u"text@0:0"_s);
     EXPECT_TRUE(told[5].startsWith(u"RangeError"_s));
+    told.clear();
+    EXPECT_EQ(
+        run(u"(async () => { throw 'lost' })(); Promise.reject(Symbol('s')); Promise.reject(1).catch(() => 2); 3"_s,
+            plugin),
+        u"3"_s);
+    EXPECT_EQ(told, (QStringList{u"lost@0:0"_s, u"Symbol(s)@0:0"_s}));
 }
 
 TEST(JavaScriptPlugin, KeepsTheEngineForAsLongAsItsValues)
@@ -118,7 +131,8 @@ TEST(JavaScriptPlugin, ConvertsResultsAndRefusesWhatHasNoEnd)
 {
     const auto json = [](const QString& script) {
         const auto result = JavaScriptPlugin().execute(script);
-        const auto value = result ? result->toScriptValue() : std::nullopt;
+        constexpr int few = 1000;
+        const auto value = result ? result->toScriptValue(few) : std::nullopt;
         return value ? plainText(*value) : u"none"_s;
     };
     EXPECT_EQ(json(u"({a: [1, , 'x', null], d: new Date(0), f() {}, s: Symbol()})"_s),
@@ -142,12 +156,16 @@ TEST(JavaScriptPlugin, EndsWhatWouldNeverEnd)
     EXPECT_EQ(run(u"1 + 1"_s, plugin), u"2"_s);
     for (const QString& script : {u"for (;;) try { for (;;); } catch (e) {}"_s,
              u"for (;;) try { utils.log({toString() { for (;;); }, get x() { for (;;); }}) } catch (e) {}"_s,
-             u"for (;;) try { utils.localize({toString() { for (;;); }}) } catch (e) {}"_s})
+             u"for (;;) try { utils.localize({toString() { for (;;); }}) } catch (e) {}"_s,
+             u"function f() { new Array(1000).fill(1); Promise.resolve().then(f) } f(); 5"_s})
         EXPECT_EQ(run(script, plugin), u"nothing"_s) << script.toStdString();
-    EXPECT_EQ(told, QStringList(3, u"Error: The script ran for longer than it may."_s));
+    EXPECT_EQ(told, QStringList(4, u"Error: The script ran for longer than it may."_s));
     plugin.timeLimit.reset();
-    EXPECT_EQ(run(u"a = []; for (;;) a.push(new Array(1000).fill(a.length))"_s, plugin), u"nothing"_s);
-    EXPECT_EQ(told.last(), u"Error: The script took more memory than it may."_s);
+    told.clear();
+    for (const QString& script : {u"a = []; for (;;) a.push(new Array(1000).fill(a.length))"_s,
+             u"a = []; function f() { a.push(new Array(1000).fill(1)); Promise.resolve().then(f) } f()"_s})
+        EXPECT_EQ(run(script, plugin), u"nothing"_s) << script.toStdString();
+    EXPECT_EQ(told, QStringList(2, u"Error: The script took more memory than it may."_s));
 }
 
 TEST(JavaScriptPlugin, LogsWithItsPlace)

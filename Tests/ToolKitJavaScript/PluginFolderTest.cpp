@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/PluginFolder.h"
 #include "Support/Files.h"
+#include "Support/TinyDisk.h"
 
 #include <QTemporaryDir>
 
@@ -11,6 +12,7 @@
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -42,9 +44,10 @@ TEST_P(PluginFolderTest, KeepsEveryPathInside)
     link(path(u""_s), u"plugin/out"_s);
     link(u"missing"_s, u"plugin/dangling"_s);
     writeFile(path(u"plugin/a..b"_s), "dots");
+    writeFile(path(u"plugin/?"_s), "a question");
     for (const QString& refused :
         {u"../secret"_s, u"a..b"_s, u"sub/../../secret"_s, u"link"_s, u"out/secret"_s, u"out"_s,
-            u"dangling"_s, path(u"secret"_s), u"sub/file\0x"_s, u"sub/file/x"_s}) {
+            u"dangling"_s, path(u"secret"_s), u"sub/file\0x"_s, u"sub/file/x"_s, QString(QChar(0xd800))}) {
         EXPECT_FALSE(folder.exists(refused)) << refused.toStdString();
         EXPECT_FALSE(folder.contents(refused)) << refused.toStdString();
     }
@@ -86,6 +89,25 @@ TEST_P(PluginFolderTest, LeavesTheOldContentAndNothingElseWhereThereIsNoRoom)
     EXPECT_EQ(status.st_mode & 0777U, 0600U);
     ASSERT_EQ(mkfifo(QFile::encodeName(path(u"plugin/pipe"_s)), 0600), 0);
     EXPECT_FALSE(folder.contents(u"pipe"_s));
+}
+
+TEST_P(PluginFolderTest, LeavesTheOldContentOnAFullDisk)
+{
+    constexpr int cannotMount = 77;
+    const pid_t child = fork();
+    if (child == 0) {
+        if (!mountTinyDisk(path(u"plugin/sub"_s)))
+            _exit(cannotMount);
+        const bool old = folder.write("old", u"sub/file"_s);
+        const bool isWritten = folder.write(QByteArray(1 << 20, 'x'), u"sub/file"_s);
+        const auto files = QDir(path(u"plugin/sub"_s)).entryList(QDir::Files | QDir::Hidden);
+        _exit(old && !isWritten && folder.contents(u"sub/file"_s) == "old" && files.size() == 1 ? 0 : 1);
+    }
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    if (WEXITSTATUS(status) == cannotMount)
+        GTEST_SKIP() << "this system lets no user mount";
+    EXPECT_EQ(status, 0);
 }
 
 TEST_P(PluginFolderTest, LosesNoRaceWithALinkThatLeadsOutside)

@@ -64,6 +64,21 @@ TEST(QuorPlugin, SaysWhatIsWrong)
     EXPECT_EQ(endless.code, 1);
     EXPECT_TRUE(endless.err.contains(u"longer"_s)) << endless.err.toStdString();
     EXPECT_EQ(runPlugin({folder.path(), u"--parameters"_s, u"[1]"_s}).code, 2);
+    EXPECT_EQ(runPlugin({folder.path(), u"--unknown"_s}).code, 2);
+    const std::pair<QByteArray, QString> results[] = {{"123n", u"123"_s}, {"Symbol('a')", u"Symbol(a)"_s},
+        {"undefined", u"undefined"_s}, {"({a: NaN})", u"{\"a\":null}"_s}, {"typeof x + y", u"undefined1"_s}};
+    quor::test::writeFile(folder.filePath(u"p"_s), "{\"y\": 1}");
+    for (const auto& [script, out] : results) {
+        quor::test::writeFile(folder.filePath(u"plugin.js"_s), script);
+        EXPECT_EQ(
+            runPlugin({folder.path(), u"--parameters"_s, u'@' + folder.filePath(u"p"_s)}).out, out + u'\n');
+    }
+    quor::test::writeFile(folder.filePath(u"plugin.js"_s), "(async () => { throw {code: 4} })(); 3");
+    const Outcome lost = runPlugin({folder.path()});
+    EXPECT_EQ(lost.code, 1);
+    EXPECT_TRUE(lost.err.contains(u"plugin.js: {\"code\":4}"_s)) << lost.err.toStdString();
+    quor::test::writeFile(folder.filePath(u"texts.json"_s), "{\"a\": 3}");
+    EXPECT_EQ(runPlugin({folder.path()}).code, 1);
     EXPECT_EQ(runPlugin({}).code, 2);
 }
 

@@ -88,6 +88,20 @@ TEST(Request, GivesAClearOutcomeForEveryAnswer)
     EXPECT_EQ(unused.count(), 0);
 }
 
+TEST(Request, TakesNoMoreThanItsLimitHoweverItIsPacked)
+{
+    const QByteArray packed = qCompress(QByteArray(2 << 20, 'x')).sliced(4); // less the length in front
+    const LoopbackServer bomb(
+        [&](const QByteArray&) { return "HTTP/1.1 200 OK\r\nContent-Encoding: deflate\r\n\r\n" + packed; });
+    const QString tell = u"r = utils.request(url, 'GET'); [r.statusCode, r.result.length].join()"_s;
+    EXPECT_EQ(run(bomb, tell, 2 << 20), u"200,2097152"_s);
+    EXPECT_EQ(run(bomb, tell, 1 << 20), u"200,0"_s);
+
+    const LoopbackServer large(
+        [&](const QByteArray&) { return "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(100 << 20, 'x'); });
+    EXPECT_EQ(run(large, tell, JavaScriptPlugin().responseLimit), u"200,0"_s);
+}
+
 TEST(Request, FollowsSomeRedirectsAsBrowsersDo)
 {
     const LoopbackServer endless([](const QByteArray&) {

@@ -23,13 +23,16 @@ struct JavaScriptPlugin {
     QUrl baseURL; ///< of a local folder: scripts read and write below it, never outside
     QHash<QString, QString> localization; ///< key to text
     /// Gets what a script throws and does not catch, with line and column where the engine knows them, on
-    /// the thread of the script, after the error log got it.
+    /// the thread of the script, after the error log got it. So it gets what a promise is rejected with when
+    /// nobody handles that until the run ends; the run keeps its result.
     std::function<void(const JSValue& exception)> exceptionHandler = {};
 
     /// Processor time of a script, and of each later call of its functions; none for no limit. Waiting for
-    /// a server does not count. The script ends with an exception that it cannot catch.
+    /// a server does not count. The script ends with an exception that it cannot catch, and has no
+    /// `WebAssembly`, which cannot be ended. Promise jobs are looked at less often than the script.
     std::optional<std::chrono::milliseconds> timeLimit = {};
-    /// Bytes that the engine may hold, checked some fifty times in a second; 0 for no limit. As above.
+    /// Bytes that the engine may hold, looked at after its collections, so that a single large value may go
+    /// beyond it; 0 for no limit. The script ends as above.
     qint64 memoryLimit = qint64(512) << 20;
     /// Bytes of a response's body, unpacked; a longer one fails the request.
     qint64 responseLimit = qint64(64) << 20;

@@ -45,6 +45,8 @@ ScriptEngine::ScriptEngine(ScriptWatch watch, JSContextGroupRef group)
     JSObjectRef global = JSContextGetGlobalObject(context_);
     // The engine brings one that leads nowhere.
     JSObjectDeleteProperty(context_, global, script::Text(u"console"_s).get(), nullptr);
+    if (watch_.limitsTime()) // its loops cannot be ended
+        JSObjectDeleteProperty(context_, global, script::Text(u"WebAssembly"_s).get(), nullptr);
     functionPrototype_ = functionPrototype();
     reportRejections();
 }
@@ -108,25 +110,30 @@ std::optional<JSValue> ScriptEngine::call(JSValueRef function, const ScriptValue
 // one, so that its end is known.
 std::optional<JSValue> ScriptEngine::run(const Body& body)
 {
-    const ScriptWatch::Run running(watch_);
     std::optional<JSValue> result;
     std::optional<JSValue> exception;
-    // Once: a script may get hold of its caller.
-    JSObjectRef frame = makeFunction([&, isDone = false](auto&, auto) mutable -> JSValueRef {
-        if (std::exchange(isDone, true))
+    {
+        const ScriptWatch::Run running(watch_);
+        // Once: a script may get hold of its caller.
+        JSObjectRef frame = makeFunction([&, isDone = false](auto&, auto) mutable -> JSValueRef {
+            if (std::exchange(isDone, true))
+                return nullptr;
+            const ScriptWatch::Script script(watch_);
+            JSValueRef thrown = nullptr;
+            JSValueRef value = body(&thrown);
+            if (thrown)
+                exception.emplace(shared_from_this(), thrown);
+            else if (value)
+                result.emplace(shared_from_this(), value);
             return nullptr;
-        const ScriptWatch::Script script(watch_);
-        JSValueRef thrown = nullptr;
-        JSValueRef value = body(&thrown);
-        if (thrown)
-            exception.emplace(shared_from_this(), thrown);
-        else if (value)
-            result.emplace(shared_from_this(), value);
-        return nullptr;
-    });
-    JSObjectCallAsFunction(context_, frame, nullptr, 0, nullptr, nullptr);
-    if (watch_.excess() != ScriptWatch::Excess::none)
+        });
+        JSObjectCallAsFunction(context_, frame, nullptr, 0, nullptr, nullptr);
+    }
+    if (watch_.excess() != ScriptWatch::Excess::none) {
+        if (watch_.isRunning()) // within a script, which ends, too, and tells
+            return std::nullopt;
         exception.emplace(shared_from_this(), excessError());
+    }
     if (!exception)
         return result;
     if (exceptionHandler_)
@@ -151,6 +158,9 @@ JSValueRef ScriptEngine::excessError()
         isTime ? u"The script ran for longer than it may."_s
                : u"The script took more memory than it may."_s)};
     JSValueRef failed = nullptr;
+    // An end that was put to a promise job strikes whatever runs next, too.
+    JSEvaluateScript(context_, script::Text(QString()).get(), nullptr, nullptr, 1, &failed);
+    failed = nullptr;
     JSObjectRef error = JSObjectMakeError(context_, message.size(), message.data(), &failed);
     return error ? error : message.front();
 }

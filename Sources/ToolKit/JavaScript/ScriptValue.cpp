@@ -18,19 +18,24 @@ bool isWritten(const ScriptValue& value)
     return !value.as<std::monostate>() && !value.as<ScriptValue::Function>();
 }
 
-void write(const ScriptValue& value, JSONWriter& writer)
+enum class NotFinite { fails, isNull };
+
+void write(const ScriptValue& value, JSONWriter& writer, NotFinite notFinite)
 {
     if (const auto* boolean = value.as<bool>()) {
         writer.boolean(*boolean);
     } else if (const auto* number = value.as<double>()) {
-        writer.number(*number);
+        if (notFinite == NotFinite::isNull && !std::isfinite(*number))
+            writer.null();
+        else
+            writer.number(*number);
     } else if (const auto* text = value.as<QString>()) {
         writer.text(*text);
     } else if (const auto* list = value.as<ScriptValue::List>()) {
         if (!writer.beginArray())
             return;
         for (const ScriptValue& element : *list)
-            write(element, writer);
+            write(element, writer, notFinite);
         writer.endArray();
     } else if (const auto* map = value.as<ScriptValue::Map>()) {
         if (!writer.beginObject())
@@ -39,12 +44,20 @@ void write(const ScriptValue& value, JSONWriter& writer)
             if (!isWritten(member))
                 continue;
             writer.key(QStringView(name));
-            write(member, writer);
+            write(member, writer, notFinite);
         }
         writer.endObject();
     } else {
         writer.null();
     }
+}
+
+std::optional<QByteArray> json(const ScriptValue& value, NotFinite notFinite)
+{
+    JSONWriter writer;
+    write(value, writer, notFinite);
+    EncodingError error;
+    return writer.take(error);
 }
 
 QString numberText(double number)
@@ -71,17 +84,14 @@ QString plainText(const ScriptValue& value)
         return u"undefined"_s;
     if (value.as<ScriptValue::Function>())
         return u"function"_s;
-    const auto json = jsonText(value);
+    const auto text = json(value, NotFinite::isNull);
     // Of what JSON cannot tell, at least the kind.
-    return json ? QString::fromUtf8(*json) : value.as<ScriptValue::List>() ? u"[…]"_s : u"{…}"_s;
+    return text ? QString::fromUtf8(*text) : value.as<ScriptValue::List>() ? u"[…]"_s : u"{…}"_s;
 }
 
 std::optional<QByteArray> jsonText(const ScriptValue& value)
 {
-    JSONWriter writer;
-    write(value, writer);
-    EncodingError error;
-    return writer.take(error);
+    return json(value, NotFinite::fails);
 }
 
 } // namespace quor::toolkit

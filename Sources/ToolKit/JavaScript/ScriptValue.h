@@ -70,7 +70,8 @@ struct ScriptValue {
     std::variant<std::monostate, std::nullptr_t, bool, double, QString, List, Map, Function> value;
 };
 
-/// As plain text: a text is itself, a list or map is JSON, the rest is what a script calls it.
+/// As plain text: a text is itself, a list or map is JSON, with null for a number that is not finite, the
+/// rest is what a script calls it.
 [[nodiscard]] QString plainText(const ScriptValue& value);
 
 /// As JSON in UTF-8, members in the order of their names. Undefined and functions are left out of maps and

@@ -102,6 +102,10 @@ bool ScriptWatch::endAgain()
 bool ScriptWatch::shouldTerminate(JSContextRef context, void* watch)
 {
     auto& self = *static_cast<ScriptWatch*>(watch);
+    if (!self.isRunning()) { // a timer was left over
+        JSContextGroupClearExecutionTimeLimit(self.group_);
+        return false;
+    }
     if (self.excess_ == Excess::none)
         self.excess_ = self.measure(context);
     // The engine asks once for each time that it is told to.

@@ -16,8 +16,8 @@ namespace quor::toolkit {
 /// The engine asks when a timer of its own has run out. It sets one each time that it enters a script or a
 /// promise job, forgets none, and ends the process if two of them run out within a hair of another. So there
 /// is a timer only while a script with a limit of time runs; the memory, and the time of promise jobs, are
-/// looked at after collections, without which neither grows. While native code works alone, as in `fill`,
-/// nothing is looked at.
+/// looked at after collections. Not noticed are native code while it works alone, as in `fill`, and jobs
+/// that keep nothing, as of a bare `for (;;) await 0`.
 class ScriptWatch final {
 public:
     enum class Excess { none, time, memory };
@@ -51,7 +51,9 @@ public:
         ScriptWatch& watch_;
     };
 
-    [[nodiscard]] Excess excess() const { return excess_; }
+    [[nodiscard]] Excess excess() const { return excess_; } ///< until the next `Run` that is not within one
+    [[nodiscard]] bool isRunning() const { return depth_ > 0; }
+    [[nodiscard]] bool limitsTime() const { return time_.has_value(); }
 
     /// A conversion within a host function swallows the end that the engine put to the script. Tells
     /// whether that may have been, and has the engine end the script again at once.

@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Support/Files.h"
+
+#include <QString>
+
+#include <sched.h>
+#include <sys/mount.h>
+#include <unistd.h>
+
+namespace quor::test {
+
+/// Puts a disk of 64 KiB over a folder, in a child process of one thread. Any user may do so within
+/// namespaces of this process alone, where the system allows them.
+inline bool mountTinyDisk(const QString& folder)
+{
+    const auto say = [](const QString& name, const QByteArray& text) {
+        return writeFile(QStringLiteral("/proc/self/") + name, text);
+    };
+    const auto asRoot = [](auto id) { return "0 " + QByteArray::number(id) + " 1"; };
+    const QByteArray user = asRoot(geteuid()), group = asRoot(getegid());
+    return unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0 && say(QStringLiteral("setgroups"), "deny")
+        && say(QStringLiteral("uid_map"), user) && say(QStringLiteral("gid_map"), group)
+        && mount("none", qPrintable(folder), "tmpfs", 0, "size=64k") == 0;
+}
+
+} // namespace quor::test
