@@ -2,7 +2,8 @@
 // Runs a plug-in, for those who write one:
 //     quor-plugin Examples/Plugin/greeting --parameters '{"name": "Ada"}'
 // Its folder holds plugin.js and, if it likes, texts.json, a table of translated texts. The result goes to
-// standard output, the log and what the script throws to standard error.
+// standard output, the log and what the script throws to standard error. Exits with 0, with 1 if the script
+// threw or a file or the output failed, with 2 if the arguments are wrong.
 #include <ToolKit/JavaScript/JavaScriptPlugin.h>
 #include <ToolKit/Logging/FileErrorLogger.h>
 
@@ -17,6 +18,7 @@
 #include <QTextStream>
 
 #include <cmath>
+#include <cstdio>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
@@ -59,10 +61,18 @@ ScriptValue scriptValue(const QJsonValue& json)
     }
 }
 
-std::optional<QJsonObject> jsonObject(const QByteArray& text)
+std::optional<QJsonObject> jsonObject(const QByteArray& text, const QString& name)
 {
-    const QJsonDocument document = QJsonDocument::fromJson(text);
-    return document.isObject() ? std::optional(document.object()) : std::nullopt;
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &error);
+    if (document.isObject())
+        return document.object();
+    const bool isJSON = error.error == QJsonParseError::NoError;
+    complain(failed,
+        name
+            + (isJSON ? u" is no JSON object"_s
+                      : u": "_s + error.errorString() + u" at byte "_s + QString::number(error.offset)));
+    return std::nullopt;
 }
 
 std::optional<QByteArray> fileContents(const QString& path)
@@ -78,27 +88,71 @@ void printLog(const QString& directory)
         err << QString::fromUtf8(fileContents(QDir(directory).filePath(name)).value_or(QByteArray()));
 }
 
+// An object without a text of its own is told by its members.
+QString exceptionText(const JSValue& exception)
+{
+    const QString text = exception.toString().value_or(u"an exception without a text"_s);
+    const auto members = text == u"[object Object]"_s ? exception.toScriptValue() : std::nullopt;
+    return members ? plainText(*members) : text;
+}
+
 void printException(const JSValue& exception)
 {
     QTextStream err(stderr);
     err << "plugin.js:";
     if (exception.line())
         err << *exception.line() << ':' << exception.column().value_or(1) << ':';
-    err << ' ' << exception.toString().value_or(u"an exception without a text"_s) << '\n';
+    err << ' ' << exceptionText(exception) << '\n';
 }
 
-int run(const JavaScriptPlugin& plugin, const QString& script, const ScriptValue::Map& parameters)
+// Of a value that JSON cannot hold, what the script's String would tell.
+QString resultText(const JSValue& result)
 {
+    const auto value = result.toScriptValue();
+    const bool isHeld = value && (!value->as<std::monostate>() || result.isUndefined());
+    const QString text = result.toString().value_or(u"no text"_s);
+    return isHeld ? plainText(*value) : text;
+}
+
+int run(JavaScriptPlugin plugin, const QString& script, const ScriptValue::Map& parameters)
+{
+    bool hasThrown = false;
+    plugin.exceptionHandler = [&hasThrown](const JSValue& exception) {
+        hasThrown = true;
+        printException(exception);
+    };
     const QTemporaryDir logs;
     FileErrorLogger::setup(logs.path());
     FileErrorLogger::setEnabled(true);
     const auto result = plugin.execute(script, parameters);
     printLog(logs.path());
-    if (!result)
-        return failed;
-    const auto value = result->toScriptValue();
-    QTextStream(stdout) << (value ? plainText(*value) : result->toString().value_or(u"no text"_s)) << '\n';
-    return 0;
+    if (result) {
+        QTextStream out(stdout);
+        out << resultText(*result) << '\n';
+        out.flush();
+        if (out.status() != QTextStream::Ok || std::fflush(stdout) != 0)
+            return complain(failed, u"the result cannot be written"_s);
+    }
+    return result && !hasThrown ? 0 : failed;
+}
+
+std::optional<QHash<QString, QString>> textsOf(const QDir& folder)
+{
+    QHash<QString, QString> texts;
+    const auto file = fileContents(folder.filePath(u"texts.json"_s));
+    if (!file)
+        return texts;
+    const auto table = jsonObject(*file, u"texts.json"_s);
+    if (!table)
+        return std::nullopt;
+    for (auto text = table->begin(); text != table->end(); ++text) {
+        if (!text->isString()) {
+            complain(failed, u"texts.json: "_s + text.key() + u" is no text"_s);
+            return std::nullopt;
+        }
+        texts.insert(text.key(), text->toString());
+    }
+    return texts;
 }
 
 } // namespace
@@ -107,33 +161,41 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"Runs the plug-in of a folder and prints its result and its log."_s);
+    parser.setApplicationDescription(
+        u"Runs the plug-in of a folder. Its result goes to standard output, its log and what it throws to "
+        "standard error. Exits with 0; with 1 if it threw or a file failed; with 2 if the arguments are "
+        "wrong.\n\n"
+        "    quor-plugin my-plugin --parameters '{\"name\": \"Ada\"}'"_s);
     parser.addPositionalArgument(u"FOLDER"_s, u"Holds plugin.js and perhaps texts.json."_s);
-    const QCommandLineOption parametersOption(
-        u"parameters"_s, u"An object; each member becomes a global."_s, u"JSON"_s, u"{}"_s);
+    const QCommandLineOption parametersOption(u"parameters"_s,
+        u"An object, or @ and a file of one; each member becomes a global."_s, u"JSON"_s, u"{}"_s);
     const QCommandLineOption timeOption(
         u"time-limit"_s, u"Processor time that the script may take."_s, u"SECONDS"_s);
     parser.addOptions({parametersOption, timeOption});
-    parser.addHelpOption();
-    parser.process(application);
+    const QCommandLineOption helpOption({u"h"_s, u"help"_s}, u"Tells this."_s);
+    parser.addOption(helpOption);
+    if (!parser.parse(application.arguments()))
+        return complain(misused, parser.errorText());
+    if (parser.isSet(helpOption))
+        parser.showHelp();
     if (parser.positionalArguments().size() != 1)
         return complain(misused, u"one folder is wanted; see --help"_s);
-    const auto parameters = jsonObject(parser.value(parametersOption).toUtf8());
+    const QString given = parser.value(parametersOption);
+    const auto json = given.startsWith(u'@') ? fileContents(given.sliced(1)) : given.toUtf8();
+    if (!json)
+        return complain(failed, u"there is no "_s + given.sliced(1));
+    const auto parameters = jsonObject(*json, u"--parameters"_s);
     if (!parameters)
-        return complain(misused, u"--parameters wants a JSON object"_s);
+        return misused;
 
     const QDir folder(parser.positionalArguments().constFirst());
     const auto script = fileContents(folder.filePath(u"plugin.js"_s));
     if (!script)
         return complain(failed, u"there is no plugin.js in "_s + folder.path());
-    JavaScriptPlugin plugin{QUrl::fromLocalFile(folder.absolutePath()), {}, printException};
-    if (const auto texts = fileContents(folder.filePath(u"texts.json"_s))) {
-        const auto table = jsonObject(*texts);
-        if (!table)
-            return complain(failed, u"texts.json is no JSON object"_s);
-        for (auto text = table->begin(); text != table->end(); ++text)
-            plugin.localization.insert(text.key(), text.value().toString());
-    }
+    const auto texts = textsOf(folder);
+    if (!texts)
+        return failed;
+    JavaScriptPlugin plugin{QUrl::fromLocalFile(folder.absolutePath()), *texts};
     if (parser.isSet(timeOption)) {
         const double seconds = parser.value(timeOption).toDouble();
         constexpr double day = 86400;

@@ -1,4 +1,4 @@
-// Greets, and remembers in its folder how often it did.
+// Greets, and remembers in its folder how often it did. Parameters, if there are any: { "name": "Ada" }
 const visits = Number(utils.contentsOfFile("visits.txt") ?? 0) + 1;
 utils.writeToFile("visits.txt", String(visits));
 utils.log({ visits });
