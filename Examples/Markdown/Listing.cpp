@@ -87,7 +87,8 @@ public:
 
 QString place(const std::optional<SourceRange>& range)
 {
-    if (!range)
+    // An empty text ends before it begins.
+    if (!range || range->end.line < range->start.line)
         return {};
     return u" @%1:%2-%3:%4"_s.arg(range->start.line)
         .arg(range->start.column)
@@ -99,9 +100,9 @@ QString place(const std::optional<SourceRange>& range)
 
 QByteArray listing(const Markup& root)
 {
-    constexpr int deepestIndentation = 40;
+    constexpr qsizetype deepestIndentation = 40;
     QByteArray result;
-    int depth = -1;
+    qsizetype depth = -1;
     for (MarkupWalk walk(root); walk.next();) {
         if (walk.event() == MarkupWalk::Event::leave) {
             --depth;

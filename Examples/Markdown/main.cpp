@@ -2,6 +2,7 @@
 // Renders a Markdown text as HTML, or shows the tree that it is:
 //     quor-markdown README.md >readme.html
 //     echo '- [x] *done*' | quor-markdown --tree
+// Exits with 0, with 1 if reading or writing failed, with 2 if the arguments are wrong.
 #include "Listing.h"
 
 #include <Markdown/Document.h>
@@ -12,21 +13,41 @@
 #include <QFile>
 
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 using namespace quor;
 using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int failed = 1;
+constexpr int misused = 2;
+
+int complain(int code, const QString& text)
+{
+    std::fprintf(stderr, "quor-markdown: %s\n", text.toLocal8Bit().constData());
+    return code;
+}
+
+/// The first file that is opened would take the place of a standard stream that is closed: what takes it here
+/// fails in being read from or written to.
+void fillClosedStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+        if (::fcntl(stream, F_GETFD) < 0)
+            (void)::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+}
+
 std::optional<QByteArray> contents(const QString& path)
 {
     QFile file(path);
-    const bool isOpen = path == u"-" ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
+    const bool isStandard = path == u"-";
+    const bool isOpen = isStandard ? file.open(stdin, QIODevice::ReadOnly) : file.open(QIODevice::ReadOnly);
     const QByteArray text = isOpen ? file.readAll() : QByteArray();
     if (file.error() == QFileDevice::NoError)
         return text;
-    const QByteArray reason = (path + u": "_s + file.errorString()).toLocal8Bit();
-    std::fprintf(stderr, "quor-markdown: %s\n", reason.constData());
+    complain(failed, (isStandard ? u"standard input"_s : path) + u": "_s + file.errorString());
     return std::nullopt;
 }
 
@@ -43,29 +64,35 @@ bool write(const QByteArray& output)
 
 int main(int argc, char** argv)
 {
+    fillClosedStreams();
     const QCoreApplication application(argc, argv);
-    QCommandLineParser arguments;
-    arguments.setApplicationDescription(u"Renders a Markdown text as HTML."_s);
-    arguments.addHelpOption();
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        u"Renders a Markdown text, in UTF-8, as HTML, or shows the tree that it is. Nothing is escaped: HTML "
+        u"in "
+        "the text stays HTML. Exits with 0; with 1 if reading or writing failed; with 2 if the arguments are "
+        "wrong."_s);
     const QCommandLineOption tree(u"tree"_s, u"Show the tree, one element a line, rather than HTML."_s);
-    const QCommandLineOption straight(u"straight"_s, u"Keep straight quotes and dashes."_s);
-    arguments.addOptions({tree, straight});
-    arguments.addPositionalArgument(
+    const QCommandLineOption straight(u"straight"_s, u"Keep straight quotes, dashes and dots."_s);
+    const QCommandLineOption help({u"h"_s, u"help"_s}, u"Tells this."_s);
+    parser.addOptions({tree, straight, help});
+    parser.addPositionalArgument(
         u"file"_s, u"What to read; standard input without it, or for \"-\"."_s, u"[file]"_s);
-    arguments.process(application);
-    const QStringList files = arguments.positionalArguments();
-    if (files.size() > 1) {
-        std::fputs("quor-markdown: one file at a time\n", stderr);
-        return 2;
-    }
+    if (!parser.parse(application.arguments()))
+        return complain(misused, parser.errorText());
+    if (parser.isSet(help))
+        parser.showHelp();
+    const QStringList files = parser.positionalArguments();
+    if (files.size() > 1)
+        return complain(misused, u"one file at a time; see --help"_s);
     const auto text = contents(files.value(0, u"-"_s));
     if (!text)
-        return 1;
+        return failed;
     markdown::ParseOptions options;
-    options.setFlag(markdown::ParseOption::disableSmartOptions, arguments.isSet(straight));
+    options.setFlag(markdown::ParseOption::disableSmartOptions, parser.isSet(straight));
     const markdown::Document document(QByteArrayView(*text), {}, options);
-    const QByteArray output = arguments.isSet(tree)
+    const QByteArray output = parser.isSet(tree)
         ? listing(document)
         : toolkit::MarkdownToHTMLVisitor().visit(document).toUtf8() + '\n';
-    return write(output) ? 0 : 1;
+    return write(output) ? 0 : failed;
 }
