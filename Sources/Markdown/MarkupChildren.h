@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 /// The direct children of an element, made one by one as they are asked for, forwards or backwards:
 ///
@@ -63,8 +64,8 @@ class ReversedMarkupChildren {
 public:
     using Iterator = MarkupChildIterator<true>;
 
-    explicit ReversedMarkupChildren(const Markup& parent)
-        : parent_(parent)
+    explicit ReversedMarkupChildren(Markup parent)
+        : parent_(std::move(parent))
     {
     }
     [[nodiscard]] Iterator begin() const;
@@ -78,8 +79,8 @@ class MarkupChildren {
 public:
     using Iterator = MarkupChildIterator<false>;
 
-    explicit MarkupChildren(const Markup& parent)
-        : parent_(parent)
+    explicit MarkupChildren(Markup parent)
+        : parent_(std::move(parent))
     {
     }
     [[nodiscard]] Iterator begin() const;

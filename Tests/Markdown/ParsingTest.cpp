@@ -163,8 +163,10 @@ TEST(Parsing, MayHappenOnManyThreads)
     const QString text = u"~~a~~ b\n\n"_s.repeated(500);
     const std::string expected = markupXML(Document(text));
     std::atomic<int> wrong = 0;
+    constexpr int count = 4;
     std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i)
+    threads.reserve(count);
+    for (int i = 0; i < count; ++i)
         threads.emplace_back([&] {
             for (int round = 0; round < 20; ++round)
                 wrong += markupXML(Document(text)) != expected ? 1 : 0;
