@@ -45,7 +45,7 @@ ScriptValue scriptValue(const QJsonValue& json)
         return json.toString();
     case QJsonValue::Array: {
         ScriptValue::List list;
-        for (const QJsonValue& element : json.toArray())
+        for (const auto& element : json.toArray())
             list.push_back(scriptValue(element));
         return list;
     }

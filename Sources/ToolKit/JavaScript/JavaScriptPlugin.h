@@ -18,7 +18,8 @@ namespace quor::toolkit {
 /// language; Documentation/plugins.md tells their side.
 ///
 /// `execute` runs on the calling thread and blocks it, also while a script waits for a server (60 seconds
-/// at most for each request). Any number of threads may run the same plug-in.
+/// at most for each request). Any number of threads may run the same plug-in. A thread wants a
+/// stack of a megabyte or more.
 struct JavaScriptPlugin {
     QUrl baseURL; ///< of a local folder: scripts read and write below it, never outside
     QHash<QString, QString> localization; ///< key to text

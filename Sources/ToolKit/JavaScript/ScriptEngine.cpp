@@ -200,7 +200,7 @@ void ScriptEngine::finalizeHost(JSObjectRef function)
 JSClassRef ScriptEngine::functionClass()
 {
     // Like a literal: made once, kept as long as the process.
-    static const JSClassRef theClass = [] {
+    static auto* const theClass = [] {
         JSClassDefinition definition = kJSClassDefinitionEmpty;
         definition.className = "Function";
         definition.attributes = kJSClassAttributeNoAutomaticPrototype;

@@ -9,11 +9,11 @@
 
 // The library exports these without declaring them.
 extern "C" {
-typedef bool (*JSShouldTerminateCallback)(JSContextRef context, void* data);
+using JSShouldTerminateCallback = bool (*)(JSContextRef context, void* data);
 void JSContextGroupSetExecutionTimeLimit(
     JSContextGroupRef group, double seconds, JSShouldTerminateCallback callback, void* data);
 void JSContextGroupClearExecutionTimeLimit(JSContextGroupRef group);
-typedef void (*JSHeapFinalizer)(JSContextGroupRef group, void* data);
+using JSHeapFinalizer = void (*)(JSContextGroupRef group, void* data);
 void JSContextGroupAddHeapFinalizer(JSContextGroupRef group, JSHeapFinalizer finalizer, void* data);
 JSObjectRef JSGetMemoryUsageStatistics(JSContextRef context);
 }
