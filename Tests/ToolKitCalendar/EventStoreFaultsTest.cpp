@@ -5,7 +5,9 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <csignal>
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -146,4 +148,117 @@ TEST_F(Faults, WhatCannotBeSavedIsAnswered)
     EXPECT_EQ(store_.commit().value().kind(), Kind::notFound);
     EXPECT_TRUE(all().empty());
     EXPECT_EQ(store_.saveEvent(event, EventSpan::thisEvent, true).value().kind(), Kind::notFound);
+}
+
+TEST_F(Faults, WhatOthersWroteSurvivesAnEdit)
+{
+    const QByteArray foreign[] = {"CATEGORIES:a,b\\,c", "NEWER-THAN-US;VALUE=TEXT:x\\,y",
+        "X-A;P=\"b:c\":va\\l;ue", "ATTACH;FMTTYPE=text/html:CID:abc", "COMMENT:caf\xE9",
+        "X-LONG:one\r\n  and\r\n\ttwo", "BEGIN:X-OWN\r\nX-Z:1\r\nEND:X-OWN",
+        "BEGIN:PARTICIPANT\r\nUID:a\r\nSUMMARY:no\r\nEND:PARTICIPANT"};
+    for (const QByteArray& each : foreign) {
+        const QByteArray beside = "BEGIN:VJOURNAL\r\nUID:a\r\nEND:VJOURNAL\r\n";
+        const QByteArray begin = "\xEF\xBB\xBF"
+                                 "BEGIN:VCALENDAR\r\nVERSION:2.0\r\n"
+            + beside;
+        writeFile(calendars_.path(u"local/team/a.ics"_s),
+            begin + "BEGIN:VEVENT\r\n" + each
+                + "\r\nSUMMARY:A\r\nUID:a\r\nRRULE:FREQ=DAILY;RSCALE=GREGORIAN\r\n"
+                + "DTSTART:20261102T090000Z\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n");
+        const Events read = all();
+        ASSERT_EQ(read.size(), 29u) << each.constData();
+        read[0]->setTitle(u"B"_s);
+        ASSERT_FALSE(store_.saveEvent(read[0], EventSpan::futureEvents, true));
+        // The series in two files: each has it.
+        read[1]->setTitle(u"C"_s);
+        ASSERT_FALSE(store_.saveEvent(all()[1], EventSpan::futureEvents, true));
+        ASSERT_FALSE(store_.saveEvent(all()[4], EventSpan::futureEvents, true));
+        EXPECT_EQ(all().size(), 29u);
+        for (const QString& file : calendars_.files()) {
+            EXPECT_THAT(calendars_.read(file).toStdString(),
+                testing::HasSubstr("\r\n" + each.toStdString() + "\r\n"));
+            EXPECT_EQ(calendars_.read(file).contains(beside), file == u"a.ics");
+            QFile::remove(calendars_.path(u"local/team/"_s + file));
+        }
+    }
+}
+
+TEST_F(Faults, AFullDiskAndAReadOnlyFolderLeaveTheOldAndKeepTheNew)
+{
+    writeOne();
+    const auto event = all().at(0);
+    event->setTitle(QString(10'000, u'n'));
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const auto before = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit small{4096, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, false));
+    EXPECT_EQ(store_.commit().value().kind(), Kind::full);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, before);
+    EXPECT_THAT(calendars_.read(u"a.ics"_s).toStdString(), testing::HasSubstr("SUMMARY:A"));
+    EXPECT_EQ(calendars_.files(), QStringList{u"a.ics"_s});
+
+    const QByteArray folder = calendars_.path(u"local/team"_s).toUtf8();
+    for (const QString& path : {u""_s, u"local"_s, u"local/team/a.ics"_s})
+        chmod(calendars_.path(path).toUtf8().constData(), 0755);
+    chmod(folder.constData(), 0555);
+    const uid_t user = geteuid();
+    const bool isRoot = user == 0 && seteuid(65'534) == 0; // permissions do not bind root
+    EXPECT_EQ(store_.commit().value().kind(), Kind::readOnly);
+    EXPECT_FALSE(store_.calendars(EntityType::event).at(0)->allowsContentModifications());
+    ASSERT_TRUE(!isRoot || seteuid(user) == 0);
+    chmod(folder.constData(), 0755);
+    EXPECT_FALSE(store_.commit());
+    EXPECT_GT(calendars_.read(u"a.ics"_s).size(), 10'000);
+}
+
+TEST_F(Faults, OneOfTenThousandEventsInAFileIsSaved)
+{
+    QByteArray lines;
+    for (int i = 0; i < 10'000; ++i)
+        lines
+            += TestCalendars::event(QByteArray::number(i), "SUMMARY:-\nX-OWN:kept\nDTSTART:20261102T090000Z")
+            + "\n";
+    calendars_.write(u"many.ics"_s, lines.trimmed());
+    Events read = all();
+    ASSERT_EQ(read.size(), 10'000u);
+    read[5'000]->setTitle(u"Changed"_s);
+    ASSERT_FALSE(store_.saveEvent(read[5'000], EventSpan::thisEvent, false));
+    ASSERT_FALSE(store_.removeEvent(read[0], EventSpan::thisEvent, true));
+    EXPECT_EQ(all().size(), 9'999u);
+    const QByteArray text = calendars_.read(u"many.ics"_s);
+    EXPECT_EQ(text.count("\r\nX-OWN:kept\r\n"), 9'999);
+    EXPECT_EQ(text.count("SUMMARY:Changed"), 1);
+}
+
+TEST_F(Faults, AnEventThatCannotMoveIsNotLostAndStopsNothingElse)
+{
+    writeOne();
+    calendars_.write(u"b.ics"_s, TestCalendars::event("b", "SUMMARY:B\nDTSTART:20261103T090000Z"));
+    QDir(calendars_.path()).mkpath(u"local/zoo"_s);
+    const auto calendars = store_.calendars(EntityType::event);
+    const Events read = all();
+    read[0]->setCalendar(calendars.at(1));
+    ASSERT_FALSE(store_.saveEvent(read[0], EventSpan::thisEvent, false));
+    ASSERT_FALSE(store_.removeCalendar(calendars.at(0), false));
+    QDir(calendars_.path(u"local/zoo"_s)).removeRecursively();
+    EXPECT_EQ(store_.commit().value().kind(), Kind::notFound);
+    ASSERT_FALSE(store_.removeEvent(read[1], EventSpan::thisEvent, true));
+    EXPECT_EQ(
+        listed(events(store_, "2026-11-01T00:00", "2026-12-01T00:00")), QStringList{u"A@11-02 09:00"_s});
+    EXPECT_EQ(calendars_.files(), QStringList{u"a.ics"_s});
+
+    // A calendar goes with what is staged in it, and only when that is committed.
+    const auto calendar = store_.calendars(EntityType::event).at(0);
+    writeFile(calendars_.path(u"local/team/color"_s), "#FF0000AA\n");
+    calendar->setTitle(u"Team"_s);
+    ASSERT_FALSE(store_.saveCalendar(calendar, true));
+    EXPECT_EQ(readFile(calendars_.path(u"local/team/color"_s)), "#FF0000AA\n");
+    ASSERT_FALSE(store_.removeCalendar(calendar, false));
+    EXPECT_EQ(all().size(), 1u);
+    ASSERT_FALSE(store_.commit());
+    EXPECT_TRUE(all().empty());
+    EXPECT_FALSE(QFile::exists(calendars_.path(u"local/team"_s)));
 }

@@ -149,9 +149,28 @@ std::optional<EventStoreError> CalendarDirectory::make(const QByteArray& root, c
     const QByteArray full = root + '/' + path.source + (path.calendar.isEmpty() ? "" : "/" + path.calendar);
     for (qsizetype slash = full.indexOf('/', 1); slash > 0; slash = full.indexOf('/', slash + 1))
         mkdir(full.first(slash).constData(), S_IRWXU);
-    if (mkdir(full.constData(), S_IRWXU) == 0)
+    if (mkdir(full.constData(), S_IRWXU) == 0 || errno == EEXIST)
         return std::nullopt;
     return systemError(errno, full);
+}
+
+std::optional<EventStoreError> CalendarDirectory::removeCalendar(
+    const QByteArray& root, const CalendarPath& path)
+{
+    const CalendarDirectory directory(root, path);
+    if (!directory.isOpen())
+        return systemError(ENOENT, path.identifier());
+    directory.lock();
+    for (const QByteArray& name : directory.names()) {
+        const bool isOurs = name.endsWith(".ics") || name == "displayname" || name == "color";
+        const auto identity = isOurs ? directory.identity(name) : std::nullopt;
+        if (auto failure = identity ? directory.remove(name, *identity) : std::nullopt)
+            return failure;
+    }
+    const QByteArray folder = root + '/' + path.identifier();
+    if (rmdir(folder.constData()) == 0 || errno == ENOTEMPTY || errno == EEXIST || errno == ENOENT)
+        return std::nullopt;
+    return systemError(errno, path.identifier());
 }
 
 bool CalendarDirectory::isWritable() const

@@ -40,8 +40,11 @@ struct FileContent {
 class CalendarDirectory final {
 public:
     CalendarDirectory(const QByteArray& root, const CalendarPath& path);
-    /// Makes the folders first where they are missing.
+    /// Makes the folders that are missing.
     [[nodiscard]] static std::optional<EventStoreError> make(
+        const QByteArray& root, const CalendarPath& path);
+    /// Removes the files that calendars keep, and the folder where nothing else is in it.
+    [[nodiscard]] static std::optional<EventStoreError> removeCalendar(
         const QByteArray& root, const CalendarPath& path);
     ~CalendarDirectory();
     CalendarDirectory(const CalendarDirectory&) = delete;

@@ -152,6 +152,7 @@ std::shared_ptr<EventCalendar> CalendarFolder::calendar(const EventSource& sourc
         title_.isEmpty() ? QString::fromUtf8(path_.calendar) : title_, color_, source,
         CalendarDirectory(root_, path_).isWritable(), holdsEvents || !holdsReminders_,
         holdsReminders_ || !holdsEvents};
+    calendar->saved_ = calendar->fields_;
     return calendar;
 }
 

@@ -48,6 +48,8 @@ public:
     /// Of a file that something is staged for.
     [[nodiscard]] std::shared_ptr<const Arrival> arrival(const QByteArray& file) const;
     [[nodiscard]] bool hasStaged() const { return !staged_.empty(); }
+    /// Whether something that moves from here to another calendar is not there yet.
+    [[nodiscard]] bool hasDepartures() const;
     enum class Writes { contents, removals };
     /// Writes files that nothing is taken away from, or the others. Adds failures. Whether any file is done
     /// with, for which others may wait.

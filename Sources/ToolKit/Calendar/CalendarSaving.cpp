@@ -18,18 +18,16 @@ using Kind = EventStoreError::Kind;
 Result writeSmall(const CalendarDirectory& directory, const QByteArray& name, const QByteArray& text)
 {
     const auto before = directory.read(name);
-    if (before ? before->bytes && before->bytes->trimmed() == text : text.isEmpty())
-        return std::nullopt;
     if (text.isEmpty())
-        return directory.remove(name, before->identity);
+        return before ? directory.remove(name, before->identity) : std::nullopt;
     return directory.write(name, text, before ? std::optional(before->identity) : std::nullopt);
 }
 
 struct CalendarLook {
     QByteArray root;
     CalendarPath path;
-    QByteArray title;
-    QByteArray color;
+    std::optional<QByteArray> title; ///< none: stays as it is
+    std::optional<QByteArray> color;
     bool isNew;
 
     [[nodiscard]] Result write() const
@@ -42,28 +40,10 @@ struct CalendarLook {
         if (!directory.isOpen())
             return systemError(ENOENT, path.identifier());
         directory.lock();
-        auto failure = writeSmall(directory, "displayname", title);
-        return failure ? failure : writeSmall(directory, "color", color);
+        auto failure = title ? writeSmall(directory, "displayname", *title) : std::nullopt;
+        return failure || !color ? failure : writeSmall(directory, "color", *color);
     }
 };
-
-Result removeFolder(const QByteArray& root, const CalendarPath& path)
-{
-    const CalendarDirectory directory(root, path);
-    if (!directory.isOpen())
-        return systemError(ENOENT, path.identifier());
-    directory.lock();
-    for (const QByteArray& name : directory.names()) {
-        const bool isOurs = name.endsWith(".ics") || name == "displayname" || name == "color";
-        const auto identity = isOurs ? directory.identity(name) : std::nullopt;
-        if (auto failure = identity ? directory.remove(name, *identity) : std::nullopt)
-            return failure;
-    }
-    const QByteArray folder = root + '/' + path.identifier();
-    if (rmdir(folder.constData()) == 0 || errno == ENOTEMPTY || errno == EEXIST || errno == ENOENT)
-        return std::nullopt;
-    return systemError(errno, path.identifier());
-}
 
 bool isFolderName(const QByteArray& name)
 {
@@ -90,16 +70,19 @@ EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>
     const CalendarPath path = isNew
         ? CalendarPath{sourceName, QUuid::createUuid().toByteArray(QUuid::WithoutBraces)}
         : CalendarPath{identifier.left(slash).toUtf8(), identifier.mid(slash + 1).toUtf8()};
-    const QColor color = calendar->color();
-    const CalendarLook look{state_->root, path, calendar->title().simplified().toUtf8(),
-        color.isValid() ? color.name().toUpper().toLatin1() : QByteArray(), isNew};
+    const auto [fields, saved] = calendar->both();
+    CalendarLook look{state_->root, path, {}, {}, isNew};
+    if (fields.title != saved.title)
+        look.title = fields.title.simplified().toUtf8();
+    if (fields.color != saved.color)
+        look.color = fields.color.isValid() ? fields.color.name().toUpper().toLatin1() : QByteArray();
     if (commit) {
         if (auto failure = look.write())
             return failure;
     } else {
         state_->calendarChanges.emplace_back([look] { return look.write(); });
     }
-    calendar->set(&EventCalendar::Fields::identifier, QString::fromUtf8(path.identifier()));
+    calendar->setSaved(fields, QString::fromUtf8(path.identifier()));
     if (!commit)
         return std::nullopt;
     state_->relist(); // so that what is saved into it next finds it
@@ -116,22 +99,16 @@ EventStore::Result EventStore::removeCalendar(const std::shared_ptr<EventCalenda
     const std::scoped_lock lock(state_->mutex);
     state_->refresh();
     const QString identifier = calendar ? calendar->calendarIdentifier() : QString();
-    CalendarFolder* const folder = state_->folder(identifier);
-    if (!folder)
+    if (!state_->folder(identifier))
         return EventStoreError(Kind::notFound, QStringLiteral("the calendar is not there any more"));
     const qsizetype slash = identifier.indexOf(u'/');
     const CalendarPath path{identifier.left(slash).toUtf8(), identifier.mid(slash + 1).toUtf8()};
-    folder->reset();
-    if (!commit) {
-        state_->calendarChanges.emplace_back(
-            [root = state_->root, path] { return removeFolder(root, path); });
+    state_->calendarRemovals.push_back(path);
+    if (!commit)
         return std::nullopt;
-    }
-    if (auto failure = removeFolder(state_->root, path))
-        return failure;
-    state_->relist();
-    state_->refresh();
-    return state_->commit();
+    auto failure = state_->commit();
+    std::erase(state_->calendarRemovals, path);
+    return failure;
 }
 
 } // namespace quor::toolkit

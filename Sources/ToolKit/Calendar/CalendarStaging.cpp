@@ -46,7 +46,7 @@ std::optional<EventStoreError> CalendarFolder::stage(
         }
     }
     std::optional<ItemFile> parsed = staged.bytes ? ItemFile::parse(*staged.bytes) : ItemFile();
-    if (!parsed || !parsed->canBeWritten())
+    if (!parsed)
         return unreadable(file);
     if (auto failure = edit(*parsed))
         return failure;
@@ -76,7 +76,7 @@ std::optional<EventStoreError> CalendarFolder::write(
         std::optional<ItemFile> file = !content ? ItemFile()
             : content->bytes                    ? ItemFile::parse(*content->bytes)
                                                 : std::nullopt;
-        if (!file || !file->canBeWritten())
+        if (!file)
             return unreadable(name);
         for (const Step& step : staged.steps) {
             if (auto failure = step.edit(*file))
@@ -161,6 +161,14 @@ bool CalendarFolder::commit(Writes writes, std::vector<EventStoreError>& failure
 std::shared_ptr<const CalendarFolder::Arrival> CalendarFolder::arrival(const QByteArray& file) const
 {
     return staged_.at(file).arrival;
+}
+
+bool CalendarFolder::hasDepartures() const
+{
+    return std::ranges::any_of(staged_, [](const auto& each) {
+        return std::ranges::any_of(each.second.steps,
+            [](const Step& step) { return step.after && *step.after != Arrival::written; });
+    });
 }
 
 void CalendarFolder::unstage(const QByteArray& file)

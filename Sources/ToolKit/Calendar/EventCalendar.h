@@ -9,6 +9,7 @@
 
 #include <mutex>
 #include <optional>
+#include <utility>
 
 namespace quor::toolkit {
 
@@ -67,8 +68,21 @@ private:
         fields_.*field = value;
     }
 
+    [[nodiscard]] std::pair<Fields, Fields> both() const
+    {
+        const std::scoped_lock lock(mutex_);
+        return {fields_, saved_};
+    }
+    void setSaved(Fields saved, const QString& identifier)
+    {
+        const std::scoped_lock lock(mutex_);
+        fields_.identifier = identifier;
+        saved_ = std::move(saved);
+    }
+
     mutable std::mutex mutex_;
     Fields fields_;
+    Fields saved_; ///< as read or as last saved
 };
 
 } // namespace quor::toolkit

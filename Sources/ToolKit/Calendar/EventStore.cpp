@@ -128,6 +128,9 @@ std::shared_ptr<Reminder> EventStore::newReminder()
 
 EventStore::Result EventStore::commit()
 {
+    if (!state_->hasAccess(EntityType::event) && !state_->hasAccess(EntityType::reminder))
+        return EventStoreError(
+            EventStoreError::Kind::accessDenied, QStringLiteral("the user refused access"));
     const std::scoped_lock lock(state_->mutex);
     state_->refresh();
     return state_->commit();
@@ -137,6 +140,7 @@ void EventStore::reset()
 {
     const std::scoped_lock lock(state_->mutex);
     state_->calendarChanges.clear();
+    state_->calendarRemovals.clear();
     for (const auto& [path, folder] : state_->folders(std::nullopt))
         folder->reset();
 }

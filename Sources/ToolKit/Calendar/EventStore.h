@@ -61,10 +61,12 @@ public:
     [[nodiscard]] std::shared_ptr<Event> newEvent();
     [[nodiscard]] std::shared_ptr<Reminder> newReminder();
 
-    /// Makes or renames a calendar. `commit`: at once, with all that is staged; else at the next commit,
-    /// and a new calendar is seen by reads only then.
+    /// Makes a calendar, or writes its title and colour as far as they were changed here. `commit`: at once,
+    /// with all that is staged; else at the next commit, and a new calendar is seen by reads only then.
     Result saveCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit);
-    /// Removes the calendar with its items. Files that are no items of a calendar's stay, and their folder.
+    /// Removes the calendar with its items, here at the next commit unless `commit`. Files that are no items
+    /// of a calendar's stay, and their folder; and all of it where an item that moves to another calendar
+    /// could not be written there.
     Result removeCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit);
 
     /// Of one event of a series, `thisEvent` changes it alone, and `futureEvents` it and those behind it,

@@ -29,6 +29,16 @@ EventSource readSource(const QByteArray& root, const QByteArray& name)
     return {QString::fromUtf8(name), title.isEmpty() ? QString::fromUtf8(name) : title};
 }
 
+/// Whether nothing is to be tried again.
+bool isSettled(const EventStore::Result& failure, std::vector<EventStoreError>& failures)
+{
+    using Kind = EventStoreError::Kind;
+    if (!failure)
+        return true;
+    failures.push_back(*failure);
+    return failure->kind() == Kind::conflict || failure->kind() == Kind::notFound;
+}
+
 } // namespace
 
 EventStore::State::State(EventStoreOptions settings)
@@ -108,22 +118,39 @@ std::vector<std::pair<CalendarPath, CalendarFolder*>> EventStore::State::folders
     return found;
 }
 
+void EventStore::State::removeCalendars(std::vector<EventStoreError>& failures)
+{
+    std::erase_if(calendarRemovals, [&](const CalendarPath& path) {
+        const auto folder = folders_.find(path);
+        const bool isKnown = folder != folders_.end();
+        if (isKnown && folder->second->hasDepartures())
+            return true; // it would be lost: the calendar stays
+        const auto failure = CalendarDirectory::removeCalendar(root, path);
+        if (!failure && isKnown)
+            folder->second->reset();
+        isStale_ = true;
+        return isSettled(failure, failures);
+    });
+}
+
 EventStore::Result EventStore::State::commit()
 {
     std::vector<EventStoreError> failures;
-    for (const auto& change : std::exchange(calendarChanges, {})) {
-        if (auto failure = change())
-            failures.push_back(*failure);
-    }
+    std::erase_if(calendarChanges, [&](const auto& change) { return isSettled(change(), failures); });
     const auto write = [&](CalendarFolder::Writes writes) {
         bool isAnyDone = false;
-        for (const auto& [path, folder] : folders_)
-            isAnyDone = folder->commit(writes, failures) || isAnyDone;
+        for (const auto& [path, folder] : folders_) {
+            if (std::ranges::find(calendarRemovals, path) == calendarRemovals.end())
+                isAnyDone = folder->commit(writes, failures) || isAnyDone;
+        }
         return isAnyDone;
     };
     write(CalendarFolder::Writes::contents);
     // An event that moves to another calendar leaves the old one only when it is in the new one, which may
     // itself be waiting for a third.
+    while (write(CalendarFolder::Writes::removals)) { }
+    removeCalendars(failures);
+    // What was to move into one of these stays where it is.
     while (write(CalendarFolder::Writes::removals)) { }
     return failures.empty() ? Result() : failures.front();
 }

@@ -37,10 +37,13 @@ struct EventStore::State {
 
     std::mutex mutex;
     std::vector<EventSource> sources;
-    std::vector<std::function<Result()>> calendarChanges; ///< staged
+    // Staged:
+    std::vector<std::function<Result()>> calendarChanges;
+    std::vector<CalendarPath> calendarRemovals;
 
 private:
     void list();
+    void removeCalendars(std::vector<EventStoreError>& failures);
 
     std::unique_ptr<FolderWatch> watch_;
     std::map<CalendarPath, std::unique_ptr<CalendarFolder>> folders_;

@@ -2,6 +2,7 @@
 #include "ToolKit/Calendar/ItemEdits.h"
 
 #include "ToolKit/Calendar/ItemReader.h"
+#include "ToolKit/Calendar/ItemRule.h"
 #include "ToolKit/Calendar/ItemWriter.h"
 #include "ToolKit/Calendar/RecurrenceExpansion.h"
 
@@ -65,8 +66,8 @@ void writeFields(icalcomponent* event, const EventChange& change)
     if (base.recurrenceRule != wanted.recurrenceRule) {
         removeAll(event, ICAL_RRULE_PROPERTY);
         if (!wanted.recurrenceRule.isEmpty()) {
-            const auto rule = icalrecurrencetype_from_string(wanted.recurrenceRule.toUtf8().constData());
-            icalcomponent_add_property(event, icalproperty_new_rrule(rule));
+            const ItemRule rule(wanted.recurrenceRule.toUtf8());
+            icalcomponent_add_property(event, icalproperty_new_rrule(rule.value));
         }
     }
     touch(event);
@@ -187,17 +188,13 @@ void endRules(icalcomponent* master, const EventFields& fields, Date end)
 {
     const Date last = end - std::chrono::seconds(1);
     const ItemZone zone = fields.isAllDay || fields.timeZone.isEmpty() ? ItemZone() : ItemZone::utc();
-    std::vector<icalrecurrencetype> rules;
     for (auto* each = icalcomponent_get_first_property(master, ICAL_RRULE_PROPERTY); each;
          each = icalcomponent_get_next_property(master, ICAL_RRULE_PROPERTY)) {
         icalrecurrencetype rule = icalproperty_get_rrule(each);
         rule.count = 0;
         rule.until = zone.local(last, fields.isAllDay);
-        rules.push_back(rule);
+        icalproperty_set_rrule(each, rule);
     }
-    removeAll(master, ICAL_RRULE_PROPERTY);
-    for (const auto& rule : rules)
-        icalcomponent_add_property(master, icalproperty_new_rrule(rule));
 }
 
 /// Keeps those dates for which `keeps` answers true.
@@ -242,8 +239,7 @@ std::optional<EventStoreError> defectOf(const EventFields& fields, const EventFi
     if (!isKnownZone)
         return invalid("an unknown time zone");
     if (!fields.recurrenceRule.isEmpty() && fields.recurrenceRule != base.recurrenceRule
-        && icalrecurrencetype_from_string(fields.recurrenceRule.toUtf8().constData()).freq
-            == ICAL_NO_RECURRENCE)
+        && !ItemRule(fields.recurrenceRule.toUtf8()).isValid())
         return invalid("a malformed rule");
     return std::nullopt;
 }
@@ -301,11 +297,15 @@ std::optional<EventStoreError> endSeries(ItemFile& file, const EventChange& chan
     const auto current = currentFields(file, change);
     icalcomponent* const master = masterOf(file, change.uid);
     const auto first = master ? readEvent(master) : std::nullopt;
-    if (!current || !first || !change.occurrence)
+    if (!current || (master && !first) || !change.occurrence)
         return notFound(change.uid);
     if (*current != change.base)
         return conflict(change.uid);
     const Date end = *change.occurrence;
+    if (!master) { // the file has only some of the series
+        dropOverrides(file, change.uid, [&](Date moment) { return moment >= end; });
+        return std::nullopt;
+    }
     if (end <= first->startDate) {
         removeWhole(file, change.uid);
         return std::nullopt;

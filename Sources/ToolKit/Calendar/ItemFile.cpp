@@ -2,6 +2,7 @@
 #include "ToolKit/Calendar/ItemFile.h"
 
 #include "ToolKit/Calendar/ItemReader.h"
+#include "ToolKit/Calendar/MaskedItems.h"
 
 #include <cstdlib>
 #include <cstring>
@@ -11,14 +12,9 @@ namespace quor::toolkit {
 
 namespace {
 
-// Nobody nests components deeper, and libical walks them by recursion.
-constexpr int deepest = 20;
-
-/// Whether the lines are nested as they should be, and libical read them all.
-bool isSound(icalcomponent* component, int depth)
+/// Whether libical read all lines.
+bool isSound(icalcomponent* component)
 {
-    if (depth > deepest)
-        return false;
     for (auto* each = icalcomponent_get_first_property(component, ICAL_XLICERROR_PROPERTY); each;
          each = icalcomponent_get_next_property(component, ICAL_XLICERROR_PROPERTY)) {
         const char* const text = icalproperty_get_xlicerror(each);
@@ -27,36 +23,22 @@ bool isSound(icalcomponent* component, int depth)
     }
     for (auto* each = icalcomponent_get_first_component(component, ICAL_ANY_COMPONENT); each;
          each = icalcomponent_get_next_component(component, ICAL_ANY_COMPONENT)) {
-        if (!isSound(each, depth + 1))
+        if (!isSound(each))
             return false;
     }
     return true;
 }
 
-bool holdsOwnComponents(icalcomponent* component)
+/// The masked components of a calendar itself.
+std::vector<icalproperty*> maskedParts(icalcomponent* calendar)
 {
-    for (auto* each = icalcomponent_get_first_component(component, ICAL_ANY_COMPONENT); each;
-         each = icalcomponent_get_next_component(component, ICAL_ANY_COMPONENT)) {
-        if (icalcomponent_isa(each) == ICAL_X_COMPONENT || holdsOwnComponents(each))
-            return true;
+    std::vector<icalproperty*> parts;
+    for (auto* each = icalcomponent_get_first_property(calendar, ICAL_X_PROPERTY); each;
+         each = icalcomponent_get_next_property(calendar, ICAL_X_PROPERTY)) {
+        if (qstrcmp(icalproperty_get_x_name(each), maskedPart) == 0)
+            parts.push_back(each);
     }
-    return false;
-}
-
-/// The lines that open and close components. libical overlooks some that do not match.
-bool isBalanced(const QByteArray& bytes)
-{
-    int depth = 0;
-    for (qsizetype at = 0; at >= 0 && at < bytes.size();) {
-        const char* const line = bytes.constData() + at;
-        if (qstrnicmp(line, "BEGIN:", 6) == 0 && ++depth > deepest)
-            return false;
-        if (qstrnicmp(line, "END:", 4) == 0 && --depth < 0)
-            return false;
-        const qsizetype end = bytes.indexOf('\n', at);
-        at = end < 0 ? -1 : end + 1;
-    }
-    return depth == 0;
+    return parts;
 }
 
 } // namespace
@@ -75,12 +57,12 @@ ItemFile::ItemFile()
 std::optional<ItemFile> ItemFile::parse(const QByteArray& bytes)
 {
     // libical would stop at a zero byte, and what is behind it would be lost with the next edit.
-    if (bytes.contains('\0') || !isBalanced(bytes))
+    const auto masked = bytes.contains('\0') ? std::nullopt : maskItems(bytes);
+    if (!masked)
         return std::nullopt;
     icalerror_set_errors_are_fatal(0);
-    ical_set_unknown_token_handling_setting(ICAL_ASSUME_IANA_TOKEN); // else they would be dropped
-    ItemFile file(OwnedComponent(icalparser_parse_string(bytes.constData())));
-    if (!file.root_ || !isSound(file.root_.get(), 0) || file.calendars().empty())
+    ItemFile file(OwnedComponent(icalparser_parse_string(masked->constData())));
+    if (!file.root_ || !isSound(file.root_.get()) || file.calendars().empty())
         return std::nullopt;
     icalcomponent_strip_errors(file.root_.get());
     return file;
@@ -113,6 +95,8 @@ FileRecords ItemFile::records() const
 bool ItemFile::isEmpty() const
 {
     for (icalcomponent* calendar : calendars()) {
+        if (!maskedParts(calendar).empty())
+            return false;
         for (auto* each = icalcomponent_get_first_component(calendar, ICAL_ANY_COMPONENT); each;
              each = icalcomponent_get_next_component(calendar, ICAL_ANY_COMPONENT)) {
             if (icalcomponent_isa(each) != ICAL_VTIMEZONE_COMPONENT)
@@ -120,11 +104,6 @@ bool ItemFile::isEmpty() const
         }
     }
     return true;
-}
-
-bool ItemFile::canBeWritten() const
-{
-    return !holdsOwnComponents(root_.get());
 }
 
 QByteArray ItemFile::bytes() const
@@ -135,7 +114,7 @@ QByteArray ItemFile::bytes() const
         bytes += text;
         std::free(text);
     }
-    return bytes;
+    return unmaskItems(bytes);
 }
 
 ItemFile ItemFile::extract(const QString& uid) const
@@ -150,6 +129,10 @@ ItemFile ItemFile::extract(const QString& uid) const
         }
         for (icalcomponent* other : others)
             file.remove(other);
+        for (icalproperty* part : maskedParts(calendar)) {
+            icalcomponent_remove_property(calendar, part);
+            icalproperty_free(part);
+        }
     }
     return file;
 }

@@ -26,16 +26,13 @@ class ItemFile final {
 public:
     /// A calendar without items.
     ItemFile();
-    /// None for what is no calendar, or holds a line that cannot be read. Properties without a value, which
-    /// some programs write, count as absent.
+    /// None for what is no calendar, or holds a line of those read here that cannot be read. Of these,
+    /// properties without a value, which some programs write, count as absent.
     [[nodiscard]] static std::optional<ItemFile> parse(const QByteArray& bytes);
 
     /// Items without an identifier, or events without a start, are left alone and not listed.
     [[nodiscard]] FileRecords records() const;
-    [[nodiscard]] bool isEmpty() const; ///< nothing but time zones
-    /// False where components would be lost: libical reads those with a name of their own (X-...), and does
-    /// not write them.
-    [[nodiscard]] bool canBeWritten() const;
+    [[nodiscard]] bool isEmpty() const; ///< no components but time zones
     [[nodiscard]] QByteArray bytes() const;
     /// A file with the components of that identifier alone.
     [[nodiscard]] ItemFile extract(const QString& uid) const;

@@ -95,7 +95,7 @@ QString ruleOf(icalcomponent* event)
         return {};
     icalrecurrencetype rule = icalproperty_get_rrule(found);
     char* const text = icalrecurrencetype_as_string_r(&rule);
-    const QString result = QString::fromUtf8(text);
+    QString result = QString::fromUtf8(text);
     std::free(text);
     return result;
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/RecurrenceExpansion.h"
 
+#include "ToolKit/Calendar/ItemRule.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -99,8 +101,9 @@ icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, 
 template <class Visit>
 void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
 {
-    icalrecurrencetype rule = icalrecurrencetype_from_string(text.constData());
-    if (rule.freq == ICAL_NO_RECURRENCE || isSearch(rule) || isImpossible(rule) || isBehindAll(rule)
+    ItemRule owned(text);
+    icalrecurrencetype& rule = owned.value;
+    if (!owned.isValid() || isSearch(rule) || isImpossible(rule) || isBehindAll(rule)
         || (rule.freq <= ICAL_HOURLY_RECURRENCE && recurrence.first.is_date))
         return;
     localiseEnd(rule, recurrence);
