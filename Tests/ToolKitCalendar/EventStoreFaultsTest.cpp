@@ -183,6 +183,21 @@ TEST_F(Faults, WhatOthersWroteSurvivesAnEdit)
     }
 }
 
+TEST_F(Faults, OneOfASeriesBesideASingleEventOfItsNameIsItself)
+{
+    calendars_.write(u"a.ics"_s,
+        TestCalendars::event("a", "SUMMARY:Single\nDTSTART:20301102T090000Z") + "\n"
+            + TestCalendars::event(
+                "a", "SUMMARY:One\nRECURRENCE-ID:20261102T090000Z\nDTSTART:20261102T100000Z"));
+    const auto event = all().at(0);
+    event->setTitle(u"Changed"_s);
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::futureEvents, true));
+    EXPECT_EQ(listed({event}), QStringList{u"Changed@11-02 10:00"_s});
+    EXPECT_EQ(listed(all()), QStringList{u"Changed@11-02 10:00"_s});
+    ASSERT_FALSE(store_.removeEvent(event, EventSpan::futureEvents, true));
+    EXPECT_THAT(calendars_.read(u"a.ics"_s).toStdString(), testing::HasSubstr("SUMMARY:Single"));
+}
+
 TEST_F(Faults, AFullDiskAndAReadOnlyFolderLeaveTheOldAndKeepTheNew)
 {
     writeOne();

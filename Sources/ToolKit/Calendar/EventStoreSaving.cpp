@@ -51,17 +51,24 @@ Result takeOut(ItemFile& file, const QString& uid, const QByteArray& bytes)
     return std::nullopt;
 }
 
-/// A file may hold several of a series without the series itself: then the record of that one.
+/// The record of that one of a series, where the file has it beside no series of that identifier; else the
+/// series, or the event that happens once.
 const EventRecord* recordOf(
     CalendarFolder& folder, const QByteArray& file, const QString& uid, std::optional<Date> occurrence)
 {
     const FileRecords* const records = folder.records(file);
     if (!records)
         return nullptr;
-    const auto found = std::ranges::find_if(records->events, [&](const EventRecord& each) {
-        return each.uid == uid && (!each.occurrence || !occurrence || each.occurrence == occurrence);
-    });
-    return found == records->events.end() ? nullptr : &*found;
+    const EventRecord* found = nullptr;
+    for (const EventRecord& each : records->events) {
+        if (each.uid != uid)
+            continue;
+        if (each.occurrence && each.occurrence == occurrence)
+            return &each;
+        if (!found && (!each.occurrence || !occurrence))
+            found = &each;
+    }
+    return found;
 }
 
 /// What an event says as it will be read again.

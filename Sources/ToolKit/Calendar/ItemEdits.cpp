@@ -302,7 +302,7 @@ std::optional<EventStoreError> endSeries(ItemFile& file, const EventChange& chan
     if (*current != change.base)
         return conflict(change.uid);
     const Date end = *change.occurrence;
-    if (!master) { // the file has only some of the series
+    if (!master || !recurs(master)) { // the file has only some of the series
         dropOverrides(file, change.uid, [&](Date moment) { return moment >= end; });
         return std::nullopt;
     }
