@@ -116,6 +116,7 @@ TEST_F(MenuFocus, StaysWhereAClickOutsidePutsIt)
     startHelper();
     TypingWindow other({400, 300});
     open();
+    ASSERT_TRUE(waitFor([this] { return hasFocus(helper->pid()); }));
     xdotool(u"mousemove %1 %2 click 1"_s.arg(typing.middle.x()).arg(typing.middle.y()));
     ASSERT_TRUE(menu->closes());
     EXPECT_TRUE(typing.takes(u"x"_s));
@@ -126,8 +127,8 @@ TEST_F(MenuFocus, TextTypedAtOnceIsSearchedForHoweverLateTheRows)
 {
     startHelper();
     clickItem();
+    ASSERT_TRUE(isAsked()); // the click has arrived, the rows have not
     xdotool(u"type --delay 1 Desi"_s);
-    ASSERT_TRUE(isAsked());
     answer(someRows());
     xdotool(u"type --delay 1 GN"_s);
     EXPECT_TRUE(waitFor([this] { return storage().searchTerm() == "design"_L1; }))
