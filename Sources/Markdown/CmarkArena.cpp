@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <ctime>
 
 namespace quor::markdown {
 
@@ -26,10 +27,18 @@ std::size_t& sizeOf(void* block)
     return *reinterpret_cast<std::size_t*>(static_cast<std::byte*>(block) - headerSize);
 }
 
+std::chrono::nanoseconds processorTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
 } // namespace
 
-CmarkArena::CmarkArena(std::size_t limit)
+CmarkArena::CmarkArena(std::size_t limit, std::chrono::nanoseconds time)
     : limit_(limit)
+    , deadline_(processorTime() + time)
 {
     current = this;
 }
@@ -58,8 +67,14 @@ void CmarkArena::giveUp()
 void CmarkArena::count(std::size_t size)
 {
     used_ += size;
-    if (used_ > limit_ && escape_)
+    if (escape_ && (used_ > limit_ || isLate()))
         giveUp();
+}
+
+bool CmarkArena::isLate()
+{
+    constexpr unsigned requestsBetween = 256; // as the clock takes longer than a request
+    return ++requests_ % requestsBetween == 0 && processorTime() > deadline_;
 }
 
 void CmarkArena::addChunk(std::size_t size)

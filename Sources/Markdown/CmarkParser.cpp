@@ -8,6 +8,7 @@
 #include <cmark-gfm-core-extensions.h>
 
 #include <algorithm>
+#include <chrono>
 #include <limits>
 #include <mutex>
 
@@ -18,6 +19,10 @@ namespace {
 // What no honest text comes near: one of brackets alone asks for some 300 bytes a byte.
 constexpr std::size_t bytesOfMemoryPerByte = 512;
 constexpr std::size_t memoryForAnyText = std::size_t{64} << 20;
+// Honest text takes less than half a microsecond a byte. The parser has loops in it that take minutes a
+// megabyte, as for links within images that never end.
+constexpr std::chrono::seconds timeForAnyText{2};
+constexpr std::chrono::microseconds timePerByte{2};
 constexpr qsizetype longestText = qsizetype{1} << 29; // beyond twice that the parser aborts
 
 int cmarkOptions(TextEncoding encoding, ParseOptions options)
@@ -32,7 +37,8 @@ int cmarkOptions(TextEncoding encoding, ParseOptions options)
     return result;
 }
 
-/// Null if the arena's limit was passed. Nothing in here may need a destructor, since the jump runs none.
+/// Null if one of the arena's limits was passed. Nothing in here may need a destructor, since the jump runs
+/// none.
 cmark_node* parsedNode(CmarkArena& arena, QByteArrayView text, int options)
 {
     std::jmp_buf escape;
@@ -62,7 +68,7 @@ bool convertParsed(
     const std::size_t limit
         = std::min(memoryForAnyText + static_cast<std::size_t>(text.size()) * bytesOfMemoryPerByte,
             std::size_t{std::numeric_limits<quint32>::max()}); // which bounds the texts of the tree as well
-    CmarkArena arena(limit);
+    CmarkArena arena(limit, timeForAnyText + timePerByte * text.size());
     cmark_node* root = parsedNode(arena, text, cmarkOptions(encoding, options));
     if (!root)
         return false;

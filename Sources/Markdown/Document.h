@@ -11,7 +11,8 @@ namespace quor::markdown {
 
 /// A whole text as a tree: CommonMark with tables, strikethrough and task lists. Parsing never fails: NUL
 /// and what is not valid Unicode count as U+FFFD, and a text made to swell beyond all measure, as by naming a
-/// long address a million times, or of more than half a gigabyte, comes out as one paragraph of plain text.
+/// long address a million times, or to take seconds a megabyte, as by images that begin and never end, or of
+/// more than half a gigabyte, comes out as one paragraph of plain text.
 /// Any thread; texts are parsed one at a time, since the parser below shares tables.
 class Document : public MarkupElement<MarkupKind::document> {
 public:
