@@ -5,7 +5,7 @@
 #include "Platform/Resources/Bundle.h"
 #include "Platform/Services/PlatformServices.h"
 #include "Platform/Services/Screen.h"
-#include "Platform/Services/Subscription.h"
+#include "Platform/Lifetime/Subscription.h"
 #include "ToolKit/Formatting/DurationFormatter.h"
 #include "View/HeightPadding.h"
 #include "View/StatusItemPlan.h"

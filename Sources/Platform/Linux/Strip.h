@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Platform/Services/StatusItemHost.h"
-#include "Platform/Services/Subscription.h"
+#include "Platform/Lifetime/Subscription.h"
 
 #include <QMetaObject>
 #include <QObject>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Services/Subscription.h"
+#include "Platform/Lifetime/Subscription.h"
 
 #include <QObject>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Services/Trackable.h"
+#include "Platform/Lifetime/Trackable.h"
 
 #include <QAccessible>
 #include <QString>

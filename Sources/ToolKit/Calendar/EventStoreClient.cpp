@@ -2,7 +2,7 @@
 #include "ToolKit/Calendar/EventStoreClient.h"
 
 #include "Platform/Concurrency/MainQueue.h"
-#include "Platform/Services/Subscription.h"
+#include "Platform/Lifetime/Subscription.h"
 #include "ToolKit/Calendar/AwaitedAnswer.h"
 #include "ToolKit/Deferred/DelayedAction.h"
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Platform/Services/Appearance.h"
-#include "Platform/Services/Subscription.h"
+#include "Platform/Lifetime/Subscription.h"
 #include "ToolKit/Deferred/EventProtocol.h"
 
 #include <atomic>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Lifetime/WeakReference.h"
 #include "ToolKit/Deferred/DelayedAction.h"
 #include "ToolKit/Deferred/TargetAction.h"
-#include "ToolKit/Deferred/WeakReference.h"
 
 #include <QString>
 
@@ -61,14 +61,14 @@ public:
     }
 
 private:
-    static void call(const WeakReference<Target>& reference, const Action& action, Publisher& sender,
-        const std::any& payload)
+    static void call(const platform::WeakReference<Target>& reference, const Action& action,
+        Publisher& sender, const std::any& payload)
     {
         if (const auto target = reference.lock(); target && action)
             action(*target, sender, payload);
     }
 
-    WeakReference<Target> target_;
+    platform::WeakReference<Target> target_;
     Action action_;
     std::optional<DelayedAction> delayedAction_;
 };

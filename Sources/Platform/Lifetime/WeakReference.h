@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Services/Trackable.h"
+#include "Platform/Lifetime/Trackable.h"
 
 #include <QObject>
 #include <QPointer>
@@ -9,7 +9,7 @@
 #include <concepts>
 #include <memory>
 
-namespace quor::toolkit {
+namespace quor::platform {
 
 template <class T>
 concept SharedFromThis = requires(T& object)
@@ -59,9 +59,8 @@ private:
 };
 
 template <class T>
-requires(
-    !std::derived_from<T, QObject> && !SharedFromThis<T> && std::derived_from<T, platform::Trackable>) class
-    WeakReference<T> final {
+requires(!std::derived_from<T,
+             QObject> && !SharedFromThis<T> && std::derived_from<T, Trackable>) class WeakReference<T> final {
 public:
     explicit WeakReference(T& object)
         : object_(&object)
@@ -70,7 +69,7 @@ public:
     [[nodiscard]] T* lock() const { return object_.get(); }
 
 private:
-    platform::TrackedPointer<T> object_;
+    TrackedPointer<T> object_;
 };
 
-} // namespace quor::toolkit
+} // namespace quor::platform
