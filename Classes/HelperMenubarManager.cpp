@@ -7,7 +7,7 @@
 #include "Platform/Services/Workspace.h"
 #include "ToolKit/Logging/FileErrorLogger.h"
 #include "View/MenubarMenuRenderer.h"
-#include "View/MenubarStatusItemRenderer.h"
+#include "View/StatusItem/MenubarStatusItemRenderer.h"
 
 #include <QFile>
 #include <QPointer>

@@ -6,7 +6,7 @@
 #include "HelperMenubarManager.h"
 #include "InterAppCommBridge/GroupStorage.h"
 #include "ToolKit/Drawing/SystemFont.h"
-#include "View/MenubarStatusItemRenderer.h"
+#include "View/StatusItem/MenubarStatusItemRenderer.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarStatusItemRenderer.h"
+#include "View/StatusItem/MenubarStatusItemRenderer.h"
 #include "Platform/Resources/Bundle.h"
 
 #include "MenubarHelper/TestDesktop.h"

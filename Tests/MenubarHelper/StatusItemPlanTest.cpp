@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "View/StatusItemPlan.h"
-#include "View/TaskText.h"
+#include "View/StatusItem/StatusItemPlan.h"
+#include "View/StatusItem/TaskText.h"
 
 #include "Support/TestClock.h"
 

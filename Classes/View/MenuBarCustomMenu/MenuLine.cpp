@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/MenuLine.h"
 
-#include "View/SingleLineText.h"
+#include "View/StatusItem/SingleLineText.h"
 
 #include <QColor>
 #include <QFontMetricsF>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarText.h"
+#include "View/StatusItem/MenubarText.h"
 
-#include "View/SingleLineText.h"
+#include "View/StatusItem/SingleLineText.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarStackView.h"
+#include "View/StatusItem/MenubarStackView.h"
 
 #include "Platform/Views/StatusBarButton.h"
-#include "View/StatusItemPlan.h"
+#include "View/StatusItem/StatusItemPlan.h"
 
 #include <QEvent>
 #include <QPainter>

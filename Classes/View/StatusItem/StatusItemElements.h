@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/StatusItemPlan.h"
-#include "View/StatusItemStyle.h"
+#include "View/StatusItem/StatusItemPlan.h"
+#include "View/StatusItem/StatusItemStyle.h"
 
 #include <QColor>
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "View/PillImage.h"
+#include "View/StatusItem/PillImage.h"
 
 #include "ToolKit/Drawing/GraphicsContext.h"
-#include "View/MenubarStackView.h"
-#include "View/StatusItemPlan.h"
+#include "View/StatusItem/MenubarStackView.h"
+#include "View/StatusItem/StatusItemPlan.h"
 
 #include <QPainter>
 

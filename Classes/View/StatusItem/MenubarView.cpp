@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarView.h"
+#include "View/StatusItem/MenubarView.h"
 
 #include "ToolKit/Drawing/GraphicsContext.h"
 

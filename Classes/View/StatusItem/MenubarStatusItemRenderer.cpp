@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarStatusItemRenderer.h"
+#include "View/StatusItem/MenubarStatusItemRenderer.h"
 
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Views/StatusBarButton.h"
-#include "View/MenubarStackView.h"
-#include "View/PillImage.h"
-#include "View/StatusItemElements.h"
+#include "View/StatusItem/MenubarStackView.h"
+#include "View/StatusItem/PillImage.h"
+#include "View/StatusItem/StatusItemElements.h"
 
 #include <QGuiApplication>
 #include <QStringList>

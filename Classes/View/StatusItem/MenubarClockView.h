@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenubarView.h"
-#include "View/StatusItemPlan.h"
+#include "View/StatusItem/MenubarView.h"
+#include "View/StatusItem/StatusItemPlan.h"
 
 namespace quor::helper {
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "View/StatusItemElements.h"
+#include "View/StatusItem/StatusItemElements.h"
 
-#include "View/MenubarClockView.h"
-#include "View/MenubarProgressView.h"
-#include "View/MenubarStackView.h"
-#include "View/MenubarText.h"
+#include "View/StatusItem/MenubarClockView.h"
+#include "View/StatusItem/MenubarProgressView.h"
+#include "View/StatusItem/MenubarStackView.h"
+#include "View/StatusItem/MenubarText.h"
 
 #include <limits>
 #include <memory>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarElement.h"
+#include "View/StatusItem/MenubarElement.h"
 
 #include <QPainter>
 

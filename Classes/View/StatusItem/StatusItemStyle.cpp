@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/StatusItemStyle.h"
+#include "View/StatusItem/StatusItemStyle.h"
 
 #include "ToolKit/Drawing/SystemFont.h"
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenubarElement.h"
-#include "View/StatusItemStyle.h"
+#include "View/StatusItem/MenubarElement.h"
+#include "View/StatusItem/StatusItemStyle.h"
 
 #include <QString>
 

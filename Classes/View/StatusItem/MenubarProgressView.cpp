@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarProgressView.h"
+#include "View/StatusItem/MenubarProgressView.h"
 
 #include "ToolKit/Drawing/GraphicsContext.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/SingleLineText.h"
+#include "View/StatusItem/SingleLineText.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarClockView.h"
+#include "View/StatusItem/MenubarClockView.h"
 
 #include "ToolKit/Drawing/GraphicsContext.h"
 

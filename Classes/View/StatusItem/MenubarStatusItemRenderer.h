@@ -2,14 +2,14 @@
 #pragma once
 
 #include "InterAppCommBridge/MenubarStatusItemData.h"
+#include "Platform/Lifetime/Subscription.h"
 #include "Platform/Resources/Bundle.h"
 #include "Platform/Services/PlatformServices.h"
 #include "Platform/Services/Screen.h"
-#include "Platform/Lifetime/Subscription.h"
 #include "ToolKit/Formatting/DurationFormatter.h"
-#include "View/HeightPadding.h"
-#include "View/StatusItemPlan.h"
-#include "View/StatusItemStyle.h"
+#include "View/StatusItem/HeightPadding.h"
+#include "View/StatusItem/StatusItemPlan.h"
+#include "View/StatusItem/StatusItemStyle.h"
 
 #include <QObject>
 #include <QTimer>

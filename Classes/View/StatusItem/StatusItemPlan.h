@@ -4,7 +4,7 @@
 #include "InterAppCommBridge/MenubarStatusItemData.h"
 #include "Platform/Services/Clock.h"
 #include "ToolKit/Formatting/DurationFormatter.h"
-#include "View/HeightPadding.h"
+#include "View/StatusItem/HeightPadding.h"
 
 #include <QColor>
 #include <QString>

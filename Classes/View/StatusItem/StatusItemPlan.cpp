@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "View/StatusItemPlan.h"
+#include "View/StatusItem/StatusItemPlan.h"
 
 #include "Platform/Text/GraphemeClusters.h"
 #include "ToolKit/Colors/ColorOperations.h"
-#include "View/TaskText.h"
+#include "View/StatusItem/TaskText.h"
 
 #include <QDateTime>
 

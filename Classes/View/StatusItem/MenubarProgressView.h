@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenubarView.h"
+#include "View/StatusItem/MenubarView.h"
 
 namespace quor::helper {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenubarElement.h"
+#include "View/StatusItem/MenubarElement.h"
 
 #include <QColor>
 

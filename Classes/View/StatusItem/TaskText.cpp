@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/TaskText.h"
+#include "View/StatusItem/TaskText.h"
 
 #include "Platform/Text/GraphemeClusters.h"
 
