@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 
 #include <QApplication>
 #include <QImage>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Platform/Concurrency/MainQueue.h"
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 #include "ToolKit_macOS/CustomTableViewKeyDelegate.h"
 
 #include <QMenu>

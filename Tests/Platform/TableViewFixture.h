@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewRowHeights.h"
-#include "Platform/Views/TableViewRowSet.h"
-#include "Platform/Views/TableViewTypeSelect.h"
+#include "Platform/Views/Table/TableViewRowHeights.h"
+#include "Platform/Views/Table/TableViewRowSet.h"
+#include "Platform/Views/Table/TableViewTypeSelect.h"
 
 #include <gmock/gmock.h>
 

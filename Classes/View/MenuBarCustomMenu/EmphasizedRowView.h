@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Views/TableRowView.h"
+#include "Platform/Views/Table/TableRowView.h"
 
 namespace quor::helper {
 

@@ -3,8 +3,8 @@
 
 #include "InterAppCommBridge/MenuEntry.h"
 #include "Platform/Services/Clock.h"
-#include "Platform/Views/TableViewDataSource.h"
-#include "Platform/Views/TableViewDelegate.h"
+#include "Platform/Views/Table/TableViewDataSource.h"
+#include "Platform/Views/Table/TableViewDelegate.h"
 #include "ToolKit/Deferred/DelayedAction.h"
 #include "ToolKit_macOS/CustomTableView.h"
 #include "ToolKit_macOS/CustomTableViewKeyDelegate.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/MenuTypingRelay.h"
 
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 
 #include <QCoreApplication>
 #include <QInputMethodEvent>

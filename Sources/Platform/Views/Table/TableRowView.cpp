@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableRowView.h"
+#include "Platform/Views/Table/TableRowView.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Views/TableViewDelegate.h"
+#include "Platform/Views/Table/TableViewDelegate.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableView.h"
-#include "Platform/Views/TableViewAccessible.h"
-#include "Platform/Views/TableViewHover.h"
-#include "Platform/Views/TableViewRows.h"
+#include "Platform/Views/Table/Accessibility/TableViewAccessible.h"
+#include "Platform/Views/Table/TableView.h"
+#include "Platform/Views/Table/TableViewHover.h"
+#include "Platform/Views/Table/TableViewRows.h"
 
 #include <QScrollBar>
 

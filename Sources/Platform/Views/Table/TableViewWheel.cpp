@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewWheel.h"
+#include "Platform/Views/Table/TableViewWheel.h"
 
 #include <QApplication>
 #include <QWheelEvent>

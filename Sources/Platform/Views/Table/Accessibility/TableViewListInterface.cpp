@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewListInterface.h"
+#include "Platform/Views/Table/Accessibility/TableViewListInterface.h"
 
-#include "Platform/Views/TableView.h"
-#include "Platform/Views/TableViewRowInterface.h"
+#include "Platform/Views/Table/Accessibility/TableViewRowInterface.h"
+#include "Platform/Views/Table/TableView.h"
 
 namespace quor::platform {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewTypeSelect.h"
+#include "Platform/Views/Table/TableViewTypeSelect.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewRowSet.h"
+#include "Platform/Views/Table/TableViewRowSet.h"
 
 #include <algorithm>
 #include <limits>

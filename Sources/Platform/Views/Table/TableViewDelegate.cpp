@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewDelegate.h"
+#include "Platform/Views/Table/TableViewDelegate.h"
 
 namespace quor::platform {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewRowInterface.h"
+#include "Platform/Views/Table/Accessibility/TableViewRowInterface.h"
 
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 
 namespace quor::platform {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewRowHeights.h"
+#include "Platform/Views/Table/TableViewRowHeights.h"
 
 #include <algorithm>
 #include <cstdint>

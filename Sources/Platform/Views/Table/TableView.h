@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Views/TableRowView.h"
-#include "Platform/Views/TableViewDataSource.h"
-#include "Platform/Views/TableViewDelegate.h"
-#include "Platform/Views/TableViewRowHeights.h"
-#include "Platform/Views/TableViewRowSet.h"
-#include "Platform/Views/TableViewTypeSelect.h"
-#include "Platform/Views/TableViewWheel.h"
+#include "Platform/Views/Table/TableRowView.h"
+#include "Platform/Views/Table/TableViewDataSource.h"
+#include "Platform/Views/Table/TableViewDelegate.h"
+#include "Platform/Views/Table/TableViewRowHeights.h"
+#include "Platform/Views/Table/TableViewRowSet.h"
+#include "Platform/Views/Table/TableViewTypeSelect.h"
+#include "Platform/Views/Table/TableViewWheel.h"
 
 #include <QAbstractScrollArea>
 #include <QElapsedTimer>

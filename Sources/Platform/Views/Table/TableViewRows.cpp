@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewRows.h"
+#include "Platform/Views/Table/TableViewRows.h"
 
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 
 #include <QApplication>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/TableViewHover.h"
+#include "Platform/Views/Table/TableViewHover.h"
 
-#include "Platform/Views/TableView.h"
+#include "Platform/Views/Table/TableView.h"
 
 #include <QMouseEvent>
 
