@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Markdown/Document.h"
 
-#include "Markdown/CmarkParser.h"
+#include "Markdown/Parsing/CmarkParser.h"
 
 #include <QStringEncoder>
 

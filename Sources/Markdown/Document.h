@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/MarkupElement.h"
-#include "Markdown/ParseOptions.h"
+#include "Markdown/Elements/MarkupElement.h"
+#include "Markdown/Parsing/ParseOptions.h"
 
 #include <QByteArrayView>
 #include <QUrl>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/RawMarkup.h"
+#include "Markdown/Raw/RawMarkup.h"
 
 #include <compare>
 

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/BlockElements.h"
 #include "Markdown/Document.h"
-#include "Markdown/DoxygenElements.h"
-#include "Markdown/InlineElements.h"
+#include "Markdown/Elements/BlockElements.h"
+#include "Markdown/Elements/DoxygenElements.h"
+#include "Markdown/Elements/InlineElements.h"
+#include "Markdown/Elements/Table.h"
 #include "Markdown/MarkupChildren.h"
-#include "Markdown/Table.h"
 
 namespace quor::markdown {
 

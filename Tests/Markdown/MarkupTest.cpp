@@ -2,7 +2,7 @@
 #include "Markdown/DocumentGenerator.h"
 #include "Markdown/MarkupVisitor.h"
 #include "Markdown/MarkupWalk.h"
-#include "Markdown/RawMarkupBuilder.h"
+#include "Markdown/Raw/RawMarkupBuilder.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/MarkupElement.h"
+#include "Markdown/Elements/MarkupElement.h"
 
 /// What a comment in Doxygen's manner is made of. Never parsed, only built by hand. Handles, as `Markup`
 /// tells.

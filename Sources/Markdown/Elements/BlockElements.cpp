@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/BlockElements.h"
+#include "Markdown/Elements/BlockElements.h"
 
 namespace quor::markdown {
 

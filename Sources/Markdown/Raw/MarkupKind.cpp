@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/MarkupKind.h"
+#include "Markdown/Raw/MarkupKind.h"
 
 #include <array>
 

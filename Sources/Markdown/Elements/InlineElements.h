@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/MarkupElement.h"
+#include "Markdown/Elements/MarkupElement.h"
 
 /// The elements that stand within a line. Handles, as `Markup` tells.
 namespace quor::markdown {

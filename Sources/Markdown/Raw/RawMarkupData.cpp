@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/RawMarkupData.h"
+#include "Markdown/Raw/RawMarkupData.h"
 
 namespace quor::markdown {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/MarkupKind.h"
-#include "Markdown/SourceRange.h"
+#include "Markdown/Raw/MarkupKind.h"
+#include "Markdown/Raw/SourceRange.h"
 
 #include <QString>
 

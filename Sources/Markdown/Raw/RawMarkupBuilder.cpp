@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/RawMarkupBuilder.h"
+#include "Markdown/Raw/RawMarkupBuilder.h"
 
 #include <atomic>
 #include <utility>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/ParseOptions.h"
-#include "Markdown/RawMarkup.h"
+#include "Markdown/Parsing/ParseOptions.h"
+#include "Markdown/Raw/RawMarkup.h"
 
 namespace quor::markdown {
 

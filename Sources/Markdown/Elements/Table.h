@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/MarkupElement.h"
+#include "Markdown/Elements/MarkupElement.h"
 
 namespace quor::markdown {
 

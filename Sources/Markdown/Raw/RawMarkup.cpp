@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/RawMarkup.h"
+#include "Markdown/Raw/RawMarkup.h"
 
 #include <cstring>
 

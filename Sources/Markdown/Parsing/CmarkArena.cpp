@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/CmarkArena.h"
+#include "Markdown/Parsing/CmarkArena.h"
 
 #include <algorithm>
 #include <cstring>

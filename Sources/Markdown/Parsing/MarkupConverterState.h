@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/ParseOptions.h"
-#include "Markdown/RawMarkupBuilder.h"
+#include "Markdown/Parsing/ParseOptions.h"
+#include "Markdown/Raw/RawMarkupBuilder.h"
 
 #include <cmark-gfm.h>
 

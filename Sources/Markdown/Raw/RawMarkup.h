@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/RawMarkupData.h"
+#include "Markdown/Raw/RawMarkupData.h"
 
 #include <QByteArrayView>
 #include <QUrl>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/MarkupConverterState.h"
+#include "Markdown/Parsing/MarkupConverterState.h"
 
 #include <cmark-gfm-core-extensions.h>
 

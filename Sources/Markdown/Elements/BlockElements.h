@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/MarkupElement.h"
+#include "Markdown/Elements/MarkupElement.h"
 
 /// The elements that stand below one another, but for `Document` and `Table`. Handles, as `Markup` tells.
 namespace quor::markdown {

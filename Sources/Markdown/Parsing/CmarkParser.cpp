@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/CmarkParser.h"
+#include "Markdown/Parsing/CmarkParser.h"
 
-#include "Markdown/CmarkArena.h"
-#include "Markdown/MarkupConverterState.h"
-#include "Markdown/RawMarkupBuilder.h"
+#include "Markdown/Parsing/CmarkArena.h"
+#include "Markdown/Parsing/MarkupConverterState.h"
+#include "Markdown/Raw/RawMarkupBuilder.h"
 
 #include <cmark-gfm-core-extensions.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Markdown/RawMarkup.h"
+#include "Markdown/Raw/RawMarkup.h"
 
 /// Builds a raw tree in walking order: `begin` a node, its children between, `end` it. The tree takes a copy
 /// of every text. One thread at a time.
