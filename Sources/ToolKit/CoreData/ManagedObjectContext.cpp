@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/CoreData/ManagedObjectContext.h"
 
-#include "ToolKit/CoreData/FetchQuery.h"
-#include "ToolKit/CoreData/PendingOverlay.h"
-#include "ToolKit/CoreData/SaveTransaction.h"
-#include "ToolKit/CoreData/StoreFile.h"
+#include "ToolKit/CoreData/Fetching/FetchQuery.h"
+#include "ToolKit/CoreData/Fetching/PendingOverlay.h"
+#include "ToolKit/CoreData/Store/SaveTransaction.h"
+#include "ToolKit/CoreData/Store/StoreFile.h"
 
 namespace quor::toolkit {
 

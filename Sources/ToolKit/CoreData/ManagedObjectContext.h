@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/CoreData/EntityDescription.h"
-#include "ToolKit/CoreData/FetchRequest.h"
-#include "ToolKit/CoreData/ManagedObject.h"
-#include "ToolKit/CoreData/RecordClass.h"
-#include "ToolKit/CoreData/SaveOutcome.h"
-#include "ToolKit/CoreData/StoreError.h"
+#include "ToolKit/CoreData/Fetching/FetchRequest.h"
+#include "ToolKit/CoreData/Model/EntityDescription.h"
+#include "ToolKit/CoreData/Objects/ManagedObject.h"
+#include "ToolKit/CoreData/Objects/RecordClass.h"
+#include "ToolKit/CoreData/Store/SaveOutcome.h"
+#include "ToolKit/CoreData/Store/StoreError.h"
 
 #include <QStringList>
 
