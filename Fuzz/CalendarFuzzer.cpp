@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A calendar file as some other program may have left it: read, listed, edited, written and read again.
-#include "ToolKit/Calendar/EventStore.h"
+#include "ToolKit/Calendar/Stores/EventStore.h"
 
 #include <QDir>
 #include <QFile>

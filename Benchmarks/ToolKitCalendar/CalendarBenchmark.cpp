@@ -8,7 +8,7 @@
 // `components` keeps what libical parsed and reads times there, and the fields of what overlaps; `fields` had
 // everything read beforehand too, and merely compares two numbers and copies.
 #include "CalendarByHand.h"
-#include "ToolKit/Calendar/EventStore.h"
+#include "ToolKit/Calendar/Stores/EventStore.h"
 
 #include <QFile>
 #include <QTemporaryDir>

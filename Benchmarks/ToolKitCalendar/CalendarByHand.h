@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Calendar/Event.h"
+#include "ToolKit/Calendar/Items/Event.h"
 
 #include <libical/ical.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Plans a month in a calendar of its own, in a temporary folder or in the one where yours are:
 //     example-calendars ~/.local/share/calendars
-#include <ToolKit/Calendar/CalendarStore.h>
-#include <ToolKit/Calendar/ReminderStore.h>
+#include <ToolKit/Calendar/Stores/CalendarStore.h>
+#include <ToolKit/Calendar/Stores/ReminderStore.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

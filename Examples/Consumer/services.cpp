@@ -2,7 +2,7 @@
 // Asks each library of the kit for something, and says what it gave:
 //     services
 #include <Markdown/MarkupVisitor.h>
-#include <ToolKit/Calendar/EventStore.h>
+#include <ToolKit/Calendar/Stores/EventStore.h>
 #include <ToolKit/CoreData/ManagedObjectContext.h>
 #include <ToolKit/Dates/DateOperations.h>
 #include <ToolKit/JavaScript/JavaScriptPlugin.h>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Calendar/CalendarStore.h"
+#include "ToolKit/Calendar/Stores/CalendarStore.h"
 #include "Support/Files.h"
 #include "ToolKit/Logging/FileErrorLogger.h"
 #include "ToolKitCalendar/CalendarsFixture.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "Support/WaitFor.h"
-#include "ToolKit/Calendar/EventStore.h"
+#include "ToolKit/Calendar/Stores/EventStore.h"
 
 #include <QTemporaryDir>
 

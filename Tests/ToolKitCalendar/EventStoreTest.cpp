@@ -3,7 +3,7 @@
 #include "Support/TemporaryDataHome.h"
 #include "Support/WaitFor.h"
 #include "TestCalendars.h"
-#include "ToolKit/Calendar/EventStoreChanges.h"
+#include "ToolKit/Calendar/Stores/EventStoreChanges.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Calendar/ReminderStore.h"
+#include "ToolKit/Calendar/Stores/ReminderStore.h"
 #include "ToolKit/Deferred/EventProtocol.h"
 #include "ToolKitCalendar/CalendarsFixture.h"
 

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ToolKit/Calendar/Items/EntityType.h"
+#include "ToolKit/Calendar/Items/EventSource.h"
+
+#include <QColor>
+#include <QString>
+
+#include <mutex>
+#include <optional>
+#include <utility>
+
+namespace quor::toolkit {
+
+/// A calendar as it was when it was read or made: a folder with a file an item. Changes are the object's
+/// own until `EventStore::saveCalendar`. Two objects of one calendar have equal identifiers. Made by an
+/// `EventStore`, held in shared pointers. Any thread.
+class EventCalendar final {
+public:
+    /// "<source's folder>/<calendar's folder>"; empty before the first save. A new title leaves it alone.
+    [[nodiscard]] QString calendarIdentifier() const { return get(&Fields::identifier); }
+
+    [[nodiscard]] QString title() const { return get(&Fields::title); }
+    void setTitle(const QString& title) { set(&Fields::title, title); }
+
+    /// Invalid where the calendar has none.
+    [[nodiscard]] QColor color() const { return get(&Fields::color); }
+    void setColor(const QColor& color) { set(&Fields::color, color); }
+
+    /// None for a new calendar until it is set. A saved calendar keeps the source that it has.
+    [[nodiscard]] std::optional<EventSource> source() const { return get(&Fields::source); }
+    void setSource(const EventSource& source) { set(&Fields::source, std::optional(source)); }
+
+    /// False where the folder may not be written.
+    [[nodiscard]] bool allowsContentModifications() const { return get(&Fields::isWritable); }
+
+    /// A calendar holds events, reminders, or both: whatever is in it; an empty one both.
+    [[nodiscard]] bool allows(EntityType type) const
+    {
+        return get(type == EntityType::event ? &Fields::holdsEvents : &Fields::holdsReminders);
+    }
+
+private:
+    friend class EventStore;
+    friend class CalendarFolder;
+
+    struct Fields {
+        QString identifier;
+        QString title;
+        QColor color;
+        std::optional<EventSource> source;
+        bool isWritable = true;
+        bool holdsEvents = true;
+        bool holdsReminders = true;
+    };
+
+    template <class T>
+    T get(T Fields::*field) const
+    {
+        const std::scoped_lock lock(mutex_);
+        return fields_.*field;
+    }
+    template <class T>
+    void set(T Fields::*field, const T& value)
+    {
+        const std::scoped_lock lock(mutex_);
+        fields_.*field = value;
+    }
+
+    [[nodiscard]] std::pair<Fields, Fields> both() const
+    {
+        const std::scoped_lock lock(mutex_);
+        return {fields_, saved_};
+    }
+    void setSaved(Fields saved, const QString& identifier)
+    {
+        const std::scoped_lock lock(mutex_);
+        fields_.identifier = identifier;
+        saved_ = std::move(saved);
+    }
+
+    mutable std::mutex mutex_;
+    Fields fields_;
+    Fields saved_; ///< as read or as last saved
+};
+
+} // namespace quor::toolkit

@@ -1,0 +1,372 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Calendar/Items/ItemEdits.h"
+
+#include "ToolKit/Calendar/Items/ItemReader.h"
+#include "ToolKit/Calendar/Items/ItemRule.h"
+#include "ToolKit/Calendar/Items/ItemWriter.h"
+#include "ToolKit/Calendar/Items/RecurrenceExpansion.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace quor::toolkit {
+
+namespace {
+
+using Result = std::optional<EventStoreError>;
+using Kind = EventStoreError::Kind;
+
+Result conflict(const QString& uid)
+{
+    return EventStoreError(Kind::conflict, uid.left(100) + QStringLiteral(": changed by another program"));
+}
+
+Result notFound(const QString& uid)
+{
+    return EventStoreError(Kind::notFound, uid.left(100) + QStringLiteral(": not there any more"));
+}
+
+auto times(const EventFields& fields)
+{
+    return std::tie(fields.startDate, fields.endDate, fields.isAllDay, fields.timeZone);
+}
+
+/// Whether both sides changed it, to different ends.
+template <class T>
+bool clash(const T& current, const T& base, const T& wanted)
+{
+    return wanted != base && current != base && current != wanted;
+}
+
+bool clashes(const EventFields& current, const EventChange& change)
+{
+    const EventFields& base = change.base;
+    const EventFields& wanted = change.fields;
+    return clash(current.title, base.title, wanted.title) || clash(current.notes, base.notes, wanted.notes)
+        || clash(current.location, base.location, wanted.location) || clash(current.url, base.url, wanted.url)
+        || clash(times(current), times(base), times(wanted))
+        || clash(current.recurrenceRule, base.recurrenceRule, wanted.recurrenceRule);
+}
+
+/// Writes what differs from the base.
+void writeFields(icalcomponent* event, const EventChange& change)
+{
+    const EventFields& base = change.base;
+    const EventFields& wanted = change.fields;
+    const auto text = [&](icalproperty_kind kind, const QString& before, const QString& after) {
+        if (before != after)
+            writeText(event, kind, after);
+    };
+    text(ICAL_SUMMARY_PROPERTY, base.title, wanted.title);
+    text(ICAL_DESCRIPTION_PROPERTY, base.notes, wanted.notes);
+    text(ICAL_LOCATION_PROPERTY, base.location, wanted.location);
+    text(ICAL_URL_PROPERTY, base.url, wanted.url);
+    if (times(base) != times(wanted) || change.isNew)
+        writeTimes(event, wanted);
+    if (base.recurrenceRule != wanted.recurrenceRule) {
+        removeAll(event, ICAL_RRULE_PROPERTY);
+        if (!wanted.recurrenceRule.isEmpty()) {
+            const ItemRule rule(wanted.recurrenceRule.toUtf8());
+            icalcomponent_add_property(event, icalproperty_new_rrule(rule.value));
+        }
+    }
+    touch(event);
+}
+
+icalcomponent* masterOf(const ItemFile& file, const QString& uid)
+{
+    for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid)) {
+        if (!replacedStart(each))
+            return each;
+    }
+    return nullptr;
+}
+
+icalcomponent* overrideOf(const ItemFile& file, const QString& uid, Date occurrence)
+{
+    for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid)) {
+        if (replacedStart(each) == occurrence)
+            return each;
+    }
+    return nullptr;
+}
+
+/// What one of a series says in the file; none if it is not there.
+std::optional<EventFields> occurrenceFields(const ItemFile& file, const QString& uid, Date occurrence)
+{
+    std::optional<EventFields> found;
+    const FileRecords records = file.records();
+    for (const EventRecord& record : records.events) {
+        if (record.uid != uid)
+            continue;
+        if (record.occurrence == occurrence)
+            return record.fields;
+        if (!record.recurrence)
+            continue;
+        if (const auto own = record.recurrence->overrides.find(occurrence);
+            own != record.recurrence->overrides.end())
+            return own->second;
+        expand(record, occurrence, occurrence + std::chrono::seconds(1),
+            [&](Date start, const EventFields& fields) {
+                if (start == occurrence)
+                    found = fields;
+            });
+    }
+    return found;
+}
+
+/// What the change is about, as the file has it.
+std::optional<EventFields> currentFields(const ItemFile& file, const EventChange& change)
+{
+    if (change.occurrence)
+        return occurrenceFields(file, change.uid, *change.occurrence);
+    icalcomponent* const master = masterOf(file, change.uid);
+    return master ? readEvent(master) : std::nullopt;
+}
+
+icalcomponent* makeOverride(icalcomponent* master, Date occurrence, const EventFields& current)
+{
+    icalcomponent* const event = icalcomponent_new_clone(master);
+    icalcomponent_add_component(icalcomponent_get_parent(master), event);
+    for (const auto kind :
+        {ICAL_RRULE_PROPERTY, ICAL_RDATE_PROPERTY, ICAL_EXDATE_PROPERTY, ICAL_EXRULE_PROPERTY})
+        removeAll(event, kind);
+    writeMoment(
+        event, ICAL_RECURRENCEID_PROPERTY, occurrence, current.isAllDay, zoneFor(event, current.timeZone));
+    writeTimes(event, current);
+    return event;
+}
+
+void removeWhole(ItemFile& file, const QString& uid)
+{
+    for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid))
+        file.remove(each);
+}
+
+/// Moves a date of a series as its start was moved, by the clock on the wall.
+class SeriesShift final {
+public:
+    SeriesShift(const EventFields& from, const EventFields& to, icalcomponent* event)
+        : from_(from.isAllDay ? ItemZone() : zoneFor(event, from.timeZone))
+        , to_(to.isAllDay ? ItemZone() : zoneFor(event, to.timeZone))
+        , by_(wall(to_, to.startDate) - wall(from_, from.startDate))
+        , isDate_(to.isAllDay)
+    {
+    }
+
+    void apply(icalcomponent* event, icalproperty_kind kind) const
+    {
+        std::vector<Date> moved;
+        for (auto* each = icalcomponent_get_first_property(event, kind); each;
+             each = icalcomponent_get_next_property(event, kind)) {
+            const auto moment = readMoment(each);
+            if (!moment)
+                continue;
+            const Date shifted = to_.moment(ItemZone::utc().local(wall(from_, *moment) + by_, isDate_));
+            if (isWritable(shifted))
+                moved.push_back(shifted);
+        }
+        removeAll(event, kind);
+        for (const Date moment : moved)
+            addMoment(event, kind, moment, isDate_, to_);
+    }
+
+private:
+    static Date wall(const ItemZone& zone, Date moment)
+    {
+        return ItemZone::utc().moment(zone.local(moment, false));
+    }
+
+    ItemZone from_;
+    ItemZone to_;
+    std::chrono::duration<double> by_;
+    bool isDate_;
+};
+
+/// The rules of a master end before that moment.
+void endRules(icalcomponent* master, const EventFields& fields, Date end)
+{
+    const Date last = end - std::chrono::seconds(1);
+    const ItemZone zone = fields.isAllDay || fields.timeZone.isEmpty() ? ItemZone() : ItemZone::utc();
+    for (auto* each = icalcomponent_get_first_property(master, ICAL_RRULE_PROPERTY); each;
+         each = icalcomponent_get_next_property(master, ICAL_RRULE_PROPERTY)) {
+        icalrecurrencetype rule = icalproperty_get_rrule(each);
+        rule.count = 0;
+        rule.until = zone.local(last, fields.isAllDay);
+        icalproperty_set_rrule(each, rule);
+    }
+}
+
+/// Keeps those dates for which `keeps` answers true.
+template <class Keeps>
+void keepMoments(icalcomponent* event, icalproperty_kind kind, Keeps keeps)
+{
+    std::vector<icalproperty*> dropped;
+    for (auto* each = icalcomponent_get_first_property(event, kind); each;
+         each = icalcomponent_get_next_property(event, kind)) {
+        const auto moment = readMoment(each);
+        if (moment && !keeps(*moment))
+            dropped.push_back(each);
+    }
+    for (icalproperty* each : dropped) {
+        icalcomponent_remove_property(event, each);
+        icalproperty_free(each);
+    }
+}
+
+template <class Drops>
+void dropOverrides(ItemFile& file, const QString& uid, Drops drops)
+{
+    for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid)) {
+        const auto replaced = replacedStart(each);
+        if (replaced && drops(*replaced))
+            file.remove(each);
+    }
+}
+
+} // namespace
+
+std::optional<EventStoreError> defectOf(const EventFields& fields, const EventFields& base)
+{
+    const auto invalid
+        = [](const char* text) { return EventStoreError(Kind::invalid, QString::fromLatin1(text)); };
+    if (!isWritable(fields.startDate) || !isWritable(fields.endDate))
+        return invalid("a date out of range");
+    if (fields.endDate < fields.startDate)
+        return invalid("the end is before the start");
+    const bool isKnownZone = fields.timeZone.isEmpty() || fields.timeZone == base.timeZone
+        || ItemZone::isMachineZone(fields.timeZone);
+    if (!isKnownZone)
+        return invalid("an unknown time zone");
+    if (!fields.recurrenceRule.isEmpty() && fields.recurrenceRule != base.recurrenceRule
+        && !ItemRule(fields.recurrenceRule.toUtf8()).isValid())
+        return invalid("a malformed rule");
+    return std::nullopt;
+}
+
+std::optional<EventStoreError> saveEvent(ItemFile& file, const EventChange& change)
+{
+    if (change.isNew) {
+        if (!file.components(ICAL_VEVENT_COMPONENT, change.uid).empty())
+            return conflict(change.uid);
+        writeFields(file.add(ICAL_VEVENT_COMPONENT, change.uid), change);
+        return std::nullopt;
+    }
+    const auto current = currentFields(file, change);
+    if (!current)
+        return notFound(change.uid);
+    if (clashes(*current, change))
+        return conflict(change.uid);
+    icalcomponent* event = masterOf(file, change.uid);
+    if (change.occurrence) {
+        if (change.fields.recurrenceRule != change.base.recurrenceRule)
+            return EventStoreError(
+                Kind::invalid, QStringLiteral("the rule of a series is no single event's"));
+        icalcomponent* const own = overrideOf(file, change.uid, *change.occurrence);
+        event = own ? own : makeOverride(event, *change.occurrence, *current);
+    }
+    writeFields(event, change);
+    return std::nullopt;
+}
+
+std::optional<EventStoreError> removeEvent(ItemFile& file, const EventChange& change)
+{
+    const auto current = currentFields(file, change);
+    if (!current)
+        return notFound(change.uid);
+    if (*current != change.base)
+        return conflict(change.uid);
+    icalcomponent* const master = masterOf(file, change.uid);
+    if (!change.occurrence) {
+        removeWhole(file, change.uid);
+        return std::nullopt;
+    }
+    if (icalcomponent* const own = overrideOf(file, change.uid, *change.occurrence))
+        file.remove(own);
+    if (!master)
+        return std::nullopt; // others of the series may be in the file
+    const auto first = readEvent(master);
+    addMoment(master, ICAL_EXDATE_PROPERTY, *change.occurrence, first && first->isAllDay,
+        first ? zoneFor(master, first->timeZone) : ItemZone());
+    touch(master);
+    return std::nullopt;
+}
+
+std::optional<EventStoreError> endSeries(ItemFile& file, const EventChange& change)
+{
+    const auto current = currentFields(file, change);
+    icalcomponent* const master = masterOf(file, change.uid);
+    const auto first = master ? readEvent(master) : std::nullopt;
+    if (!current || (master && !first) || !change.occurrence)
+        return notFound(change.uid);
+    if (*current != change.base)
+        return conflict(change.uid);
+    const Date end = *change.occurrence;
+    if (!master || !recurs(master)) { // the file has only some of the series
+        dropOverrides(file, change.uid, [&](Date moment) { return moment >= end; });
+        return std::nullopt;
+    }
+    if (end <= first->startDate) {
+        removeWhole(file, change.uid);
+        return std::nullopt;
+    }
+    endRules(master, *first, end);
+    keepMoments(master, ICAL_RDATE_PROPERTY, [&](Date moment) { return moment < end; });
+    dropOverrides(file, change.uid, [&](Date moment) { return moment >= end; });
+    touch(master);
+    return std::nullopt;
+}
+
+std::optional<EventStoreError> beginSeries(ItemFile& file, const EventChange& change, const QString& newUid)
+{
+    const FileRecords records = file.records();
+    const auto series = std::ranges::find_if(
+        records.events, [&](const EventRecord& each) { return each.uid == change.uid && each.recurrence; });
+    icalcomponent* const master = masterOf(file, change.uid);
+    if (series == records.events.end() || !master || !change.occurrence)
+        return notFound(change.uid);
+    const Date begin = *change.occurrence;
+    dropOverrides(file, change.uid, [&](Date moment) { return moment <= begin; });
+    keepMoments(master, ICAL_RDATE_PROPERTY, [&](Date moment) { return moment >= begin; });
+    icalproperty* const property = icalcomponent_get_first_property(master, ICAL_RRULE_PROPERTY);
+    if (property) {
+        icalrecurrencetype rule = icalproperty_get_rrule(property);
+        if (rule.count > 0)
+            rule.count = std::max(1, rule.count - countBefore(*series, begin));
+        icalproperty_set_rrule(property, rule);
+    }
+    EventFields moved = series->fields;
+    moved.startDate = begin;
+    moved.endDate = begin + (series->fields.endDate - series->fields.startDate);
+    writeTimes(master, moved);
+    for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, change.uid))
+        writeText(each, ICAL_UID_PROPERTY, newUid);
+    const auto base = readEvent(master);
+    EventFields wanted = change.fields;
+    if (change.fields.recurrenceRule == change.base.recurrenceRule && base)
+        wanted.recurrenceRule = base->recurrenceRule; // with the new count
+    return base ? saveSeries(file, {newUid, std::nullopt, *base, wanted, false}) : notFound(change.uid);
+}
+
+std::optional<EventStoreError> saveSeries(ItemFile& file, const EventChange& change)
+{
+    icalcomponent* const master = masterOf(file, change.uid);
+    const auto current = master ? readEvent(master) : std::nullopt;
+    if (!current)
+        return notFound(change.uid);
+    if (clashes(*current, change))
+        return conflict(change.uid);
+    if (times(change.base) != times(change.fields)) {
+        const SeriesShift shift(change.base, change.fields, master);
+        shift.apply(master, ICAL_EXDATE_PROPERTY);
+        shift.apply(master, ICAL_RDATE_PROPERTY);
+        for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, change.uid)) {
+            if (each != master)
+                shift.apply(each, ICAL_RECURRENCEID_PROPERTY);
+        }
+    }
+    writeFields(master, change);
+    return std::nullopt;
+}
+
+} // namespace quor::toolkit

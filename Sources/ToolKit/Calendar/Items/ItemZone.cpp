@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Calendar/Items/ItemZone.h"
+
+#include <QDateTime>
+
+#include <cmath>
+#include <cstring>
+
+namespace quor::toolkit {
+
+using platform::Date;
+using platform::dateFromSeconds;
+using platform::secondsSince1970;
+
+namespace {
+
+constexpr double firstSecond = -62'135'596'800.0 + 86'400.0; // a day in the year 1
+constexpr double lastSecond = 253'370'764'800.0 - 86'400.0; // a day before the year 9999
+
+icalcomponent* definition(icalcomponent* calendar, const QByteArray& name)
+{
+    for (auto* zone
+         = calendar ? icalcomponent_get_first_component(calendar, ICAL_VTIMEZONE_COMPONENT) : nullptr;
+         zone; zone = icalcomponent_get_next_component(calendar, ICAL_VTIMEZONE_COMPONENT)) {
+        const icalproperty* id = icalcomponent_get_first_property(zone, ICAL_TZID_PROPERTY);
+        const char* text = id ? icalproperty_get_tzid(id) : nullptr;
+        if (text && name == text)
+            return zone;
+    }
+    return nullptr;
+}
+
+/// What a product's prefix stands before: "/vendor/20200101_1/Europe/Berlin".
+QByteArray withoutPrefix(const QByteArray& name)
+{
+    if (!name.startsWith('/'))
+        return name;
+    for (qsizetype slash = 0; slash >= 0; slash = name.indexOf('/', slash + 1)) {
+        const QByteArray rest = name.sliced(slash + 1);
+        if (rest.contains('/') && QTimeZone::isTimeZoneIdAvailable(rest))
+            return rest;
+    }
+    return name;
+}
+
+} // namespace
+
+bool isWritable(Date date)
+{
+    const double seconds = secondsSince1970(date);
+    return seconds >= firstSecond && seconds <= lastSecond;
+}
+
+ItemZone::ItemZone()
+    : zone_(QTimeZone::systemTimeZone())
+{
+}
+
+ItemZone ItemZone::utc()
+{
+    ItemZone zone;
+    zone.name_ = QStringLiteral("UTC");
+    zone.zone_ = QTimeZone::utc();
+    return zone;
+}
+
+bool ItemZone::isMachineZone(const QString& name)
+{
+    const QByteArray id = name.toUtf8();
+    return id.size() < 100 && !id.startsWith("UTC+") && !id.startsWith("UTC-")
+        && QTimeZone::isTimeZoneIdAvailable(id);
+}
+
+ItemZone ItemZone::named(const QByteArray& name, icalcomponent* calendar)
+{
+    const QByteArray plain = withoutPrefix(name.first(std::min<qsizetype>(name.size(), 200)));
+    if (plain == "UTC" || plain == "Etc/UTC")
+        return utc();
+    ItemZone zone;
+    if (isMachineZone(QString::fromUtf8(plain))) {
+        zone.name_ = QString::fromUtf8(plain);
+        zone.zone_ = QTimeZone(plain);
+    } else if (icalcomponent* const found = definition(calendar, name)) {
+        zone.defined_ = std::shared_ptr<icaltimezone>(
+            icaltimezone_new(), [](icaltimezone* each) { icaltimezone_free(each, 1); });
+        // The zone takes the copy, but not where it refuses it.
+        icalcomponent* const copy = icalcomponent_new_clone(found);
+        if (icaltimezone_set_component(zone.defined_.get(), copy)) {
+            zone.name_ = QString::fromUtf8(name);
+        } else {
+            icalcomponent_free(copy);
+            zone.defined_.reset();
+        }
+    }
+    return zone;
+}
+
+Date ItemZone::moment(const icaltimetype& local) const
+{
+    const QDate day(local.year, local.month, local.day);
+    const QTime time
+        = local.is_date ? QTime(0, 0) : QTime(local.hour, local.minute, std::min(local.second, 59));
+    if (!day.isValid() || !time.isValid())
+        return dateFromSeconds(std::nan(""));
+    if (local.is_date)
+        return dateFromSeconds(double(day.startOfDay(zone_).toSecsSinceEpoch()));
+    if (defined_) {
+        icaltimetype copy = local;
+        int isDaylight = 0;
+        const int offset = icaltimezone_get_utc_offset(defined_.get(), &copy, &isDaylight);
+        return dateFromSeconds(double(QDateTime(day, time, Qt::UTC).toSecsSinceEpoch()) - offset);
+    }
+    return dateFromSeconds(double(QDateTime(day, time, zone_).toSecsSinceEpoch()));
+}
+
+icaltimetype ItemZone::local(Date moment, bool isDate) const
+{
+    const auto seconds = static_cast<qint64>(std::llround(secondsSince1970(moment)));
+    QDateTime time;
+    if (defined_) {
+        icaltimetype utc = icaltime_from_timet_with_zone(seconds, 0, icaltimezone_get_utc_timezone());
+        int isDaylight = 0;
+        const int offset = icaltimezone_get_utc_offset_of_utc_time(defined_.get(), &utc, &isDaylight);
+        time = QDateTime::fromSecsSinceEpoch(seconds + offset, Qt::UTC);
+    } else {
+        time = QDateTime::fromSecsSinceEpoch(seconds, zone_);
+    }
+    icaltimetype local = icaltime_null_time();
+    local.year = time.date().year();
+    local.month = time.date().month();
+    local.day = time.date().day();
+    if (isDate) {
+        local.is_date = 1;
+        return local;
+    }
+    local.hour = time.time().hour();
+    local.minute = time.time().minute();
+    local.second = time.time().second();
+    if (name_ == u"UTC")
+        local.zone = icaltimezone_get_utc_timezone();
+    return local;
+}
+
+} // namespace quor::toolkit

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Calendar/Items/MaskedItems.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <vector>
+
+namespace quor::toolkit {
+
+namespace {
+
+using namespace std::string_view_literals;
+
+// Nobody nests components deeper, and libical walks them by recursion.
+constexpr std::size_t deepest = 20;
+constexpr char maskedLine[] = "X-QUOR-MASKED-LINE";
+
+constexpr std::array readParts{
+    "DAYLIGHT"sv, "STANDARD"sv, "VCALENDAR"sv, "VEVENT"sv, "VTIMEZONE"sv, "VTODO"sv};
+constexpr std::array readProperties{"COMPLETED"sv, "DESCRIPTION"sv, "DTEND"sv, "DTSTAMP"sv, "DTSTART"sv,
+    "DUE"sv, "DURATION"sv, "EXDATE"sv, "EXRULE"sv, "LAST-MODIFIED"sv, "LOCATION"sv, "PERCENT-COMPLETE"sv,
+    "PRIORITY"sv, "RDATE"sv, "RECURRENCE-ID"sv, "RRULE"sv, "SEQUENCE"sv, "STATUS"sv, "SUMMARY"sv, "TZID"sv,
+    "TZNAME"sv, "TZOFFSETFROM"sv, "TZOFFSETTO"sv, "UID"sv, "URL"sv};
+
+template <std::size_t count>
+bool contains(const std::array<std::string_view, count>& sorted, const QByteArray& name)
+{
+    static_assert(count > 0);
+    return std::ranges::binary_search(
+        sorted, std::string_view(name.constData(), static_cast<std::size_t>(name.size())));
+}
+
+/// A content line with its folds and its end.
+struct Line {
+    QByteArrayView raw;
+    QByteArray name; ///< in capitals; empty where there is none
+    QByteArray value; ///< in capitals, of BEGIN and END
+};
+
+/// Without the line breaks that a blank follows, and the one at the end.
+QByteArray unfolded(QByteArrayView raw)
+{
+    QByteArray line = raw.toByteArray();
+    line.replace("\r\n", "\n").replace("\n ", "").replace("\n\t", "");
+    return line.trimmed();
+}
+
+/// Takes a content line off the text.
+Line takeLine(QByteArrayView& text)
+{
+    qsizetype end = 0;
+    do {
+        const qsizetype next = text.indexOf('\n', end);
+        end = next < 0 ? text.size() : next + 1;
+    } while (end < text.size() && (text[end] == ' ' || text[end] == '\t'));
+    Line line{text.first(end), {}, {}};
+    text = text.sliced(end);
+    const qsizetype fold = line.raw.indexOf('\n');
+    const auto colon = std::ranges::find_first_of(line.raw, ":;"sv);
+    const bool isNameFolded = fold >= 0 && fold < colon - line.raw.begin();
+    const QByteArray whole = isNameFolded ? unfolded(line.raw) : QByteArray();
+    const QByteArrayView named = isNameFolded ? QByteArrayView(whole) : line.raw;
+    const auto mark = std::ranges::find_first_of(named, ":;"sv);
+    if (mark == named.end())
+        return line;
+    line.name = named.first(mark - named.begin()).toByteArray().toUpper();
+    if (line.name == "BEGIN" || line.name == "END")
+        line.value = unfolded(line.raw).sliced(line.name.size() + 1).trimmed().toUpper();
+    return line;
+}
+
+QByteArray masked(const char* name, QByteArrayView raw)
+{
+    return QByteArray(name) + ':' + raw.toByteArray().toBase64() + "\r\n";
+}
+
+class Masking final {
+public:
+    /// False: this is no calendar.
+    [[nodiscard]] bool add(const Line& line)
+    {
+        if (line.name.isEmpty())
+            return line.raw.trimmed().isEmpty();
+        if (line.name == "BEGIN")
+            return begin(line);
+        if (line.name == "END")
+            return end(line);
+        if (open_.empty())
+            return false;
+        if (isForeign())
+            foreign_ += line.raw;
+        else if (contains(readProperties, line.name))
+            text_ += line.raw;
+        else
+            text_ += masked(maskedLine, line.raw);
+        return true;
+    }
+    [[nodiscard]] bool isWhole() const { return open_.empty(); }
+    [[nodiscard]] const QByteArray& text() const { return text_; }
+
+private:
+    [[nodiscard]] bool isForeign() const { return foreignDepth_ > 0; }
+
+    bool begin(const Line& line)
+    {
+        if (open_.empty() && line.value != "VCALENDAR")
+            return false;
+        open_.push_back(line.value);
+        if (!isForeign() && !contains(readParts, line.value))
+            foreignDepth_ = open_.size();
+        (isForeign() ? foreign_ : text_) += line.raw;
+        return open_.size() <= deepest;
+    }
+
+    bool end(const Line& line)
+    {
+        if (open_.empty() || open_.back() != line.value)
+            return false;
+        (isForeign() ? foreign_ : text_) += line.raw;
+        if (open_.size() == foreignDepth_) {
+            text_ += masked(maskedPart, foreign_);
+            foreign_.clear();
+            foreignDepth_ = 0;
+        }
+        open_.pop_back();
+        return true;
+    }
+
+    QByteArray text_;
+    std::vector<QByteArray> open_;
+    std::size_t foreignDepth_ = 0; ///< of the outermost component that is not read; 0: outside of such
+    QByteArray foreign_;
+};
+
+/// What a masked line stands for, each line in it ended as libical ends them.
+QByteArray original(QByteArrayView raw)
+{
+    const QByteArray line = unfolded(raw);
+    QByteArray text = QByteArray::fromBase64(line.sliced(line.indexOf(':') + 1));
+    if (!text.endsWith('\n'))
+        text += '\n';
+    return text.replace("\r\n", "\n").replace("\n", "\r\n");
+}
+
+} // namespace
+
+std::optional<QByteArray> maskItems(QByteArrayView file)
+{
+    if (file.startsWith("\xEF\xBB\xBF"))
+        file = file.sliced(3);
+    Masking masking;
+    while (!file.isEmpty()) {
+        if (!masking.add(takeLine(file)))
+            return std::nullopt;
+    }
+    return masking.isWhole() ? std::optional(masking.text()) : std::nullopt;
+}
+
+QByteArray unmaskItems(QByteArrayView text)
+{
+    QByteArray file;
+    file.reserve(text.size());
+    std::vector<QByteArray> parts; // of each open component, what comes behind its properties
+    while (!text.isEmpty()) {
+        const Line line = takeLine(text);
+        if (line.name == maskedLine) {
+            file += original(line.raw);
+        } else if (line.name == maskedPart && !parts.empty()) {
+            parts.back() += original(line.raw);
+        } else {
+            if (line.name == "BEGIN")
+                parts.emplace_back();
+            if (line.name == "END" && !parts.empty()) {
+                file += parts.back();
+                parts.pop_back();
+            }
+            file += line.raw;
+        }
+    }
+    return file;
+}
+
+} // namespace quor::toolkit

@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Calendar/Items/RecurrenceExpansion.h"
+
+#include "ToolKit/Calendar/Items/ItemRule.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <set>
+
+namespace quor::toolkit {
+
+namespace {
+
+using Seconds = std::chrono::duration<double>;
+using Iterator = std::unique_ptr<icalrecur_iterator, decltype(&icalrecur_iterator_free)>;
+
+// Steps of a rule that counts from its first event, and so has to be walked from there.
+constexpr int mostSteps = 100'000;
+constexpr Seconds aDay{86'400};
+
+/// Rules that could search for centuries without a match, each step within libical and not to be stopped:
+/// by hour, minute or second, with conditions. Nobody makes appointments so; the first one is shown alone.
+bool isSearch(const icalrecurrencetype& rule)
+{
+    if (rule.freq > ICAL_HOURLY_RECURRENCE)
+        return false;
+    const auto has = [](const short* values) { return values[0] != ICAL_RECURRENCE_ARRAY_MAX; };
+    return has(rule.by_second) || has(rule.by_minute) || has(rule.by_hour) || has(rule.by_day)
+        || has(rule.by_month_day) || has(rule.by_year_day) || has(rule.by_week_no) || has(rule.by_month)
+        || has(rule.by_set_pos);
+}
+
+/// Days of the month that none of the months has would be looked for until the end of time as well.
+bool isImpossible(const icalrecurrencetype& rule)
+{
+    if (rule.by_month[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.by_month_day[0] == ICAL_RECURRENCE_ARRAY_MAX)
+        return false;
+    int longest = 0;
+    for (const short* month = rule.by_month; *month != ICAL_RECURRENCE_ARRAY_MAX; ++month)
+        longest = std::max(longest, *month >= 1 && *month <= 12 ? icaltime_days_in_month(*month, 2000) : 31);
+    int least = 31;
+    for (const short* day = rule.by_month_day; *day != ICAL_RECURRENCE_ARRAY_MAX; ++day)
+        least = std::min(least, std::abs(int(*day)));
+    return least > longest;
+}
+
+/// Nor is there a 300th Monday in a month.
+bool isBehindAll(const icalrecurrencetype& rule)
+{
+    if (rule.by_set_pos[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.freq == ICAL_YEARLY_RECURRENCE)
+        return false;
+    const auto times = [](const short* values) {
+        int count = 0;
+        while (values[count] != ICAL_RECURRENCE_ARRAY_MAX)
+            ++count;
+        return std::max(1, count);
+    };
+    const int days = rule.freq == ICAL_MONTHLY_RECURRENCE ? 31 : 7;
+    const qint64 most = qint64(days) * times(rule.by_hour) * times(rule.by_minute) * times(rule.by_second);
+    for (const short* place = rule.by_set_pos; *place != ICAL_RECURRENCE_ARRAY_MAX; ++place) {
+        if (std::abs(int(*place)) <= most)
+            return false;
+    }
+    return true;
+}
+
+/// The end of the rule in the terms of its events, as libical compares without a look at zones.
+void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
+{
+    if (icaltime_is_null_time(rule.until))
+        return;
+    if (rule.until.is_date && !recurrence.first.is_date) {
+        rule.until.is_date = 0;
+        rule.until.hour = 23;
+        rule.until.minute = rule.until.second = 59;
+    } else if (!rule.until.is_date && icaltime_is_utc(rule.until)) {
+        const Date end = ItemZone::utc().moment(rule.until);
+        if (isWritable(end))
+            rule.until = recurrence.zone.local(end, recurrence.first.is_date);
+    }
+    rule.until.zone = nullptr;
+}
+
+/// The last step of a rule by hour, minute or second before that moment: libical would take each step there.
+icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, const icaltimetype& from)
+{
+    const int unit = rule.freq == ICAL_SECONDLY_RECURRENCE ? 1
+        : rule.freq == ICAL_MINUTELY_RECURRENCE            ? 60
+                                                           : 3600;
+    const double step = double(unit) * std::max<int>(rule.interval, 1);
+    const ItemZone wall = ItemZone::utc();
+    const Seconds passed = wall.moment(from) - wall.moment(first);
+    icaltimetype next
+        = wall.local(wall.moment(first) + Seconds(std::floor(passed.count() / step) * step), false);
+    next.zone = nullptr;
+    return next;
+}
+
+/// Calls `visit` for each start by the rule in [start, end), until it answers false.
+template <class Visit>
+void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
+{
+    ItemRule owned(text);
+    icalrecurrencetype& rule = owned.value;
+    if (!owned.isValid() || isSearch(rule) || isImpossible(rule) || isBehindAll(rule)
+        || (rule.freq <= ICAL_HOURLY_RECURRENCE && recurrence.first.is_date))
+        return;
+    localiseEnd(rule, recurrence);
+    icaltimetype first = recurrence.first;
+    first.zone = nullptr;
+    icaltimetype from = first;
+    if (rule.count == 0 && isWritable(start - aDay)) {
+        from = recurrence.zone.local(start - aDay, first.is_date);
+        from.zone = nullptr;
+    }
+    const bool isLater = icaltime_compare(from, first) > 0;
+    const bool isWithinDays = rule.freq <= ICAL_HOURLY_RECURRENCE;
+    if (isLater && isWithinDays)
+        first = stepped(rule, first, from);
+    const Iterator iterator(icalrecur_iterator_new(rule, first), &icalrecur_iterator_free);
+    if (!iterator)
+        return;
+    if (isLater && !isWithinDays)
+        icalrecur_iterator_set_start(iterator.get(), from);
+    for (int step = 0; step < mostSteps; ++step) {
+        const icaltimetype next = icalrecur_iterator_next(iterator.get());
+        if (icaltime_is_null_time(next))
+            return;
+        const Date moment = recurrence.zone.moment(next);
+        if (!(moment < end + aDay)) // the clock may be set back by some hours
+            return;
+        if (moment >= start && moment < end && !visit(moment))
+            return;
+    }
+}
+
+/// Starts in [start, end) that nobody removed.
+std::set<Date> starts(const Recurrence& recurrence, Date start, Date end)
+{
+    std::set<Date> found;
+    const auto add = [&](Date moment) {
+        if (moment >= start && moment < end && !std::ranges::binary_search(recurrence.removed, moment))
+            found.insert(moment);
+        return found.size() < mostOccurrences;
+    };
+    add(recurrence.zone.moment(recurrence.first));
+    for (const Date moment : recurrence.added)
+        add(moment);
+    for (const QByteArray& rule : recurrence.rules)
+        walk(recurrence, rule, start, end, add);
+    return found;
+}
+
+} // namespace
+
+void expand(const EventRecord& series, Date start, Date end,
+    const std::function<void(Date occurrence, const EventFields& fields)>& visit)
+{
+    const Recurrence& recurrence = *series.recurrence;
+    for (const auto& [occurrence, fields] : recurrence.overrides) {
+        if (overlaps(fields.startDate, fields.endDate, start, end))
+            visit(occurrence, fields);
+    }
+    const Seconds length = series.fields.endDate - series.fields.startDate;
+    EventFields fields = series.fields;
+    const Seconds slack = recurrence.first.is_date ? aDay : Seconds(0); // days differ in length
+    for (const Date moment : starts(recurrence, start - length - slack, end)) {
+        if (recurrence.overrides.contains(moment))
+            continue;
+        fields.startDate = moment;
+        fields.endDate = moment + length;
+        if (recurrence.first.is_date) {
+            icaltimetype last = recurrence.zone.local(moment, true);
+            icaltime_adjust(&last, recurrence.days, 0, 0, 0);
+            fields.endDate = recurrence.zone.moment(last);
+        }
+        if (overlaps(fields.startDate, fields.endDate, start, end))
+            visit(moment, fields);
+    }
+}
+
+int countBefore(const EventRecord& series, Date moment)
+{
+    int count = 0;
+    const Recurrence& recurrence = *series.recurrence;
+    if (!recurrence.rules.empty()) {
+        walk(recurrence, recurrence.rules.front(), series.fields.startDate, moment, [&](Date) {
+            ++count;
+            return true;
+        });
+    }
+    return count;
+}
+
+} // namespace quor::toolkit

@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "ToolKit/Calendar/Items/ItemEdits.h"
+#include "ToolKit/Calendar/Items/ItemReader.h"
+#include "ToolKit/Calendar/Items/ItemWriter.h"
+
+#include <tuple>
+
+namespace quor::toolkit {
+
+namespace {
+
+using Result = std::optional<EventStoreError>;
+using Kind = EventStoreError::Kind;
+
+auto completion(const ReminderFields& fields)
+{
+    return std::tie(fields.isCompleted, fields.completionDate);
+}
+
+template <class T>
+bool clash(const T& current, const T& base, const T& wanted)
+{
+    return wanted != base && current != base && current != wanted;
+}
+
+bool clashes(const ReminderFields& current, const ReminderChange& change)
+{
+    const ReminderFields& base = change.base;
+    const ReminderFields& wanted = change.fields;
+    return clash(current.title, base.title, wanted.title) || clash(current.notes, base.notes, wanted.notes)
+        || clash(current.dueDate, base.dueDate, wanted.dueDate)
+        || clash(completion(current), completion(base), completion(wanted))
+        || clash(current.priority, base.priority, wanted.priority);
+}
+
+icalcomponent* find(const ItemFile& file, const QString& uid)
+{
+    for (icalcomponent* each : file.components(ICAL_VTODO_COMPONENT, uid)) {
+        if (!replacedStart(each))
+            return each;
+    }
+    return nullptr;
+}
+
+void writeDue(icalcomponent* reminder, std::optional<Date> due)
+{
+    icalproperty* const before = icalcomponent_get_first_property(reminder, ICAL_DUE_PROPERTY);
+    const bool wasDay = before && icalproperty_get_due(before).is_date;
+    ItemZone zone = before ? zoneOf(before) : ItemZone::named(QTimeZone::systemTimeZoneId(), nullptr);
+    removeAll(reminder, ICAL_DURATION_PROPERTY);
+    if (!due) {
+        removeAll(reminder, ICAL_DUE_PROPERTY);
+        return;
+    }
+    const bool isMidnight = ItemZone().moment(ItemZone().local(*due, true)) == *due;
+    if (wasDay && !isMidnight)
+        zone = ItemZone::named(QTimeZone::systemTimeZoneId(), nullptr);
+    writeMoment(reminder, ICAL_DUE_PROPERTY, *due, wasDay && isMidnight, zone);
+}
+
+void writeCompletion(icalcomponent* reminder, const ReminderFields& fields)
+{
+    for (const auto kind : {ICAL_STATUS_PROPERTY, ICAL_COMPLETED_PROPERTY, ICAL_PERCENTCOMPLETE_PROPERTY})
+        removeAll(reminder, kind);
+    icalcomponent_add_property(reminder,
+        icalproperty_new_status(fields.isCompleted ? ICAL_STATUS_COMPLETED : ICAL_STATUS_NEEDSACTION));
+    if (!fields.isCompleted)
+        return;
+    icalcomponent_add_property(reminder, icalproperty_new_percentcomplete(100));
+    if (fields.completionDate)
+        writeMoment(reminder, ICAL_COMPLETED_PROPERTY, *fields.completionDate, false, ItemZone::utc());
+}
+
+void writeFields(icalcomponent* reminder, const ReminderChange& change)
+{
+    const ReminderFields& base = change.base;
+    const ReminderFields& wanted = change.fields;
+    if (base.title != wanted.title)
+        writeText(reminder, ICAL_SUMMARY_PROPERTY, wanted.title);
+    if (base.notes != wanted.notes)
+        writeText(reminder, ICAL_DESCRIPTION_PROPERTY, wanted.notes);
+    if (base.dueDate != wanted.dueDate)
+        writeDue(reminder, wanted.dueDate);
+    if (completion(base) != completion(wanted) || change.isNew)
+        writeCompletion(reminder, wanted);
+    if (base.priority != wanted.priority) {
+        removeAll(reminder, ICAL_PRIORITY_PROPERTY);
+        if (wanted.priority != 0)
+            icalcomponent_add_property(reminder, icalproperty_new_priority(wanted.priority));
+    }
+    touch(reminder);
+}
+
+Result failure(Kind kind, const QString& uid)
+{
+    return EventStoreError(kind,
+        uid.left(100)
+            + (kind == Kind::conflict ? QStringLiteral(": changed by another program")
+                                      : QStringLiteral(": not there any more")));
+}
+
+} // namespace
+
+std::optional<EventStoreError> defectOf(const ReminderFields& fields)
+{
+    const bool isSound = (!fields.dueDate || isWritable(*fields.dueDate))
+        && (!fields.completionDate || isWritable(*fields.completionDate)) && fields.priority >= 0
+        && fields.priority <= 9;
+    if (isSound)
+        return std::nullopt;
+    return EventStoreError(Kind::invalid, QStringLiteral("a date or a priority out of range"));
+}
+
+std::optional<EventStoreError> saveReminder(ItemFile& file, const ReminderChange& change)
+{
+    icalcomponent* reminder = find(file, change.uid);
+    if (change.isNew) {
+        if (reminder)
+            return failure(Kind::conflict, change.uid);
+        reminder = file.add(ICAL_VTODO_COMPONENT, change.uid);
+    } else if (!reminder) {
+        return failure(Kind::notFound, change.uid);
+    } else if (clashes(readReminder(reminder), change)) {
+        return failure(Kind::conflict, change.uid);
+    }
+    writeFields(reminder, change);
+    return std::nullopt;
+}
+
+std::optional<EventStoreError> removeReminder(ItemFile& file, const ReminderChange& change)
+{
+    icalcomponent* const reminder = find(file, change.uid);
+    if (!reminder)
+        return failure(Kind::notFound, change.uid);
+    if (readReminder(reminder) != change.base)
+        return failure(Kind::conflict, change.uid);
+    for (icalcomponent* each : file.components(ICAL_VTODO_COMPONENT, change.uid))
+        file.remove(each);
+    return std::nullopt;
+}
+
+} // namespace quor::toolkit
