@@ -3,7 +3,7 @@
 
 #include "Platform/Services/Application.h"
 #include "ToolKit/Logging/Logger.h"
-#include "View/MenubarMenuRenderer.h"
+#include "View/Menu/MenubarMenuRenderer.h"
 
 #include <QPointer>
 

@@ -6,7 +6,7 @@
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Services/Workspace.h"
 #include "ToolKit/Logging/FileErrorLogger.h"
-#include "View/MenubarMenuRenderer.h"
+#include "View/Menu/MenubarMenuRenderer.h"
 #include "View/StatusItem/MenubarStatusItemRenderer.h"
 
 #include <QFile>

@@ -2,7 +2,7 @@
 #include "HelperMenubarManager.h"
 #include "AppDelegate.h"
 #include "InterAppCommBridge/InterAppCommBridge.h"
-#include "View/MenubarMenuRenderer.h"
+#include "View/Menu/MenubarMenuRenderer.h"
 
 #include "MenubarHelper/TestDesktop.h"
 #include "Support/Files.h"

@@ -3,9 +3,9 @@
 
 #include "Support/TestClock.h"
 #include "Support/WaitFor.h"
-#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
-#include "View/MenuBarCustomMenu/MenuCellView.h"
-#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include <QApplication>
 #include <QScreen>

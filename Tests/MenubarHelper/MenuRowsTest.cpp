@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Resources/Bundle.h"
-#include "View/MenuBarCustomMenu/EmphasizedRowView.h"
-#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
-#include "View/MenuBarCustomMenu/MenuCellView.h"
-#include "View/MenuBarCustomMenu/MenuSearchView.h"
-#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+#include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
+#include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include "Support/TestClock.h"
 #include "Support/WaitFor.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarMenuRenderer.h"
+#include "View/Menu/MenubarMenuRenderer.h"
+#include "View/Menu/MenuWindow.h"
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
-#include "View/MenuWindow.h"
 
 #include "MenubarHelper/TestDesktop.h"
 #include "Support/WaitFor.h"

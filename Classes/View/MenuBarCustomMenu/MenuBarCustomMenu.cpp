@@ -2,8 +2,8 @@
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
 
 #include "Platform/Services/Screen.h"
-#include "View/MenuBarCustomMenu/EmphasizedRowView.h"
-#include "View/MenuBarCustomMenu/MenuScrollBar.h"
+#include "View/MenuBarCustomMenu/Controls/MenuScrollBar.h"
+#include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
 
 #include <QEvent>
 #include <QShowEvent>

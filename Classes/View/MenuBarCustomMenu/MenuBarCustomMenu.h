@@ -8,8 +8,8 @@
 #include "ToolKit/Deferred/DelayedAction.h"
 #include "ToolKit_macOS/CustomTableView.h"
 #include "ToolKit_macOS/CustomTableViewKeyDelegate.h"
+#include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
 #include "View/MenuBarCustomMenu/MenuRowMeasurer.h"
-#include "View/MenuBarCustomMenu/MenuSearchView.h"
 #include "View/MenuBarCustomMenu/MenuTypingRelay.h"
 
 #include <QWidget>

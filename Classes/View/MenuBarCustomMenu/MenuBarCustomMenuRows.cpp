@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What the table asks about the rows.
-#include "View/MenuBarCustomMenu/EmphasizedRowView.h"
-#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
-#include "View/MenuBarCustomMenu/MenuCellView.h"
-#include "View/MenuBarCustomMenu/MenuSeparatorCell.h"
-#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuSeparatorCell.h"
+#include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include <algorithm>
 #include <utility>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/MenuRowMeasurer.h"
 
-#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
-#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include <algorithm>
 #include <variant>

@@ -3,7 +3,7 @@
 
 #include "InterAppCommBridge/MenuEntry.h"
 #include "Platform/Services/Clock.h"
-#include "View/MenuBarCustomMenu/MenuCellView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
 
 #include <QSize>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/EmphasizedRowView.h"
+#include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
 
 #include <QPainter>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "InterAppCommBridge/MenuEntry.h"
-#include "View/MenuBarCustomMenu/MenuIcons.h"
-#include "View/MenuBarCustomMenu/MenuLine.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuIcons.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuLine.h"
 
 #include <QRect>
 #include <QSize>

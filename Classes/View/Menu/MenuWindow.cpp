@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuWindow.h"
+#include "View/Menu/MenuWindow.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuLine.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuLine.h"
 
 #include "View/StatusItem/SingleLineText.h"
 

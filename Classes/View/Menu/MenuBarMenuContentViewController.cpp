@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarMenuContentViewController.h"
+#include "View/Menu/MenuBarMenuContentViewController.h"
 
+#include "View/Menu/MenuEffectView.h"
+#include "View/Menu/MenuWindow.h"
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
-#include "View/MenuEffectView.h"
-#include "View/MenuWindow.h"
 
 namespace quor::helper {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuTimerRow.h"
+#include "View/MenuBarCustomMenu/Rows/MenuTimerRow.h"
 
-#include "View/MenuBarCustomMenu/MenuFont.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 #include "View/MenuBarCustomMenu/MenuResources.h"
 
 #include <QBoxLayout>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuKeyCatcher.h"
+#include "View/Menu/MenuKeyCatcher.h"
 
 #include "Platform/Services/EventMonitors.h"
 #include "Platform/Services/WindowServer.h"

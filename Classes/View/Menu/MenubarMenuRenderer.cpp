@@ -1,17 +1,17 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenubarMenuRenderer.h"
+#include "View/Menu/MenubarMenuRenderer.h"
 
 #include "Platform/Services/Application.h"
 #include "Platform/Services/StatusItem.h"
 #include "Platform/Services/WindowServer.h"
 #include "Platform/Views/StatusBarButton.h"
 #include "ToolKit_macOS/EventMonitor.h"
-#include "View/MenuAnchor.h"
+#include "View/Menu/MenuAnchor.h"
+#include "View/Menu/MenuBarMenuContentViewController.h"
+#include "View/Menu/MenuKeyCatcher.h"
+#include "View/Menu/MenuPlacement.h"
+#include "View/Menu/MenuWindow.h"
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
-#include "View/MenuBarMenuContentViewController.h"
-#include "View/MenuKeyCatcher.h"
-#include "View/MenuPlacement.h"
-#include "View/MenuWindow.h"
 
 #include <QApplication>
 #include <QThread>

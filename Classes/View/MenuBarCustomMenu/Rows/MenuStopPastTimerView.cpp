@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuStopPastTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include "View/MenuBarCustomMenu/MenuResources.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuAdjustTimerView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
 
 #include "View/MenuBarCustomMenu/MenuResources.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuClickArea.h"
+#include "View/MenuBarCustomMenu/Controls/MenuClickArea.h"
 
 namespace quor::helper {
 

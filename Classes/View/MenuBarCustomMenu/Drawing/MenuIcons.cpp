@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuIcons.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuIcons.h"
 
 #include "View/MenuBarCustomMenu/MenuResources.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuAnchor.h"
+#include "View/Menu/MenuAnchor.h"
 
 #include <QEvent>
 #include <QGuiApplication>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuEffectView.h"
+#include "View/Menu/MenuEffectView.h"
 
 #include "Platform/Services/WindowServer.h"
 

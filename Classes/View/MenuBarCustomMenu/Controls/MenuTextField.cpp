@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuTextField.h"
+#include "View/MenuBarCustomMenu/Controls/MenuTextField.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuCellMetrics.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellMetrics.h"
 
-#include "View/MenuBarCustomMenu/MenuFont.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>

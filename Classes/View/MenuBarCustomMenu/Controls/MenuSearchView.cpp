@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuSearchView.h"
+#include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
 
-#include "View/MenuBarCustomMenu/MenuFont.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 #include "View/MenuBarCustomMenu/MenuResources.h"
 
 #include <QEvent>

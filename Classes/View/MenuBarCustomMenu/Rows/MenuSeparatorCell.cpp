@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuSeparatorCell.h"
+#include "View/MenuBarCustomMenu/Rows/MenuSeparatorCell.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuScrollBar.h"
+#include "View/MenuBarCustomMenu/Controls/MenuScrollBar.h"
 
 #include <QPainter>
 #include <QStyle>

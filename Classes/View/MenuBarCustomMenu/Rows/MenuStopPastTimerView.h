@@ -3,7 +3,7 @@
 
 #include "Platform/Services/Clock.h"
 #include "Platform/Text/RelativeDateTimeFormatter.h"
-#include "View/MenuBarCustomMenu/MenuTimerRow.h"
+#include "View/MenuBarCustomMenu/Rows/MenuTimerRow.h"
 
 #include <functional>
 

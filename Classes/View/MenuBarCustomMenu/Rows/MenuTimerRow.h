@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenuBarCustomMenu/MenuTextField.h"
-#include "View/MenuBarCustomMenu/MenuTimerButton.h"
+#include "View/MenuBarCustomMenu/Controls/MenuTextField.h"
+#include "View/MenuBarCustomMenu/Controls/MenuTimerButton.h"
 
 #include <QWidget>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "InterAppCommBridge/MenuEntry.h"
-#include "View/MenuBarCustomMenu/MenuCellMetrics.h"
-#include "View/MenuBarCustomMenu/MenuClickArea.h"
+#include "View/MenuBarCustomMenu/Controls/MenuClickArea.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellMetrics.h"
 
 #include <QWidget>
 

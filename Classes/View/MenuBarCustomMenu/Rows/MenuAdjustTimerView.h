@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenuBarCustomMenu/MenuTimerRow.h"
+#include "View/MenuBarCustomMenu/Rows/MenuTimerRow.h"
 
 #include <functional>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "View/MenuBarCustomMenu/MenuLine.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuLine.h"
 
 #include <QLabel>
 

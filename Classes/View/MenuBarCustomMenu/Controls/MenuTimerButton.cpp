@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuTimerButton.h"
+#include "View/MenuBarCustomMenu/Controls/MenuTimerButton.h"
 
 #include <QKeyEvent>
 #include <QPainter>

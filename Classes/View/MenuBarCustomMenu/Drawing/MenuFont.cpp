@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuFont.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 
 #include "ToolKit/Drawing/SystemFont.h"
 

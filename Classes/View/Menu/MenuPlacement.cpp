@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuPlacement.h"
+#include "View/Menu/MenuPlacement.h"
 
 #include <algorithm>
 

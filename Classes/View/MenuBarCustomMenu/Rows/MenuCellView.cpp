@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "View/MenuBarCustomMenu/MenuCellView.h"
+#include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
 
 #include <QEvent>
 #include <QPainter>
