@@ -1,4 +1,4 @@
-# The CMake package: find_package(Quor) then link Quor::ToolKit and whatever else is wanted.
+# The CMake package: find_package(Quor COMPONENTS ToolKit), then link Quor::ToolKit.
 include_guard(GLOBAL)
 
 set(quor_package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/Quor)
@@ -11,5 +11,6 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/QuorConfigVersion.cmake
   COMPATIBILITY SameMinorVersion)
 install(
   FILES ${PROJECT_BINARY_DIR}/QuorConfig.cmake ${PROJECT_BINARY_DIR}/QuorConfigVersion.cmake
+    ${CMAKE_CURRENT_LIST_DIR}/InstalledBundles.cpp.in
   DESTINATION ${quor_package_dir} COMPONENT Development)
 install(EXPORT QuorTargets NAMESPACE Quor:: DESTINATION ${quor_package_dir} COMPONENT Development)

@@ -17,6 +17,9 @@
 
 using namespace Qt::StringLiterals;
 
+// Only programs that were linked with an installed kit define it (cmake/InstalledBundles.cpp.in).
+extern "C" [[gnu::weak]] const char quorInstalledBundles[];
+
 namespace quor::platform {
 
 namespace {
@@ -45,6 +48,8 @@ QStringList dataFolders()
     QStringList folders;
     if (QCoreApplication::instance())
         folders += QCoreApplication::applicationDirPath() + "/../share/quor"_L1;
+    if (quorInstalledBundles)
+        folders += QFile::decodeName(quorInstalledBundles);
     folders += QStringLiteral(QUOR_DATA_DIR);
     const QString shared = qEnvironmentVariable("XDG_DATA_DIRS");
     for (const auto& folder :

@@ -31,8 +31,9 @@ public:
     /// The bundle that is this folder.
     explicit Bundle(const QString& folder);
 
-    /// The bundle `<name>.bundle`, in the first of these folders that has it: `../share/quor` seen
-    /// from the executable, the installation's data folder, `quor` in each of `$XDG_DATA_DIRS`.
+    /// Returns the bundle `<name>.bundle` of the first of these folders that has it: `../share/quor` seen
+    /// from the executable, the folder of the installed kit that the program was linked with, the folder
+    /// that the kit was configured for, `quor` in each of `$XDG_DATA_DIRS`.
     [[nodiscard]] static Bundle named(const QString& name);
 
     /// The application's own: the bundle that is named as its executable is, found as by `named`. It is

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Prints the durations given as seconds, the way the status item shows them:
-//     consumer 5400 -90
+//     durations 5400 -90
 #include <ToolKit/Formatting/DurationFormatter.h>
 
 #include <QCoreApplication>

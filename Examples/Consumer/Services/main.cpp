@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Asks each library of the kit for something, and says what it gave:
+// Asks several libraries of the kit for something and prints what they return. Exits with 1 if the kit's
+// texts are not found:
 //     services
 #include <Markdown/MarkupVisitor.h>
 #include <ToolKit/Calendar/Stores/EventStore.h>
