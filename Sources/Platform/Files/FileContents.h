@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Files/FileDescriptor.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+#include <fcntl.h>
+
+/// Reading and writing whole files. Paths are in the file system's encoding; a relative one starts in
+/// `folder`, an open descriptor, or in the working folder without one. Any thread.
+namespace quor::platform {
+
+/// Whether the last component of a path may be a symbolic link. Links before it are always followed.
+enum class SymbolicLinks { follow, refuse };
+
+/// Opens a file for reading. Never waits: a pipe without a writer opens at once, a terminal does not
+/// become this process's own. Empty on failure, with the reason in `errno`.
+[[nodiscard]] FileDescriptor openForReading(
+    const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
+
+/// Returns the content of an open file from its current position on. Returns nullopt if the file is not a
+/// regular one, has more than `limit` bytes, or cannot be read; also if `file` is not open.
+[[nodiscard]] std::optional<QByteArray> readWhole(int file, qint64 limit);
+
+/// Opens the file and returns its content, by the rules of the two functions above.
+[[nodiscard]] std::optional<QByteArray> readFile(
+    const QByteArray& path, qint64 limit, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
+
+/// Writes all the bytes at the end of an open file, in one system call where the system allows it. On
+/// failure the file may hold a part of them. Fails with `std::errc::file_too_large`, instead of ending the
+/// process, where the file would exceed the process's limit (`RLIMIT_FSIZE`).
+[[nodiscard]] std::error_code writeWhole(int file, QByteArrayView bytes);
+
+} // namespace quor::platform

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "Platform/Files/FileContents.h"
+
+#include <QByteArray>
+
+#include <vector>
+
+#include <sys/stat.h>
+
+/// Opening, making and listing folders. Paths as in `FileContents.h`. Any thread.
+namespace quor::platform {
+
+/// Opens a folder, to list it and to reach its files by `openat` and the like. Empty on failure, with the
+/// reason in `errno`.
+[[nodiscard]] FileDescriptor openFolder(
+    const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
+
+/// Makes the folder and those above it where they are missing, with permissions `mode` less the process's
+/// mask. Succeeds if something is there already, whatever it is.
+[[nodiscard]] std::error_code makeFolder(const QByteArray& path, mode_t mode);
+
+/// Hidden names begin with a dot.
+enum class Names { visible, hidden };
+
+/// Returns the names of a folder's own entries of one kind (`S_IFREG`, `S_IFDIR`), in no order, without
+/// "." and "..". A symbolic link has the kind `S_IFLNK`, whatever it leads to. Returns an empty list if the
+/// folder cannot be read.
+[[nodiscard]] std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names = Names::visible);
+
+} // namespace quor::platform
