@@ -8,8 +8,9 @@
 
 using namespace quor::toolkit;
 
-// Any text: what is read strictly is read tolerantly too, and alike; what was read is written and read
-// again; and a stored secret that is none is an absent text, or one that can be stored again.
+// Any text. Text that the strict reader accepts is accepted by the tolerant one, with the same result;
+// encoding the result and decoding it again returns the same bytes; a stored secret reads as no text, or as a
+// text that can be stored again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     const auto* utf8 = reinterpret_cast<const char*>(bytes);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A calendar file as some other program may have left it: read, listed, edited, written and read again.
+// A calendar file as another program may have written it: read, listed, edited, written and read again.
 #include "ToolKit/Calendar/Stores/EventStore.h"
 
 #include <QDir>

@@ -8,8 +8,8 @@
 
 using namespace quor::toolkit;
 
-// The first byte tells the length of a key, which and the ciphertext follow: plain bytes or an error,
-// and what was decrypted can be encrypted and decrypted again.
+// The first byte is the length of a key; the key and the ciphertext follow. Decryption returns bytes or
+// throws the documented error, and decrypted bytes can be encrypted and decrypted again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     if (size == 0)

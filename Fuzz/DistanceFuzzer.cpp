@@ -7,8 +7,9 @@
 #include <cstdint>
 #include <cstdlib>
 
-// The first byte chooses a language, the rest is what a user may type into a field for distances: negative or
-// finite, and what we write for it reads again as the same, within the rounding.
+// The first byte selects a language, the rest is a text that a user may type into a field for distances. The
+// result is negative (no distance) or finite, and its formatted text reads as the same distance again, within
+// the rounding.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     using quor::toolkit::DistanceFormatter;
@@ -24,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     if (!std::isfinite(meters))
         std::abort();
     constexpr double halfDigit = 8.1; // of a hundredth of a mile
-    // Close to the largest number it may round beyond it.
+    // Rounding up can exceed the largest number.
     if (meters >= 0 && meters < 1e300
         && !(std::abs(formatter.distance(formatter.string(meters)) - meters) <= halfDigit + meters * 1e-9))
         std::abort();

@@ -6,7 +6,8 @@
 #include <cstdint>
 #include <cstdlib>
 
-// What a user may type into a duration field: absent or finite, and what we write for it reads again.
+// A text that a user may type into a duration field: the result is absent or finite, and its formatted text
+// can be read again.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     static const quor::toolkit::DurationFormatter formatter;

@@ -16,7 +16,7 @@ void require(bool holds)
         std::abort();
 }
 
-/// The same HTML as the visitor gives, put together from the visitor's HTML of the parts.
+/// Returns the HTML of a document, joined from the visitor's HTML of its children.
 void requireHTMLOfParts(const Document& document, const QString& html)
 {
     QString parts;

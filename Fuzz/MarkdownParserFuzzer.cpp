@@ -15,11 +15,11 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
     return 0;
 }
 
-// Any interface text, in UTF-16 where the first byte is odd: what the parser makes of it is what the patterns
-// say.
+// Any interface text, in UTF-16 if the first byte is odd: the parser must agree with the regular expressions
+// that define the marks.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    constexpr std::size_t longest = 2000; // the patterns take their time
+    constexpr std::size_t longest = 2000; // the regular expressions are slow
     if (size == 0 || size > longest)
         return 0;
     const auto* content = reinterpret_cast<const char*>(bytes) + 1;

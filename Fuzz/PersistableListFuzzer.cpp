@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The files of a list, and the names that keys give them: always a visible file within the folder.
+// The files of a list. Any key leads to the name of a visible file inside the list's folder.
 #include "ToolKit/Data/JSONDecoder.h"
 #include "ToolKit/Data/JSONEncoder.h"
 #include "ToolKit/Data/StorageKey.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Paths as a plug-in may name them: whatever they hold, nothing beside its folder is seen, made or removed.
+// Paths that a plug-in may pass: none of them reads, creates or removes a file outside its folder.
 #include "ToolKit/JavaScript/PluginFolder.h"
 
 #include <QDir>

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// The records that the applications exchange: whatever decodes must encode, and decode to itself again.
+// The records that the applications exchange: a record that can be decoded can be encoded, and decoding that
+// returns an equal record.
 #include "InterAppCommBridge/RecordCoding.h"
 #include "ToolKit/Data/JSONDecoder.h"
 #include "ToolKit/Data/JSONEncoder.h"

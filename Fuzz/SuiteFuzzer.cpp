@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A value file's name and bytes as some other process may have left them, and what is stored read back.
+// A value file with a name and bytes that another process may have left: read, stored and read again.
 #include "Platform/Preferences/UserDefaults.h"
 
 #include <QDir>

@@ -15,8 +15,8 @@ namespace {
 
 enum class Script { latin, han, arabic };
 
-/// Rows as a tracker sends them: the field, a heading now and then, tasks of many lengths, none of which
-/// is so wide that measuring could stop.
+/// Rows as a tracker sends them: the search field, some headings, tasks of many lengths. No row reaches the
+/// greatest width, as measuring stops there.
 std::vector<MenuEntry> rowsOf(int count, Script script = Script::latin)
 {
     std::vector<MenuEntry> rows{{MenuEntry::Search{}}};
@@ -39,7 +39,7 @@ std::vector<MenuEntry> rowsOf(int count, Script script = Script::latin)
     return rows;
 }
 
-/// A shown menu.
+/// A menu in a shown window.
 struct Scene {
     explicit Scene(std::vector<MenuEntry> rows)
     {
@@ -48,7 +48,7 @@ struct Scene {
         menu.show();
         paint();
     }
-    /// What has changed, and not in some milliseconds.
+    /// Paints pending changes now instead of some milliseconds later.
     void paint()
     {
         QCoreApplication::processEvents();
@@ -129,7 +129,7 @@ BENCHMARK(arrowKey)->Unit(benchmark::kMicrosecond);
 int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // what is measured is ours, not the desktop's
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // measure our code, not the X server
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 //
-// One update of the status item, from the notification to the finished image, against the least that
-// such an update can be: five files read, and the same pill painted, with all known in advance.
+// One update of the status item, from the notification to the finished image. The floor is the least work
+// that such an update needs: read five files and paint the same pill, with all contents known in advance.
 #include "BenchmarkDesktop.h"
 #include "HelperMenubarManager.h"
 #include "InterAppCommBridge/GroupStorage.h"
@@ -29,9 +29,9 @@ using namespace quor;
 
 namespace {
 
-constexpr int records = 64; // in turn, so that each update has something new to show
+constexpr int records = 64; // used in turn, so that each update changes the image
 
-// What changes from record to record: half an hour more of work.
+// Each record has half an hour more of work than the one before.
 double progressOf(int record)
 {
     return record / double(records);
@@ -41,7 +41,7 @@ double secondsOf(int record)
     return progressOf(record) * 8 * 3600;
 }
 
-// A data folder for each record, so that nothing has to be written while the clock runs.
+// A data folder for each record, so that no file is written within the measured time.
 class Suites final {
 public:
     Suites()
@@ -103,7 +103,7 @@ void update(benchmark::State& state)
         state.SkipWithError("drawn for another scale");
 }
 
-// Five files for each record, where those of a suite are.
+// Five files for each record, in the folder of the suite.
 class FiveFiles final {
 public:
     FiveFiles()
@@ -149,7 +149,7 @@ QImage blank(QSizeF size, double scale)
     return image;
 }
 
-// The cut-outs go into a mask that is punched out at once, which takes half the time of one by one.
+// The cut-outs are painted into a mask that is punched out at once: half the time of punching each.
 QImage paintedByHand(const QFont& font, const Texts& texts, double progress, double scale)
 {
     const QFontMetricsF metrics(font);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 //
-// The smallest program of its kind, one window without a frame: the floor for the helper's memory and
-// start.
+// The smallest Qt Widgets program: one window without a frame. The floor for the helper's memory and start.
 #include <QApplication>
 #include <QWidget>
 

@@ -74,7 +74,7 @@ void firstPaint(benchmark::State& state)
 }
 BENCHMARK(firstPaint)->Arg(20)->Arg(10'000)->Arg(1'000'000)->Unit(benchmark::kMicrosecond);
 
-/// The floor: a screenful of labels in a widget, without any table.
+/// The floor: a screenful of labels in a plain widget.
 void firstPaintByHand(benchmark::State& state)
 {
     for (auto _ : state) {
@@ -150,7 +150,7 @@ BENCHMARK(arrowKey)->Unit(benchmark::kMicrosecond);
 int main(int argc, char** argv)
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen"); // what is measured is ours, not the desktop's
+        qputenv("QT_QPA_PLATFORM", "offscreen"); // measure our code, not the X server
     QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Decoding the rows of a menu, against RapidJSON's document alone with the same flags.
+// Decoding the rows of a menu. The floor is RapidJSON's document alone, with the same flags.
 #include "InterAppCommBridge/RecordCoding.h"
 #include "ToolKit/Data/JSONDecoder.h"
 #include "ToolKit/Data/JSONEncoder.h"

@@ -45,7 +45,7 @@ const unsigned char* bytesOf(const QByteArray& data)
     return reinterpret_cast<const unsigned char*>(data.constData());
 }
 
-// The floors: OpenSSL's calls in a row, into memory that is as fresh as that of our results.
+// The floors: OpenSSL called directly, with newly allocated memory for the results, as ours has.
 void encryptByHand(benchmark::State& state)
 {
     for ([[maybe_unused]] const auto _ : state) {

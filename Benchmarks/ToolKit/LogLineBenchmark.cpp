@@ -18,7 +18,7 @@ namespace {
 constexpr std::string_view readyLine
     = "2026-11-16 16:19:24 +0000: JSONHelper.decode:21: decodeError: The data is not valid\n";
 
-// The floor: a line that is ready, to a file whose name is.
+// The floor: a finished line, appended to a file with a known name.
 void openAppendCloseByHand(benchmark::State& state)
 {
     const QTemporaryDir folder;

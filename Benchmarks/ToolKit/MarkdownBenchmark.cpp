@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A text of 1 MB to HTML, against the parser below parsing and rendering the same text by itself.
+// A text of 1 MB to HTML. The floor is cmark-gfm alone, parsing and rendering the same text.
 #include "ToolKit/Markdown/MarkdownToHTMLVisitor.h"
 
 #include <benchmark/benchmark.h>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr qsizetype size = 1 << 20;
 
-/// As people write: prose with some marks, lists, code, and a table now and then.
+/// Usual text: prose with some marks, lists, code and a few tables.
 QString prose()
 {
     const QString page = uR"(# Working on the *release*
@@ -44,7 +44,7 @@ for (const auto& entry : entries)
     return page.repeated(size / page.toUtf8().size() + 1);
 }
 
-/// Of marks more than of words.
+/// A text with more marks than words.
 QString marks()
 {
     return u"*a* **b** `c` [d](e) ![f](g) \"h\" -- <i>j</i> ~~k~~ &amp; \\*\n\n"_s.repeated(size / 65);
@@ -67,7 +67,7 @@ void byHand(benchmark::State& state, QString (*text)())
             cmark_parser_attach_syntax_extension(parser, cmark_find_syntax_extension(name));
         cmark_parser_feed(parser, utf8.constData(), static_cast<std::size_t>(utf8.size()));
         cmark_node* root = cmark_parser_finish(parser);
-        // Without the places of blocks in it, which ours has not either.
+        // Without source positions, which our HTML does not have either.
         char* html = cmark_render_html(root, options & ~CMARK_OPT_SOURCEPOS, nullptr);
         benchmark::DoNotOptimize(html);
         std::free(html);

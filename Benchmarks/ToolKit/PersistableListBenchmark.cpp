@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// 100,000 entries set, flushed and read again, against RapidJSON writing and reading the same files.
+// 100,000 entries set, flushed and read again. The floor is RapidJSON writing and reading the same files.
 #include "ToolKit/Data/PersistableList.h"
 
 #include <QDir>
@@ -59,8 +59,8 @@ std::vector<Sample> samples()
     return samples;
 }
 
-/// A new folder for each round. They all go at the very end: file systems make new files the slower the
-/// more were removed just before.
+/// A new folder for each round. All are removed at the very end, as creating files is slow right after many
+/// were removed.
 class Folders {
 public:
     QString next() { return all_.filePath(QString::number(++count_)); }
@@ -81,13 +81,13 @@ void list(benchmark::State& state, Folders& folders)
         const auto keys = list->allKeys();
         if (keys.size() != entryCount)
             state.SkipWithError("not all entries came back");
-        state.PauseTiming(); // they came back; letting go of them is not part of it
+        state.PauseTiming(); // freeing the entries is not measured
         list.reset();
         state.ResumeTiming();
     }
 }
 
-// The same entries as plain strings, already sorted by file: what remains is JSON and files.
+// The same entries as plain strings, already sorted by file, so that only JSON and files are measured.
 struct PlainEntry {
     std::string key;
     const std::string* task;
