@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/AES.h"
-#include "ToolKit/Data/Base64.h"
+#include "ToolKit/Data/Ciphers/AES.h"
+#include "ToolKit/Data/Ciphers/Base64.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/AES.h"
+#include "ToolKit/Data/Ciphers/AES.h"
 
 #include <algorithm>
 #include <cstddef>

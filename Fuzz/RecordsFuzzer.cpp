@@ -2,8 +2,8 @@
 // The records that the applications exchange: a record that can be decoded can be encoded, and decoding that
 // returns an equal record.
 #include "InterAppCommBridge/RecordCoding.h"
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 
 #include <QJsonValue>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Decoding the rows of a menu. The floor is RapidJSON's document alone, with the same flags.
 #include "InterAppCommBridge/RecordCoding.h"
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 
 #include <benchmark/benchmark.h>
 #include <rapidjson/document.h>

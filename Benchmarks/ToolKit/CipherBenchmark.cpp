@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/AES.h"
-#include "ToolKit/Data/Digest.h"
+#include "ToolKit/Data/Ciphers/AES.h"
+#include "ToolKit/Data/Ciphers/Digest.h"
 
 #include <benchmark/benchmark.h>
 

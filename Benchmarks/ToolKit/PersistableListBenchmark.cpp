@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // 100,000 entries set, flushed and read again. The floor is RapidJSON writing and reading the same files.
-#include "ToolKit/Data/PersistableList.h"
+#include "ToolKit/Data/Lists/PersistableList.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Keeps a secret as text, and takes digests:
 //     example-ciphers "the secret" "the key"
-#include <ToolKit/Data/AES.h>
-#include <ToolKit/Data/Digest.h>
+#include <ToolKit/Data/Ciphers/AES.h>
+#include <ToolKit/Data/Ciphers/Digest.h>
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -3,8 +3,8 @@
 
 #include "InterAppCommBridge/RecordCoding.h"
 #include "Platform/Preferences/UserDefaults.h"
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 
 #include <utility>
 

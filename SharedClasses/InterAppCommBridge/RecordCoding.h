@@ -4,7 +4,7 @@
 #include "InterAppCommBridge/GroupStorage.h"
 #include "InterAppCommBridge/MenuEntry.h"
 #include "InterAppCommBridge/MenubarStatusItemData.h"
-#include "ToolKit/Data/JSONFields.h"
+#include "ToolKit/Data/JSON/JSONFields.h"
 
 /// The JSON form of the records that the applications exchange, for `JSONDecoder` and `JSONEncoder`:
 ///

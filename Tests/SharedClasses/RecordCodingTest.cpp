@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "InterAppCommBridge/RecordCoding.h"
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/AES.h"
-#include "ToolKit/Data/Base64.h"
-#include "ToolKit/Data/CBCCipher.h"
-#include "ToolKit/Data/Digest.h"
+#include "ToolKit/Data/Ciphers/AES.h"
+#include "ToolKit/Data/Ciphers/Base64.h"
+#include "ToolKit/Data/Ciphers/CBCCipher.h"
+#include "ToolKit/Data/Ciphers/Digest.h"
 
 #include <QProcess>
 #include <QRandomGenerator>

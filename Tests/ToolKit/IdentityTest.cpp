@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Support/Files.h"
-#include "ToolKit/Data/Digest.h"
+#include "ToolKit/Data/Ciphers/Digest.h"
 #include "ToolKit/Identity/ApplicationVersion.h"
 #include "ToolKit/Identity/DeviceIdentifier.h"
 #include "ToolKit/Identity/OSVersion.h"

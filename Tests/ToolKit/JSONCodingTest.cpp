@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 
 #include <QJsonArray>
 

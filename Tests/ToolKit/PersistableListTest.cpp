@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/PersistableList.h"
+#include "ToolKit/Data/Lists/PersistableList.h"
 #include "Support/Files.h"
 #include "Support/TinyDisk.h"
 

@@ -4,7 +4,7 @@
 #include "Peer/Model/Settings.h"
 #include "Peer/Model/Task.h"
 #include "Peer/Model/TimeEntry.h"
-#include "ToolKit/Data/PersistableList.h"
+#include "ToolKit/Data/Lists/PersistableList.h"
 
 #include <optional>
 #include <vector>

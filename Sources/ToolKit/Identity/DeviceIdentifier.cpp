@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Identity/DeviceIdentifier.h"
 
-#include "ToolKit/Data/Digest.h"
+#include "ToolKit/Data/Ciphers/Digest.h"
 #include "ToolKit/Identity/EnvironmentFile.h"
 #include "ToolKit/Identity/HardwareAddress.h"
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/HTTPExchange.h"
 
-#include "ToolKit/Data/JSONValue.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
 #include "ToolKit/JavaScript/HTTPTransfer.h"
 
 #include <QUtf8StringView>

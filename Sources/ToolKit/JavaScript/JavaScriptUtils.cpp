@@ -2,8 +2,8 @@
 #include "ToolKit/JavaScript/JavaScriptUtils.h"
 
 #include "Markdown/Document.h"
-#include "ToolKit/Data/Base64.h"
-#include "ToolKit/Data/JSONValue.h"
+#include "ToolKit/Data/Ciphers/Base64.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
 #include "ToolKit/Identity/ApplicationVersion.h"
 #include "ToolKit/JavaScript/PluginFolder.h"
 #include "ToolKit/Logging/Logger.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/ScriptBridge.h"
 
-#include "ToolKit/Data/JSONValue.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
 
 #include <memory>
 #include <type_traits>

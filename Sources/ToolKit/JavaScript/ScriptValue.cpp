@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/ScriptValue.h"
 
-#include "ToolKit/Data/JSONWriter.h"
+#include "ToolKit/Data/JSON/JSONWriter.h"
 
 #include <QLocale>
 

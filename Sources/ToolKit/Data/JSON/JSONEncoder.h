@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/JSONRecordCoding.h"
+#include "ToolKit/Data/JSON/JSONRecordCoding.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/SecretBytes.h"
+#include "ToolKit/Data/Ciphers/SecretBytes.h"
 
 #include <QByteArrayView>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/JSONCoding.h"
-#include "ToolKit/Data/JSONFields.h"
+#include "ToolKit/Data/JSON/JSONCoding.h"
+#include "ToolKit/Data/JSON/JSONFields.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/DecodingError.h"
+#include "ToolKit/Data/JSON/DecodingError.h"
 
 using namespace Qt::StringLiterals;
 

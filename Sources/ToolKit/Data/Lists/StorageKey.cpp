@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/StorageKey.h"
+#include "ToolKit/Data/Lists/StorageKey.h"
 
 #include "Platform/Text/GraphemeClusters.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/FileManager.h"
-#include "ToolKit/Data/PersistableListContainer.h"
-#include "ToolKit/Data/StorageKey.h"
+#include "ToolKit/Data/Lists/FileManager.h"
+#include "ToolKit/Data/Lists/PersistableListContainer.h"
+#include "ToolKit/Data/Lists/StorageKey.h"
 #include "ToolKit/Data/SynchronizedAccess.h"
 
 #include <QFileInfo>

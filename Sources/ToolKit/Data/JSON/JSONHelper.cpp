@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONHelper.h"
+#include "ToolKit/Data/JSON/JSONHelper.h"
 
 namespace quor::toolkit::JSONHelper {
 

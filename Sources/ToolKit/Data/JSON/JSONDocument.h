@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/DecodingError.h"
-#include "ToolKit/Data/JSONValue.h"
+#include "ToolKit/Data/JSON/DecodingError.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
 
 #include <QByteArray>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/FileManager.h"
+#include "ToolKit/Data/Lists/FileManager.h"
 
 #include <QFile>
 

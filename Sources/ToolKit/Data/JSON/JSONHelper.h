@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 #include "ToolKit/Logging/Logger.h"
 
 #include <QByteArray>

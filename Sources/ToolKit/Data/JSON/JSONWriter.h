@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/EncodingError.h"
+#include "ToolKit/Data/JSON/EncodingError.h"
 
 #include <QByteArray>
 #include <QStringView>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONEncoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
 
-#include "ToolKit/Data/RapidJSON.h"
+#include "ToolKit/Data/JSON/RapidJSON.h"
 
 namespace quor::toolkit {
 

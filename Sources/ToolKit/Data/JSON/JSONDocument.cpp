@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONDocument.h"
+#include "ToolKit/Data/JSON/JSONDocument.h"
 
-#include "ToolKit/Data/RapidJSON.h"
+#include "ToolKit/Data/JSON/RapidJSON.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONCoding.h"
+#include "ToolKit/Data/JSON/JSONCoding.h"
 
 #include <QJsonArray>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/AESError.h"
+#include "ToolKit/Data/Ciphers/AESError.h"
 
 namespace quor::toolkit {
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/JSONDocument.h"
-#include "ToolKit/Data/JSONRecordCoding.h"
+#include "ToolKit/Data/JSON/JSONDocument.h"
+#include "ToolKit/Data/JSON/JSONRecordCoding.h"
 
 #include <QByteArray>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONCoding.h"
+#include "ToolKit/Data/JSON/JSONCoding.h"
 
-#include "ToolKit/Data/JSONRecordCoding.h"
+#include "ToolKit/Data/JSON/JSONRecordCoding.h"
 
 using namespace Qt::StringLiterals;
 

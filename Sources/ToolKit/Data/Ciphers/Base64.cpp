@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/Base64.h"
+#include "ToolKit/Data/Ciphers/Base64.h"
 
 namespace quor::toolkit {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/Digest.h"
+#include "ToolKit/Data/Ciphers/Digest.h"
 
-#include "ToolKit/Data/SecretBytes.h"
+#include "ToolKit/Data/Ciphers/SecretBytes.h"
 
 #include <openssl/evp.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/AESError.h"
+#include "ToolKit/Data/Ciphers/AESError.h"
 
 #include <QByteArray>
 #include <QByteArrayView>

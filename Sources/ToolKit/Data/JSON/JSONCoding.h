@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Data/DecodingError.h"
-#include "ToolKit/Data/JSONValue.h"
-#include "ToolKit/Data/JSONWriter.h"
+#include "ToolKit/Data/JSON/DecodingError.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
+#include "ToolKit/Data/JSON/JSONWriter.h"
 
 #include <QHash>
 #include <QJsonObject>

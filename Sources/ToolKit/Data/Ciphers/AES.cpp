@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/AES.h"
+#include "ToolKit/Data/Ciphers/AES.h"
 
-#include "ToolKit/Data/Base64.h"
-#include "ToolKit/Data/CBCCipher.h"
-#include "ToolKit/Data/SecretBytes.h"
+#include "ToolKit/Data/Ciphers/Base64.h"
+#include "ToolKit/Data/Ciphers/CBCCipher.h"
+#include "ToolKit/Data/Ciphers/SecretBytes.h"
 
 #include <QStringConverter>
 

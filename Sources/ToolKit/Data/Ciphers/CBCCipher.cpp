@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/CBCCipher.h"
+#include "ToolKit/Data/Ciphers/CBCCipher.h"
 
-#include "ToolKit/Data/AESError.h"
+#include "ToolKit/Data/Ciphers/AESError.h"
 
 #include <openssl/crypto.h>
 #include <openssl/err.h>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONWriter.h"
+#include "ToolKit/Data/JSON/JSONWriter.h"
 
-#include "ToolKit/Data/JSONValue.h"
-#include "ToolKit/Data/RapidJSON.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
+#include "ToolKit/Data/JSON/RapidJSON.h"
 
 #include <QStringEncoder>
 

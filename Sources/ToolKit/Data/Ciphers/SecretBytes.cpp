@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/SecretBytes.h"
+#include "ToolKit/Data/Ciphers/SecretBytes.h"
 
 #include <QStringConverter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSONValue.h"
+#include "ToolKit/Data/JSON/JSONValue.h"
 
 #include <QStringDecoder>
 
