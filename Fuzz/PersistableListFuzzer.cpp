@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The files of a list. Any key leads to the name of a visible file inside the list's folder.
-#include "ToolKit/Data/JSONDecoder.h"
-#include "ToolKit/Data/JSONEncoder.h"
-#include "ToolKit/Data/StorageKey.h"
+#include "ToolKit/Data/JSON/JSONDecoder.h"
+#include "ToolKit/Data/JSON/JSONEncoder.h"
+#include "ToolKit/Data/Lists/StorageKey.h"
 
 #include <cstdlib>
 
