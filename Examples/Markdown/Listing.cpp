@@ -45,8 +45,8 @@ QString alignmentName(const std::optional<ColumnAlignment>& alignment)
     return {};
 }
 
-/// What an element holds beside its children. It visits no children, so no depth hurts it.
-class Holdings : public MarkupVisitor<QString> {
+/// Describes the contents of one element, without its children.
+class ContentsDescriber : public MarkupVisitor<QString> {
 public:
     QString defaultVisit(const Markup&) override { return {}; }
     QString visitCodeBlock(const CodeBlock& block) override
@@ -87,7 +87,7 @@ public:
 
 QString place(const std::optional<SourceRange>& range)
 {
-    // An empty text ends before it begins.
+    // The range of an empty document ends before it starts.
     if (!range || range->end.line < range->start.line)
         return {};
     return u" @%1:%2-%3:%4"_s.arg(range->start.line)
@@ -113,8 +113,8 @@ QByteArray listing(const Markup& root)
         if (depth > deepestIndentation)
             result += '(' + QByteArray::number(depth) + ") ";
         const Markup& markup = walk.markup();
-        const QString line
-            = markupKindName(markup.kind()) + Holdings().visit(markup) + place(markup.range()) + u'\n';
+        const QString line = markupKindName(markup.kind()) + ContentsDescriber().visit(markup)
+            + place(markup.range()) + u'\n';
         result += line.toUtf8();
     }
     return result;

@@ -3,7 +3,7 @@
 
 #include <Markdown/Markup.h>
 
-/// The tree below an element, itself included, one line each: indented by its depth, what it is, what it
-/// holds and where it stood, as in `Heading level: 2 @3:1-3:8`. Beyond some depth the indentation stays, and
-/// the depth is told as a number, since a listing would otherwise grow with its square.
+/// Lists an element and its descendants, one line each: the kind, the contents and the place in the text, as
+/// in `Heading level: 2 @3:1-3:8`, indented by the depth. Beyond a depth of 40 the line has the depth as a
+/// number instead, because the listing of a deep tree would otherwise grow with the square of the depth.
 QByteArray listing(const quor::markdown::Markup& root);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Renders a Markdown text as HTML, or shows the tree that it is:
+// Renders a Markdown text as HTML, or lists its tree of elements:
 //     quor-markdown README.md >readme.html
 //     echo '- [x] *done*' | quor-markdown --tree
 // Exits with 0, with 1 if reading or writing failed, with 2 if the arguments are wrong.
@@ -30,8 +30,8 @@ int complain(int code, const QString& text)
     return code;
 }
 
-/// The first file that is opened would take the place of a standard stream that is closed: what takes it here
-/// fails in being read from or written to.
+/// A file that is opened while a standard stream is closed gets that stream's descriptor. This function opens
+/// something first that cannot be read or written, so that using the stream fails.
 void fillClosedStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
@@ -68,23 +68,23 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        u"Renders a Markdown text, in UTF-8, as HTML, or shows the tree that it is. Nothing is escaped: HTML "
+        u"Renders a Markdown text in UTF-8 as HTML, or lists its tree of elements. Nothing is escaped: HTML "
         u"in "
         "the text stays HTML. Exits with 0; with 1 if reading or writing failed; with 2 if the arguments are "
         "wrong."_s);
-    const QCommandLineOption tree(u"tree"_s, u"Show the tree, one element a line, rather than HTML."_s);
+    const QCommandLineOption tree(u"tree"_s, u"List the tree, one element a line, instead of HTML."_s);
     const QCommandLineOption straight(u"straight"_s, u"Keep straight quotes, dashes and dots."_s);
-    const QCommandLineOption help({u"h"_s, u"help"_s}, u"Tells this."_s);
+    const QCommandLineOption help({u"h"_s, u"help"_s}, u"Shows this help."_s);
     parser.addOptions({tree, straight, help});
     parser.addPositionalArgument(
-        u"file"_s, u"What to read; standard input without it, or for \"-\"."_s, u"[file]"_s);
+        u"file"_s, u"The file to read; standard input if it is missing or \"-\"."_s, u"[file]"_s);
     if (!parser.parse(application.arguments()))
         return complain(misused, parser.errorText());
     if (parser.isSet(help))
         parser.showHelp();
     const QStringList files = parser.positionalArguments();
     if (files.size() > 1)
-        return complain(misused, u"one file at a time; see --help"_s);
+        return complain(misused, u"more than one file given; see --help"_s);
     const auto text = contents(files.value(0, u"-"_s));
     if (!text)
         return failed;

@@ -9,18 +9,22 @@
 
 namespace quor::markdown {
 
-/// A whole text as a tree: CommonMark with tables, strikethrough and task lists. Parsing never fails: NUL
-/// and what is not valid Unicode count as U+FFFD, and a text made to swell beyond all measure, as by naming a
-/// long address a million times, or to take seconds a megabyte, as by images that begin and never end, or of
-/// more than half a gigabyte, comes out as one paragraph of plain text.
-/// Any thread; texts are parsed one at a time, since the parser below shares tables.
+/// A parsed Markdown text: the root of a tree of elements. The dialect is CommonMark with tables,
+/// strikethrough and task lists.
+///
+/// Parsing never fails. NUL characters and invalid Unicode are read as U+FFFD. A text becomes one paragraph
+/// of plain text if it is longer than half a gigabyte, if its tree would need far more memory than the text
+/// (as with a long address that is referred to a million times), or if parsing would take seconds for each
+/// megabyte (as with images that begin and never end).
+///
+/// Any thread. The process parses one text at a time, because cmark-gfm has global tables.
 class Document : public MarkupElement<MarkupKind::document> {
 public:
     using MarkupElement::MarkupElement;
 
-    /// `source` is where the text came from, to be asked for later.
+    /// Parses the text. `source` is where it came from; `source()` returns it.
     explicit Document(QStringView parsing, const std::optional<QUrl>& source = {}, ParseOptions options = {});
-    /// The same from UTF-8.
+    /// Parses a text in UTF-8.
     explicit Document(
         QByteArrayView parsing, const std::optional<QUrl>& source = {}, ParseOptions options = {});
 

@@ -9,29 +9,30 @@ namespace quor::markdown {
 
 class MarkupChildren;
 
-/// Which element of which document. Children have higher numbers than their parents, and later ones than
-/// earlier ones; the document itself has 0.
+/// Identifies an element and its document. `childId` is the position in walking order: parents before their
+/// children, siblings in order, and 0 for the document itself.
 struct MarkupIdentifier {
-    quint64 rootId = 0; ///< another for each text parsed, in this process
+    quint64 rootId = 0; ///< unique for each tree of this process
     quint64 childId = 0;
 
     friend auto operator<=>(const MarkupIdentifier&, const MarkupIdentifier&) = default;
 };
 
+/// The position of an element in its document.
 struct MarkupMetadata {
     MarkupIdentifier id;
-    qsizetype indexInParent = 0; ///< 0 for a root as well
+    qsizetype indexInParent = 0; ///< also 0 for the document
 };
 
-/// A raw node with its place.
+/// A raw node and its position.
 struct AbsoluteRawMarkup {
     RawMarkup markup;
     MarkupMetadata metadata;
 };
 
-/// An element of any kind in its place in a document: a cheap handle that keeps the whole document alive, and
-/// may be copied and read from any thread. The classes derived from it add what their kind can tell, and no
-/// data, so that a handle may be cut down to this one and brought back by `as`.
+/// An element of any kind, at its position in a document. It is a handle: cheap to copy, and it keeps the
+/// whole document alive. The derived classes add accessors but no data, so a `Markup` that was copied from an
+/// `Image` can be turned into an `Image` again by `as`. Any thread.
 class Markup {
 public:
     explicit Markup(RawMarkup raw)
@@ -40,25 +41,27 @@ public:
     }
 
     [[nodiscard]] MarkupKind kind() const { return raw_.kind(); }
-    /// As an element of its own kind; none if it is of another.
+    /// The element as an `Element`, such as `Heading`; `nullopt` if it is of another kind.
     template <class Element>
     [[nodiscard]] std::optional<Element> as() const
     {
         return kind() == Element::elementKind ? std::optional<Element>(std::in_place, *this) : std::nullopt;
     }
 
+    /// `nullopt` for the document.
     [[nodiscard]] std::optional<Markup> parent() const;
     [[nodiscard]] qsizetype indexInParent() const { return raw_.node().indexInParent; }
     [[nodiscard]] qsizetype childCount() const { return raw_.node().childCount; }
     [[nodiscard]] MarkupChildren children() const;
 
     [[nodiscard]] MarkupIdentifier id() const { return {raw_.tree().rootId, raw_.index()}; }
-    /// None where the parser tells no place, as for line breaks, and for what was built by hand.
+    /// The place in the parsed text. `nullopt` if the parser reports none, as for line breaks, and if
+    /// `RawMarkupBuilder` was given none.
     [[nodiscard]] std::optional<SourceRange> range() const { return raw_.parsedRange(); }
     [[nodiscard]] AbsoluteRawMarkup absoluteRaw() const { return {raw_, {id(), indexInParent()}}; }
     [[nodiscard]] const RawMarkup& raw() const { return raw_; }
 
-    /// Whether it is the same element of the same document.
+    /// Whether both are the same element of the same document.
     friend bool operator==(const Markup& a, const Markup& b) { return a.id() == b.id(); }
 
 protected:

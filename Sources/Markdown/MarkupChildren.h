@@ -7,15 +7,15 @@
 #include <iterator>
 #include <utility>
 
-/// The direct children of an element, made one by one as they are asked for, forwards or backwards:
+/// The direct children of an element, as a range to iterate over, forwards or backwards:
 ///
 ///     for (const Markup& child : element.children()) ...
 ///     for (const Markup& child : element.children().reversed()) ...
 ///
-/// They keep the document alive. Any thread.
+/// The range keeps the document alive. Any thread.
 namespace quor::markdown {
 
-/// Holds the next child's metadata: where it is, and the how manieth.
+/// Refers to one child by its index in the tree, and makes the handle when it is dereferenced.
 template <bool isReversed>
 class MarkupChildIterator {
 public:
@@ -23,7 +23,7 @@ public:
     using difference_type = std::ptrdiff_t;
     using reference = Markup;
     using iterator_concept = std::forward_iterator_tag;
-    using iterator_category = std::input_iterator_tag; // what it points to is made on demand
+    using iterator_category = std::input_iterator_tag; // because it returns values
 
     MarkupChildIterator() = default;
 
@@ -52,7 +52,7 @@ private:
 
     std::optional<Markup> parent_;
     quint32 index_ = 0;
-    quint32 left_ = 0; // children not yet gone by
+    quint32 left_ = 0; // the children from this one to the last
 };
 
 template <>
@@ -89,7 +89,7 @@ public:
     [[nodiscard]] bool isEmpty() const { return size() == 0; }
     [[nodiscard]] ReversedMarkupChildren reversed() const { return ReversedMarkupChildren(parent_); }
 
-    /// None beyond the ends. The time it takes grows with the way from the first child.
+    /// The child at `index`; `nullopt` if there is no such child. Takes time in proportion to `index`.
     [[nodiscard]] std::optional<Markup> at(qsizetype index) const;
 
 private:

@@ -10,8 +10,8 @@
 
 namespace quor::markdown {
 
-/// Turns elements into results of one type, each kind by an operation of its own. A visitor overrides the
-/// kinds that it cares about, and `defaultVisit` for the others:
+/// Computes a `Result` from an element, with one operation for each kind of element. A visitor overrides the
+/// operations of the kinds that it handles, and `defaultVisit`, which handles all others:
 ///
 ///     class HeadingCounter : public MarkupVisitor<int> {
 ///     public:
@@ -25,16 +25,16 @@ namespace quor::markdown {
 ///         int visitHeading(const Heading&) override { return 1; }
 ///     };
 ///
-/// One that calls `visit` for children, as this one does, takes stack by the depth of the tree, some hundred
-/// bytes a level: for texts of unknown origin, which may be nested without end, see `MarkupWalk`. The result
-/// may be `void`.
+/// `visit` does not visit children by itself. A visitor that recurses, as this one does, uses some hundred
+/// bytes of stack for each level of the tree. Texts of unknown origin can be nested without limit: use
+/// `MarkupWalk` for them. `Result` can be `void`.
 template <class Result>
 class MarkupVisitor {
 public:
     virtual ~MarkupVisitor() = default;
 
     virtual Result defaultVisit(const Markup& markup) = 0;
-    /// Calls the operation of its kind.
+    /// Calls the operation for the kind of `markup` and returns its result.
     virtual Result visit(const Markup& markup);
 
     virtual Result visitBlockQuote(const BlockQuote& element) { return defaultVisit(element); }
@@ -78,16 +78,36 @@ protected:
     MarkupVisitor& operator=(const MarkupVisitor&) = default;
     MarkupVisitor(MarkupVisitor&&) noexcept = default;
     MarkupVisitor& operator=(MarkupVisitor&&) noexcept = default;
-
-private:
-    Result visitBlock(const Markup& markup);
-    Result visitTableOrDoxygen(const Markup& markup);
 };
 
 template <class Result>
 Result MarkupVisitor<Result>::visit(const Markup& markup)
 {
     switch (markup.kind()) {
+    case MarkupKind::document:
+        return visitDocument(Document(markup));
+    case MarkupKind::blockQuote:
+        return visitBlockQuote(BlockQuote(markup));
+    case MarkupKind::codeBlock:
+        return visitCodeBlock(CodeBlock(markup));
+    case MarkupKind::customBlock:
+        return visitCustomBlock(CustomBlock(markup));
+    case MarkupKind::heading:
+        return visitHeading(Heading(markup));
+    case MarkupKind::thematicBreak:
+        return visitThematicBreak(ThematicBreak(markup));
+    case MarkupKind::htmlBlock:
+        return visitHTMLBlock(HTMLBlock(markup));
+    case MarkupKind::listItem:
+        return visitListItem(ListItem(markup));
+    case MarkupKind::orderedList:
+        return visitOrderedList(OrderedList(markup));
+    case MarkupKind::unorderedList:
+        return visitUnorderedList(UnorderedList(markup));
+    case MarkupKind::paragraph:
+        return visitParagraph(Paragraph(markup));
+    case MarkupKind::blockDirective:
+        return visitBlockDirective(BlockDirective(markup));
     case MarkupKind::inlineCode:
         return visitInlineCode(InlineCode(markup));
     case MarkupKind::customInline:
@@ -110,52 +130,6 @@ Result MarkupVisitor<Result>::visit(const Markup& markup)
         return visitText(Text(markup));
     case MarkupKind::strikethrough:
         return visitStrikethrough(Strikethrough(markup));
-    case MarkupKind::symbolLink:
-        return visitSymbolLink(SymbolLink(markup));
-    case MarkupKind::inlineAttributes:
-        return visitInlineAttributes(InlineAttributes(markup));
-    default:
-        return visitBlock(markup);
-    }
-}
-
-template <class Result>
-Result MarkupVisitor<Result>::visitBlock(const Markup& markup)
-{
-    switch (markup.kind()) {
-    case MarkupKind::blockQuote:
-        return visitBlockQuote(BlockQuote(markup));
-    case MarkupKind::codeBlock:
-        return visitCodeBlock(CodeBlock(markup));
-    case MarkupKind::customBlock:
-        return visitCustomBlock(CustomBlock(markup));
-    case MarkupKind::document:
-        return visitDocument(Document(markup));
-    case MarkupKind::heading:
-        return visitHeading(Heading(markup));
-    case MarkupKind::thematicBreak:
-        return visitThematicBreak(ThematicBreak(markup));
-    case MarkupKind::htmlBlock:
-        return visitHTMLBlock(HTMLBlock(markup));
-    case MarkupKind::listItem:
-        return visitListItem(ListItem(markup));
-    case MarkupKind::orderedList:
-        return visitOrderedList(OrderedList(markup));
-    case MarkupKind::unorderedList:
-        return visitUnorderedList(UnorderedList(markup));
-    case MarkupKind::paragraph:
-        return visitParagraph(Paragraph(markup));
-    case MarkupKind::blockDirective:
-        return visitBlockDirective(BlockDirective(markup));
-    default:
-        return visitTableOrDoxygen(markup);
-    }
-}
-
-template <class Result>
-Result MarkupVisitor<Result>::visitTableOrDoxygen(const Markup& markup)
-{
-    switch (markup.kind()) {
     case MarkupKind::table:
         return visitTable(Table(markup));
     case MarkupKind::tableHead:
@@ -166,6 +140,10 @@ Result MarkupVisitor<Result>::visitTableOrDoxygen(const Markup& markup)
         return visitTableRow(Table::Row(markup));
     case MarkupKind::tableCell:
         return visitTableCell(Table::Cell(markup));
+    case MarkupKind::symbolLink:
+        return visitSymbolLink(SymbolLink(markup));
+    case MarkupKind::inlineAttributes:
+        return visitInlineAttributes(InlineAttributes(markup));
     case MarkupKind::doxygenDiscussion:
         return visitDoxygenDiscussion(DoxygenDiscussion(markup));
     case MarkupKind::doxygenNote:
@@ -174,9 +152,8 @@ Result MarkupVisitor<Result>::visitTableOrDoxygen(const Markup& markup)
         return visitDoxygenParameter(DoxygenParameter(markup));
     case MarkupKind::doxygenReturns:
         return visitDoxygenReturns(DoxygenReturns(markup));
-    default:
-        return defaultVisit(markup);
     }
+    Q_UNREACHABLE();
 }
 
 } // namespace quor::markdown

@@ -5,9 +5,9 @@
 
 namespace quor::markdown {
 
-/// Walks an element and all below it, telling of each when it is entered and when it is left. However deep
-/// the tree is, a walk takes no more stack and no memory, so texts from outside are walked rather than
-/// visited by a visitor that recurses. One thread at a time.
+/// A walk over an element and its descendants that stops at each element twice: before its children and after
+/// them. It needs no memory and no stack for the depth of the tree, so it is safe for texts of unknown
+/// origin, unlike a `MarkupVisitor` that recurses. One thread at a time.
 ///
 ///     for (MarkupWalk walk(document); walk.next();)
 ///         if (walk.event() == MarkupWalk::Event::enter) ...
@@ -17,13 +17,14 @@ public:
 
     explicit MarkupWalk(const Markup& root);
 
-    /// The first step enters the root, the one after leaving it gives false.
+    /// Goes to the next event; the first is that the root is entered. Returns false after the root was left.
     bool next();
 
-    /// Both only after `next` gave true. The markup changes with the next step: copy it to keep it.
+    /// Both are valid after `next` returned true. The next step changes the element that `markup` refers to:
+    /// copy it to keep it.
     [[nodiscard]] Event event() const { return event_; }
     [[nodiscard]] const Markup& markup() const { return markup_; }
-    /// To be called on entering: the next step leaves the element.
+    /// Call this when an element is entered: the next event is then that it is left.
     void skipChildren() { skips_ = true; }
 
 private:

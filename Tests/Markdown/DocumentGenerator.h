@@ -7,8 +7,8 @@
 
 namespace quor::tests {
 
-/// Writes Markdown that reaches every kind of element within every other that can hold it, a given seed the
-/// same text each time.
+/// Writes random Markdown with every kind of element within every other kind that can contain it. The same
+/// seed always writes the same text.
 class DocumentGenerator {
 public:
     explicit DocumentGenerator(unsigned seed)
@@ -33,7 +33,7 @@ private:
         return choices[below(count)];
     }
 
-    /// Each line of `text` with `first`, then `others`, in front.
+    /// Puts `first` before the first line of `text` and `others` before the other lines.
     static QByteArray prefixed(QByteArray text, const QByteArray& first, const QByteArray& others)
     {
         if (text.endsWith('\n'))

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Every element below one, parents first.
+/// Collects an element and its descendants, parents first.
 class Collector : public MarkupVisitor<void> {
 public:
     void defaultVisit(const Markup& markup) override
@@ -80,7 +80,7 @@ TEST(Markup, OutlivesTheDocument)
     EXPECT_EQ(text->as<Document>()->childCount(), 1);
 }
 
-TEST(Markup, LeavesOutWhatAWalkSkips)
+TEST(Markup, IsNotWalkedBelowASkippedElement)
 {
     QStringList steps;
     const Document document(u"a *b* c"_s);
@@ -93,7 +93,7 @@ TEST(Markup, LeavesOutWhatAWalkSkips)
     EXPECT_EQ(steps.join(u' '), u"+Paragraph +Text -Text +Emphasis -Emphasis +Text -Text -Paragraph");
 }
 
-/// What a node of each kind may hold.
+/// A node of each kind with contents.
 std::vector<RawMarkupData> dataOfAllKinds()
 {
     using Data = RawMarkupData;
@@ -114,8 +114,8 @@ std::vector<RawMarkupData> dataOfAllKinds()
     return all;
 }
 
-/// Tells which operation came, with what the element holds; each but the last few by a line of its own.
-class Teller : public MarkupVisitor<QString> {
+/// Returns the content of an element, so that the result shows which operation was called.
+class ContentReader : public MarkupVisitor<QString> {
 public:
     QString defaultVisit(const Markup& markup) override { return u"any "_s + markupKindName(markup.kind()); }
     QString visitCodeBlock(const CodeBlock& it) override { return it.code() + *it.language(); }
@@ -157,12 +157,12 @@ TEST(Markup, OfAnyKindIsBuiltByHandAndVisited)
     builder.end();
     const Document document(Markup(builder.finish()));
     EXPECT_EQ(document.range(), (SourceRange{{1, 2}, {3, 4}}));
-    QStringList told;
+    QStringList contents;
     for (const Markup& child : document.children()) {
         EXPECT_EQ(child.raw().data(), all.at(static_cast<std::size_t>(child.indexInParent())));
-        told += Teller().visit(child);
+        contents += ContentReader().visit(child);
     }
-    EXPECT_EQ(told.join(u','),
+    EXPECT_EQ(contents.join(u','),
         u"ab,6,task,5,cd4,e,,2,23,ßHTMLBlock,ßInlineCode,ßCustomInline,ßInlineHTML,ßText,ßSymbolLink,"
         "ßInlineAttributes,ßDoxygenParameter,any Document,any BlockQuote,any CustomBlock,rule,any "
         "UnorderedList,"

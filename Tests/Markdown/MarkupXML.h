@@ -10,8 +10,9 @@
 #include <memory>
 #include <string>
 
-/// The same text as XML, by the parser below and by our tree: equal if they agree on every kind, literal,
-/// address and place. What our tree does not keep, a list's tightness and delimiter, is taken out.
+/// A text as XML, once rendered by cmark-gfm and once from our tree. Both are equal if our tree has every
+/// kind, literal, address and place that cmark-gfm has. What our tree does not keep, the tightness and the
+/// delimiter of lists, is removed.
 namespace quor::tests {
 
 inline std::string cmarkXML(QByteArrayView text, int options)
@@ -29,7 +30,7 @@ inline std::string cmarkXML(QByteArrayView text, int options)
     xml.erase(0, xml.find("<document"));
     for (const char* attribute :
         {" tight=\"true\"", " tight=\"false\"", " delim=\"period\"", " delim=\"paren\""}) {
-        // Literals have their quotes escaped, so this meets attributes alone.
+        // Quotes in literals are escaped, so this finds only attributes.
         for (std::size_t at = 0; (at = xml.find(attribute, at)) != std::string::npos;)
             xml.erase(at, std::char_traits<char>::length(attribute));
     }
@@ -52,7 +53,7 @@ inline std::string elementName(const markdown::Markup& markup)
         "thematic_break", "html_block", "item", "list", "list", "paragraph", "", "code", "", "emph", "image",
         "html_inline", "linebreak", "link", "softbreak", "strong", "text", "strikethrough", "table",
         "table_header", "", "table_row", "table_cell"};
-    return markup.raw().node().checkbox != 0 ? "tasklist" : names.at(static_cast<std::size_t>(markup.kind()));
+    return markup.raw().checkbox() ? "tasklist" : names.at(static_cast<std::size_t>(markup.kind()));
 }
 
 inline std::string attributes(const markdown::Markup& markup)
@@ -74,10 +75,10 @@ inline std::string attributes(const markdown::Markup& markup)
     case MarkupKind::codeBlock:
         return raw.utf8Detail().isNull() ? "" : " info=\"" + escaped(raw.utf8Detail()) + '"';
     case MarkupKind::listItem:
-        if (raw.node().checkbox == 0)
+        if (!raw.checkbox())
             return "";
-        return raw.data().checkbox == markdown::Checkbox::checked ? " completed=\"true\""
-                                                                  : " completed=\"false\"";
+        return *raw.checkbox() == markdown::Checkbox::checked ? " completed=\"true\""
+                                                              : " completed=\"false\"";
     case MarkupKind::tableCell: {
         if (markup.parent()->kind() != MarkupKind::tableHead)
             return "";
@@ -106,7 +107,7 @@ inline std::string markupXML(const markdown::Document& document)
     for (markdown::MarkupWalk walk(document); walk.next();) {
         const markdown::Markup& markup = walk.markup();
         if (markup.kind() == markdown::MarkupKind::tableBody)
-            continue; // which the parser below has not
+            continue; // cmark-gfm has no table bodies
         const std::string name = elementName(markup);
         const bool isLeaf = markup.childCount() == 0;
         if (walk.event() == markdown::MarkupWalk::Event::leave) {

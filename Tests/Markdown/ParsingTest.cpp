@@ -41,7 +41,7 @@ qsizetype depthOf(const Document& document)
     return deepest;
 }
 
-TEST(Parsing, AgreesWithTheParserBelow)
+TEST(Parsing, BuildsTheTreeOfCmark)
 {
     std::set<MarkupKind> seen;
     for (unsigned seed = 0; seed < 1500; ++seed) {
@@ -53,7 +53,7 @@ TEST(Parsing, AgreesWithTheParserBelow)
         for (MarkupWalk walk(document); walk.next();)
             seen.insert(walk.markup().kind());
     }
-    EXPECT_EQ(seen.size(), 25) << "all but the nine that are only built by hand";
+    EXPECT_EQ(seen.size(), 25) << "all kinds but the nine that the parser never makes";
 }
 
 TEST(Parsing, MakesTextOfAnyBytes)
@@ -81,7 +81,7 @@ TEST(Parsing, TakesItsOptions)
     EXPECT_EQ((*Document(text).children().begin()).range(), (SourceRange{{1, 1}, {1, 8}}));
 }
 
-TEST(Parsing, TellsWhatElementsHold)
+TEST(Parsing, KeepsTheContentsOfElements)
 {
     const Document document(
         u"- [x] a\n- b\n\n7) c\n\n```c d\ne\n```\n\n|f|g|h|\n|:-|-|-:|\n\n[i]()![](j 'k')"_s);
@@ -113,11 +113,11 @@ TEST(Parsing, TellsWhatElementsHold)
 struct Nesting {
     QString opening;
     QString closing;
-    int levels; // in the tree, for each of them
+    int levels; // in the tree, for each repetition
     qsizetype depth = 0;
 };
 
-// A recursion would need some megabytes of stack.
+// A recursive parser would need some megabytes of stack.
 void onASmallStack(Nesting& nesting)
 {
     pthread_attr_t attributes;
@@ -144,9 +144,9 @@ TEST(Parsing, TakesAnyDepth)
     }
 }
 
-TEST(Parsing, GivesHostileTextsAsTheyStand)
+TEST(Parsing, ReturnsHostileTextsAsPlainText)
 {
-    // The first two ask the parser for gigabytes, the last keeps it busy for minutes.
+    // The first two make cmark-gfm request gigabytes, the last one keeps it busy for minutes.
     const QString address(100'000, u'u');
     const QString columns = u"|a"_s.repeated(2000);
     for (const QString& text : {u"[a]: "_s + address + u"\n\n"_s + u"[a] "_s.repeated(100'000),

@@ -66,10 +66,10 @@ TEST(MarkdownParser, KnowsLinksBoldAndImages)
     auto parser = parserOf(u"[a](http://b:c)"_s);
     EXPECT_FALSE(parser.linkMatchesFound());
     EXPECT_EQ(parser.parse(), parser.parse());
-    EXPECT_TRUE(parser.linkMatchesFound()) << "also where the destination makes no URL";
+    EXPECT_TRUE(parser.linkMatchesFound()) << "also if the destination is not a valid URL";
 }
 
-TEST(MarkdownParser, TakesAttributesColorsAndIconsFromWhereTheyAre)
+TEST(MarkdownParser, UsesItsAttributesColorsAndIcons)
 {
     const QTemporaryDir folder;
     QDir(folder.path()).mkdir(u"Images"_s);
@@ -92,7 +92,7 @@ TEST(MarkdownParser, TakesAttributesColorsAndIconsFromWhereTheyAre)
     const QTextCharFormat plain = text.attributes(0);
     EXPECT_EQ(plain.foreground().color(), QColor(Qt::red));
     EXPECT_EQ(plain.fontWeight(), QFont::Normal);
-    EXPECT_TRUE(plain.fontOverline()) << "what neither font nor colour says stays";
+    EXPECT_TRUE(plain.fontOverline()) << "an attribute that neither font nor colour sets is kept";
     EXPECT_EQ(text.attributes(2).foreground().color(), QColor(0x12, 0x34, 0x56));
     ASSERT_TRUE(text.attachment(5));
     EXPECT_EQ(text.attachment(4)->bounds.height(), iconHeight(font()));
@@ -121,7 +121,7 @@ TEST(MarkdownParser, AgreesWithThePatterns)
     }
 }
 
-TEST(MarkdownParser, ALongTextTakesTimeInItsLengthOnly)
+TEST(MarkdownParser, TakesTimeLinearInTheLength)
 {
     for (const auto& piece : {u"*"_s, u"_"_s, u"["_s, u"["_s + QString(1000, u'a'), u"![]("_s, u"**_"_s,
              u"**\n"_s, u"**a__"_s, u"[a]("_s, u"[a](bc)"_s, u"😀**"_s}) {

@@ -9,7 +9,7 @@
 
 namespace quor::test {
 
-/// A text without its Markdown marks; for each unit '1' stands for a link, '2' for bold, '3' for both.
+/// A text without its Markdown marks. For each UTF-16 unit, '1' means a link, '2' bold, '3' both.
 struct PlainMarkdown {
     QString text;
     QString kinds = QString(text.size(), u'0');
@@ -28,7 +28,7 @@ inline PlainMarkdown plainMarkdown(const platform::AttributedString& text)
     return result;
 }
 
-/// One pass by the pattern itself, in which the group behind `opening` is the content.
+/// One pass by the regular expression itself. The group after the group `opening` is the content.
 inline PlainMarkdown applied(
     const platform::RegularExpression& pattern, const PlainMarkdown& before, std::size_t opening, int kind)
 {
@@ -54,7 +54,7 @@ inline PlainMarkdown applied(
     return after;
 }
 
-/// What the patterns make of a text.
+/// The result of the three regular expressions.
 inline PlainMarkdown markdownReference(const QString& text)
 {
     using platform::RegularExpression;

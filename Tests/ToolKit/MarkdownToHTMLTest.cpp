@@ -53,7 +53,7 @@ TEST(MarkdownToHTML, RendersAnyElementInItsPlace)
     EXPECT_EQ(visitor.visit(*row.children().at(1)), u"<td style=\"text-align: left\">d</td>");
     EXPECT_EQ(visitor.visitTableRow(Table::Row(row)), visitor.visit(row));
 
-    // Kinds that it does not know give their children, and a cell outside of a table has no style.
+    // Kinds without HTML become their children, and a cell outside of a table has no style.
     RawMarkupBuilder builder;
     builder.begin(RawMarkupData::literal(MarkupKind::doxygenParam, u"name"_s));
     builder.begin(RawMarkupData::plain(MarkupKind::tableRow));

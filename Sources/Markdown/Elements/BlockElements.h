@@ -3,7 +3,8 @@
 
 #include "Markdown/Elements/MarkupElement.h"
 
-/// The elements that stand below one another, but for `Document` and `Table`. Handles, as `Markup` tells.
+/// The block elements of a document, except `Document` and `Table`, which have headers of their own. All are
+/// handles; see `Markup`.
 namespace quor::markdown {
 
 class BlockQuote : public MarkupElement<MarkupKind::blockQuote> {
@@ -17,13 +18,14 @@ class CustomBlock : public MarkupElement<MarkupKind::customBlock> {
 class ListItem : public MarkupElement<MarkupKind::listItem> {
 public:
     using MarkupElement::MarkupElement;
-    /// None for an item that is no task.
-    [[nodiscard]] std::optional<Checkbox> checkbox() const;
+    /// The state of a task; `nullopt` if the item is not a task.
+    [[nodiscard]] std::optional<Checkbox> checkbox() const { return raw().checkbox(); }
 };
 
 class OrderedList : public MarkupElement<MarkupKind::orderedList> {
 public:
     using MarkupElement::MarkupElement;
+    /// The number of the first item.
     [[nodiscard]] quint32 startIndex() const { return raw().node().first; }
 };
 
@@ -39,7 +41,7 @@ class CodeBlock : public MarkupElement<MarkupKind::codeBlock> {
 public:
     using MarkupElement::MarkupElement;
     [[nodiscard]] QString code() const { return text(); }
-    /// All that is written behind the opening fence.
+    /// The text after the opening fence, as in "c++"; `nullopt` if there is none.
     [[nodiscard]] std::optional<QString> language() const { return optionalDetail(); }
 };
 
@@ -52,7 +54,7 @@ public:
 class Heading : public MarkupElement<MarkupKind::heading> {
 public:
     using MarkupElement::MarkupElement;
-    /// 1 to 6, unless it was built by hand.
+    /// 1 to 6 in a parsed document. `RawMarkupBuilder` accepts any number.
     [[nodiscard]] quint32 level() const { return raw().node().first; }
 };
 
@@ -60,12 +62,13 @@ class ThematicBreak : public MarkupElement<MarkupKind::thematicBreak> {
     using MarkupElement::MarkupElement;
 };
 
+/// Never made by the parser; see `MarkupKind`.
 class BlockDirective : public MarkupElement<MarkupKind::blockDirective> {
 public:
     using MarkupElement::MarkupElement;
     [[nodiscard]] QString name() const { return text(); }
-    [[nodiscard]] SourceLocation nameLocation() const;
-    [[nodiscard]] QString arguments() const;
+    [[nodiscard]] SourceLocation nameLocation() const { return raw().data().nameLocation; }
+    [[nodiscard]] QString arguments() const { return optionalDetail().value_or(QString()); }
 };
 
 } // namespace quor::markdown

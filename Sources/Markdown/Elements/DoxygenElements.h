@@ -3,8 +3,8 @@
 
 #include "Markdown/Elements/MarkupElement.h"
 
-/// What a comment in Doxygen's manner is made of. Never parsed, only built by hand. Handles, as `Markup`
-/// tells.
+/// The elements of a Doxygen comment. The parser never makes them, only `RawMarkupBuilder`. All are handles;
+/// see `Markup`.
 namespace quor::markdown {
 
 class DoxygenDiscussion : public MarkupElement<MarkupKind::doxygenDiscussion> {

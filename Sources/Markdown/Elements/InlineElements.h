@@ -3,7 +3,7 @@
 
 #include "Markdown/Elements/MarkupElement.h"
 
-/// The elements that stand within a line. Handles, as `Markup` tells.
+/// The inline elements of a document: text, and what marks it up. All are handles; see `Markup`.
 namespace quor::markdown {
 
 class Emphasis : public MarkupElement<MarkupKind::emphasis> {
@@ -18,11 +18,11 @@ class Strikethrough : public MarkupElement<MarkupKind::strikethrough> {
     using MarkupElement::MarkupElement;
 };
 
-/// Its children are its alternate text.
+/// An image. Its children are the alternate text.
 class Image : public MarkupElement<MarkupKind::image> {
 public:
     using MarkupElement::MarkupElement;
-    /// An empty one is none.
+    /// The address of the picture; `nullopt` if the text has none or an empty one.
     [[nodiscard]] std::optional<QString> source() const { return optionalText(); }
     [[nodiscard]] std::optional<QString> title() const { return optionalDetail(); }
 };
@@ -30,7 +30,7 @@ public:
 class Link : public MarkupElement<MarkupKind::link> {
 public:
     using MarkupElement::MarkupElement;
-    /// An empty one is none.
+    /// `nullopt` if the text has none or an empty one.
     [[nodiscard]] std::optional<QString> destination() const { return optionalText(); }
     [[nodiscard]] std::optional<QString> title() const { return optionalDetail(); }
 };

@@ -5,13 +5,14 @@
 
 namespace quor::markdown {
 
-/// What the classes of all kinds have in common. One is made from a `Markup` of its own kind, most easily by
-/// `Markup::as`, which asks for the kind first.
+/// The base of the element classes. An element is constructed from a `Markup` of the same kind; `Markup::as`
+/// checks the kind first.
 template <MarkupKind kindOfElement>
 class MarkupElement : public Markup {
 public:
     static constexpr MarkupKind elementKind = kindOfElement;
 
+    /// `markup` must be of the kind `elementKind`.
     explicit MarkupElement(const Markup& markup)
         : Markup(markup)
     {

@@ -5,8 +5,8 @@
 
 namespace quor::markdown {
 
-/// A table has two children, a head and a body. The head holds the cells of the first row directly, the body
-/// holds rows, or nothing. Handles, as `Markup` tells.
+/// A table. It has two children: a head, whose children are the cells of the first row, and a body, whose
+/// children are the other rows, if any. All are handles; see `Markup`.
 class Table : public MarkupElement<MarkupKind::table> {
 public:
     using MarkupElement::MarkupElement;
@@ -24,7 +24,7 @@ public:
         using MarkupElement::MarkupElement;
     };
 
-    /// The parser knows no spans, all of its cells have 1 and 1.
+    /// In a parsed document both spans are 1.
     class Cell : public MarkupElement<MarkupKind::tableCell> {
     public:
         using MarkupElement::MarkupElement;
@@ -32,7 +32,7 @@ public:
         [[nodiscard]] quint32 rowspan() const { return raw().node().second; }
     };
 
-    /// One for each column.
+    /// One entry for each column.
     [[nodiscard]] ColumnAlignments columnAlignments() const { return raw().columnAlignments(); }
 };
 

@@ -9,7 +9,7 @@ namespace quor::markdown {
 
 namespace {
 
-// The allocator's functions are told nothing but sizes and blocks.
+// cmark-gfm passes no context to the allocator's functions.
 thread_local CmarkArena* current = nullptr;
 
 constexpr std::size_t alignment = alignof(std::max_align_t);
@@ -73,7 +73,7 @@ void CmarkArena::count(std::size_t size)
 
 bool CmarkArena::isLate()
 {
-    constexpr unsigned requestsBetween = 256; // as the clock takes longer than a request
+    constexpr unsigned requestsBetween = 256; // reading the clock takes longer than a request
     return ++requests_ % requestsBetween == 0 && processorTime() > deadline_;
 }
 
@@ -81,7 +81,7 @@ void CmarkArena::addChunk(std::size_t size)
 {
     const std::size_t usual = std::clamp(used_ / 2, smallestChunk, largestChunk);
     const std::size_t chunkSize = std::max(size, aligned(usual));
-    // What is large comes untouched from the system, and zero already.
+    // calloc gets large chunks zeroed from the system, so this costs nothing for pages that are never used.
     void* chunk = std::calloc(1, chunkSize);
     if (!chunk)
         giveUp();
@@ -138,7 +138,7 @@ void CmarkArena::release(void* block)
         }
         return;
     }
-    // The next one expects zeros.
+    // `allocate` relies on unused memory being zero.
     std::byte* start = latest_ - headerSize;
     std::memset(start, 0, static_cast<std::size_t>(next_ - start));
     next_ = start;

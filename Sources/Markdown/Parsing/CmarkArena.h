@@ -13,13 +13,18 @@
 
 namespace quor::markdown {
 
-/// The memory of one parse, given back all at once. It also bounds what hostile text can make the parser ask
-/// for, and how long: the parser cannot be told to stop, so beyond the limits it is left by a jump as it asks
-/// for more, which is safe since all it has lies in here. While one lives, the allocator of this thread draws
-/// on it; there is one a thread at most.
+/// The memory of one parse. The destructor frees all of it at once.
+///
+/// It also limits how much memory and time a hostile text can cost. cmark-gfm cannot be asked to stop, so
+/// when a limit is exceeded, its next request for memory jumps out of the parser. That leaks nothing, because
+/// all that the parser owns is in this arena.
+///
+/// While an arena exists, `allocator` takes memory from it on the thread that made it. A thread has at most
+/// one arena at a time.
 class CmarkArena {
 public:
-    /// `time` is what the processor spends on this thread, so that a busy machine makes no difference.
+    /// `limit` is in bytes. `time` is processor time of this thread, so that a busy machine makes no
+    /// difference.
     CmarkArena(std::size_t limit, std::chrono::nanoseconds time);
     CmarkArena(const CmarkArena&) = delete;
     CmarkArena& operator=(const CmarkArena&) = delete;
@@ -27,14 +32,15 @@ public:
     CmarkArena& operator=(CmarkArena&&) = delete;
     ~CmarkArena();
 
-    /// For the parser's functions that take an allocator.
+    /// The allocator to pass to functions of cmark-gfm.
     static cmark_mem* allocator();
 
-    /// Where to go on when a limit is passed; null to let the limits be.
+    /// Sets where execution continues when a limit is exceeded. With null, the limits have no effect.
     void setEscape(std::jmp_buf* escape) { escape_ = escape; }
 
-    /// As `calloc`, `realloc` and `free`, but that large blocks are used again only if they were the latest.
-    /// They never give null: without memory they take the escape, or abort.
+    /// Like `calloc`, `realloc` and `free`, except that a large block is used again only if it was the last
+    /// one allocated. They never return null: without memory they jump to the escape, or abort if there is
+    /// none.
     void* allocate(std::size_t size);
     void* reallocate(void* block, std::size_t size);
     void release(void* block);
@@ -52,12 +58,12 @@ private:
     std::vector<std::unique_ptr<void, Free>> chunks_;
     std::byte* next_ = nullptr;
     std::byte* end_ = nullptr;
-    std::byte* latest_ = nullptr; // the block before next_
-    std::array<void*, 64> released_{}; // by size, each a list through the blocks themselves
-    std::size_t used_ = 0; // all that was ever asked for, what was given back too
+    std::byte* latest_ = nullptr; // the block that ends at next_
+    std::array<void*, 64> released_{}; // by size, each a list linked through the blocks themselves
+    std::size_t used_ = 0; // bytes requested so far, including released ones
     std::size_t limit_;
     unsigned requests_ = 0;
-    std::chrono::nanoseconds deadline_; // by the clock of the thread
+    std::chrono::nanoseconds deadline_; // in processor time of this thread
     std::jmp_buf* escape_ = nullptr;
 };
 

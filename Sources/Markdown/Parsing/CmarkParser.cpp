@@ -16,14 +16,14 @@ namespace quor::markdown {
 
 namespace {
 
-// What no honest text comes near: one of brackets alone asks for some 300 bytes a byte.
+// A text of brackets alone, the worst that is not hostile, makes cmark-gfm request about 300 bytes a byte.
 constexpr std::size_t bytesOfMemoryPerByte = 512;
 constexpr std::size_t memoryForAnyText = std::size_t{64} << 20;
-// Honest text takes less than half a microsecond a byte. The parser has loops in it that take minutes a
-// megabyte, as for links within images that never end.
+// Ordinary text takes less than half a microsecond a byte. cmark-gfm has loops that take minutes a megabyte,
+// for instance for links within images that never end.
 constexpr std::chrono::seconds timeForAnyText{2};
 constexpr std::chrono::microseconds timePerByte{2};
-constexpr qsizetype longestText = qsizetype{1} << 29; // beyond twice that the parser aborts
+constexpr qsizetype longestText = qsizetype{1} << 29; // cmark-gfm aborts at twice that
 
 int cmarkOptions(TextEncoding encoding, ParseOptions options)
 {
@@ -37,8 +37,8 @@ int cmarkOptions(TextEncoding encoding, ParseOptions options)
     return result;
 }
 
-/// Null if one of the arena's limits was passed. Nothing in here may need a destructor, since the jump runs
-/// none.
+/// Returns null if a limit of the arena was exceeded. No local variable of this function must need a
+/// destructor, because the jump runs none.
 cmark_node* parsedNode(CmarkArena& arena, QByteArrayView text, int options)
 {
     std::jmp_buf escape;
@@ -61,18 +61,18 @@ bool convertParsed(
 {
     if (text.size() > longestText)
         return false;
-    // A parser puts the special characters of its extensions into tables of the whole process.
+    // cmark-gfm enters the special characters of a parser's extensions into global tables.
     static std::mutex oneAtATime;
     const std::lock_guard lock(oneAtATime);
     cmark_gfm_core_extensions_ensure_registered();
     const std::size_t limit
         = std::min(memoryForAnyText + static_cast<std::size_t>(text.size()) * bytesOfMemoryPerByte,
-            std::size_t{std::numeric_limits<quint32>::max()}); // which bounds the texts of the tree as well
+            std::size_t{std::numeric_limits<quint32>::max()}); // the tree addresses its texts in 32 bits
     CmarkArena arena(limit, timeForAnyText + timePerByte * text.size());
     cmark_node* root = parsedNode(arena, text, cmarkOptions(encoding, options));
     if (!root)
         return false;
-    // Hardly any text that people write has more nodes; what is not touched costs nothing.
+    // Few texts have more nodes, and reserved memory that is not used costs nothing.
     builder.reserve(text.size() / 8 + 16, text.size());
     MarkupConverterState(root, options, builder).convert();
     return true;

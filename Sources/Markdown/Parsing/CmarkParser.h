@@ -8,10 +8,10 @@ namespace quor::markdown {
 
 enum class TextEncoding : quint8 {
     validUtf8,
-    anyBytes, ///< what is no UTF-8 becomes U+FFFD
+    anyBytes, ///< invalid sequences are read as U+FFFD
 };
 
-/// The raw tree of a Markdown text, whose root is a document.
+/// Parses a Markdown text and returns the root of its tree, a node of kind `document`. See `Document`.
 [[nodiscard]] RawMarkup parsedMarkdown(
     QByteArrayView text, TextEncoding encoding, const std::optional<QUrl>& source, ParseOptions options);
 

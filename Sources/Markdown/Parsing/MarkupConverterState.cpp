@@ -9,10 +9,10 @@ namespace {
 
 using Content = RawMarkupBuilder::Content;
 
-// The types of extensions are numbered behind the parser's own, as they are registered.
-constexpr unsigned lastTypeOfItsOwn = CMARK_NODE_FOOTNOTE_DEFINITION & CMARK_NODE_VALUE_MASK;
+// cmark-gfm numbers the types of extensions after its own, in the order of registration.
+constexpr unsigned lastBuiltInType = CMARK_NODE_FOOTNOTE_DEFINITION & CMARK_NODE_VALUE_MASK;
 
-// The parser writes nothing for none.
+// cmark-gfm has an empty text where there is none.
 QByteArrayView presentText(const char* text)
 {
     return text && *text ? QByteArrayView(text) : QByteArrayView();
@@ -20,31 +20,29 @@ QByteArrayView presentText(const char* text)
 
 bool isOfExtension(cmark_node* node)
 {
-    return (cmark_node_get_type(node) & CMARK_NODE_VALUE_MASK) > lastTypeOfItsOwn;
+    return (cmark_node_get_type(node) & CMARK_NODE_VALUE_MASK) > lastBuiltInType;
 }
 
-char storedAlignment(quint8 column)
+std::optional<ColumnAlignment> columnAlignment(quint8 character)
 {
-    const auto stored
-        = [](ColumnAlignment alignment) { return static_cast<char>(static_cast<int>(alignment) + 1); };
-    switch (column) {
+    switch (character) {
     case 0:
-        return 0;
+        return std::nullopt;
     case 'l':
-        return stored(ColumnAlignment::left);
+        return ColumnAlignment::left;
     case 'c':
-        return stored(ColumnAlignment::center);
+        return ColumnAlignment::center;
     case 'r':
-        return stored(ColumnAlignment::right);
+        return ColumnAlignment::right;
     default:
-        qFatal("Unexpected table column character for cmark table: %c", column);
+        qFatal("Unexpected table column character for cmark table: %c", character);
     }
 }
 
 } // namespace
 
 MarkupConverterState::MarkupConverterState(cmark_node* root, ParseOptions options, RawMarkupBuilder& builder)
-    : iterator_(cmark_iter_new(root)) // in the arena, with everything else of the parser
+    : iterator_(cmark_iter_new(root)) // in the arena, which frees it
     , options_(options)
     , builder_(builder)
 {
@@ -95,14 +93,6 @@ void MarkupConverterState::target(MarkupKind kind)
 
 void MarkupConverterState::enter()
 {
-    if ((cmark_node_get_type(node_) & CMARK_NODE_TYPE_MASK) == CMARK_NODE_TYPE_INLINE)
-        enterInline();
-    else
-        enterBlock();
-}
-
-void MarkupConverterState::enterBlock()
-{
     switch (cmark_node_get_type(node_)) {
     case CMARK_NODE_DOCUMENT:
         return begin(MarkupKind::document);
@@ -126,14 +116,6 @@ void MarkupConverterState::enterBlock()
             range());
     case CMARK_NODE_THEMATIC_BREAK:
         return leaf(MarkupKind::thematicBreak);
-    default:
-        return enterOfExtension(typeName());
-    }
-}
-
-void MarkupConverterState::enterInline()
-{
-    switch (cmark_node_get_type(node_)) {
     case CMARK_NODE_TEXT:
         return literal(MarkupKind::text);
     case CMARK_NODE_SOFTBREAK:
@@ -155,7 +137,7 @@ void MarkupConverterState::enterInline()
         return target(MarkupKind::link);
     case CMARK_NODE_IMAGE:
         return target(MarkupKind::image);
-    default:
+    default: // the types of extensions are known only at run time
         return enterOfExtension(typeName());
     }
 }
@@ -174,11 +156,10 @@ void MarkupConverterState::enterList()
 void MarkupConverterState::enterListItem()
 {
     Content item{MarkupKind::listItem};
-    // A task has the type of any item, and another name.
+    // A task has the same type as other items. Only the name of the type is different.
     if (typeName() == "tasklist") {
         const bool isChecked = cmark_gfm_extensions_get_tasklist_item_checked(node_);
-        item.checkbox
-            = static_cast<quint8>(static_cast<int>(isChecked ? Checkbox::checked : Checkbox::unchecked) + 1);
+        item.checkbox = isChecked ? Checkbox::checked : Checkbox::unchecked;
     }
     builder_.begin(item, range());
 }
@@ -200,11 +181,11 @@ void MarkupConverterState::enterOfExtension(QByteArrayView type)
 void MarkupConverterState::enterTable()
 {
     const quint16 columns = cmark_gfm_extensions_get_table_columns(node_);
-    const quint8* alignments = cmark_gfm_extensions_get_table_alignments(node_);
-    QByteArray stored;
+    const quint8* characters = cmark_gfm_extensions_get_table_alignments(node_);
+    ColumnAlignments alignments;
     for (quint16 column = 0; column < columns; ++column)
-        stored += storedAlignment(alignments[column]);
-    builder_.beginTable(stored, range());
+        alignments.push_back(columnAlignment(characters[column]));
+    builder_.beginTable(alignments, range());
     headerSeen_ = false;
 }
 

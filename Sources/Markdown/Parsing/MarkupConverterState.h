@@ -8,23 +8,23 @@
 
 namespace quor::markdown {
 
-/// The body of the table that is being converted: it ends where its last row does.
+/// The body of the table that is being converted. Its range ends with its last row.
 struct PendingTableBody {
     SourceRange range;
 };
 
-/// One walk over the parser's tree, which builds ours. The parser's own iterator keeps the way, so that depth
-/// costs nothing. The stops in it guard what the parser never does.
+/// A walk over a tree of cmark-gfm that builds our tree. It uses the iterator of cmark-gfm instead of
+/// recursion, so that it needs no stack for the depth of the tree. Its assertions and fatal errors check what
+/// cmark-gfm guarantees.
 class MarkupConverterState {
 public:
     MarkupConverterState(cmark_node* root, ParseOptions options, RawMarkupBuilder& builder);
 
+    /// Adds all of the tree to the builder. Call it once.
     void convert();
 
 private:
     void enter();
-    void enterBlock();
-    void enterInline();
     void enterList();
     void enterListItem();
     void enterOfExtension(QByteArrayView type);

@@ -3,15 +3,14 @@
 
 #include <QFlags>
 
-/// What may be asked of the parser. Without any of them quotes, dashes and dots become typographic ones, and
-/// elements know their places.
+/// The options of the parser. By default quotes, dashes and dots become typographic ones, and elements know
+/// their places in the text.
 namespace quor::markdown {
 
 enum class ParseOption : unsigned {
-    parseBlockDirectives
-    = 1, ///< kept for the bit alone: there is no parser of directives, and it does nothing
-    disableSmartOptions = 4, ///< straight quotes and dashes stay
-    disableSourcePosOptions = 16, ///< no element has a range
+    parseBlockDirectives = 1, ///< has no effect: there is no parser of directives
+    disableSmartOptions = 4, ///< keep straight quotes, dashes and dots
+    disableSourcePosOptions = 16, ///< give no element a range
 };
 
 Q_DECLARE_FLAGS(ParseOptions, ParseOption)

@@ -3,9 +3,9 @@
 
 #include <QLatin1String>
 
-/// The kinds of element that a document is made of. What comes from Markdown text is of the CommonMark kinds,
-/// tables, strikethrough and check boxes; `customBlock`, `customInline`, `blockDirective`, `symbolLink`,
-/// `inlineAttributes` and those of Doxygen are only ever built by hand.
+/// The kinds of element in a document. The parser never makes `customBlock`, `customInline`,
+/// `blockDirective`, `symbolLink`, `inlineAttributes` and the kinds of Doxygen; a tree that is built with
+/// `RawMarkupBuilder` can contain them.
 namespace quor::markdown {
 
 enum class MarkupKind : quint8 {
@@ -45,7 +45,7 @@ enum class MarkupKind : quint8 {
     doxygenReturns,
 };
 
-/// The name of its class: "Heading", "Table.Head".
+/// The name of the element class of this kind, as in "Heading" and "Table.Head".
 [[nodiscard]] QLatin1StringView markupKindName(MarkupKind kind);
 
 } // namespace quor::markdown

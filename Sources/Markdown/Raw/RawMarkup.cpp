@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Markdown/Raw/RawMarkup.h"
 
+#include "Markdown/Raw/PackedOptional.h"
+
 #include <cstring>
 
 namespace quor::markdown {
@@ -33,8 +35,12 @@ std::optional<ColumnAlignment> RawMarkup::columnAlignment(quint32 column) const
     const RawMarkupNode& it = node();
     if (it.kind != MarkupKind::table || column >= it.first)
         return std::nullopt;
-    const char stored = tree_->texts[it.textAt + column];
-    return stored == 0 ? std::nullopt : std::optional(static_cast<ColumnAlignment>(stored - 1));
+    return unpacked<ColumnAlignment>(tree_->texts[it.textAt + column]);
+}
+
+std::optional<Checkbox> RawMarkup::checkbox() const
+{
+    return unpacked<Checkbox>(node().checkbox);
 }
 
 ColumnAlignments RawMarkup::columnAlignments() const
@@ -61,8 +67,7 @@ RawMarkupData RawMarkup::data() const
         data.number = it.first;
         data.rowspan = it.second;
     }
-    if (it.checkbox != 0)
-        data.checkbox = static_cast<Checkbox>(it.checkbox - 1);
+    data.checkbox = checkbox();
     data.columnAlignments = columnAlignments();
     if (it.kind == MarkupKind::blockDirective)
         std::memcpy(&data.nameLocation, tree_->texts.data() + it.textAt + it.first + it.second,

@@ -12,42 +12,42 @@
 
 namespace quor::markdown {
 
-/// One node as it lies in memory. All nodes of a tree lie in a row, in walking order, so the first child
-/// follows its parent, and the next sibling is a subtree further.
+/// One node of a tree in memory. A tree stores its nodes in one array, in walking order: a first child is
+/// next to its parent, and the next sibling is `subtreeCount` nodes further.
 struct RawMarkupNode {
-    quint32 textAt = 0; ///< where its texts are: `first` bytes of one, then `second` bytes of another
-    quint32 first = 0; ///< a number in the kinds without texts
-    quint32 second = 0;
+    quint32 textAt = 0; ///< offset of its texts: `first` bytes of the text, then `second` bytes of the detail
+    quint32 first = 0; ///< for kinds without texts `RawMarkupData::number`; for a table its columns
+    quint32 second = 0; ///< for kinds without texts `RawMarkupData::rowspan`
     MarkupKind kind = MarkupKind::document;
     bool hasText = false;
     bool hasDetail = false;
-    quint8 checkbox = 0; ///< 0 for none, else one more than the `Checkbox`
+    char checkbox = 0; ///< packed, see `RawMarkup::checkbox`
     quint32 childCount = 0;
     quint32 subtreeCount = 1;
-    quint32 toParent = 0; ///< all three as a number of nodes
-    quint32 toSibling = 0; ///< back to the one before; a first child knows the way on to the last
+    quint32 toParent = 0; ///< nodes back to the parent
+    quint32 toSibling = 0; ///< nodes back to the previous sibling; in a first child, nodes on to the last one
     quint32 indexInParent = 0;
-    SourceRange range; ///< none if its first line is 0
+    SourceRange range; ///< unknown if its first line is 0
 };
 
-/// A whole tree: two allocations, however many nodes. Immutable once built, so any thread may read it.
+/// A whole tree in two allocations. `RawMarkupBuilder` makes it; it is immutable afterwards, so any thread
+/// can read it.
 struct RawMarkupTree {
     std::vector<RawMarkupNode> nodes;
-    std::vector<char> texts; ///< UTF-8, without end marks
+    std::vector<char> texts; ///< UTF-8, not terminated
     std::optional<QUrl> source;
     quint64 rootId = 0;
 };
 
-/// What stands at the head of a raw node.
+/// A raw node as a plain value, without its children.
 struct RawMarkupHeader {
     RawMarkupData data;
     quint32 childCount = 0;
-    quint32 subtreeCount = 1; ///< with the node itself
+    quint32 subtreeCount = 1; ///< including the node itself
     std::optional<SourceRange> parsedRange;
 };
 
-/// A node of an immutable tree, with its share in the tree: cheap to copy, and the tree lives as long as any
-/// handle on any of its nodes. Any thread.
+/// A handle to a node of an immutable tree. It is cheap to copy and keeps the tree alive. Any thread.
 class RawMarkup {
 public:
     RawMarkup(std::shared_ptr<const RawMarkupTree> tree, quint32 index)
@@ -61,19 +61,21 @@ public:
     [[nodiscard]] RawMarkupHeader header() const;
     [[nodiscard]] std::optional<SourceRange> parsedRange() const;
 
-    /// As `RawMarkupData::text` and `detail`, in UTF-8, while the tree lives. Null views where there is none.
+    /// `RawMarkupData::text` and `detail` in UTF-8, valid while the tree exists. Null views if there is none.
     [[nodiscard]] QByteArrayView utf8Text() const;
     [[nodiscard]] QByteArrayView utf8Detail() const;
+    [[nodiscard]] std::optional<Checkbox> checkbox() const;
     [[nodiscard]] ColumnAlignments columnAlignments() const;
-    /// None as well for a column that the table does not have.
+    /// `nullopt` also for a column that does not exist, and for nodes that are not tables.
     [[nodiscard]] std::optional<ColumnAlignment> columnAlignment(quint32 column) const;
 
-    /// Its place in walking order, from 0 at the root.
+    /// The position in walking order; 0 for the root.
     [[nodiscard]] quint32 index() const { return index_; }
     [[nodiscard]] const RawMarkupNode& node() const { return tree_->nodes[index_]; }
     [[nodiscard]] const RawMarkupTree& tree() const { return *tree_; }
-    /// Another node of this tree.
+    /// The node of this tree at the position `index`.
     [[nodiscard]] RawMarkup at(quint32 index) const { return {tree_, index}; }
+    /// Makes this handle refer to another node of the tree.
     void moveTo(quint32 index) { index_ = index; }
 
 private:

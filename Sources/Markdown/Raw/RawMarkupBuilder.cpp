@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Markdown/Raw/RawMarkupBuilder.h"
 
+#include "Markdown/Raw/PackedOptional.h"
+
 #include <atomic>
 #include <utility>
 
@@ -16,7 +18,7 @@ quint64 freshRootId()
 
 QByteArrayView view(const QByteArray& bytes, bool isPresent)
 {
-    // An empty text is one, unlike none.
+    // An empty text must not become a null view, which means that there is no text.
     return isPresent ? QByteArrayView(bytes.constData(), bytes.size()) : QByteArrayView();
 }
 
@@ -53,7 +55,7 @@ void RawMarkupBuilder::begin(const Content& content, const SourceRange& range)
         node.first = content.number;
         node.second = content.rowspan;
     }
-    node.checkbox = content.checkbox;
+    node.checkbox = packed(content.checkbox);
     node.range = range;
     if (depth_ > 0) {
         RawMarkupNode& parent = nodes[open_];
@@ -76,27 +78,25 @@ void RawMarkupBuilder::begin(const RawMarkupData& data, const std::optional<Sour
 {
     const SourceRange place = range.value_or(SourceRange{});
     if (data.kind == MarkupKind::table) {
-        QByteArray alignments;
-        for (const auto& alignment : data.columnAlignments)
-            alignments += alignment ? static_cast<char>(static_cast<int>(*alignment) + 1) : '\0';
-        beginTable(alignments, place);
+        beginTable(data.columnAlignments, place);
         return;
     }
     const QByteArray text = data.text.value_or(QString()).toUtf8();
     const QByteArray detail = data.detail.value_or(QString()).toUtf8();
-    Content content{data.kind, view(text, data.text.has_value()), view(detail, data.detail.has_value()),
-        data.number, data.rowspan, 0};
-    if (data.checkbox)
-        content.checkbox = static_cast<quint8>(static_cast<int>(*data.checkbox) + 1);
-    begin(content, place);
+    begin(Content{data.kind, view(text, data.text.has_value()), view(detail, data.detail.has_value()),
+              data.number, data.rowspan, data.checkbox},
+        place);
     if (data.kind == MarkupKind::blockDirective)
         (void)addText({reinterpret_cast<const char*>(&data.nameLocation), sizeof data.nameLocation});
 }
 
-void RawMarkupBuilder::beginTable(QByteArrayView alignments, const SourceRange& range)
+void RawMarkupBuilder::beginTable(const ColumnAlignments& alignments, const SourceRange& range)
 {
+    QByteArray bytes;
+    for (const auto& alignment : alignments)
+        bytes += packed(alignment);
     begin(Content{MarkupKind::table, {}, {}, static_cast<quint32>(alignments.size())}, range);
-    tree_->nodes.back().textAt = addText(alignments);
+    tree_->nodes.back().textAt = addText(bytes);
 }
 
 void RawMarkupBuilder::end()

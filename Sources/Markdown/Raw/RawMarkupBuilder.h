@@ -3,8 +3,8 @@
 
 #include "Markdown/Raw/RawMarkup.h"
 
-/// Builds a raw tree in walking order: `begin` a node, its children between, `end` it. The tree takes a copy
-/// of every text. One thread at a time.
+/// Builds a raw tree in walking order: `begin` a node, add its children, `end` it. The tree copies every
+/// text. One thread at a time.
 ///
 ///     RawMarkupBuilder builder;
 ///     builder.begin(RawMarkupData::plain(MarkupKind::document));
@@ -15,25 +15,25 @@ namespace quor::markdown {
 
 class RawMarkupBuilder {
 public:
-    /// A node whose texts are UTF-8 already. Null views stand for no text.
+    /// A node whose texts are already in UTF-8. A null view means that there is no text.
     struct Content {
         MarkupKind kind = MarkupKind::document;
         QByteArrayView text = {};
         QByteArrayView detail = {};
         quint32 number = 0; ///< for the kinds without texts, as in `RawMarkupData`
         quint32 rowspan = 0;
-        quint8 checkbox = 0; ///< as in `RawMarkupNode`
+        std::optional<Checkbox> checkbox = {};
     };
 
+    /// Reserves memory for so many nodes and bytes of text.
     void reserve(qsizetype nodes, qsizetype textBytes);
 
     void begin(const Content& content, const SourceRange& range = {});
     void begin(const RawMarkupData& data, const std::optional<SourceRange>& range = {});
-    /// Of a table. A column without an alignment is 0, the others are one more than the `ColumnAlignment`.
-    void beginTable(QByteArrayView alignments, const SourceRange& range);
+    void beginTable(const ColumnAlignments& alignments, const SourceRange& range);
     void end();
 
-    /// A node without children.
+    /// Adds a node without children.
     template <class Node>
     void leaf(const Node& node)
     {
@@ -46,17 +46,18 @@ public:
         end();
     }
 
-    /// Moves the end of the node that has begun and not ended.
+    /// Sets the end of the range of the node that began last and has not ended.
     void extendRange(const SourceLocation& end);
 
-    /// The root, which gets a fresh identity. Everything must have ended, and the builder is spent.
+    /// Returns the root, with a new `rootId`. Every node must have ended. The builder must not be used
+    /// afterwards.
     RawMarkup finish(const std::optional<QUrl>& source = {});
 
 private:
     [[nodiscard]] quint32 addText(QByteArrayView text);
 
     std::shared_ptr<RawMarkupTree> tree_ = std::make_shared<RawMarkupTree>();
-    quint32 open_ = 0; // the node that has begun last and not ended; meaningless while depth_ is 0
+    quint32 open_ = 0; // the node that began last and has not ended; undefined while depth_ is 0
     quint32 depth_ = 0;
 };
 

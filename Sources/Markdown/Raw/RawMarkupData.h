@@ -13,30 +13,30 @@ namespace quor::markdown {
 
 enum class Checkbox : quint8 { checked, unchecked };
 
-/// How the cells of a table's column are set; a column may have none of these.
+/// How the cells of a table column are aligned. A column can also have no alignment.
 enum class ColumnAlignment : quint8 { left, center, right };
 
 using ColumnAlignments = std::vector<std::optional<ColumnAlignment>>;
 
-/// What one node of a raw tree is: its kind, and what belongs to that kind alone. A plain value, made by the
-/// functions below to build a tree with, and given by `RawMarkup::data` to look at one.
+/// The contents of one node of a raw tree, without its children: the kind, and the fields that this kind
+/// uses. A plain value. The functions below make one for `RawMarkupBuilder`; `RawMarkup::data` returns one.
 struct RawMarkupData {
     MarkupKind kind = MarkupKind::document;
-    /// Of code, HTML and text what is written; of an image its source, of a link or a symbol link its
-    /// destination; of a directive or a parameter its name; of inline attributes these.
+    /// The content of code, HTML and text, the source of an image, the destination of a link or symbol link,
+    /// the name of a directive or parameter, the attributes of inline attributes.
     std::optional<QString> text;
-    /// Of a code block its language, of an image or a link its title, of a directive its arguments.
+    /// The language of a code block, the title of an image or link, the arguments of a directive.
     std::optional<QString> detail;
-    quint32 number = 0; ///< a heading's level, an ordered list's first number, a cell's column span
-    quint32 rowspan = 0;
-    std::optional<Checkbox> checkbox;
-    ColumnAlignments columnAlignments;
+    quint32 number = 0; ///< level of a heading, first number of an ordered list, column span of a cell
+    quint32 rowspan = 0; ///< of a cell
+    std::optional<Checkbox> checkbox; ///< of a list item that is a task
+    ColumnAlignments columnAlignments; ///< of a table
     SourceLocation nameLocation; ///< of a directive
 
-    /// For the kinds that hold nothing else.
+    /// For the kinds without other fields.
     static RawMarkupData plain(MarkupKind kind);
-    /// For the kinds that hold a text alone: `htmlBlock`, `inlineCode`, `customInline`, `inlineHTML`, `text`,
-    /// `symbolLink`, `inlineAttributes` and `doxygenParam`.
+    /// For the kinds whose only field is `text`: `htmlBlock`, `inlineCode`, `customInline`, `inlineHTML`,
+    /// `text`, `symbolLink`, `inlineAttributes` and `doxygenParam`.
     static RawMarkupData literal(MarkupKind kind, const QString& text);
     static RawMarkupData codeBlock(const QString& code, const std::optional<QString>& language = {});
     static RawMarkupData heading(quint32 level);

@@ -3,9 +3,9 @@
 
 #include <QtGlobal>
 
-/// Where an element stood in the text it was parsed from. Lines count from 1, columns count bytes of UTF-8
-/// from 1, and both ends belong to the range. Now and then the parser tells an end in column 0: that is
-/// behind the last byte of the line before.
+/// The place of an element in the text it was parsed from. Lines count from 1, columns count bytes of UTF-8
+/// from 1, and both ends belong to the range. cmark-gfm sometimes reports an end in column 0, which means the
+/// end of the previous line.
 namespace quor::markdown {
 
 struct SourceLocation {

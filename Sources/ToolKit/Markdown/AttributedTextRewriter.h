@@ -5,25 +5,27 @@
 
 namespace quor::toolkit {
 
-/// Makes a new attributed text of an old one, from left to right, in time linear in its length and
-/// its runs. Places are those of the old text, in rising order. One thread at a time.
+/// Builds a new attributed text from parts of an old one, from left to right, in time linear in the length
+/// and the number of runs. Positions are positions in the old text and must not decrease from call to call.
+/// One thread at a time.
 class AttributedTextRewriter final {
 public:
     explicit AttributedTextRewriter(const platform::AttributedString& source);
 
-    /// Takes over what lies before `end`, with `attributes` over those that it has.
+    /// Copies the old text up to `end`, with `attributes` added to its own; `attributes` win.
     void keepUntil(qsizetype end, const QTextCharFormat& attributes = {});
-    /// Leaves out what lies before `end`.
+    /// Leaves out the old text up to `end`.
     void dropUntil(qsizetype end);
+    /// Appends `piece` to the new text.
     void insert(const platform::AttributedString& piece);
 
-    /// The new text, with all that is left of the old. The rewriter is used up.
+    /// Copies the rest of the old text and returns the new text. The rewriter must not be used afterwards.
     [[nodiscard]] platform::AttributedString finish();
 
 private:
     [[nodiscard]] QTextCharFormat merged(const QTextCharFormat& own, const QTextCharFormat& attributes);
 
-    // The last result, for many stretches have the same attributes and get the same.
+    // The last merge, kept because many runs have the same attributes and get the same additions.
     struct Merging {
         QTextCharFormat own;
         QTextCharFormat attributes;
@@ -33,7 +35,7 @@ private:
     const platform::AttributedString source_;
     platform::AttributedString result_;
     qsizetype at_ = 0;
-    qsizetype run_ = 0; // the one that holds `at_`, or one before it
+    qsizetype run_ = 0; // index of the run that contains `at_`, or of an earlier one
     Merging merging_;
 };
 

@@ -70,7 +70,7 @@ std::optional<qsizetype> BoldMarkFinder::closing(qsizetype opening)
 {
     auto& markers = text_[opening] == u'*' ? stars_ : underscores_;
     const qsizetype content = opening + markerLength;
-    const qsizetype found = markers.from(text_, content + 1); // a stretch has at least one character
+    const qsizetype found = markers.from(text_, content + 1); // the content has at least one character
     if (found >= text_.size() || lineEnds_.from(text_, content) < found)
         return std::nullopt;
     return found;
@@ -85,8 +85,8 @@ std::optional<MarkdownMark> BoldMarkFinder::next()
         auto end = closing(opening);
         if (!end)
             continue;
-        // The pattern would rather have a character in front of the marker: the first of three stars,
-        // where nothing else is there.
+        // The pattern prefers a match with a character before the marker. At a line start that character can
+        // only be the first of three stars, and the marker then begins at the second.
         if (isAtLineStart(at) && isMarker(at + 1)) {
             if (const auto later = closing(at + 1)) {
                 opening = at + 1;

@@ -7,19 +7,20 @@
 
 namespace quor::toolkit {
 
-/// Walks a text from one bold stretch to the next, in time linear in the text.
+/// Finds the bold marks of a text one by one, in time linear in the length of the text. Finds the same marks
+/// as `boldPattern`.
 ///
 /// `text` must outlive the finder. One thread at a time.
 class BoldMarkFinder final {
 public:
     explicit BoldMarkFinder(QStringView text);
 
-    /// The next stretch; none from the text's end on.
+    /// The next mark; `nullopt` if there are no more.
     [[nodiscard]] std::optional<MarkdownMark> next();
 
 private:
-    /// The next place at which something stands, kept until it has been passed, so that asking for
-    /// it again and again from further places costs one walk over the text.
+    /// Finds the next position of something at or after a given one. It keeps the position until the search
+    /// has passed it, so that searches from increasing positions walk over the text only once.
     template <typename Find>
     class Upcoming {
     public:
@@ -29,23 +30,24 @@ private:
         }
         [[nodiscard]] qsizetype from(QStringView text, qsizetype at)
         {
-            if (place_ < at)
-                place_ = find_(text, at);
-            return place_;
+            if (next_ < at)
+                next_ = find_(text, at);
+            return next_;
         }
 
     private:
         Find find_;
-        qsizetype place_ = -1;
+        qsizetype next_ = -1;
     };
     using Search = qsizetype (*)(QStringView text, qsizetype from);
 
     [[nodiscard]] bool isMarker(qsizetype at) const;
     [[nodiscard]] bool isAtLineStart(qsizetype at) const;
+    /// The position of the marker that closes the one at `opening`, if there is one on the same line.
     [[nodiscard]] std::optional<qsizetype> closing(qsizetype opening);
 
     QStringView text_;
-    qsizetype position_ = 0; // behind the last stretch
+    qsizetype position_ = 0; // the end of the last mark
     Upcoming<Search> stars_;
     Upcoming<Search> underscores_;
     Upcoming<Search> lineEnds_;

@@ -39,7 +39,7 @@ bool isImageName(UChar32 character)
     return isWord(character) || isOneOf(character, u".-");
 }
 
-/// Where the run of characters that begins at `from` ends.
+/// The end of the run of characters that begins at `from` and for which `belongs` is true.
 template <typename Belongs>
 qsizetype runEnd(QStringView text, qsizetype from, Belongs belongs)
 {
@@ -60,7 +60,7 @@ std::vector<MarkdownMark> linkMarks(QStringView text)
 {
     std::vector<MarkdownMark> marks;
     qsizetype next = 0;
-    // Neither run holds a bracket, so no character is looked at for two links.
+    // Neither run can contain "[", so the search continues after both, and reads each character once.
     for (qsizetype at = text.indexOf(u'['); at >= 0; at = text.indexOf(u'[', next)) {
         const qsizetype content = at + 1;
         next = runEnd(text, content, isLinkText);

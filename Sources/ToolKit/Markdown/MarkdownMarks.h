@@ -7,18 +7,19 @@
 
 #include <vector>
 
-/// Finds the three kinds of Markdown marks that interface texts may bear.
+/// Finds the three kinds of Markdown marks in interface texts: links, bold text and images.
 ///
-/// Each finder gives what its pattern, an ICU regular expression, matches from left to right. It walks
-/// the text once, where a search by the pattern may take a time that grows with the square of the
-/// text. Ranges are in order and never overlap. Any thread.
+/// Each function returns the matches of its pattern, an ICU regular expression, in order and without overlap.
+/// It walks the text once, while a search with the regular expression can take time that grows with the
+/// square of the length. Any thread.
 namespace quor::toolkit {
 
 struct MarkdownMark {
-    platform::TextRange opening; ///< what goes in front of the content; for an image, all of it
-    platform::TextRange content; ///< what stays
-    platform::TextRange closing; ///< what goes behind the content
-    platform::TextRange argument; ///< a link's destination, an image's name
+    platform::TextRange
+        opening; ///< the mark before the content, which is removed; for an image the whole construct
+    platform::TextRange content; ///< the text that stays; empty for an image
+    platform::TextRange closing; ///< the mark after the content, which is removed
+    platform::TextRange argument; ///< destination of a link, name of an image
 };
 
 constexpr QStringView linkPattern = u"(\\[)([\\w\\s\\d&\\-\\.]+)(\\]\\(([\\w\\d./?\\-:=#@]+)\\))";

@@ -23,12 +23,12 @@ namespace quor::toolkit {
 
 namespace {
 
-QString stretch(const AttributedString& text, TextRange range)
+QString textIn(const AttributedString& text, TextRange range)
 {
     return text.string().mid(range.location, range.length);
 }
 
-/// The font alone: a line that it does not draw may come from elsewhere.
+/// The font alone. Lines that the font does not draw are left unset, so that other attributes can add them.
 QTextCharFormat formatOf(const QFont& font)
 {
     QTextCharFormat format;
@@ -42,7 +42,7 @@ QTextCharFormat formatOf(const QFont& font)
     return format;
 }
 
-/// The URL as text, ready for use; empty if `destination` makes none.
+/// The percent-encoded URL; empty if `destination` is not a valid URL.
 QString addressOf(const QString& destination)
 {
     const QUrl url(destination, QUrl::StrictMode);
@@ -60,6 +60,16 @@ QTextCharFormat linkFormat(const QString& address, const QColor& color)
     format.setUnderlineStyle(QTextCharFormat::NoUnderline);
     format.setUnderlineColor(Qt::transparent);
     return format;
+}
+
+/// Copies the text up to the end of the mark, without the mark itself. Its content gets `attributes`.
+void keepContent(
+    AttributedTextRewriter& rewriter, const MarkdownMark& mark, const QTextCharFormat& attributes = {})
+{
+    rewriter.keepUntil(mark.opening.location);
+    rewriter.dropUntil(mark.opening.end());
+    rewriter.keepUntil(mark.content.end(), attributes);
+    rewriter.dropUntil(mark.closing.end());
 }
 
 } // namespace
@@ -91,12 +101,8 @@ AttributedString MarkdownParser::withLinks(const AttributedString& text)
     const QColor color = linkColor();
     AttributedTextRewriter rewriter(text);
     for (const auto& mark : marks) {
-        const QString address = addressOf(stretch(text, mark.argument));
-        rewriter.keepUntil(mark.opening.location);
-        rewriter.dropUntil(mark.opening.end());
-        rewriter.keepUntil(
-            mark.content.end(), address.isEmpty() ? QTextCharFormat() : linkFormat(address, color));
-        rewriter.dropUntil(mark.closing.end());
+        const QString address = addressOf(textIn(text, mark.argument));
+        keepContent(rewriter, mark, address.isEmpty() ? QTextCharFormat() : linkFormat(address, color));
     }
     return rewriter.finish();
 }
@@ -108,12 +114,8 @@ AttributedString MarkdownParser::withBold(const AttributedString& text) const
         return text;
     const auto bold = formatOf(monospacedDigitFont(QFontInfo(font_).pixelSize(), QFont::Bold));
     AttributedTextRewriter rewriter(text);
-    for (const auto& mark : marks) {
-        rewriter.keepUntil(mark.opening.location);
-        rewriter.dropUntil(mark.opening.end());
-        rewriter.keepUntil(mark.content.end(), bold);
-        rewriter.dropUntil(mark.closing.end());
-    }
+    for (const auto& mark : marks)
+        keepContent(rewriter, mark, bold);
     return rewriter.finish();
 }
 
@@ -121,9 +123,8 @@ AttributedString MarkdownParser::withIcons(const AttributedString& text) const
 {
     AttributedTextRewriter rewriter(text);
     for (const auto& mark : imageMarks(text.string())) {
-        rewriter.keepUntil(mark.opening.location);
-        rewriter.dropUntil(mark.opening.end());
-        const QImage icon = image(stretch(text, mark.argument));
+        keepContent(rewriter, mark);
+        const QImage icon = image(textIn(text, mark.argument));
         if (!icon.isNull())
             rewriter.insert(AttributedString(iconAttachment(icon, color_, font_)));
     }
@@ -144,9 +145,9 @@ QImage MarkdownParser::image(const QString& name) const
         return {};
     const double scale = qGuiApp->devicePixelRatio();
     const double height = iconHeight(font_);
-    const QSizeF room(10'000, height); // only the height binds
+    const QSizeF room(10'000, height); // the width is not limited
     QImage image = resources_.image(name, room, scale);
-    // A name may say what kind of file it is.
+    // The bundle looks images up without a file extension, but the name in the text can have one.
     if (image.isNull() && (name.endsWith(".png"_L1) || name.endsWith(".svg"_L1)))
         image = resources_.image(name.chopped(4), room, scale);
     if (image.isNull())

@@ -10,17 +10,16 @@
 
 namespace quor::toolkit {
 
-/// Turns the little Markdown of interface texts (titles, hints, tool tips) into attributed text:
-/// links `[text](destination)`, bold `**text**` and `__text__`, icons `![](name)`. All else stands as
-/// it is, and any text is fine.
+/// Renders one interface text (a title, hint or tool tip) with a few Markdown marks as attributed text: links
+/// `[text](destination)`, bold `**text**` and `__text__`, icons `![](name)`. Everything else is kept as it
+/// is; no text is an error.
 ///
-/// A parser is made for one text. It takes time linear in the text. Main thread only, for it touches
-/// fonts and images.
+/// Takes time linear in the length of the text. Main thread only, because it uses fonts and images.
 class MarkdownParser {
 public:
-    /// `font` also gives the size of bold text and of icons, `color` also tints icons. Both win over
-    /// `defaultAttributes`. Icons and the colour "AccentColor" are taken from `resources`; an icon
-    /// that it does not have comes from the desktop's icon theme.
+    /// `font` also determines the size of bold text and icons, `color` also tints icons. Both win over
+    /// `defaultAttributes`. Icons and the colour "AccentColor" come from `resources`; icons that are missing
+    /// there come from the desktop's icon theme.
     MarkdownParser(QString originalString, const QFont& font, const QColor& color,
         QTextCharFormat defaultAttributes = {}, platform::Bundle resources = platform::Bundle::main());
     virtual ~MarkdownParser() = default;
@@ -29,12 +28,13 @@ public:
     MarkdownParser(MarkdownParser&&) = delete;
     MarkdownParser& operator=(MarkdownParser&&) = delete;
 
-    /// A link takes the accent colour and no underline. Its destination, percent-encoded, is the
-    /// format's `anchorHref`, if it has two characters or more; one that makes no URL leaves plain
-    /// text. An icon that is found nowhere leaves nothing. Each call starts from the original text.
+    /// Returns the rendered text. A link has the accent colour and no underline, and its percent-encoded
+    /// destination as `anchorHref` if that has at least two characters. A link whose destination is not a
+    /// valid URL becomes plain text. An icon that is found nowhere is left out. Each call starts from the
+    /// original text.
     [[nodiscard]] virtual platform::AttributedString parse();
 
-    /// Whether `parse` has found a link, with a good destination or not.
+    /// Whether `parse` has found a link, with a valid destination or not.
     [[nodiscard]] bool linkMatchesFound() const { return linkMatchesFound_; }
 
 private:

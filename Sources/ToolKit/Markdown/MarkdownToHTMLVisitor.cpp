@@ -9,13 +9,13 @@ namespace quor::toolkit {
 
 namespace {
 
-/// What an element without a content of its own is wrapped in; nothing for the kinds that are not here.
-struct Wrapping {
+/// The tags around the children of an element.
+struct Tags {
     QByteArrayView before;
     QByteArrayView after;
 };
 
-Wrapping wrapping(MarkupKind kind)
+Tags tagsOf(MarkupKind kind)
 {
     switch (kind) {
     case MarkupKind::blockQuote:
@@ -48,9 +48,29 @@ Wrapping wrapping(MarkupKind kind)
     case MarkupKind::lineBreak:
     case MarkupKind::softBreak:
         return {"<br/>", {}};
-    default:
+    // The tags of these have attributes or levels, and the writer makes them.
+    case MarkupKind::heading:
+    case MarkupKind::image:
+    case MarkupKind::link:
+    case MarkupKind::tableCell:
+    // These have no tags.
+    case MarkupKind::document:
+    case MarkupKind::customBlock:
+    case MarkupKind::thematicBreak:
+    case MarkupKind::htmlBlock:
+    case MarkupKind::blockDirective:
+    case MarkupKind::customInline:
+    case MarkupKind::inlineHTML:
+    case MarkupKind::text:
+    case MarkupKind::symbolLink:
+    case MarkupKind::inlineAttributes:
+    case MarkupKind::doxygenDiscussion:
+    case MarkupKind::doxygenNote:
+    case MarkupKind::doxygenParam:
+    case MarkupKind::doxygenReturns:
         return {};
     }
+    Q_UNREACHABLE();
 }
 
 bool isOfKind(const std::optional<Markup>& markup, MarkupKind kind)
@@ -91,7 +111,7 @@ QByteArrayView cellStyle(const Markup& cell)
     return {};
 }
 
-/// Gathers the result in UTF-8, as the tree has it.
+/// Collects the result in UTF-8, the encoding of the tree.
 class Writer {
 public:
     void enter(const Markup& markup)
@@ -118,10 +138,10 @@ public:
             break;
         case MarkupKind::codeBlock:
         case MarkupKind::inlineCode:
-            write(wrapping(markup.kind()).before, markup.raw().utf8Text(), {});
+            write(tagsOf(markup.kind()).before, markup.raw().utf8Text(), {});
             break;
         default:
-            html_.append(wrapping(markup.kind()).before);
+            html_.append(tagsOf(markup.kind()).before);
         }
     }
 
@@ -135,7 +155,7 @@ public:
         case MarkupKind::tableCell:
             return write({}, "</td>", {});
         default:
-            html_.append(wrapping(markup.kind()).after);
+            html_.append(tagsOf(markup.kind()).after);
         }
     }
 
@@ -157,7 +177,7 @@ private:
 
 QString MarkdownToHTMLVisitor::defaultVisit(const Markup& markup)
 {
-    constexpr qsizetype tagsOfAnElement = 8; // on the average, with what is closed
+    constexpr qsizetype tagsOfAnElement = 8; // average length in bytes
     Writer writer;
     if (!markup.parent())
         writer.reserve(static_cast<qsizetype>(markup.raw().tree().texts.size())
@@ -168,7 +188,7 @@ QString MarkdownToHTMLVisitor::defaultVisit(const Markup& markup)
             continue;
         }
         writer.enter(walk.markup());
-        // Of an image nothing but the source is shown.
+        // The children of an image are its alternate text, which the result does not have.
         if (walk.markup().kind() == MarkupKind::image)
             walk.skipChildren();
     }

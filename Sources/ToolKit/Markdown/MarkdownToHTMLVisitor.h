@@ -9,13 +9,14 @@ namespace quor::toolkit {
 ///
 ///     const QString html = MarkdownToHTMLVisitor().visit(markdown::Document(text));
 ///
-/// Nothing stands between the elements, and nothing is escaped: raw HTML in the text stays HTML, so what
-/// comes of a text from elsewhere is as trustworthy as that text. Soft breaks become breaks, the alignment of
-/// a table's columns a style, and images lose their alternate texts. However deep the text is nested, it
-/// takes time in proportion to the result, and no stack. Holds nothing; any thread.
+/// The result has no white space between elements, and nothing is escaped: raw HTML in the text stays HTML,
+/// so the result is as trustworthy as the text. Soft breaks become "<br/>", the alignment of a table column
+/// becomes a style of its cells, and the alternate texts of images are left out.
+///
+/// Takes time in proportion to the result, and no stack for the depth of the tree. Stateless; any thread.
 class MarkdownToHTMLVisitor final : public markdown::MarkupVisitor<QString> {
 public:
-    /// The element with all below it, whichever its kind.
+    /// Returns the HTML of the element and its descendants, whatever its kind.
     QString defaultVisit(const markdown::Markup& markup) override;
 };
 
