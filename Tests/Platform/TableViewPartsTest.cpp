@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/Table/TableViewRowHeights.h"
+#include "Platform/Views/Table/TableViewGeometry.h"
 #include "Platform/Views/Table/TableViewRowSet.h"
 #include "Platform/Views/Table/TableViewTypeSelect.h"
 
@@ -25,6 +25,32 @@ TEST(TableViewRowHeights, HugeSumsStopInsteadOfTurningRound)
     EXPECT_EQ(heights.rowAt(TableViewRowHeights::limit - 1), (TableViewRowHeights::limit - 1) / 1000);
     heights.setUniform(5, 0);
     EXPECT_EQ(heights.rowAt(0), -1);
+}
+
+TEST(TableViewGeometry, PlacesRowsWithinInsetsAndViewport)
+{
+    TableViewRowHeights heights;
+    heights.setVarying(6, [](int row) {
+        return std::vector{36, 0, 16}.at(static_cast<std::size_t>(row % 3));
+    });
+    TableViewGeometry geometry{
+        .heights = heights, .insets = {10, 4, 5, 8}, .spacing = 6, .visible = {0, 20, 200, 60}};
+    EXPECT_EQ(geometry.contentHeight(), 116);
+    EXPECT_EQ(geometry.rectOfRow(2), QRect(10, 40, 185, 16));
+    EXPECT_EQ(geometry.viewportRectOfRow(5), QRect(10, 72, 185, 16)) << "outside the viewport";
+    EXPECT_TRUE(geometry.rectOfRow(6).isNull() && geometry.rectOfRow(-1).isNull());
+    EXPECT_THAT(geometry.visibleRows(), testing::ElementsAre(0, 2, 3)) << "row 1 has no height";
+    for (const auto& [y, row] : {std::pair(-1, -1), {0, 0}, {19, 0}, {20, 2}, {36, 3}, {59, 3}, {60, -1}})
+        EXPECT_EQ(geometry.rowAtPoint({50, y}), row) << y;
+    const std::pair<int, int> offsets[] = {{-1, 20}, {0, 0}, {2, 20}, {3, 32}, {4, 32}, {5, 56}, {6, 20}};
+    for (const auto& [row, offset] : offsets)
+        EXPECT_EQ(geometry.offsetShowingRow(row), offset) << row;
+    geometry.visible.setHeight(10);
+    EXPECT_EQ(geometry.offsetShowingRow(3), 56) << "a row higher than the viewport";
+    EXPECT_EQ(geometry.rowOnNextPage(0, TableViewDirection::down), 0) << "its own height leaves one pixel";
+    geometry.visible = {0, 110, 200, 60};
+    EXPECT_EQ(geometry.rowAtPoint({50, 5}), -1) << "below the last row";
+    EXPECT_TRUE(geometry.visibleRows().empty());
 }
 
 TEST(TableViewRowSet, AgreesWithASetOfNumbersWhateverIsDoneToIt)
@@ -59,8 +85,10 @@ TEST(TableViewTypeSelect, LettersGrowUntilTheUserPauses)
     TableViewTypeSelect select;
     int selected = -1;
     const auto type = [&](const char16_t* letter, std::chrono::milliseconds now) {
-        const int row = select.find(QString::fromUtf16(letter), now, selected, static_cast<int>(texts.size()),
-            [&](int index) { return texts.at(static_cast<std::size_t>(index)); });
+        const TableViewTypeSelect::TimePoint time(now);
+        const int row
+            = select.find(QString::fromUtf16(letter), time, selected, static_cast<int>(texts.size()),
+                [&](int index) { return texts.at(static_cast<std::size_t>(index)); });
         selected = row < 0 ? selected : row;
         return row;
     };

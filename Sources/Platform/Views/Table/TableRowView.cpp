@@ -42,7 +42,7 @@ void TableRowView::setSelected(bool selected)
     if (selected == selected_)
         return;
     selected_ = selected;
-    selectionLookChanged();
+    selectionAppearanceChanged();
 }
 
 void TableRowView::setEmphasized(bool emphasized)
@@ -50,7 +50,7 @@ void TableRowView::setEmphasized(bool emphasized)
     if (emphasized == emphasized_)
         return;
     emphasized_ = emphasized;
-    selectionLookChanged();
+    selectionAppearanceChanged();
 }
 
 void TableRowView::setSelectionHighlightStyle(TableViewSelectionStyle style)
@@ -58,7 +58,7 @@ void TableRowView::setSelectionHighlightStyle(TableViewSelectionStyle style)
     if (style == style_)
         return;
     style_ = style;
-    selectionLookChanged();
+    selectionAppearanceChanged();
 }
 
 bool TableRowView::showsEmphasis() const
@@ -66,9 +66,9 @@ bool TableRowView::showsEmphasis() const
     return selected_ && isEmphasized();
 }
 
-void TableRowView::selectionLookChanged()
+void TableRowView::selectionAppearanceChanged()
 {
-    // What the view writes on, so that it picks the text colour that goes with it.
+    // The view takes its text colour from the background role that it inherits.
     setBackgroundRole(showsEmphasis() ? QPalette::Highlight : QPalette::NoRole);
     update();
 }
@@ -78,7 +78,7 @@ void TableRowView::drawSelection(QPainter& painter) const
     if (selectionHighlightStyle() == TableViewSelectionStyle::none)
         return;
     constexpr qreal cornerRadius = 5;
-    constexpr qreal faint = 0.18; // of the text's colour, to be read on in any theme
+    constexpr qreal faint = 0.18; // the alpha of the text colour: readable in any theme
     QColor color = palette().color(showsEmphasis() ? QPalette::Highlight : QPalette::Text);
     if (!showsEmphasis())
         color.setAlphaF(faint);

@@ -12,31 +12,32 @@ enum class TableViewSelectionStyle {
     sourceList, ///< a bar with round corners
 };
 
-/// The widget under a row's view: it draws the selection and lays the view out. While the selection
-/// is drawn emphasised, the view lies on the palette's `Highlight`, so that its text takes the colour
-/// for selected text, unless the view sets its own.
+/// The widget that contains a row's view: it sets the view's geometry and draws the selection around it.
+/// While the selection is drawn emphasised, its background role is `QPalette::Highlight`, so that a view
+/// without a palette of its own writes in the colour for selected text.
 ///
-/// Made by the table or by its delegate, owned by the table. Main thread only.
+/// Made by the table or by its delegate, owned by the table. Lengths are device-independent pixels. Main
+/// thread only.
 class TableRowView : public QWidget {
     Q_OBJECT
 
 public:
     explicit TableRowView(QWidget* parent = nullptr);
 
-    /// The delegate's widget; null for none, and once it was deleted elsewhere.
+    /// The delegate's widget. Null if the row is empty, or after the widget was deleted elsewhere.
     [[nodiscard]] QWidget* view() const { return view_; }
-    /// Takes the widget as its child and shows it.
+    /// Makes the widget a child of this one, and shows it. The view before stays a child.
     void setView(QWidget* view);
-    /// The room above and below the view, half of the table's row spacing each.
+    /// The room above and below the view: together the table's row spacing.
     void setSpacing(int above, int below);
-    /// Free room on both sides of the view; the selection is drawn over it.
+    /// Free room on each side of the view, which the selection covers. 0 at first.
     void setSideMargin(int margin);
 
     [[nodiscard]] bool isSelected() const { return selected_; }
     void setSelected(bool selected);
 
-    /// Whether the selection is drawn as that of the view which has the keyboard. Never without a
-    /// selection style, unless overridden together with `drawSelection`.
+    /// Whether the selection is drawn as in a view that has the keyboard focus. Always false with the style
+    /// `none`; a class that draws a selection of its own overrides this together with `drawSelection`.
     [[nodiscard]] virtual bool isEmphasized() const
     {
         return emphasized_ && style_ != TableViewSelectionStyle::none;
@@ -47,7 +48,7 @@ public:
     virtual void setSelectionHighlightStyle(TableViewSelectionStyle style);
 
 protected:
-    /// Asked while the row is selected.
+    /// Called while the row is selected.
     virtual void drawSelection(QPainter& painter) const;
 
     void paintEvent(QPaintEvent* event) override;
@@ -55,7 +56,7 @@ protected:
 
 private:
     void placeView();
-    void selectionLookChanged();
+    void selectionAppearanceChanged();
     [[nodiscard]] bool showsEmphasis() const;
 
     QPointer<QWidget> view_;

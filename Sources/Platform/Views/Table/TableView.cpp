@@ -6,12 +6,48 @@
 #include "Platform/Views/Table/TableViewRows.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace quor::platform {
+
+namespace {
+
+std::optional<TableViewStep> stepOfKey(const QKeyEvent& event)
+{
+    const Qt::KeyboardModifiers others = event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
+    if (others != Qt::NoModifier)
+        return {};
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return TableViewStep::up;
+    case Qt::Key_Down:
+        return TableViewStep::down;
+    case Qt::Key_PageUp:
+        return TableViewStep::pageUp;
+    case Qt::Key_PageDown:
+        return TableViewStep::pageDown;
+    case Qt::Key_Home:
+        return TableViewStep::first;
+    case Qt::Key_End:
+        return TableViewStep::last;
+    default:
+        return {};
+    }
+}
+
+bool goesUp(TableViewStep step)
+{
+    return step == TableViewStep::up || step == TableViewStep::pageUp || step == TableViewStep::first;
+}
+
+} // namespace
 
 TableView::TableView(QWidget* parent)
     : QAbstractScrollArea(parent)
@@ -22,13 +58,17 @@ TableView::TableView(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     viewport()->setBackgroundRole(QPalette::Base);
-    typingTime_.start();
+    selection_.shouldSelectRow = [this](int row) {
+        const TableViewDelegate* asked = delegate();
+        return asked && asked->shouldSelectRow(*this, row);
+    };
+    selection_.changed = [this](const TableViewSelection::Change& change) { selectionDidChange(change); };
     connect(qApp, &QApplication::focusChanged, this, &TableView::updateEmphasis);
 }
 
 TableView::~TableView()
 {
-    // The base class, on its way out, still gives the focus away.
+    // The destructor of the base class still moves the focus.
     disconnect(qApp, nullptr, this, nullptr);
 }
 
@@ -52,12 +92,12 @@ void TableView::reloadData()
         const QScopedValueRollback layingOut(isLayingOut_, true);
         measureRows();
         updateScrollBar();
-        rows_->reload();
+        rows_->reload(rowGeometry());
     }
-    pressedRow_ = -1; // the row that comes to lie there was not meant
+    pressedRow_ = -1; // the user did not press the row that lies there now
     updateGeometry();
     tableViewAccessibility::rowsDidChange(*this);
-    dropInvalidSelection();
+    selection_.dropInvalidRows();
     hover_->contentMoved();
 }
 
@@ -69,12 +109,13 @@ void TableView::measureRows()
         heights_.setUniform(count, std::max(*uniformRowHeight_, 0) + spacing_);
     else
         heights_.setVarying(count, [this](int row) { return heightWithSpacing(row); });
+    selection_.setNumberOfRows(heights_.count());
 }
 
 int TableView::heightWithSpacing(int row) const
 {
-    const TableViewDelegate* delegate = delegate_.get();
-    return (delegate ? std::max(delegate->heightOfRow(*this, row), 0) : 0) + spacing_;
+    const TableViewDelegate* asked = delegate();
+    return (asked ? std::max(asked->heightOfRow(*this, row), 0) : 0) + spacing_;
 }
 
 void TableView::noteHeightOfRowsChanged(int first, int last)
@@ -83,11 +124,6 @@ void TableView::noteHeightOfRowsChanged(int first, int last)
     updateScrollBar();
     layoutRows();
     updateGeometry();
-}
-
-void TableView::setUniformRowHeight(std::optional<int> height)
-{
-    uniformRowHeight_ = height;
 }
 
 void TableView::setIntercellSpacing(int spacing)
@@ -109,36 +145,16 @@ void TableView::setSelectionHighlightStyle(TableViewSelectionStyle style)
     layoutRows();
 }
 
-int TableView::contentHeight() const
+TableViewGeometry TableView::rowGeometry() const
 {
-    return heights_.total() + insets_.top() + insets_.bottom();
-}
-
-QRect TableView::rectOfRow(int row) const
-{
-    if (row < 0 || row >= numberOfRows())
-        return {};
-    const int left = isRightToLeft() ? insets_.right() : insets_.left();
-    const int width = viewport()->width() - insets_.left() - insets_.right();
-    const int top = heights_.top(row);
-    return {left, insets_.top() + top, width, heights_.bottom(row) - top};
-}
-
-QRect TableView::visibleRect() const
-{
-    return {{0, verticalScrollBar()->value()}, viewport()->size()};
-}
-
-int TableView::rowAtPoint(const QPoint& viewportPoint) const
-{
-    if (!viewport()->rect().contains(viewportPoint))
-        return -1;
-    return heights_.rowAt(viewportPoint.y() + verticalScrollBar()->value() - insets_.top());
-}
-
-QRect TableView::viewportRectOfRow(int row) const
-{
-    return rectOfRow(row).translated(0, -verticalScrollBar()->value());
+    const auto [left, right] = isRightToLeft() ? std::pair(insets_.right(), insets_.left())
+                                               : std::pair(insets_.left(), insets_.right());
+    return {
+        .heights = heights_,
+        .insets = QMargins(left, insets_.top(), right, insets_.bottom()),
+        .spacing = spacing_,
+        .visible = QRect(QPoint(0, verticalScrollBar()->value()), viewport()->size()),
+    };
 }
 
 QWidget* TableView::makeView(const QString& identifier)
@@ -173,22 +189,12 @@ int TableView::hoveredRow() const
 
 void TableView::ignorePointerUntilItMoves()
 {
-    hover_->sleep();
+    hover_->ignorePointerUntilItMoves();
 }
 
 void TableView::scrollRowToVisible(int row)
 {
-    QRect place = rectOfRow(row);
-    if (place.isNull())
-        return;
-    // The rows at the ends come with the room beyond them.
-    if (row == 0)
-        place.setTop(0);
-    if (row == numberOfRows() - 1)
-        place.setBottom(contentHeight() - 1);
-    QScrollBar* bar = verticalScrollBar();
-    const int below = place.bottom() + 1 - viewport()->height();
-    bar->setValue(std::min(std::max(bar->value(), below), place.top()));
+    verticalScrollBar()->setValue(rowGeometry().offsetShowingRow(row));
 }
 
 void TableView::updateScrollBar()
@@ -205,7 +211,7 @@ void TableView::layoutRows()
         return;
     {
         const QScopedValueRollback layingOut(isLayingOut_, true);
-        rows_->layout();
+        rows_->layout(rowGeometry());
     }
     hover_->contentMoved();
 }
@@ -213,11 +219,7 @@ void TableView::layoutRows()
 void TableView::updateEmphasis()
 {
     const QWidget* focus = QApplication::focusWidget();
-    const bool emphasized = focus && (focus == this || isAncestorOf(focus));
-    if (emphasized == emphasized_)
-        return;
-    emphasized_ = emphasized;
-    rows_->updateSelection();
+    rows_->setEmphasized(focus && (focus == this || isAncestorOf(focus)));
 }
 
 QSize TableView::sizeHint() const
@@ -230,6 +232,148 @@ QSize TableView::minimumSizeHint() const
 {
     const int frame = 2 * frameWidth();
     return {frame + insets_.left() + insets_.right(), frame};
+}
+
+void TableView::selectRowIndexes(const TableViewRowSet& rows, bool byExtendingSelection)
+{
+    selection_.select(rows, byExtendingSelection);
+}
+
+void TableView::selectionDidChange(const TableViewSelection::Change& change)
+{
+    rows_->updateSelection();
+    // After a step the row has the user's attention, even while a search field has the keyboard.
+    tableViewAccessibility::selectionDidChange(*this, change.previousRow, change.isStep || hasFocus());
+    if (TableViewDelegate* notified = delegate())
+        notified->selectionDidChange(*this);
+}
+
+bool TableView::walk(TableViewStep step, bool byExtendingSelection)
+{
+    const int target = selection_.target(step, rowGeometry());
+    hover_->ignorePointerUntilItMoves();
+    if (target >= 0 && selection_.moveTo(target, byExtendingSelection)) {
+        scrollRowToVisible(target);
+        return true;
+    }
+    // What lies beyond cannot be selected, a heading for example, but can be seen.
+    QScrollBar* bar = verticalScrollBar();
+    bar->setValue(goesUp(step) ? bar->minimum() : bar->maximum());
+    return false;
+}
+
+void TableView::keyPressEvent(QKeyEvent* event)
+{
+    event->accept();
+    if (const std::optional<TableViewStep> step = stepOfKey(*event))
+        walk(*step, event->modifiers().testFlag(Qt::ShiftModifier));
+    else if (allowsMultipleSelection() && event->matches(QKeySequence::SelectAll))
+        selection_.selectAll();
+    else if (!typeSelect(*event))
+        event->ignore();
+}
+
+bool TableView::typeSelect(const QKeyEvent& event)
+{
+    const auto now = std::chrono::steady_clock::now();
+    const QString typed = event.text();
+    const bool isCommand = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool isText = !typed.isEmpty() && typed.at(0).isPrint()
+        && (typeSelect_.isTyping(now) || !typed.trimmed().isEmpty());
+    const TableViewDelegate* asked = delegate();
+    if (!allowsTypeSelect_ || !asked || isCommand || !isText)
+        return false;
+    const int row = typeSelect_.find(typed, now, selectedRow(), numberOfRows(), [this, asked](int candidate) {
+        return maySelectRow(candidate) ? asked->typeSelectString(*this, candidate) : QString();
+    });
+    if (row >= 0) {
+        hover_->ignorePointerUntilItMoves();
+        selection_.moveTo(row, false);
+        scrollRowToVisible(row);
+    }
+    return true;
+}
+
+void TableView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    pressedRow_ = rowAtPoint(event->position().toPoint());
+    selection_.click(pressedRow_, event->modifiers());
+}
+
+void TableView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    const int pressed = std::exchange(pressedRow_, -1);
+    if (pressed >= 0 && pressed == rowAtPoint(event->position().toPoint()))
+        clickRow(pressed);
+}
+
+void TableView::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    mousePressEvent(event); // the second of two quick clicks
+}
+
+void TableView::clickRow(int row)
+{
+    TableViewDelegate* notified = delegate();
+    if (!notified || row < 0 || row >= numberOfRows())
+        return;
+    const QPointer<TableView> self(this); // a click may close the window, and with it this table
+    clickedRow_ = row;
+    notified->didClickRow(*this, row);
+    if (self)
+        clickedRow_ = -1;
+}
+
+void TableView::wheelEvent(QWheelEvent* event)
+{
+    QScrollBar* bar = verticalScrollBar();
+    if (bar->maximum() == 0) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    hover_->pointerActedAt(event->globalPosition().toPoint());
+    const int down = wheel_.pixelsDown(*event, bar->singleStep());
+    bar->setValue(bar->value() + down);
+}
+
+void TableView::resizeEvent(QResizeEvent* event)
+{
+    QAbstractScrollArea::resizeEvent(event);
+    updateScrollBar();
+    layoutRows();
+}
+
+void TableView::showEvent(QShowEvent* event)
+{
+    QAbstractScrollArea::showEvent(event);
+    hover_->watch(window()->windowHandle());
+}
+
+void TableView::changeEvent(QEvent* event)
+{
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::LayoutDirectionChange || event->type() == QEvent::FontChange) {
+        updateScrollBar();
+        layoutRows();
+    }
+}
+
+void TableView::focusInEvent(QFocusEvent* event)
+{
+    QAbstractScrollArea::focusInEvent(event);
+    tableViewAccessibility::selectionDidChange(*this, selectedRow(), true);
+}
+
+void TableView::scrollContentsBy(int /*dx*/, int /*dy*/)
+{
+    layoutRows();
 }
 
 } // namespace quor::platform

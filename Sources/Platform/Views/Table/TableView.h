@@ -5,12 +5,11 @@
 #include "Platform/Views/Table/TableViewDataSource.h"
 #include "Platform/Views/Table/TableViewDelegate.h"
 #include "Platform/Views/Table/TableViewRowHeights.h"
-#include "Platform/Views/Table/TableViewRowSet.h"
+#include "Platform/Views/Table/TableViewSelection.h"
 #include "Platform/Views/Table/TableViewTypeSelect.h"
 #include "Platform/Views/Table/TableViewWheel.h"
 
 #include <QAbstractScrollArea>
-#include <QElapsedTimer>
 
 #include <memory>
 #include <optional>
@@ -20,19 +19,17 @@ namespace quor::platform {
 class TableViewHover;
 class TableViewRows;
 
-/// A step of the selection by keyboard.
-enum class TableViewStep { up, down, pageUp, pageDown, first, last };
-
-/// A scrolling column of rows, each shown by a widget of its own. Only the rows on the screen have
-/// widgets, which are reused as rows come and go, so a million rows cost what a screenful costs and
-/// their heights: one number a row, none where all are of one height.
+/// A scrolling column of rows, each shown by a widget. Only the rows on the screen have widgets, which are
+/// reused when rows come and go: a million rows cost what a screenful costs, and one number per row for
+/// the heights, unless all rows have the same height.
 ///
-///     list.setDataSource(&rows); // both are referred to weakly, and may end first
+///     list.setDataSource(&rows); // both are held weakly, and may end before the list
 ///     list.setDelegate(&rows);
 ///     list.reloadData();
 ///
-/// Positions along the content count from the top of its insets, in device-independent pixels, and
-/// do not move with scrolling; the content is at most `INT_MAX` high. Main thread only.
+/// Lengths are device-independent pixels. A y in the content is counted from the upper edge of the content
+/// insets and doesn't change by scrolling. The content is at most 2^30 pixels high, and rows beyond that
+/// have no height. Main thread only.
 class TableView : public QAbstractScrollArea {
     Q_OBJECT
 
@@ -42,96 +39,107 @@ public:
 
     [[nodiscard]] TableViewDataSource* dataSource() const { return dataSource_.get(); }
     [[nodiscard]] TableViewDelegate* delegate() const { return delegate_.get(); }
-    /// What is shown stays until the next reload; without either, a reload leaves no rows.
+    /// Takes effect with the next reload, as `setDelegate` does. Without a data source or without a
+    /// delegate, a reload leaves no rows.
     void setDataSource(TableViewDataSource* dataSource);
     void setDelegate(TableViewDelegate* delegate);
 
-    /// Asks for everything anew. Stay as they are: the scroll position as far as the content goes,
-    /// widgets of rows for which the delegate takes the same identifier again, with focus and
-    /// caret, and the selection by index, but for rows that are gone or may no longer be selected.
-    /// A press that was not released yet comes to nothing.
+    /// Asks data source and delegate again for everything. The scroll position stays as far as the content
+    /// goes, and a row keeps its widgets, with focus and caret, if the delegate takes the same identifier
+    /// for it again. The selection stays by index, without the rows that no longer exist or must not be
+    /// selected any more. A press of the pointer that has not been released yet will be no click.
     void reloadData();
     [[nodiscard]] int numberOfRows() const { return heights_.count(); }
 
-    /// Asks again for the heights of the rows from `first` to `last`, both included. What lies at
-    /// the upper edge of the view may move.
+    /// Asks again for the heights of the rows from `first` to `last`, both included. The row at the upper
+    /// edge of the viewport may be another one afterwards.
     void noteHeightOfRowsChanged(int first, int last);
 
-    /// All rows are this high, and the delegate is not asked; absent at the start. Set before reloading.
-    void setUniformRowHeight(std::optional<int> height);
+    /// The height of every row; the delegate is not asked for heights then. `nullopt` at first. Takes effect
+    /// with the next reload.
+    void setUniformRowHeight(std::optional<int> height) { uniformRowHeight_ = height; }
     [[nodiscard]] std::optional<int> uniformRowHeight() const { return uniformRowHeight_; }
-    /// Added to each row's height, half of it above the row's view. 0 at the start. Set before reloading.
+    /// Added to each row's height, half of it above the row's view. 0 at first. Takes effect with the next
+    /// reload.
     void setIntercellSpacing(int spacing);
     [[nodiscard]] int intercellSpacing() const { return spacing_; }
-    /// Free room around the rows, which scrolls with them. Left and right change sides in a
-    /// right-to-left layout.
+    /// Free room around the rows, which scrolls with them. Left and right change sides in a right-to-left
+    /// layout.
     void setContentInsets(const QMargins& insets);
     [[nodiscard]] QMargins contentInsets() const { return insets_; }
     void setSelectionHighlightStyle(TableViewSelectionStyle style);
     [[nodiscard]] TableViewSelectionStyle selectionHighlightStyle() const { return style_; }
 
-    /// The height of all rows with the insets above and below.
-    [[nodiscard]] int contentHeight() const;
-    /// The row with its spacing, in the content; null for a row that is none.
-    [[nodiscard]] QRect rectOfRow(int row) const;
+    /// The height of all rows and of the insets above and below them.
+    [[nodiscard]] int contentHeight() const { return rowGeometry().contentHeight(); }
+    /// The row and its spacing, in the content. Returns a null rectangle if there is no such row.
+    [[nodiscard]] QRect rectOfRow(int row) const { return rowGeometry().rectOfRow(row); }
     /// The part of the content that is on the screen.
-    [[nodiscard]] QRect visibleRect() const;
-    /// The row at a point of the viewport; -1 if none.
-    [[nodiscard]] int rowAtPoint(const QPoint& viewportPoint) const;
-    /// The row's rectangle in the viewport, also for a row outside.
-    [[nodiscard]] QRect viewportRectOfRow(int row) const;
+    [[nodiscard]] QRect visibleRect() const { return rowGeometry().visible; }
+    /// Returns -1 outside the viewport and where there is no row.
+    [[nodiscard]] int rowAtPoint(const QPoint& viewportPoint) const
+    {
+        return rowGeometry().rowAtPoint(viewportPoint);
+    }
+    /// `rectOfRow` in the viewport, also for a row that is not on the screen.
+    [[nodiscard]] QRect viewportRectOfRow(int row) const { return rowGeometry().viewportRectOfRow(row); }
 
-    /// A widget with this `objectName()` that no row needs now; null if there is none. Only for use
-    /// within `TableViewDelegate::viewForRow`, which must set everything that the row needs: the
-    /// widget shows what its last row was.
+    /// Returns a widget with this `objectName()` that no row needs now, null if there is none. Only for use
+    /// within `TableViewDelegate::viewForRow`, which must set everything that the row shows: the widget
+    /// still shows the row that it served last.
     [[nodiscard]] QWidget* makeView(const QString& identifier);
-    /// The widgets of a row that is on the screen, else null. A row that the keyboard focus is in
-    /// keeps its widgets also when it is scrolled off.
+    /// Returns null for a row that has no widgets now. Rows on the screen have widgets, and so has the row
+    /// with the keyboard focus, wherever it is.
     [[nodiscard]] QWidget* viewAtRow(int row) const;
     [[nodiscard]] TableRowView* rowViewAtRow(int row) const;
-    /// The row that shows this widget or one that it is in; -1 if none does.
+    /// The row that shows this widget, or a widget around it. Returns -1 if no row does.
     [[nodiscard]] int rowForView(const QWidget* view) const;
 
-    void setAllowsMultipleSelection(bool allows);
-    [[nodiscard]] bool allowsMultipleSelection() const { return allowsMultiple_; }
-    /// Whether the user can get rid of the selection. On at the start.
-    void setAllowsEmptySelection(bool allows) { allowsEmpty_ = allows; }
-    [[nodiscard]] bool allowsEmptySelection() const { return allowsEmpty_; }
-    /// The row that was selected last; -1 if none is.
-    [[nodiscard]] int selectedRow() const { return selectedRow_; }
-    [[nodiscard]] const TableViewRowSet& selectedRowIndexes() const { return selection_; }
-    [[nodiscard]] bool isRowSelected(int row) const { return selection_.contains(row); }
-    /// Selects the rows, besides those selected if `extending` and several may be. Rows that are
-    /// none are left out; of several for a table of one, the last is taken. The delegate is told,
-    /// and not asked.
+    /// Off at first. Switched off, only the `selectedRow()` of several rows stays selected.
+    void setAllowsMultipleSelection(bool allows) { selection_.setAllowsMultiple(allows); }
+    [[nodiscard]] bool allowsMultipleSelection() const { return selection_.allowsMultiple(); }
+    /// Whether the user can deselect the last row. On at first.
+    void setAllowsEmptySelection(bool allows) { selection_.setAllowsEmpty(allows); }
+    [[nodiscard]] bool allowsEmptySelection() const { return selection_.allowsEmpty(); }
+    /// The row that was selected last. Returns -1 if no row is selected.
+    [[nodiscard]] int selectedRow() const { return selection_.selectedRow(); }
+    [[nodiscard]] const TableViewRowSet& selectedRowIndexes() const { return selection_.rows(); }
+    [[nodiscard]] bool isRowSelected(int row) const { return selection_.rows().contains(row); }
+    /// Whether the user may select the row: it exists, and the delegate allows it.
+    [[nodiscard]] bool maySelectRow(int row) const { return selection_.maySelect(row); }
+    /// Selects rows without asking the delegate, which is notified of the change. Rows that don't exist are
+    /// left out; where only one row may be selected, the last of `rows` is. `byExtendingSelection` keeps
+    /// what is selected, if several rows may be.
     void selectRowIndexes(const TableViewRowSet& rows, bool byExtendingSelection);
-    void deselectRow(int row);
-    void deselectAll();
+    void deselectRow(int row) { selection_.deselect(row); }
+    void deselectAll() { selection_.deselectAll(); }
 
-    /// Moves the selection as the keys do, and scrolls it into view: over rows that may not be
-    /// selected, staying at the ends; from nowhere, down takes the first row and up the last. For
-    /// whoever keeps the keyboard while the user walks here, as a search field does. False if
-    /// nothing moved.
+    /// Moves the selection as the keys do, and scrolls it into view: over rows that must not be selected,
+    /// staying at the ends; without a selection, down takes the first row and up the last. For a widget
+    /// that has the keyboard while the user walks through this list, such as a search field. Returns
+    /// whether the selection has changed; if not, scrolls to that end of the content.
     bool walk(TableViewStep step, bool byExtendingSelection = false);
-    /// Whether typing selects the row that begins with what was typed. On at the start.
+    /// Whether typing selects the row that begins with the typed text. On at first.
     void setAllowsTypeSelect(bool allows) { allowsTypeSelect_ = allows; }
     [[nodiscard]] bool allowsTypeSelect() const { return allowsTypeSelect_; }
 
-    /// The row of the last click, while the delegate is told of it; -1 otherwise.
+    /// The clicked row, during `TableViewDelegate::didClickRow`. Returns -1 at any other time.
     [[nodiscard]] int clickedRow() const { return clickedRow_; }
-    /// The row that `TableViewDelegate::pointerDidHoverRow` told last; -1 if none is under the pointer,
-    /// or the pointer counts as absent.
+    /// The row under the pointer, as last passed to `TableViewDelegate::pointerDidHoverRow`. Returns -1 if
+    /// no row is under the pointer, or while the pointer is ignored (see `ignorePointerUntilItMoves`).
     [[nodiscard]] int hoveredRow() const;
-    /// The pointer counts as absent until it moves, as after a walk: the keyboard leads.
+    /// Reports no hover for a pointer that rests, as is done after each walk, so that rows that scroll
+    /// under it don't take the selection from the keyboard.
     void ignorePointerUntilItMoves();
-    /// Tells the delegate of a click on the row, as the pointer does and a screen reader may.
+    /// Reports a click on the row to the delegate, as a screen reader may ask for. Ignored if there is no
+    /// such row.
     void clickRow(int row);
 
-    /// Scrolls by as little as possible; a row higher than the view comes with its upper edge. The first
-    /// and the last row come with the insets beyond them.
+    /// Scrolls by as little as possible until the whole row can be seen; a row higher than the viewport is
+    /// shown from its upper edge. The first and the last row are shown with the insets next to them.
     void scrollRowToVisible(int row);
 
-    /// As wide as the frame needs, and as high as all rows.
+    /// As wide as the frame needs, and as high as the content.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 
@@ -148,47 +156,31 @@ protected:
     void scrollContentsBy(int dx, int dy) override;
 
 private:
-    friend class TableViewRows;
-
-    [[nodiscard]] bool maySelect(int row) const;
-    [[nodiscard]] int nextSelectable(int from, int by) const;
-    [[nodiscard]] int stepTarget(TableViewStep step) const;
-    [[nodiscard]] int pageTarget(int by) const;
-    void select(const TableViewRowSet& rows, int selectedRow, bool leads = false);
-    void selectByUser(int row, Qt::KeyboardModifiers modifiers);
-    [[nodiscard]] TableViewRowSet selectableRows(int first, int last) const;
-    void extendTo(int row);
-    void dropInvalidSelection();
-    bool typeSelect(const QKeyEvent& event);
-
+    [[nodiscard]] TableViewGeometry rowGeometry() const;
     [[nodiscard]] int heightWithSpacing(int row) const;
     void measureRows();
     void updateScrollBar();
     void layoutRows();
     void updateEmphasis();
+    void selectionDidChange(const TableViewSelection::Change& change);
+    [[nodiscard]] bool typeSelect(const QKeyEvent& event);
 
     TrackedPointer<TableViewDataSource> dataSource_;
     TrackedPointer<TableViewDelegate> delegate_;
     TableViewRowHeights heights_;
-    std::unique_ptr<TableViewRows> rows_;
-    std::unique_ptr<TableViewHover> hover_;
     std::optional<int> uniformRowHeight_;
     int spacing_ = 0;
     QMargins insets_;
     TableViewSelectionStyle style_ = TableViewSelectionStyle::regular;
-    TableViewRowSet selection_;
-    int selectedRow_ = -1;
-    int anchorRow_ = -1; // where a selection extended by Shift began
+    TableViewSelection selection_;
+    TableViewTypeSelect typeSelect_;
+    TableViewWheel wheel_;
+    std::unique_ptr<TableViewRows> rows_;
+    std::unique_ptr<TableViewHover> hover_;
     int pressedRow_ = -1;
     int clickedRow_ = -1;
-    bool allowsMultiple_ = false;
-    bool allowsEmpty_ = true;
     bool allowsTypeSelect_ = true;
-    bool emphasized_ = false; // the keyboard is in here
     bool isLayingOut_ = false;
-    TableViewTypeSelect typeSelect_;
-    QElapsedTimer typingTime_;
-    TableViewWheel wheel_;
 };
 
 } // namespace quor::platform

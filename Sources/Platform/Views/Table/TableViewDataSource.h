@@ -7,9 +7,8 @@ namespace quor::platform {
 
 class TableView;
 
-/// Tells a `TableView` how many rows it has. The table asks once for each `reloadData()`, so the
-/// answer may change at any time. The table refers to it weakly, so either may end first. Main thread
-/// only.
+/// The number of rows of a `TableView`. The table asks once in each `reloadData()`, so the answer may change
+/// at any time. The table holds it weakly, so either may end first. Main thread only.
 class TableViewDataSource : public Trackable {
 public:
     /// Never negative.

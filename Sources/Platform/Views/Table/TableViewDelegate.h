@@ -15,58 +15,63 @@ namespace quor::platform {
 class TableRowView;
 class TableView;
 
-/// What a screen reader says of a row, on the screen or not.
+/// What a screen reader says about a row, whether it is on the screen or not.
 struct TableViewRowDescription {
     QString text;
     QAccessible::Role role = QAccessible::ListItem;
     bool isEnabled = true;
-    std::optional<bool> isChecked; ///< absent: the row cannot be checked
+    std::optional<bool> isChecked; ///< `nullopt` for a row that cannot be checked
 };
 
-/// Gives a `TableView` its row views and decides on its rows; told of what happens to them.
+/// Supplies the widgets, heights and texts of a `TableView`'s rows, decides which rows the user may select,
+/// and is notified of what the user does with them.
 ///
-/// Rows count from 0; each row handed in is one of the table's. Nothing here may be assumed to be
-/// asked once, or in order; it is asked for rows that are about to be seen, the heights apart.
-/// `reloadData()` from within a question takes effect when the event loop next turns. The table refers
-/// to it weakly, so either may end first. Main thread only.
+/// Rows are counted from 0, and every `row` passed in exists. How often and in which order the functions are
+/// called is unspecified; except for the heights, they are called for rows that are about to be seen. A
+/// `reloadData()` from within a `const` function, `viewForRow` or `rowViewForRow` takes effect when the event
+/// loop next runs. The table holds its delegate weakly, so either may end first. Main thread only.
 class TableViewDelegate : public Trackable {
 public:
-    /// The widget that fills the row: one that `TableView::makeView` hands out for reuse, or a new
-    /// one. Its `objectName()` is the identifier that it is kept under when its row leaves; without
-    /// a name it is deleted then. The table owns the widget from here on, and lays it out. Null
-    /// leaves the row empty. Handing out a widget that another row shows moves it here.
+    /// Returns the widget that fills the row: one from `TableView::makeView`, or a new one. The table takes
+    /// ownership and sets its geometry. When the row leaves the screen, the widget is kept for reuse under
+    /// its `objectName()`, or deleted if it has no name. A widget that another row shows moves to this row.
+    /// Null leaves the row empty.
     [[nodiscard]] virtual QWidget* viewForRow(TableView& table, int row) = 0;
 
-    /// The widget under the row's view, which draws the selection; null for a plain one. Asked only
-    /// for a view that has none: a reused view comes in the row view that it had.
+    /// Returns a new widget to put the row's view in, which draws the selection, or null for a plain
+    /// `TableRowView`. The table takes ownership. Called only for a new view: a reused view stays in its
+    /// row view.
     [[nodiscard]] virtual TableRowView* rowViewForRow(TableView& table, int row);
 
-    /// In device-independent pixels, without the spacing; less than 0 counts as 0. Asked of every
-    /// row at each reload, unless the table has a `uniformRowHeight()`: keep it cheap.
+    /// In device-independent pixels, without the spacing; a negative height is taken as 0. Called for every
+    /// row in each reload, unless the table has a `uniformRowHeight()`, so it has to be fast. 20 unless
+    /// overridden.
     [[nodiscard]] virtual int heightOfRow(const TableView& table, int row) const;
 
-    /// Whether the user may select the row. Selecting from code does not ask.
+    /// Whether the user may select the row. Not called when the program selects it. True unless overridden.
     [[nodiscard]] virtual bool shouldSelectRow(const TableView& table, int row) const;
 
-    /// The text by which typing finds the row; empty if it cannot be found.
+    /// The text by which typing finds the row. Empty, as it is unless overridden, if typing must not find it.
     [[nodiscard]] virtual QString typeSelectString(const TableView& table, int row) const;
 
-    /// Unless overridden: an enabled list item named by `typeSelectString`.
+    /// Describes the row to screen readers. Unless overridden, an enabled list item with the text of
+    /// `typeSelectString`.
     [[nodiscard]] virtual TableViewRowDescription describeRow(const TableView& table, int row) const;
 
-    /// Another set of rows is selected, or another one of them is the `selectedRow()`.
+    /// `selectedRowIndexes()` or `selectedRow()` has changed.
     virtual void selectionDidChange(TableView& table);
 
-    /// The primary button went down and up on a row, whether it may be selected or not. A widget in
-    /// the row that takes clicks itself keeps them. `TableView::clickedRow()` has the row too.
+    /// The left button was pressed and released on the row, also if the row must not be selected. A widget
+    /// in the row that handles clicks itself gets them instead. Meanwhile `TableView::clickedRow()` is `row`.
+    /// May delete the table.
     virtual void didClickRow(TableView& table, int row);
 
-    /// The row under the pointer, -1 if there is none: at each move without a button held, and when
-    /// scrolling or new rows bring another row under a resting pointer. After a walk by keys, and
-    /// while a pointer has not moved since the table came under it, it is taken for absent.
+    /// The pointer is over `row`, or over no row if that is -1. Called for each move while no button is
+    /// held, and when scrolling or a reload brings another row under a resting pointer. The pointer is
+    /// ignored until it moves after each walk by keys, and when the window appears under it.
     virtual void pointerDidHoverRow(TableView& table, int row);
 
-    /// The pointer went elsewhere after a hover was told.
+    /// The pointer has left the rows after a `pointerDidHoverRow`.
     virtual void pointerDidLeave(TableView& table);
 
 protected:

@@ -27,26 +27,26 @@ void TableViewHover::watch(QWindow* window)
 
 void TableViewHover::contentMoved()
 {
-    if (!awake_)
+    if (!isFollowing_)
         return;
     const std::optional<int> row = rowUnderPointer();
     if (!row)
         pointerLeft();
     else if (*row != row_)
-        tell(*row);
+        report(*row);
 }
 
-void TableViewHover::sleep()
+void TableViewHover::ignorePointerUntilItMoves()
 {
-    awake_ = false;
+    isFollowing_ = false;
     row_ = -1;
 }
 
-void TableViewHover::wake(const QPoint& globalPosition)
+void TableViewHover::pointerActedAt(const QPoint& globalPosition)
 {
     position_ = globalPosition;
-    awake_ = rowUnderPointer().has_value();
-    told_ = told_ || awake_;
+    isFollowing_ = rowUnderPointer().has_value();
+    owesLeave_ = owesLeave_ || isFollowing_;
 }
 
 bool TableViewHover::eventFilter(QObject* watched, QEvent* event)
@@ -76,7 +76,7 @@ bool TableViewHover::eventFilter(QObject* watched, QEvent* event)
 
 void TableViewHover::pointerMoved(const QPoint& globalPosition)
 {
-    // Windows that come and go make the desktop tell of moves that were none.
+    // When windows appear and vanish, the desktop reports moves of a pointer that rests.
     if (std::exchange(hasMoved_, true) && position_ == globalPosition)
         return;
     position_ = globalPosition;
@@ -85,11 +85,11 @@ void TableViewHover::pointerMoved(const QPoint& globalPosition)
         pointerLeft();
         return;
     }
-    awake_ = told_ = true;
-    tell(*row);
+    isFollowing_ = owesLeave_ = true;
+    report(*row);
 }
 
-void TableViewHover::tell(int row)
+void TableViewHover::report(int row)
 {
     row_ = row;
     if (TableViewDelegate* delegate = table_.delegate())
@@ -98,8 +98,8 @@ void TableViewHover::tell(int row)
 
 void TableViewHover::pointerLeft()
 {
-    sleep();
-    if (!std::exchange(told_, false))
+    ignorePointerUntilItMoves();
+    if (!std::exchange(owesLeave_, false))
         return;
     if (TableViewDelegate* delegate = table_.delegate())
         delegate->pointerDidLeave(table_);
@@ -112,8 +112,8 @@ std::optional<int> TableViewHover::rowUnderPointer() const
     if (!position_ || !viewport->isVisible())
         return {};
     const QPoint point = viewport->mapFromGlobal(*position_);
-    const QWidget* there = window->childAt(window->mapFromGlobal(*position_));
-    if (!viewport->rect().contains(point) || !(there == viewport || viewport->isAncestorOf(there)))
+    const QWidget* atPoint = window->childAt(window->mapFromGlobal(*position_));
+    if (!viewport->rect().contains(point) || !(atPoint == viewport || viewport->isAncestorOf(atPoint)))
         return {};
     return table_.rowAtPoint(point);
 }

@@ -12,21 +12,25 @@ namespace quor::platform {
 
 class TableView;
 
-/// Follows the pointer over the rows of a `TableView` and tells the table's delegate.
+/// Follows the pointer over the rows of a `TableView`, and reports to the table's delegate.
 ///
-/// It looks at the window's own events, since a row's widgets get moves only if they ask for them.
+/// It watches the events of the window, since a row's widgets get moves of the pointer only if they ask
+/// for them.
 class TableViewHover final : public QObject {
 public:
     explicit TableViewHover(TableView& table);
 
+    /// The window that the table is in now; null for none.
     void watch(QWindow* window);
-    /// Rows lie elsewhere now, or the view does.
+    /// Reports the row that lies under a resting pointer now, after the rows or the table have moved.
     void contentMoved();
-    /// The pointer counts as absent until it moves: the keyboard leads.
-    void sleep();
-    /// The pointer does something here other than move.
-    void wake(const QPoint& globalPosition);
+    /// Reports nothing until the pointer moves.
+    void ignorePointerUntilItMoves();
+    /// The pointer has acted without a move, as with its wheel: it is no longer ignored if it is over the
+    /// rows. `globalPosition` is in screen coordinates.
+    void pointerActedAt(const QPoint& globalPosition);
 
+    /// The row that was last reported. Returns -1 if there was none, or while the pointer is ignored.
     [[nodiscard]] int row() const { return row_; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -34,17 +38,17 @@ public:
 private:
     void pointerMoved(const QPoint& globalPosition);
     void pointerLeft();
-    void tell(int row);
-    /// The row at the pointer, -1 for none; absent where something else lies there.
+    void report(int row);
+    /// The row at the pointer, -1 for none; `nullopt` if something else lies at the pointer.
     [[nodiscard]] std::optional<int> rowUnderPointer() const;
 
     TableView& table_;
     QPointer<QWindow> window_;
-    std::optional<QPoint> position_; // of the pointer, on the screen
+    std::optional<QPoint> position_; // of the pointer, in screen coordinates
     int row_ = -1;
-    bool hasMoved_ = false; // since the pointer came, or the window came under it
-    bool awake_ = false;
-    bool told_ = false; // a hover without a leave yet
+    bool hasMoved_ = false; // since the pointer entered the window, or the window came under it
+    bool isFollowing_ = false; // the pointer is over the rows, and not ignored
+    bool owesLeave_ = false; // the pointer has been over the rows since the last reported leave
 };
 
 } // namespace quor::platform

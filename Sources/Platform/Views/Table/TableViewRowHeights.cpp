@@ -8,7 +8,7 @@ namespace quor::platform {
 
 namespace {
 
-int sum(int bottom, int height)
+int addedHeight(int bottom, int height)
 {
     return std::min<int>(TableViewRowHeights::limit - bottom, std::max(height, 0)) + bottom;
 }
@@ -24,11 +24,11 @@ void TableViewRowHeights::setUniform(int count, int height)
 
 void TableViewRowHeights::setVarying(int count, const std::function<int(int)>& heightOfRow)
 {
-    // Asked first: whoever answers may look at what is here.
+    // The closure may use this object, so it is called before anything changes.
     std::vector<int> bottoms(static_cast<std::size_t>(std::max(count, 0)));
     int bottom = 0;
     for (int row = 0; row < count; ++row) {
-        bottom = sum(bottom, heightOfRow(row));
+        bottom = addedHeight(bottom, heightOfRow(row));
         bottoms[static_cast<std::size_t>(row)] = bottom;
     }
     count_ = std::max(count, 0);

@@ -12,7 +12,7 @@ void TableViewRowSet::insert(int first, int last)
     first = std::max(first, 0);
     if (last < first)
         return;
-    // Runs that the new one touches become part of it.
+    // The runs that overlap the new run or touch it are merged with it.
     const auto begin = std::partition_point(
         runs_.begin(), runs_.end(), [first](const Run& run) { return run.last < first - 1; });
     const auto end = std::partition_point(begin, runs_.end(),

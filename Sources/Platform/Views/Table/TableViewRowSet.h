@@ -5,7 +5,7 @@
 
 namespace quor::platform {
 
-/// A set of row indexes, kept as runs: a selection of a million rows in a row takes one.
+/// A set of row indexes, kept as runs of consecutive rows: a million consecutive rows take one run.
 class TableViewRowSet final {
 public:
     struct Run {
@@ -18,18 +18,19 @@ public:
     explicit TableViewRowSet(int row) { insert(row, row); }
     TableViewRowSet(int first, int last) { insert(first, last); }
 
-    /// Rows below 0 are left out.
+    /// Inserts the rows from `first` to `last`, both included; negative rows are left out.
     void insert(int row) { insert(row, row); }
     void insert(int first, int last);
     void insert(const TableViewRowSet& rows);
+    /// Removes the rows from `first` to `last`, both included.
     void remove(int first, int last);
 
     [[nodiscard]] bool contains(int row) const;
     [[nodiscard]] bool isEmpty() const { return runs_.empty(); }
     [[nodiscard]] int count() const;
-    /// The highest row; -1 if empty.
+    /// The highest row. Returns -1 if the set is empty.
     [[nodiscard]] int last() const { return runs_.empty() ? -1 : runs_.back().last; }
-    /// In ascending order, with a gap between any two.
+    /// In ascending order; between two runs at least one row is missing.
     [[nodiscard]] const std::vector<Run>& runs() const { return runs_; }
 
     friend bool operator==(const TableViewRowSet&, const TableViewRowSet&) = default;

@@ -2,10 +2,12 @@
 #include "Platform/Views/Table/TableViewRows.h"
 
 #include "Platform/Views/Table/TableView.h"
+#include "Platform/Views/Table/TableViewGeometry.h"
 
 #include <QApplication>
 
 #include <algorithm>
+#include <utility>
 
 namespace quor::platform {
 
@@ -17,7 +19,7 @@ bool holdsFocus(const TableRowView* rowView)
     return focus && rowView->isAncestorOf(focus);
 }
 
-bool fits(const TableRowView* rowView, const QString& identifier)
+bool hasIdentifier(const TableRowView* rowView, const QString& identifier)
 {
     return rowView->view() && rowView->view()->objectName() == identifier;
 }
@@ -29,60 +31,49 @@ TableViewRows::TableViewRows(TableView& table)
 {
 }
 
-void TableViewRows::layout()
+void TableViewRows::layout(const TableViewGeometry& geometry)
 {
-    const std::vector<int> rows = rowsToShow();
-    for (auto shown = shown_.begin(); shown != shown_.end();) {
-        const bool stays = std::binary_search(rows.begin(), rows.end(), shown->first);
-        if (!stays)
-            retire(shown->second);
-        shown = stays ? std::next(shown) : shown_.erase(shown);
-    }
+    const std::vector<int> rows = rowsToShow(geometry);
+    retireAllBut(rows, shown_);
     for (const int row : rows)
         if (!shown_.contains(row))
             show(row);
-    for (const auto& [row, rowView] : shown_)
-        place(row, rowView);
-    hideRetired();
+    placeShown(geometry);
 }
 
-void TableViewRows::reload()
+void TableViewRows::reload(const TableViewGeometry& geometry)
 {
-    const std::vector<int> rows = rowsToShow();
-    before_ = std::exchange(shown_, {});
-    // Rows that leave serve those that come; the others get their own widgets back.
-    for (auto shown = before_.begin(); shown != before_.end();) {
-        const bool stays = std::binary_search(rows.begin(), rows.end(), shown->first);
-        if (!stays)
-            retire(shown->second);
-        shown = stays ? std::next(shown) : before_.erase(shown);
-    }
+    const std::vector<int> rows = rowsToShow(geometry);
+    previous_ = std::exchange(shown_, {});
+    // Widgets of rows that leave serve the rows that come; the other rows get their own widgets back.
+    retireAllBut(rows, previous_);
     for (const int row : rows)
         show(row);
-    for (const auto& [row, rowView] : std::exchange(before_, {}))
-        retire(rowView);
-    for (const auto& [row, rowView] : shown_)
-        place(row, rowView);
-    hideRetired();
+    retireAllBut({}, previous_);
+    placeShown(geometry);
 }
 
 void TableViewRows::updateSelection()
 {
-    for (const auto& [row, rowView] : shown_) {
-        rowView->setEmphasized(table_.emphasized_);
-        rowView->setSelected(table_.isRowSelected(row));
-    }
+    for (const auto& [row, rowView] : shown_)
+        drawSelection(row, *rowView);
+}
+
+void TableViewRows::setEmphasized(bool emphasized)
+{
+    if (std::exchange(emphasized_, emphasized) != emphasized)
+        updateSelection();
 }
 
 QWidget* TableViewRows::makeView(const QString& identifier)
 {
     if (askedRow_ < 0 || identifier.isEmpty())
         return nullptr;
-    const auto own = before_.find(askedRow_);
-    if (own != before_.end() && fits(own->second, identifier))
+    const auto own = previous_.find(askedRow_);
+    if (own != previous_.end() && hasIdentifier(own->second, identifier))
         return own->second->view();
     const auto spare = std::find_if(retired_.rbegin(), retired_.rend(),
-        [&](const TableRowView* rowView) { return fits(rowView, identifier); });
+        [&](const TableRowView* rowView) { return hasIdentifier(rowView, identifier); });
     return spare == retired_.rend() ? nullptr : (*spare)->view();
 }
 
@@ -99,24 +90,14 @@ int TableViewRows::rowForRowView(const TableRowView* rowView) const
     return shown == shown_.end() ? -1 : shown->first;
 }
 
-std::vector<int> TableViewRows::rowsToShow() const
+std::vector<int> TableViewRows::rowsToShow(const TableViewGeometry& geometry) const
 {
-    const TableViewRowHeights& heights = table_.heights_;
-    const QRect visible = table_.visibleRect().translated(0, -table_.insets_.top());
-    std::vector<int> rows;
-    // From edge to edge: rows without a height are passed over, however many there are.
-    for (int y = std::max(visible.top(), 0); y <= visible.bottom();) {
-        const int row = heights.rowAt(y);
-        if (row < 0)
-            break;
-        rows.push_back(row);
-        y = heights.bottom(row);
-    }
+    std::vector<int> rows = geometry.visibleRows();
     for (const auto& [row, rowView] : shown_) {
-        const bool keeps = row < heights.count() && holdsFocus(rowView)
-            && !std::binary_search(rows.begin(), rows.end(), row);
-        if (keeps)
-            rows.insert(std::lower_bound(rows.begin(), rows.end(), row), row);
+        const auto position = std::lower_bound(rows.begin(), rows.end(), row);
+        const bool isVisible = position != rows.end() && *position == row;
+        if (!isVisible && row < geometry.heights.count() && holdsFocus(rowView))
+            rows.insert(position, row);
     }
     return rows;
 }
@@ -145,30 +126,48 @@ TableRowView* TableViewRows::take(QWidget* view)
     auto* rowView = view ? qobject_cast<TableRowView*>(view->parentWidget()) : nullptr;
     if (!rowView || rowView->parentWidget() != table_.viewport())
         return nullptr;
-    const auto isIt = [rowView](const auto& entry) { return entry.second == rowView; };
-    std::erase_if(shown_, isIt);
-    std::erase_if(before_, isIt);
+    const auto isTaken = [rowView](const auto& entry) { return entry.second == rowView; };
+    std::erase_if(shown_, isTaken);
+    std::erase_if(previous_, isTaken);
     std::erase(retired_, rowView);
     return rowView;
 }
 
-void TableViewRows::place(int row, TableRowView* rowView)
+void TableViewRows::placeShown(const TableViewGeometry& geometry)
 {
-    const int spacing = table_.intercellSpacing();
-    QRect place = table_.viewportRectOfRow(row);
-    // A row kept for its focus lies just outside: a widget cannot be moved by any distance.
-    place.moveTop(std::clamp(place.top(), -place.height(), table_.viewport()->height()));
-    rowView->setSpacing(spacing / 2, spacing - spacing / 2);
-    rowView->setGeometry(place);
-    rowView->setSelectionHighlightStyle(table_.selectionHighlightStyle());
-    rowView->setEmphasized(table_.emphasized_);
-    rowView->setSelected(table_.isRowSelected(row));
-    rowView->show();
+    for (const auto& [row, rowView] : shown_) {
+        QRect place = geometry.viewportRectOfRow(row);
+        // A row kept for its focus lies just outside: a widget cannot be moved by any distance.
+        place.moveTop(std::clamp(place.top(), -place.height(), geometry.visible.height()));
+        rowView->setSpacing(geometry.spacing / 2, geometry.spacing - geometry.spacing / 2);
+        rowView->setGeometry(place);
+        rowView->setSelectionHighlightStyle(table_.selectionHighlightStyle());
+        drawSelection(row, *rowView);
+        rowView->show();
+    }
+    for (TableRowView* rowView : retired_)
+        hide(rowView);
+}
+
+void TableViewRows::drawSelection(int row, TableRowView& rowView) const
+{
+    rowView.setEmphasized(emphasized_);
+    rowView.setSelected(table_.isRowSelected(row));
+}
+
+void TableViewRows::retireAllBut(const std::vector<int>& rows, std::map<int, TableRowView*>& rowViews)
+{
+    std::erase_if(rowViews, [&](const auto& entry) {
+        const bool stays = std::binary_search(rows.begin(), rows.end(), entry.first);
+        if (!stays)
+            retire(entry.second);
+        return !stays;
+    });
 }
 
 void TableViewRows::retire(TableRowView* rowView)
 {
-    // Not deleted at once: what reloads the table may be a click on this very row.
+    // Not deleted at once: the table may be reloaded by a click on this very row.
     if (!rowView->view() || rowView->view()->objectName().isEmpty()) {
         hide(rowView);
         rowView->deleteLater();
@@ -179,16 +178,10 @@ void TableViewRows::retire(TableRowView* rowView)
 
 void TableViewRows::hide(TableRowView* rowView)
 {
-    // Else the focus would go to whatever comes next in the window.
+    // Otherwise the focus would go to the next widget of the window.
     if (holdsFocus(rowView))
         table_.setFocus(Qt::OtherFocusReason);
     rowView->hide();
-}
-
-void TableViewRows::hideRetired()
-{
-    for (TableRowView* rowView : retired_)
-        hide(rowView);
 }
 
 } // namespace quor::platform

@@ -1,10 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Views/Table/Accessibility/TableViewAccessible.h"
-#include "Platform/Views/Table/TableView.h"
-#include "Platform/Views/Table/TableViewHover.h"
-#include "Platform/Views/Table/TableViewRows.h"
-
-#include <QScrollBar>
+#include "Platform/Views/Table/TableViewSelection.h"
 
 #include <algorithm>
 #include <limits>
@@ -12,70 +7,132 @@
 
 namespace quor::platform {
 
-void TableView::setAllowsMultipleSelection(bool allows)
+void TableViewSelection::setAllowsMultiple(bool allows)
 {
     allowsMultiple_ = allows;
-    if (!allows && selection_.count() > 1)
-        select(TableViewRowSet(selectedRow_), selectedRow_);
+    if (!allows && rows_.count() > 1)
+        change(TableViewRowSet(selectedRow_), selectedRow_);
 }
 
-void TableView::selectRowIndexes(const TableViewRowSet& rows, bool byExtendingSelection)
+bool TableViewSelection::maySelect(int row) const
+{
+    return row >= 0 && row < numberOfRows_ && shouldSelectRow(row);
+}
+
+bool TableViewSelection::select(const TableViewRowSet& rows, bool extending)
 {
     TableViewRowSet known = rows;
-    known.remove(numberOfRows(), std::numeric_limits<int>::max());
-    const bool extends = byExtendingSelection && allowsMultiple_;
-    if (byExtendingSelection && known.isEmpty())
-        return;
+    known.remove(numberOfRows_, std::numeric_limits<int>::max());
+    if (extending && known.isEmpty())
+        return false;
     const int last = known.last();
-    if (extends)
-        known.insert(selection_);
+    if (extending && allowsMultiple_)
+        known.insert(rows_);
     else if (!allowsMultiple_ && last >= 0)
         known = TableViewRowSet(last);
     anchorRow_ = last;
-    select(known, last);
+    return change(std::move(known), last);
 }
 
-void TableView::deselectRow(int row)
+bool TableViewSelection::deselect(int row)
 {
-    TableViewRowSet others = selection_;
+    TableViewRowSet others = rows_;
     others.remove(row, row);
-    select(others, row == selectedRow_ ? others.last() : selectedRow_);
+    const int selectedRow = row == selectedRow_ ? others.last() : selectedRow_;
+    return change(std::move(others), selectedRow);
 }
 
-void TableView::deselectAll()
+bool TableViewSelection::dropInvalidRows()
 {
-    select({}, -1);
+    TableViewRowSet valid;
+    for (const TableViewRowSet::Run& run : rows_.runs())
+        valid.insert(selectableRows(run.first, std::min(run.last, numberOfRows_ - 1)));
+    if (valid == rows_)
+        return false;
+    const int selectedRow = valid.contains(selectedRow_) ? selectedRow_ : valid.last();
+    return change(std::move(valid), selectedRow);
 }
 
-void TableView::select(const TableViewRowSet& rows, int selectedRow, bool leads)
+bool TableViewSelection::click(int row, Qt::KeyboardModifiers modifiers)
 {
-    if (rows == selection_ && selectedRow == selectedRow_)
-        return;
-    const int before = std::exchange(selectedRow_, selectedRow);
-    selection_ = rows;
-    rows_->updateSelection();
-    tableViewAccessibility::selectionDidChange(*this, before, leads || hasFocus());
-    if (TableViewDelegate* delegate = delegate_.get())
-        delegate->selectionDidChange(*this);
+    if (row < 0)
+        return allowsEmpty_ && modifiers == Qt::NoModifier && deselectAll();
+    if (!maySelect(row))
+        return false;
+    if (allowsMultiple_ && modifiers.testFlag(Qt::ShiftModifier))
+        return extendTo(row);
+    const bool toggles = allowsMultiple_ && modifiers.testFlag(Qt::ControlModifier);
+    if (toggles && rows_.contains(row))
+        return (allowsEmpty_ || rows_.count() > 1) && deselect(row);
+    return select(TableViewRowSet(row), toggles);
 }
 
-void TableView::dropInvalidSelection()
+int TableViewSelection::target(TableViewStep step, const TableViewGeometry& geometry) const
 {
-    TableViewRowSet kept;
-    for (const TableViewRowSet::Run& run : selection_.runs())
-        kept.insert(selectableRows(run.first, std::min(run.last, numberOfRows() - 1)));
-    if (kept == selection_)
-        return;
-    select(kept, kept.contains(selectedRow_) ? selectedRow_ : kept.last());
+    using enum TableViewDirection;
+    const int end = numberOfRows_ - 1;
+    switch (step) {
+    case TableViewStep::up:
+        return nextSelectable(selectedRow_ < 0 ? end : selectedRow_ - 1, up);
+    case TableViewStep::down:
+        return nextSelectable(selectedRow_ + 1, down);
+    case TableViewStep::pageUp:
+        return selectedRow_ < 0 ? nextSelectable(end, up) : pageTarget(up, geometry);
+    case TableViewStep::pageDown:
+        return selectedRow_ < 0 ? nextSelectable(0, down) : pageTarget(down, geometry);
+    case TableViewStep::first:
+        return nextSelectable(0, down);
+    case TableViewStep::last:
+        return nextSelectable(end, up);
+    }
+    return -1;
 }
 
-bool TableView::maySelect(int row) const
+int TableViewSelection::pageTarget(TableViewDirection direction, const TableViewGeometry& geometry) const
 {
-    const TableViewDelegate* delegate = delegate_.get();
-    return delegate && row >= 0 && row < numberOfRows() && delegate->shouldSelectRow(*this, row);
+    const bool goesUp = direction == TableViewDirection::up;
+    const int next = selectedRow_ + static_cast<int>(direction);
+    const int onPage = geometry.rowOnNextPage(selectedRow_, direction);
+    const int goal = goesUp ? std::min(onPage, next) : std::max(onPage, next);
+    const int beyond = nextSelectable(goal, direction);
+    if (beyond >= 0)
+        return beyond;
+    // No row beyond the goal may be selected: take the last one before it.
+    const int nearer = goesUp ? nextSelectable(std::max(goal, 0), TableViewDirection::down)
+                              : nextSelectable(std::min(goal, numberOfRows_ - 1), TableViewDirection::up);
+    return (goesUp ? nearer < selectedRow_ : nearer > selectedRow_) ? nearer : -1;
 }
 
-TableViewRowSet TableView::selectableRows(int first, int last) const
+int TableViewSelection::nextSelectable(int from, TableViewDirection direction) const
+{
+    for (int row = from; row >= 0 && row < numberOfRows_; row += static_cast<int>(direction))
+        if (maySelect(row))
+            return row;
+    return -1;
+}
+
+bool TableViewSelection::moveTo(int row, bool extending)
+{
+    if (extending && allowsMultiple_)
+        return extendTo(row);
+    anchorRow_ = row;
+    return change(TableViewRowSet(row), row, true);
+}
+
+bool TableViewSelection::extendTo(int row)
+{
+    if (!rows_.contains(anchorRow_))
+        anchorRow_ = selectedRow_ >= 0 ? selectedRow_ : row;
+    return change(selectableRows(std::min(anchorRow_, row), std::max(anchorRow_, row)), row, true);
+}
+
+bool TableViewSelection::selectAll()
+{
+    const int selectedRow = selectedRow_ >= 0 ? selectedRow_ : nextSelectable(0, TableViewDirection::down);
+    return change(selectableRows(0, numberOfRows_ - 1), selectedRow);
+}
+
+TableViewRowSet TableViewSelection::selectableRows(int first, int last) const
 {
     TableViewRowSet rows;
     for (int row = first; row <= last; ++row)
@@ -84,99 +141,14 @@ TableViewRowSet TableView::selectableRows(int first, int last) const
     return rows;
 }
 
-void TableView::selectByUser(int row, Qt::KeyboardModifiers modifiers)
+bool TableViewSelection::change(TableViewRowSet rows, int selectedRow, bool isStep)
 {
-    if (row < 0) {
-        if (allowsEmpty_ && modifiers == Qt::NoModifier)
-            deselectAll();
-        return;
-    }
-    if (!maySelect(row))
-        return;
-    const bool toggles = allowsMultiple_ && modifiers.testFlag(Qt::ControlModifier);
-    if (allowsMultiple_ && modifiers.testFlag(Qt::ShiftModifier)) {
-        extendTo(row);
-    } else if (toggles && isRowSelected(row)) {
-        if (allowsEmpty_ || selection_.count() > 1)
-            deselectRow(row);
-    } else {
-        selectRowIndexes(TableViewRowSet(row), toggles);
-    }
-}
-
-void TableView::extendTo(int row)
-{
-    if (!isRowSelected(anchorRow_))
-        anchorRow_ = selectedRow_ >= 0 ? selectedRow_ : row;
-    select(selectableRows(std::min(anchorRow_, row), std::max(anchorRow_, row)), row, true);
-}
-
-bool TableView::walk(TableViewStep step, bool byExtendingSelection)
-{
-    const int target = stepTarget(step);
-    hover_->sleep();
-    if (target < 0 || (target == selectedRow_ && selection_.count() == 1)) {
-        // What lies beyond cannot be selected, a heading for one, but can be seen.
-        const bool up
-            = step == TableViewStep::up || step == TableViewStep::pageUp || step == TableViewStep::first;
-        QScrollBar* bar = verticalScrollBar();
-        bar->setValue(up ? bar->minimum() : bar->maximum());
+    if (rows == rows_ && selectedRow == selectedRow_)
         return false;
-    }
-    if (byExtendingSelection && allowsMultiple_) {
-        extendTo(target);
-    } else {
-        anchorRow_ = target;
-        select(TableViewRowSet(target), target, true);
-    }
-    scrollRowToVisible(target);
+    rows_ = std::move(rows);
+    const int previousRow = std::exchange(selectedRow_, selectedRow);
+    changed({.previousRow = previousRow, .isStep = isStep});
     return true;
-}
-
-int TableView::nextSelectable(int from, int by) const
-{
-    for (int row = from; row >= 0 && row < numberOfRows(); row += by)
-        if (maySelect(row))
-            return row;
-    return -1;
-}
-
-int TableView::stepTarget(TableViewStep step) const
-{
-    const int end = numberOfRows() - 1;
-    switch (step) {
-    case TableViewStep::up:
-        return nextSelectable(selectedRow_ < 0 ? end : selectedRow_ - 1, -1);
-    case TableViewStep::down:
-        return nextSelectable(selectedRow_ + 1, 1);
-    case TableViewStep::pageUp:
-        return pageTarget(-1);
-    case TableViewStep::pageDown:
-        return pageTarget(1);
-    case TableViewStep::first:
-        return nextSelectable(0, 1);
-    case TableViewStep::last:
-        return nextSelectable(end, -1);
-    }
-    return -1;
-}
-
-int TableView::pageTarget(int by) const
-{
-    if (selectedRow_ < 0)
-        return stepTarget(by < 0 ? TableViewStep::up : TableViewStep::down);
-    // A page on from the row's upper edge, so that one row of what was seen stays in sight.
-    const int height = heights_.bottom(selectedRow_) - heights_.top(selectedRow_);
-    const int page = std::max(viewport()->height() - height, 1);
-    const int y = std::clamp(heights_.top(selectedRow_) + by * page, 0, std::max(heights_.total() - 1, 0));
-    const int next = selectedRow_ + by;
-    const int onPage = heights_.rowAt(y);
-    const int goal = by < 0 ? std::min(onPage, next) : std::max(onPage, next);
-    const int beyond = nextSelectable(goal, by);
-    if (beyond >= 0)
-        return beyond;
-    const int nearer = nextSelectable(std::clamp(goal, 0, numberOfRows() - 1), -by);
-    return (nearer - selectedRow_) * by > 0 ? nearer : -1;
 }
 
 } // namespace quor::platform

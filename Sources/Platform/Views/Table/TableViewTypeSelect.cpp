@@ -19,24 +19,24 @@ int rowBeginningWith(const QString& text, int from, int count, const std::functi
 
 } // namespace
 
-int TableViewTypeSelect::find(const QString& typed, std::chrono::milliseconds now, int selectedRow, int count,
+int TableViewTypeSelect::find(const QString& typed, TimePoint now, int selectedRow, int count,
     const std::function<QString(int)>& textOfRow)
 {
     if (typed.isEmpty())
         return -1;
-    const bool goesOn = isTyping(now);
-    text_ = goesOn ? text_ + typed : typed;
-    last_ = now;
+    const bool continues = isTyping(now);
+    text_ = continues ? text_ + typed : typed;
+    lastTyped_ = now;
     if (count <= 0)
         return -1;
     const int selected = std::clamp(selectedRow, -1, count - 1);
-    // While a text grows, the row that fits it so far may fit on; a new text goes to the next row.
-    const int found
-        = rowBeginningWith(text_, goesOn ? std::max(selected, 0) : (selected + 1) % count, count, textOfRow);
-    const bool oneLetter = text_ == typed.repeated(text_.size() / typed.size());
-    if (found >= 0 || !goesOn || !oneLetter)
+    const int next = (selected + 1) % count;
+    // The selected row may still match a text that has grown; a new text leads to another row.
+    const int found = rowBeginningWith(text_, continues ? std::max(selected, 0) : next, count, textOfRow);
+    const bool isOneLetterRepeated = text_ == typed.repeated(text_.size() / typed.size());
+    if (found >= 0 || !continues || !isOneLetterRepeated)
         return found;
-    return rowBeginningWith(typed, (selected + 1) % count, count, textOfRow);
+    return rowBeginningWith(typed, next, count, textOfRow);
 }
 
 } // namespace quor::platform

@@ -8,28 +8,30 @@
 
 namespace quor::platform {
 
-/// Finds rows by what the user types: letters that follow each other soon grow into one beginning
-/// of a text, and one letter again and again goes through the rows that begin with it.
+/// Finds rows by the first letters of their texts. Letters typed in quick succession are joined; the same
+/// letter typed repeatedly goes through the rows that begin with it.
 class TableViewTypeSelect final {
 public:
-    /// How long a text is added to after its last letter.
+    using TimePoint = std::chrono::steady_clock::time_point;
+
+    /// A letter typed later than this after the one before begins a new text.
     static constexpr std::chrono::milliseconds timeout{1000};
 
-    /// The row among `count` that begins with what has been typed by now, without regard to case,
-    /// looking on from `selectedRow` (-1 for none) and round the end; -1 if there is none. `now` is
-    /// any time that does not run backwards.
-    [[nodiscard]] int find(const QString& typed, std::chrono::milliseconds now, int selectedRow, int count,
+    /// Adds the letters `typed` at `now`, and returns the row among `count` that begins with the text typed
+    /// so far, ignoring case. Searches from `selectedRow` (-1 for none) to the end, then from the first row.
+    /// Returns -1 if no row begins with the text, or if `typed` is empty.
+    [[nodiscard]] int find(const QString& typed, TimePoint now, int selectedRow, int count,
         const std::function<QString(int row)>& textOfRow);
 
-    /// Whether a letter typed now would be added to others.
-    [[nodiscard]] bool isTyping(std::chrono::milliseconds now) const
+    /// Whether a letter typed now would be added to the text typed so far.
+    [[nodiscard]] bool isTyping(TimePoint now) const
     {
-        return !text_.isEmpty() && now - last_ < timeout;
+        return !text_.isEmpty() && now - lastTyped_ < timeout;
     }
 
 private:
     QString text_;
-    std::chrono::milliseconds last_{0};
+    TimePoint lastTyped_;
 };
 
 } // namespace quor::platform

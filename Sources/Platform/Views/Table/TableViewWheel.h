@@ -5,16 +5,16 @@ class QWheelEvent;
 
 namespace quor::platform {
 
-/// Turns wheel and touchpad events into whole pixels to scroll, and carries over what is less than
-/// one, so that a slow finger and a wheel of high resolution move as far as a coarse one.
+/// Converts wheel and touchpad events to whole pixels to scroll. Fractions of a pixel are added to the next
+/// event, so that a slow finger and a wheel of high resolution scroll as far as a coarse wheel.
 class TableViewWheel final {
 public:
-    /// How far to move down the content, in pixels; `pixelsPerLine` is what one line of the
-    /// desktop's wheel setting is worth.
+    /// How far to scroll down, in device-independent pixels; negative for up. The desktop's wheel setting
+    /// counts lines, each of them `pixelsPerLine` high.
     [[nodiscard]] int pixelsDown(const QWheelEvent& event, int pixelsPerLine);
 
 private:
-    double rest_ = 0;
+    double remainder_ = 0;
 };
 
 } // namespace quor::platform

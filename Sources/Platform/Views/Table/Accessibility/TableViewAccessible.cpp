@@ -18,11 +18,11 @@ QAccessibleInterface* makeInterface(const QString& className, QObject* object)
     return nullptr;
 }
 
-void tell(TableView& table, QAccessible::Event what, int row)
+void notify(TableView& table, QAccessible::Event type, int row)
 {
     if (row < 0 || row >= table.numberOfRows())
         return;
-    QAccessibleEvent event(&table, what);
+    QAccessibleEvent event(&table, type);
     event.setChild(row);
     QAccessible::updateAccessibility(&event);
 }
@@ -42,17 +42,17 @@ void rowsDidChange(TableView& table)
     QAccessible::updateAccessibility(&event);
 }
 
-void selectionDidChange(TableView& table, int before, bool leads)
+void selectionDidChange(TableView& table, int previousRow, bool hasAttention)
 {
     if (!QAccessible::isActive())
         return;
-    if (before != table.selectedRow())
-        tell(table, QAccessible::Selection, before);
-    tell(table, QAccessible::Selection, table.selectedRow());
+    if (previousRow != table.selectedRow())
+        notify(table, QAccessible::Selection, previousRow);
+    notify(table, QAccessible::Selection, table.selectedRow());
     QAccessibleEvent within(&table, QAccessible::SelectionWithin);
     QAccessible::updateAccessibility(&within);
-    if (leads)
-        tell(table, QAccessible::Focus, table.selectedRow());
+    if (hasAttention)
+        notify(table, QAccessible::Focus, table.selectedRow());
 }
 
 } // namespace quor::platform::tableViewAccessibility

@@ -5,15 +5,17 @@ namespace quor::platform {
 
 class TableView;
 
-/// What a `TableView` tells screen readers: a list whose rows are all there, each made when asked for.
+/// Presents a `TableView` to screen readers: as a list of all rows, also of those without widgets.
 namespace tableViewAccessibility {
 
-/// Makes Qt find the interfaces. Harmless if done again.
+/// Makes Qt find the interfaces of tables and row views. Has no effect when called again.
 void install();
 
+/// Notifies screen readers that the table was reloaded.
 void rowsDidChange(TableView& table);
-/// `before` was the selected row. With `leads`, the selected row has the user's attention.
-void selectionDidChange(TableView& table, int before, bool leads);
+/// Notifies screen readers of the selection; `previousRow` was the `selectedRow()`. With `hasAttention`, they
+/// also read the `selectedRow()` as if it had the keyboard focus.
+void selectionDidChange(TableView& table, int previousRow, bool hasAttention);
 
 } // namespace tableViewAccessibility
 

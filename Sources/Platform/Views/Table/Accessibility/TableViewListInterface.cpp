@@ -47,7 +47,7 @@ QAccessibleInterface* TableViewListInterface::child(int index) const
     if (known != rows_.constEnd())
         return QAccessible::accessibleInterface(*known);
     auto* row = new TableViewRowInterface(*table(), index);
-    rows_.insert(index, QAccessible::registerAccessibleInterface(row)); // which owns it
+    rows_.insert(index, QAccessible::registerAccessibleInterface(row)); // takes ownership
     return row;
 }
 
@@ -117,8 +117,7 @@ bool TableViewListInterface::isRowSelected(int row) const
 bool TableViewListInterface::selectRow(int row)
 {
     TableView* list = table();
-    const TableViewDelegate* delegate = list->delegate();
-    if (row < 0 || row >= childCount() || !delegate || !delegate->shouldSelectRow(*list, row))
+    if (!list->maySelectRow(row))
         return false;
     list->selectRowIndexes(TableViewRowSet(row), list->allowsMultipleSelection());
     list->scrollRowToVisible(row);
@@ -127,8 +126,8 @@ bool TableViewListInterface::selectRow(int row)
 
 bool TableViewListInterface::unselectRow(int row)
 {
-    const bool isOnlyOne = selectedCellCount() == 1;
-    if (!isRowSelected(row) || (isOnlyOne && !table()->allowsEmptySelection()))
+    const bool isLast = selectedCellCount() == 1;
+    if (!isRowSelected(row) || (isLast && !table()->allowsEmptySelection()))
         return false;
     table()->deselectRow(row);
     return true;

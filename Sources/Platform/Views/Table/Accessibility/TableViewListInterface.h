@@ -9,8 +9,8 @@ namespace quor::platform {
 
 class TableView;
 
-/// A `TableView` as screen readers see it: a list with every row, also those without a widget.
-/// A row's interface is made when it is first asked for, and kept until the rows change.
+/// A `TableView` as screen readers see it: a list of all rows, also of those without widgets. The interface
+/// of a row is made on the first request, and kept until the next reload.
 class TableViewListInterface final : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
     explicit TableViewListInterface(TableView& table);

@@ -93,7 +93,7 @@ QAccessible::State TableViewRowInterface::state() const
         return state;
     }
     const TableViewRowDescription row = description();
-    state.selectable = state.focusable = isSelectable();
+    state.selectable = state.focusable = table_->maySelectRow(row_);
     state.selected = isSelected();
     state.multiSelectable = table_->allowsMultipleSelection();
     state.focused = table_->selectedRow() == row_;
@@ -105,12 +105,6 @@ QAccessible::State TableViewRowInterface::state() const
     return state;
 }
 
-bool TableViewRowInterface::isSelectable() const
-{
-    const TableViewDelegate* delegate = isValid() ? table_->delegate() : nullptr;
-    return delegate && delegate->shouldSelectRow(*table_, row_);
-}
-
 bool TableViewRowInterface::isSelected() const
 {
     return isValid() && table_->isRowSelected(row_);
@@ -118,7 +112,8 @@ bool TableViewRowInterface::isSelected() const
 
 QStringList TableViewRowInterface::actionNames() const
 {
-    return isSelectable() && description().isEnabled ? QStringList{pressAction()} : QStringList();
+    const bool isPressable = isValid() && table_->maySelectRow(row_) && description().isEnabled;
+    return isPressable ? QStringList{pressAction()} : QStringList();
 }
 
 void TableViewRowInterface::doAction(const QString& name)

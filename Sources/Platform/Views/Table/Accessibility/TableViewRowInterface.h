@@ -12,8 +12,8 @@ namespace quor::platform {
 class TableRowView;
 class TableView;
 
-/// One row as screen readers see it, on the screen or not. While it is on the screen, its child is
-/// what its widgets offer.
+/// A row of a `TableView` as screen readers see it, on the screen or not. While it is on the screen, its
+/// only child is the interface of its row view. Invalid when the table has ended or has fewer rows.
 class TableViewRowInterface final : public QAccessibleInterface,
                                     public QAccessibleTableCellInterface,
                                     public QAccessibleActionInterface {
@@ -50,13 +50,12 @@ public:
 
 private:
     [[nodiscard]] TableViewRowDescription description() const;
-    [[nodiscard]] bool isSelectable() const;
 
     QPointer<TableView> table_;
     int row_;
 };
 
-/// The widgets of a row on the screen, below the row itself.
+/// A row view, with the widgets in it, as the child of its `TableViewRowInterface`.
 class TableViewRowContentInterface final : public QAccessibleWidget {
 public:
     explicit TableViewRowContentInterface(TableRowView& rowView);
