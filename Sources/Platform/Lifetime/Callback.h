@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <concepts>
 #include <cstddef>
 #include <functional>
 #include <memory>
@@ -27,7 +26,7 @@ public:
     Callback(std::nullptr_t) { }
     template <class Closure>
     requires(
-        !std::same_as<std::remove_cvref_t<Closure>, Callback> && std::constructible_from<Function, Closure>)
+        !std::is_same_v<std::remove_cvref_t<Closure>, Callback> && std::is_constructible_v<Function, Closure>)
         Callback(Closure&& closure)
     {
         if (Function function(std::forward<Closure>(closure)); function)
