@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "InterAppCommBridge/InterAppCommBridge.h"
 #include "Peer/PeerProgram.h"
-#include "Platform/Linux/DBusNotificationCenter.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/DBusNotificationCenter.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 #include "Support/WaitFor.h"
 
 #include <QDateTime>

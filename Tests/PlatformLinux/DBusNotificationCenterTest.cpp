@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/DBusNotificationCenter.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/DBusNotificationCenter.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 #include "Support/WaitFor.h"
 
 #include <QDBusMessage>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "OtherWindow.h"
-#include "Platform/Linux/DBusWorkspace.h"
+#include "Platform/Linux/Bus/DBusWorkspace.h"
+#include "Platform/Linux/Bus/SessionBus.h"
+#include "Platform/Linux/Monitors/X11EventMonitors.h"
 #include "Platform/Linux/QtApplication.h"
-#include "Platform/Linux/SessionBus.h"
-#include "Platform/Linux/X11EventMonitors.h"
 #include "Support/WaitFor.h"
 
 #include <QApplication>

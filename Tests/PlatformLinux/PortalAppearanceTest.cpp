@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/Bus/PortalAppearance.h"
 
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 #include "Platform/Views/PaletteApplier.h"
 #include "Support/SettingsPortal.h"
 #include "Support/WaitFor.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 
-#include "Platform/Linux/DBusWorkspace.h"
+#include "Platform/Linux/Bus/DBusWorkspace.h"
 #include "Support/WaitFor.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/Strip.h"
+#include "Platform/Linux/Strip/Strip.h"
 
-#include "Platform/Linux/StripGeometry.h"
+#include "Platform/Linux/Strip/StripGeometry.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Views/StatusBarButton.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11WindowServer.h"
+#include "Platform/Linux/X11/X11WindowServer.h"
 #include "Support/WaitFor.h"
 
 #include <gtest/gtest.h>

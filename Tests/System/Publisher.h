@@ -2,8 +2,8 @@
 #pragma once
 
 #include "InterAppCommBridge/InterAppCommBridge.h"
-#include "Platform/Linux/DBusNotificationCenter.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/DBusNotificationCenter.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 #include "Platform/Preferences/UserDefaults.h"
 
 #include <QByteArray>

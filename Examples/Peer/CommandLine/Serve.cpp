@@ -6,9 +6,9 @@
 #include "Peer/Model/Tracker.h"
 #include "Peer/Service/Exchange.h"
 #include "Peer/Service/PeerService.h"
-#include "Platform/Linux/DBusNotificationCenter.h"
-#include "Platform/Linux/DBusWorkspace.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/DBusNotificationCenter.h"
+#include "Platform/Linux/Bus/DBusWorkspace.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 #include "Platform/Preferences/DataHome.h"
 #include "Platform/Resources/Bundle.h"
 

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Linux/DBusNotificationCenter.h"
-#include "Platform/Linux/DBusWorkspace.h"
-#include "Platform/Linux/PortalAppearance.h"
+#include "Platform/Linux/Bus/DBusNotificationCenter.h"
+#include "Platform/Linux/Bus/DBusWorkspace.h"
+#include "Platform/Linux/Bus/PortalAppearance.h"
+#include "Platform/Linux/Bus/SessionBus.h"
+#include "Platform/Linux/Monitors/X11EventMonitors.h"
 #include "Platform/Linux/QtApplication.h"
-#include "Platform/Linux/SessionBus.h"
-#include "Platform/Linux/Strip.h"
-#include "Platform/Linux/X11EventMonitors.h"
-#include "Platform/Linux/X11WindowServer.h"
+#include "Platform/Linux/Strip/Strip.h"
+#include "Platform/Linux/X11/X11WindowServer.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/PlatformServices.h"

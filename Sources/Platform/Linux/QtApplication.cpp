@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Linux/QtApplication.h"
 
-#include "Platform/Linux/X11Connection.h"
-#include "Platform/Linux/X11Focus.h"
+#include "Platform/Linux/X11/X11Connection.h"
+#include "Platform/Linux/X11/X11Focus.h"
 
 #include <QCoreApplication>
 #include <QEvent>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Services/StatusItemHost.h"
 #include "Platform/Lifetime/Subscription.h"
+#include "Platform/Services/StatusItemHost.h"
 
 #include <QMetaObject>
 #include <QObject>

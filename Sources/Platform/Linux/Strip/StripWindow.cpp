@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/StripWindow.h"
+#include "Platform/Linux/Strip/StripWindow.h"
 
-#include "Platform/Linux/X11Window.h"
+#include "Platform/Linux/X11/X11Window.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Linux/StripGeometry.h"
+#include "Platform/Linux/Strip/StripGeometry.h"
 
 #include <QtGui/qwindowdefs.h>
 

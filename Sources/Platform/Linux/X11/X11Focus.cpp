@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11Focus.h"
+#include "Platform/Linux/X11/X11Focus.h"
 
-#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11/X11Connection.h"
 
 #include <QString>
 #include <QSysInfo>

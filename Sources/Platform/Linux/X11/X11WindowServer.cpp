@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11WindowServer.h"
+#include "Platform/Linux/X11/X11WindowServer.h"
 
-#include "Platform/Linux/X11Connection.h"
-#include "Platform/Linux/X11Window.h"
+#include "Platform/Linux/X11/X11Connection.h"
+#include "Platform/Linux/X11/X11Window.h"
 
 #include <QGuiApplication>
 #include <QWidget>

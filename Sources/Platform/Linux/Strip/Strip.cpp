@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/Strip.h"
+#include "Platform/Linux/Strip/Strip.h"
 
-#include "Platform/Linux/StripWindow.h"
+#include "Platform/Linux/Strip/StripWindow.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/StatusItem.h"
 #include "Platform/Views/StatusBarButton.h"

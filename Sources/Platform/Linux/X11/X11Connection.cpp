@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11/X11Connection.h"
 
 #include <QGuiApplication>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11GlobalMonitors.h"
+#include "Platform/Linux/Monitors/X11GlobalMonitors.h"
 
-#include "Platform/Linux/X11Connection.h"
-#include "Platform/Linux/X11InputExtension.h"
+#include "Platform/Linux/Monitors/X11InputExtension.h"
+#include "Platform/Linux/X11/X11Connection.h"
 
 #include <QCoreApplication>
 #include <QCursor>

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/DBusWorkspace.h"
+#include "Platform/Linux/Bus/DBusWorkspace.h"
 
-#include "Platform/Linux/SessionBus.h"
-#include "Platform/Linux/X11Connection.h"
-#include "Platform/Linux/X11Focus.h"
+#include "Platform/Linux/Bus/SessionBus.h"
+#include "Platform/Linux/X11/X11Connection.h"
+#include "Platform/Linux/X11/X11Focus.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingReply>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/LocalMonitors.h"
+#include "Platform/Linux/Monitors/LocalMonitors.h"
 
 #include <QCoreApplication>
 #include <QMouseEvent>

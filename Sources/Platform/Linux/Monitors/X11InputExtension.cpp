@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11InputExtension.h"
+#include "Platform/Linux/Monitors/X11InputExtension.h"
 
-#include "Platform/Linux/X11Connection.h"
+#include "Platform/Linux/X11/X11Connection.h"
 
 #include <array>
 #include <string_view>

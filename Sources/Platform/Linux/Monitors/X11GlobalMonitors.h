@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Linux/MonitorList.h"
+#include "Platform/Linux/Monitors/MonitorList.h"
 
 #include <QAbstractNativeEventFilter>
 #include <QObject>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/StripGeometry.h"
+#include "Platform/Linux/Strip/StripGeometry.h"
 
 #include <algorithm>
 #include <cmath>

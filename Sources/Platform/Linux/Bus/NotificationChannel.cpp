@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/NotificationChannel.h"
+#include "Platform/Linux/Bus/NotificationChannel.h"
 
 #include <QDBusMessage>
 #include <QPointer>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/DBusNotificationCenter.h"
+#include "Platform/Linux/Bus/DBusNotificationCenter.h"
 
-#include "Platform/Linux/NotificationChannel.h"
-#include "Platform/Linux/SessionBus.h"
+#include "Platform/Linux/Bus/NotificationChannel.h"
+#include "Platform/Linux/Bus/SessionBus.h"
 
 #include <QDBusMessage>
 

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "Platform/Linux/X11EventMonitors.h"
+#include "Platform/Linux/Monitors/X11EventMonitors.h"
 
-#include "Platform/Linux/LocalMonitors.h"
-#include "Platform/Linux/X11GlobalMonitors.h"
+#include "Platform/Linux/Monitors/LocalMonitors.h"
+#include "Platform/Linux/Monitors/X11GlobalMonitors.h"
 
 #include <utility>
 
