@@ -187,11 +187,11 @@ TEST_F(FilesTest, CleanersTakeNothingFromWritersAtAnyMoment)
         while (!isDone)
             removeLeftovers(folder_.get());
     });
-    for (int i = 0; i < 2000; ++i)
-        EXPECT_FALSE(replaceFile("file", QByteArray::number(i), 0600, Permissions::fixed, folder_.get()));
+    for (int i = 0; i < 1000; ++i) // new files, since many file systems sync one that replaces another
+        EXPECT_FALSE(replaceFile(QByteArray::number(i), "x", 0600, Permissions::fixed, folder_.get()));
     isDone = true;
     cleaner.join();
-    EXPECT_EQ(content("file"), "1999");
+    EXPECT_EQ(files().size(), 1000U);
     EXPECT_EQ(files(Names::hidden), std::vector<QByteArray>());
 }
 

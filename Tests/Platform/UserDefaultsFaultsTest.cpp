@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Preferences/UserDefaults.h"
+#include "Support/Files.h"
 #include "Support/TemporaryDataHome.h"
 
 #include <gtest/gtest.h>
 
-#include <QDateTime>
-#include <QDir>
-#include <QFile>
-
 #include <atomic>
 #include <csignal>
 #include <thread>
-#include <utility>
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -24,7 +20,7 @@ namespace {
 
 const QString key = u"timerData"_s;
 
-/// A value that shows any tear: its one letter tells its size.
+/// A value of one letter, which decides its size, so that a torn one can be recognised.
 QByteArray wholeValue(int number)
 {
     return {1 + (number % 26) * 10'000, char('a' + number % 26)};
@@ -55,7 +51,7 @@ protected:
     const QString folder_ = home_.path(u"suite/Preferences"_s);
 };
 
-TEST_F(UserDefaultsFaultsTest, ReadersSeeWholeValuesWhoeverWritesOrDies)
+TEST_F(UserDefaultsFaultsTest, ReadersSeeWholeValuesWhileWritersDie)
 {
     ASSERT_TRUE(defaults_.setObject(wholeValue(0), key));
     std::atomic<bool> isDone = false;
@@ -65,7 +61,7 @@ TEST_F(UserDefaultsFaultsTest, ReadersSeeWholeValuesWhoeverWritesOrDies)
     });
     for (int round = 0; round < 60; ++round) {
         const pid_t process = startWriter();
-        for (int i = 0; i <= round; ++i) // kills at ever other moments
+        for (int i = 0; i <= round; ++i) // so that each round kills at another moment
             EXPECT_TRUE(isWhole(defaults_.dataForKey(key)));
         kill(process, SIGKILL);
         waitpid(process, nullptr, 0);
@@ -73,18 +69,16 @@ TEST_F(UserDefaultsFaultsTest, ReadersSeeWholeValuesWhoeverWritesOrDies)
     }
     isDone = true;
     writer.join();
+    EXPECT_TRUE(defaults_.setObject(wholeValue(0), key));
+    EXPECT_EQ(temporaries(), QStringList());
 }
 
-TEST_F(UserDefaultsFaultsTest, FilesOfDeadWritersGoInTheEnd)
+TEST_F(UserDefaultsFaultsTest, AWriteRemovesWhatDeadWritersLeft)
 {
-    QFile young(folder_ + "/.new-young0"_L1);
-    QFile old(folder_ + "/.new-old000"_L1);
-    ASSERT_TRUE(young.open(QIODevice::WriteOnly) && old.open(QIODevice::WriteOnly));
-    const auto yesterday = QDateTime::currentDateTime().addDays(-1);
-    ASSERT_TRUE(old.setFileTime(yesterday, QFileDevice::FileModificationTime));
-    for (int i = 0; i < 5000 && temporaries().size() > 1; ++i) // chance decides when, once in 62 writes
-        defaults_.setObject(true, key);
-    EXPECT_EQ(temporaries(), QStringList{u".new-young0"_s});
+    for (const auto& name : {u".quor-dead.new"_s, u".quor-0.new"_s, u".another's"_s})
+        ASSERT_TRUE(quor::test::writeFile(folder_ + u'/' + name, "half a val"));
+    EXPECT_TRUE(defaults_.setObject(true, key));
+    EXPECT_EQ(temporaries(), QStringList{u".another's"_s});
 }
 
 TEST_F(UserDefaultsFaultsTest, AValueThatDoesNotFitLeavesTheOldOne)
@@ -92,14 +86,11 @@ TEST_F(UserDefaultsFaultsTest, AValueThatDoesNotFitLeavesTheOldOne)
     ASSERT_TRUE(defaults_.setObject(u"old"_s, key));
     rlimit limit{};
     getrlimit(RLIMIT_FSIZE, &limit);
-    const auto unlimited = std::exchange(limit.rlim_cur, 4096);
-    const auto before = std::signal(SIGXFSZ, SIG_IGN);
-    setrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{4096, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
     EXPECT_FALSE(defaults_.setObject(QByteArray(5000, 'n'), key));
-    limit.rlim_cur = unlimited;
     setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, before);
-    EXPECT_EQ(defaults_.stringForKey(key), u"old");
+    EXPECT_EQ(quor::test::readFile(folder_ + "/timerData"_L1), "string\nold");
     EXPECT_EQ(temporaries(), QStringList());
 }
 

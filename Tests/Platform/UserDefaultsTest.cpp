@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
+
 #include <limits>
 
 #include <sys/stat.h>
@@ -74,9 +76,10 @@ TEST_F(UserDefaultsTest, EscapesKeysInFileNames)
     const QString names[][2] = {
         {u"aZ09._-"_s, u"aZ09._-"_s}, {u"../up"_s, u"%2E.%2Fup"_s}, {u"100% ü\n"_s, u"100%25%20%C3%BC%0A"_s}};
     for (const auto& [key, fileName] : names) {
-        EXPECT_TRUE(defaults_.setObject(key, key));
-        EXPECT_EQ(defaults_.stringForKey(key), key);
-        EXPECT_TRUE(QFile::exists(folder() + u'/' + fileName)) << fileName.toStdString();
+        EXPECT_TRUE(defaults_.setObject(1.5, key));
+        EXPECT_EQ(readFile(folder() + u'/' + fileName), "real\n1.5") << fileName.toStdString();
+        ASSERT_TRUE(writeFile(folder() + u'/' + fileName, "real\n2.5"));
+        EXPECT_EQ(defaults_.doubleForKey(key), 2.5) << fileName.toStdString();
         EXPECT_TRUE(defaults_.removeObject(key));
     }
     for (const auto& key : {QString(), QString(300, u'k'), QString(QChar(0xD800))})
@@ -99,14 +102,20 @@ TEST_F(UserDefaultsTest, MakesItsFoldersAndFilesForTheUserAlone)
 TEST_F(UserDefaultsTest, StandardDefaultsStandInForASuiteThatCannotBeOpened)
 {
     ASSERT_TRUE(writeFile(home_.path(u"blocked"_s), {}));
-    double value = 1;
+    const QString before = QCoreApplication::applicationName();
+    QCoreApplication::setApplicationName(u"com.example.Standard"_s);
+    const QString file = home_.path(u"com.example.Standard/Preferences/key"_s);
     for (const auto& name : {u"blocked"_s, u"../outside"_s, u".."_s, u"."_s, u""_s, u"nul\0x"_s}) {
         EXPECT_FALSE(UserDefaults::suite(name)) << name.toStdString();
-        EXPECT_TRUE(UserDefaults::suiteOrStandard(name).setObject(++value, u"key"_s));
-        EXPECT_EQ(UserDefaults::suiteOrStandard(name).doubleForKey(u"key"_s), value);
-        EXPECT_EQ(UserDefaults::standard().doubleForKey(u"key"_s), value);
+        EXPECT_TRUE(UserDefaults::suiteOrStandard(name).setObject(name, u"key"_s));
+        EXPECT_EQ(readFile(file), "string\n" + name.toUtf8());
+        ASSERT_TRUE(writeFile(file, "real\n2.5"));
+        EXPECT_EQ(UserDefaults::suiteOrStandard(name).doubleForKey(u"key"_s), 2.5) << name.toStdString();
+        EXPECT_EQ(UserDefaults::standard().doubleForKey(u"key"_s), 2.5);
     }
-    EXPECT_FALSE(UserDefaults::suiteOrStandard(suiteName).boolForKey(u"key"_s)) << "unset is not unopened";
+    QCoreApplication::setApplicationName(before);
+    EXPECT_FALSE(UserDefaults::suiteOrStandard(suiteName).boolForKey(u"key"_s))
+        << "a suite that can be opened but has no such key";
 }
 
 TEST_F(UserDefaultsTest, TakesRegularFilesOnly)

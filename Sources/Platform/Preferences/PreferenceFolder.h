@@ -8,33 +8,31 @@
 
 namespace quor::platform {
 
-/// The files of one preferences suite: whole contents by key, without regard to what they mean.
+/// The files of one preferences suite, each the content of one key. Knows nothing of what contents mean.
 ///
-/// A content is replaced by renaming a finished file over the old one, so a reader sees either, whole,
-/// whenever the writer dies. Nothing is locked, cached or synced. Any thread.
+/// A file is replaced as a whole, so a reader sees the old content or the new one, even if a writer dies.
+/// Nothing is cached or synced, and nobody waits for a lock. Any thread.
 class PreferenceFolder final {
 public:
-    /// `path` in the file system's encoding; an empty one can never be opened.
+    /// `path` is in the file system's encoding. A folder without a path (empty) cannot be opened.
     explicit PreferenceFolder(QByteArray path);
 
-    /// Makes the folder and those above it where missing, for the user alone. False if it is not a
-    /// folder then whose files can be reached.
+    /// Makes the folder and those above it where they are missing, accessible to the user alone. Returns
+    /// whether there is a folder now whose files can be reached.
     [[nodiscard]] bool open() const;
 
-    /// None if the key has no regular file that can be read whole.
+    /// Returns nullopt if the key has no regular file, or one that cannot be read or exceeds 256 MiB.
     [[nodiscard]] std::optional<QByteArray> read(const QString& key) const;
 
-    /// Stores `head` and `body`, one behind the other, making the folder where missing. False leaves
-    /// what was there.
-    [[nodiscard]] bool replace(const QString& key, QByteArrayView head, QByteArrayView body) const;
+    /// Stores the content, in a folder that is made where it is missing. Returns false on failure, which
+    /// leaves the old content. Also removes what killed writers left in the folder.
+    [[nodiscard]] bool replace(const QString& key, const QByteArray& content) const;
 
-    /// True if the folder can be opened and the key has no file now.
+    /// Returns whether the folder can be opened and the key has no file now.
     [[nodiscard]] bool remove(const QString& key) const;
 
 private:
-    [[nodiscard]] QByteArray pathOf(const QString& key) const; ///< empty if there can be no file
-    [[nodiscard]] int makeTemporary(QByteArray& path) const;
-    void removeAbandoned() const;
+    [[nodiscard]] QByteArray pathOf(const QString& key) const; ///< Empty if the key can have no file.
 
     QByteArray path_;
 };

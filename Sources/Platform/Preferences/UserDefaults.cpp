@@ -17,13 +17,13 @@ namespace quor::platform {
 
 namespace {
 
-// The type lines.
+// The first line of a file: the type of its value.
 constexpr QByteArrayView dataType = "data\n";
 constexpr QByteArrayView stringType = "string\n";
 constexpr QByteArrayView boolType = "bool\n";
 constexpr QByteArrayView realType = "real\n";
 
-/// Empty if no folder can have that name.
+/// Returns an empty path if no suite can have that name, or there is no data home.
 QByteArray folderOf(const QString& suite)
 {
     const auto home = dataHome();
@@ -38,8 +38,8 @@ QByteArray standardFolder()
     return folderOf(QCoreApplication::applicationName());
 }
 
-/// The value behind the type line, if it is that type's.
-std::optional<QByteArray> value(QByteArray content, QByteArrayView type)
+/// Returns what follows the type line, if the content is of that type.
+std::optional<QByteArray> valueOfType(QByteArray content, QByteArrayView type)
 {
     if (!content.startsWith(type))
         return std::nullopt;
@@ -47,9 +47,10 @@ std::optional<QByteArray> value(QByteArray content, QByteArrayView type)
     return content;
 }
 
-std::optional<QByteArray> line(const QByteArray& content, QByteArrayView type)
+/// The same, without the line feed at the end that shells like to write.
+std::optional<QByteArray> lineOfType(const QByteArray& content, QByteArrayView type)
 {
-    auto text = value(content, type);
+    auto text = valueOfType(content, type);
     if (text && text->endsWith('\n'))
         text->chop(1);
     return text;
@@ -89,18 +90,17 @@ UserDefaults UserDefaults::standard()
 UserDefaults UserDefaults::suiteOrStandard(const QString& name)
 {
     UserDefaults defaults(folderOf(name));
-    defaults.standsInStandard_ = true;
+    defaults.fallsBackToStandard_ = true;
     return defaults;
 }
 
-// What succeeds needs no look at the folder; only what does not can be due to a suite that cannot be
-// opened.
+// Only an access that fails can be due to a suite that cannot be opened, so only then the folder is opened.
 template <typename Access>
 auto UserDefaults::access(Access access) const
 {
     const PreferenceFolder own(folder_);
     auto result = access(own);
-    if (result || !standsInStandard_ || own.open())
+    if (result || !fallsBackToStandard_ || own.open())
         return result;
     return access(PreferenceFolder(standardFolder()));
 }
@@ -112,19 +112,21 @@ std::optional<QByteArray> UserDefaults::content(const QString& key) const
 
 bool UserDefaults::replace(const QString& key, QByteArrayView type, QByteArrayView value) const
 {
-    return access([&](const PreferenceFolder& folder) { return folder.replace(key, type, value); });
+    QByteArray content = type.toByteArray();
+    content += value;
+    return access([&](const PreferenceFolder& folder) { return folder.replace(key, content); });
 }
 
 std::optional<QByteArray> UserDefaults::dataForKey(const QString& key) const
 {
     auto stored = content(key);
-    return stored ? value(*std::move(stored), dataType) : std::nullopt;
+    return stored ? valueOfType(*std::move(stored), dataType) : std::nullopt;
 }
 
 std::optional<QString> UserDefaults::stringForKey(const QString& key) const
 {
     auto stored = content(key);
-    const auto bytes = stored ? value(*std::move(stored), stringType) : std::nullopt;
+    const auto bytes = stored ? valueOfType(*std::move(stored), stringType) : std::nullopt;
     if (!bytes)
         return std::nullopt;
     using Flag = QStringDecoder::Flag;
@@ -136,19 +138,19 @@ std::optional<QString> UserDefaults::stringForKey(const QString& key) const
 bool UserDefaults::boolForKey(const QString& key) const
 {
     const auto stored = content(key).value_or(QByteArray());
-    if (const auto text = line(stored, boolType))
+    if (const auto text = lineOfType(stored, boolType))
         return *text == "true";
-    if (const auto text = line(stored, stringType))
+    if (const auto text = lineOfType(stored, stringType))
         return *text == "true" || *text == "yes" || *text == "1";
-    return number(line(stored, realType)).value_or(0) != 0;
+    return number(lineOfType(stored, realType)).value_or(0) != 0;
 }
 
 double UserDefaults::doubleForKey(const QString& key) const
 {
     const auto stored = content(key).value_or(QByteArray());
-    if (const auto real = number(line(stored, realType)))
+    if (const auto real = number(lineOfType(stored, realType)))
         return *real;
-    return number(line(stored, stringType)).value_or(0);
+    return number(lineOfType(stored, stringType)).value_or(0);
 }
 
 bool UserDefaults::setObject(const QByteArray& data, const QString& key) const
@@ -170,8 +172,9 @@ bool UserDefaults::setObject(double value, const QString& key) const
 {
     if (!std::isfinite(value))
         return false;
-    std::array<char, 32> digits{}; // the longest double takes 24
-    const auto end = std::to_chars(digits.begin(), digits.end(), value).ptr; // as short as reads back exactly
+    std::array<char, 32> digits{}; // more than the 24 of the longest number
+    const auto end
+        = std::to_chars(digits.begin(), digits.end(), value).ptr; // the shortest text that reads back exactly
     return replace(key, realType, QByteArrayView(digits.begin(), end));
 }
 
