@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Calendar/Files/FolderWatch.h"
+#include "Platform/Files/FileDescriptor.h"
+#include "ToolKit/Calendar/Files/CalendarPath.h"
 #include "ToolKit/Calendar/Items/EventStoreError.h"
 
 #include <QByteArray>
 
-#include <compare>
-#include <ctime>
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -15,68 +15,63 @@
 
 namespace quor::toolkit {
 
-/// Above this a calendar file is not read.
+/// The end of the name of each file that holds items.
+inline constexpr QByteArrayView itemSuffix = ".ics";
+/// Larger calendar files are neither read nor written. In bytes.
 inline constexpr qint64 largestItemFile = qint64(64) << 20;
 
-/// The names of the folders in a folder, sorted; neither hidden ones nor links.
-[[nodiscard]] std::vector<QByteArray> subfolders(const QByteArray& folder);
-
-/// Tells one state of a file from another.
+/// One state of a file: differs from the identity of every earlier and later state.
 struct FileIdentity {
     ino_t inode = 0;
     off_t size = 0;
-    std::int64_t modified = 0; ///< nanoseconds
+    std::int64_t modified = 0; ///< nanoseconds since 1970
 
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
 struct FileContent {
     FileIdentity identity;
-    std::optional<QByteArray> bytes; ///< none where it is too large or cannot be read
+    std::optional<QByteArray> bytes; ///< nullopt if the file is too large or cannot be read
 };
 
-/// A source's or calendar's folder, held open: what is done through it stays in that folder, whatever
-/// becomes of its name, and no link is followed from it.
+/// The folder of a source or a calendar, held open: all operations stay in that folder, even if it is
+/// renamed meanwhile. Names are those of its files; symbolic links are never followed.
 class CalendarDirectory final {
 public:
     CalendarDirectory(const QByteArray& root, const CalendarPath& path);
-    /// Makes the folders that are missing.
-    [[nodiscard]] static std::optional<EventStoreError> make(
-        const QByteArray& root, const CalendarPath& path);
-    /// Removes the files that calendars keep, and the folder where nothing else is in it.
-    [[nodiscard]] static std::optional<EventStoreError> removeCalendar(
-        const QByteArray& root, const CalendarPath& path);
-    ~CalendarDirectory();
-    CalendarDirectory(const CalendarDirectory&) = delete;
-    CalendarDirectory& operator=(const CalendarDirectory&) = delete;
 
-    [[nodiscard]] bool isOpen() const { return folder_ >= 0; }
+    /// False if the folder does not exist or cannot be read. Then reads return nothing, and changes fail
+    /// with `notFound`.
+    [[nodiscard]] bool isOpen() const { return bool(folder_); }
+    /// Whether the permissions allow files to be created and removed here.
     [[nodiscard]] bool isWritable() const;
-    /// Keeps other stores from writing here until this object ends.
+    /// Keeps other stores, of any process, from writing here until this object ends. Waits for a store that
+    /// is writing.
     void lock() const;
+    /// Removes the temporary files that killed writers left. Requires the lock.
+    void removeLeftovers() const;
 
-    /// The visible regular files.
+    /// The visible regular files, in no order.
     [[nodiscard]] std::vector<QByteArray> names() const;
-    /// None where there is no such regular file.
+    /// Returns nullopt if there is no regular file of that name.
     [[nodiscard]] std::optional<FileIdentity> identity(const QByteArray& name) const;
+    /// Returns nullopt if there is no regular file of that name. `limit` is in bytes.
     [[nodiscard]] std::optional<FileContent> read(
         const QByteArray& name, qint64 limit = largestItemFile) const;
 
-    /// Replaces that state of the file, or makes the file (`expected` none). A `conflict` where it has
-    /// another state, in which it stays. The new state on success.
-    [[nodiscard]] std::optional<EventStoreError> write(const QByteArray& name, const QByteArray& bytes,
+    /// Replaces the file if it is still in the state `expected`, or creates it if `expected` is nullopt.
+    /// Fails with `conflict`, and leaves the file alone, if it is in another state. Stores the new state in
+    /// `written`. Synced.
+    [[nodiscard]] EventStoreResult write(const QByteArray& name, const QByteArray& bytes,
         const std::optional<FileIdentity>& expected, FileIdentity* written = nullptr) const;
-    [[nodiscard]] std::optional<EventStoreError> remove(
-        const QByteArray& name, const FileIdentity& expected) const;
+    /// Removes the file if it is still in the state `expected`, fails with `conflict` otherwise.
+    [[nodiscard]] EventStoreResult remove(const QByteArray& name, const FileIdentity& expected) const;
 
 private:
-    [[nodiscard]] std::optional<EventStoreError> put(const QByteArray& temporary, const QByteArray& name,
-        const std::optional<FileIdentity>& expected) const;
-
-    int folder_ = -1;
+    platform::FileDescriptor folder_;
 };
 
-/// The error that `errno` stands for.
+/// The error for an `errno`. `name` is a path in the file system's encoding.
 [[nodiscard]] EventStoreError systemError(int number, const QByteArray& name);
 
 } // namespace quor::toolkit

@@ -1,114 +1,77 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Calendar/Files/CalendarDirectory.h"
+#include "ToolKit/Calendar/Files/CalendarProperties.h"
+#include "ToolKit/Calendar/Files/ItemIndex.h"
+#include "ToolKit/Calendar/Files/ParsedFiles.h"
+#include "ToolKit/Calendar/Files/StagingArea.h"
 #include "ToolKit/Calendar/Items/EventCalendar.h"
-#include "ToolKit/Calendar/Items/ItemFile.h"
 
 #include <functional>
-#include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <vector>
 
 namespace quor::toolkit {
 
-/// One calendar: what was read of its files, by time, and what is staged for them. One thread at a time.
+/// One calendar as its store sees it: the items on disk, with the staged edits applied to them. Reads the
+/// disk only for files that were marked as changed. One thread at a time.
 class CalendarFolder final {
 public:
     CalendarFolder(QByteArray root, CalendarPath path);
 
-    // What changed on disk; looked at by the next read.
-    void invalidate() { isStale_ = true; }
-    void invalidate(const std::set<QByteArray>& names);
+    [[nodiscard]] const CalendarPath& path() const { return path_; }
+    [[nodiscard]] QString identifier() const { return path_.identifier(); }
 
-    /// The calendar as its small files tell.
+    /// Makes the next read look for changes of any file.
+    void markAllChanged() { files_.markAllChanged(); }
+    void markChanged(const std::set<QByteArray>& files) { files_.markChanged(files); }
+
+    /// Returns a new object that describes the calendar.
     [[nodiscard]] std::shared_ptr<EventCalendar> calendar(const EventSource& source);
-
-    using EventVisit = std::function<void(
-        const QByteArray& file, const EventRecord&, std::optional<Date> occurrence, const EventFields&)>;
+    /// Visits the events that overlap [start, end), in no order.
     void visitEvents(Date start, Date end, const EventVisit& visit);
     void visitReminders(const std::function<void(const QByteArray& file, const ReminderRecord&)>& visit);
 
-    /// The file that holds the item; `guess` where it is there. Empty: none.
-    [[nodiscard]] QByteArray fileOf(const QString& uid, const QByteArray& guess);
+    /// Returns the name of the file that holds the item, or an empty name if there is none. Looks into
+    /// `lastKnown` first.
+    [[nodiscard]] QByteArray fileOf(const QString& uid, const QByteArray& lastKnown);
+    /// Returns null if there is no such file, or it cannot be read.
     [[nodiscard]] const FileRecords* records(const QByteArray& file);
-    /// The file as it is with what is staged for it, none where it is broken or not there.
+    /// Returns nullopt if there is no such file, or it cannot be read.
     [[nodiscard]] std::optional<ItemFile> content(const QByteArray& file);
-    /// A name for a new item's file that nothing has.
+    /// Returns an unused name for the file of a new item.
     [[nodiscard]] QByteArray newFile(const QString& uid);
 
-    /// What became of a staged file, for those changes that must wait for it.
-    enum class Arrival { pending, written, lost };
-
-    /// Makes the edit on the file as it is with what is staged. A failure changes nothing. An edit `after`
-    /// another file takes away what that one has: it is written behind it, and dropped if that one is lost.
-    [[nodiscard]] std::optional<EventStoreError> stage(
-        const QByteArray& file, ItemEdit edit, std::shared_ptr<const Arrival> after = nullptr);
-    /// Of a file that something is staged for.
-    [[nodiscard]] std::shared_ptr<const Arrival> arrival(const QByteArray& file) const;
-    [[nodiscard]] bool hasStaged() const { return !staged_.empty(); }
-    /// Whether something that moves from here to another calendar is not there yet.
-    [[nodiscard]] bool hasDepartures() const;
-    enum class Writes { contents, removals };
-    /// Writes files that nothing is taken away from, or the others. Adds failures. Whether any file is done
-    /// with, for which others may wait.
-    bool commit(Writes writes, std::vector<EventStoreError>& failures);
-    /// Drops what is staged for one file.
+    /// Adds an edit of a file, see `StagedFile::add`. Fails with `notFound` if the folder is gone.
+    [[nodiscard]] EventStoreResult stage(
+        const QByteArray& file, ItemEdit edit, std::shared_ptr<const WriteStatus> condition = nullptr);
+    /// The status of a staged file, as a condition for edits of others.
+    [[nodiscard]] std::shared_ptr<const WriteStatus> status(const QByteArray& file) const;
+    /// Drops all edits of one file, or of all files.
     void unstage(const QByteArray& file);
-    void reset();
+    void unstageAll();
+    [[nodiscard]] bool hasStagedFiles() const { return !staged_.files().empty(); }
+    /// Whether an item that moves from here to another calendar has not arrived there.
+    [[nodiscard]] bool hasUnfinishedMoves() const { return staged_.hasUnfinishedMoves(); }
+
+    /// See `StagingArea::commit`.
+    bool commit(CommitWave wave, std::vector<EventStoreError>& failures);
+    /// Removes the calendar's files, and the folder if nothing else is in it. Drops all edits on success.
+    [[nodiscard]] EventStoreResult removeFromDisk();
 
 private:
-    struct Entry {
-        FileIdentity identity;
-        std::shared_ptr<const FileRecords> records; ///< null: broken
-    };
-    struct Step {
-        ItemEdit edit;
-        std::shared_ptr<const Arrival> after; ///< null: waits for nothing
-    };
-    struct Staged {
-        std::vector<Step> steps;
-        std::shared_ptr<Arrival> arrival = std::make_shared<Arrival>(Arrival::pending);
-        bool isOutdated = false; ///< the steps are to be made again
-        std::optional<FileIdentity> base; ///< none: a new file
-        std::optional<QByteArray> bytes; ///< none: nothing is left in it
-        std::shared_ptr<const FileRecords> records;
-    };
-    struct Timed {
-        Date start;
-        Date end;
-        const QByteArray* file;
-        const EventRecord* record;
-    };
-
     void refresh();
-    void read(const CalendarDirectory& directory, const QByteArray& name);
-    void index();
-    void indexFile(const QByteArray& name, const FileRecords& records);
-    [[nodiscard]] std::optional<EventStoreError> write(
-        const CalendarDirectory& directory, const QByteArray& name, Staged& staged);
-    [[nodiscard]] std::optional<EventStoreError> writeRepeatedly(
-        const CalendarDirectory& directory, const QByteArray& name, Staged& staged);
-    static void dropLostSteps(Staged& staged);
-    /// Each file's records, staged ones in place of those on disk.
-    template <class Visit>
-    void visitFiles(Visit visit) const;
+    const ItemIndex& index();
+    [[nodiscard]] std::vector<NamedRecords> visibleRecords() const;
 
-    QByteArray root_;
-    CalendarPath path_;
-    std::map<QByteArray, Entry> files_;
-    std::map<QByteArray, Staged> staged_;
-    bool isStale_ = true;
-    std::set<QByteArray> staleNames_;
-    QString title_;
-    QColor color_;
-
-    bool isIndexed_ = false;
-    std::vector<Timed> short_; ///< those that happen once and take up to a month, by start
-    std::vector<Timed> long_;
-    std::vector<Timed> series_;
-    bool holdsReminders_ = false;
+    const QByteArray root_;
+    const CalendarPath path_;
+    CalendarProperties properties_;
+    ParsedFiles files_;
+    StagingArea staged_;
+    std::optional<ItemIndex> index_; ///< exists only while its records are current
 };
 
 } // namespace quor::toolkit

@@ -180,6 +180,20 @@ void expand(const EventRecord& series, Date start, Date end,
     }
 }
 
+std::optional<EventFields> fieldsAt(const EventRecord& series, Date occurrence)
+{
+    const auto& overrides = series.recurrence->overrides;
+    if (const auto own = overrides.find(occurrence); own != overrides.end())
+        return own->second;
+    std::optional<EventFields> found;
+    expand(
+        series, occurrence, occurrence + std::chrono::seconds(1), [&](Date start, const EventFields& fields) {
+            if (start == occurrence)
+                found = fields;
+        });
+    return found;
+}
+
 int countBefore(const EventRecord& series, Date moment)
 {
     int count = 0;

@@ -4,20 +4,27 @@
 #include "ToolKit/Calendar/Items/ItemRecord.h"
 
 #include <functional>
+#include <optional>
 
 namespace quor::toolkit {
 
-/// More of one series is not listed in one range.
+// A series is an `EventRecord` with a recurrence. An occurrence is known by the start that the rules or dates
+// of the series give it, even after it was moved by itself.
+
+/// The most occurrences of one series that are listed in one range.
 inline constexpr std::size_t mostOccurrences = 10'000;
 
-/// Calls `visit` with each event of the series that overlaps [start, end), and the start by which the
-/// series knows it, in no order.
+/// Calls `visit` with each occurrence that overlaps [start, end), in no order.
 void expand(const EventRecord& series, Date start, Date end,
     const std::function<void(Date occurrence, const EventFields& fields)>& visit);
 
-/// How many the rules and dates give before that moment.
+/// Returns the fields of one occurrence, nullopt if the series does not have it.
+[[nodiscard]] std::optional<EventFields> fieldsAt(const EventRecord& series, Date occurrence);
+
+/// Returns the number of occurrences that the first rule gives before `moment`, removed ones included.
 [[nodiscard]] int countBefore(const EventRecord& series, Date moment);
 
+/// Whether an event from `from` to `to` overlaps [start, end). One without length does if it lies in it.
 [[nodiscard]] inline bool overlaps(Date from, Date to, Date start, Date end)
 {
     return from < end && (to > start || (from == to && from >= start));

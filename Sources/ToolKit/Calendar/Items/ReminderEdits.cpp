@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Calendar/Items/ItemEdits.h"
+#include "ToolKit/Calendar/Items/ReminderEdits.h"
+
+#include "ToolKit/Calendar/Items/ItemErrors.h"
 #include "ToolKit/Calendar/Items/ItemReader.h"
 #include "ToolKit/Calendar/Items/ItemWriter.h"
 
@@ -9,18 +11,9 @@ namespace quor::toolkit {
 
 namespace {
 
-using Result = std::optional<EventStoreError>;
-using Kind = EventStoreError::Kind;
-
 auto completion(const ReminderFields& fields)
 {
     return std::tie(fields.isCompleted, fields.completionDate);
-}
-
-template <class T>
-bool clash(const T& current, const T& base, const T& wanted)
-{
-    return wanted != base && current != base && current != wanted;
 }
 
 bool clashes(const ReminderFields& current, const ReminderChange& change)
@@ -91,49 +84,41 @@ void writeFields(icalcomponent* reminder, const ReminderChange& change)
     touch(reminder);
 }
 
-Result failure(Kind kind, const QString& uid)
-{
-    return EventStoreError(kind,
-        uid.left(100)
-            + (kind == Kind::conflict ? QStringLiteral(": changed by another program")
-                                      : QStringLiteral(": not there any more")));
-}
-
 } // namespace
 
-std::optional<EventStoreError> defectOf(const ReminderFields& fields)
+EventStoreResult defectOf(const ReminderFields& fields, const ReminderFields&)
 {
     const bool isSound = (!fields.dueDate || isWritable(*fields.dueDate))
         && (!fields.completionDate || isWritable(*fields.completionDate)) && fields.priority >= 0
         && fields.priority <= 9;
     if (isSound)
         return std::nullopt;
-    return EventStoreError(Kind::invalid, QStringLiteral("a date or a priority out of range"));
+    return invalid(QStringLiteral("a date or the priority is out of range"));
 }
 
-std::optional<EventStoreError> saveReminder(ItemFile& file, const ReminderChange& change)
+EventStoreResult saveItem(ItemFile& file, const ReminderChange& change)
 {
     icalcomponent* reminder = find(file, change.uid);
     if (change.isNew) {
         if (reminder)
-            return failure(Kind::conflict, change.uid);
+            return conflict(change.uid);
         reminder = file.add(ICAL_VTODO_COMPONENT, change.uid);
     } else if (!reminder) {
-        return failure(Kind::notFound, change.uid);
+        return notFound(change.uid);
     } else if (clashes(readReminder(reminder), change)) {
-        return failure(Kind::conflict, change.uid);
+        return conflict(change.uid);
     }
     writeFields(reminder, change);
     return std::nullopt;
 }
 
-std::optional<EventStoreError> removeReminder(ItemFile& file, const ReminderChange& change)
+EventStoreResult removeItem(ItemFile& file, const ReminderChange& change)
 {
     icalcomponent* const reminder = find(file, change.uid);
     if (!reminder)
-        return failure(Kind::notFound, change.uid);
+        return notFound(change.uid);
     if (readReminder(reminder) != change.base)
-        return failure(Kind::conflict, change.uid);
+        return conflict(change.uid);
     for (icalcomponent* each : file.components(ICAL_VTODO_COMPONENT, change.uid))
         file.remove(each);
     return std::nullopt;

@@ -2,6 +2,7 @@
 #include "ToolKit/Calendar/Stores/CalendarStore.h"
 
 #include "Platform/Concurrency/MainQueue.h"
+#include "Platform/Lifetime/WhileAlive.h"
 #include "ToolKit/Calendar/Stores/AwaitedAnswer.h"
 #include "ToolKit/Logging/Logger.h"
 
@@ -13,6 +14,7 @@ using namespace Qt::StringLiterals;
 namespace quor::toolkit {
 
 using platform::MainQueue;
+using platform::whileAlive;
 
 namespace {
 
@@ -24,7 +26,7 @@ std::shared_ptr<EventCalendar> calendarOf(EventStore& store, const QString& iden
     return found == calendars.end() ? nullptr : *found;
 }
 
-// Within a closure the log would name the closure, so the place is told.
+// The log names the operation, not the closure that it runs in.
 void logFailure(const EventStore::Result& result, const QString& messageStem, const char* function, int line)
 {
     if (result)
@@ -67,7 +69,7 @@ QFuture<CalendarStore::Events> CalendarStore::eventsFor(
     });
 }
 
-// Holds the event store: a read that was asked for is answered, whatever becomes of this object.
+// The result owns the event store, so that a requested read is answered even if this object ends.
 std::function<CalendarStore::Events()> CalendarStore::reader(
     const QString& calendarIdentifier, Date startDate, Date endDate) const
 {
@@ -113,22 +115,16 @@ void CalendarStore::submit(Change change, const std::shared_ptr<Event>& event, c
     const auto store = eventStore();
     if (!store || !event)
         return;
-    accessQueue().async([this, self = holder(), store, change, event, messageStem, function, line] {
+    accessQueue().async([store, change, event, messageStem, function, line,
+                            scheduleCommit = whileAlive(*this, [this] { scheduleCommit(); })] {
         logFailure(((*store).*change)(event, EventSpan::thisEvent, false), messageStem, function, line);
-        // This object ends on the main thread, so only there it can be told to be alive.
-        MainQueue::async([this, self] {
-            if (!self.expired())
-                scheduleCommit();
-        });
+        MainQueue::async(scheduleCommit);
     });
 }
 
 void CalendarStore::scheduleCommit()
 {
-    delayedAction_.run([this, self = holder()] {
-        if (!self.expired())
-            saveDelayed();
-    });
+    delayedAction_.run(whileAlive(*this, [this] { saveDelayed(); }));
 }
 
 void CalendarStore::saveDelayed()

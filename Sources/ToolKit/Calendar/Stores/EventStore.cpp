@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Stores/EventStore.h"
 
+#include "Platform/Preferences/UserDefaults.h"
+#include "ToolKit/Calendar/Items/ItemErrors.h"
+#include "ToolKit/Calendar/Stores/EventPolicy.h"
 #include "ToolKit/Calendar/Stores/EventStoreState.h"
+#include "ToolKit/Calendar/Stores/ItemSaving.h"
+#include "ToolKit/Calendar/Stores/ReminderPolicy.h"
 
 #include <QTimeZone>
 #include <QUuid>
@@ -41,6 +46,11 @@ QString newIdentifier()
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
+bool isFolderName(const QByteArray& name)
+{
+    return !name.isEmpty() && !name.startsWith('.') && !name.contains('/') && !name.contains('\0');
+}
+
 } // namespace
 
 EventStore::EventStore(EventStoreOptions options)
@@ -49,6 +59,16 @@ EventStore::EventStore(EventStoreOptions options)
 }
 
 EventStore::~EventStore() = default;
+
+AuthorizationStatus EventStore::authorizationStatus(EntityType type, const EventStoreOptions& options)
+{
+    if (options.authorization)
+        return options.authorization(type);
+    const QString key = type == EntityType::event ? QStringLiteral("calendarAccessDenied")
+                                                  : QStringLiteral("reminderAccessDenied");
+    return platform::UserDefaults::standard().boolForKey(key) ? AuthorizationStatus::denied
+                                                              : AuthorizationStatus::fullAccess;
+}
 
 void EventStore::requestFullAccessToEvents(AccessCompletion completion)
 {
@@ -68,11 +88,11 @@ void EventStore::requestFullAccessToReminders(AccessCompletion completion)
 
 std::vector<EventSource> EventStore::sources()
 {
-    if (!state_->hasAccess(EntityType::event) && !state_->hasAccess(EntityType::reminder))
+    if (!state_->hasAnyAccess())
         return {};
     const std::scoped_lock lock(state_->mutex);
-    state_->refresh();
-    return state_->sources;
+    state_->calendars.refresh();
+    return state_->calendars.sources();
 }
 
 std::vector<std::shared_ptr<EventCalendar>> EventStore::calendars(EntityType type)
@@ -91,11 +111,12 @@ std::vector<std::shared_ptr<EventCalendar>> EventStore::calendars(const EventSou
     if (!state_->hasAccess(type))
         return found;
     const std::scoped_lock lock(state_->mutex);
-    state_->refresh();
+    state_->calendars.refresh();
     const QByteArray name = source.sourceIdentifier.toUtf8();
-    for (const auto& [path, folder] : state_->folders(std::nullopt)) {
-        auto calendar = path.source == name ? folder->calendar(state_->source(name)) : nullptr;
-        if (calendar && calendar->allows(type))
+    for (CalendarFolder* const folder : state_->calendars.folders()) {
+        if (folder->path().source != name)
+            continue;
+        if (auto calendar = folder->calendar(state_->calendars.source(name)); calendar->allows(type))
             found.push_back(std::move(calendar));
     }
     std::ranges::stable_sort(found, {}, [](const auto& each) { return each->title(); });
@@ -112,44 +133,112 @@ std::shared_ptr<EventCalendar> EventStore::newCalendar(EntityType type)
 
 std::shared_ptr<Event> EventStore::newEvent()
 {
-    auto event = std::make_shared<Event>();
-    event->place_.uid = newIdentifier();
+    ItemState<EventFields> state;
+    state.place.uid = newIdentifier();
     const QString zone = QString::fromUtf8(QTimeZone::systemTimeZoneId());
-    event->fields_.timeZone = zone == u"Etc/UTC" ? QStringLiteral("UTC") : zone;
-    return event;
+    state.fields.timeZone = zone == u"Etc/UTC" ? QStringLiteral("UTC") : zone;
+    return std::make_shared<Event>(std::move(state));
 }
 
 std::shared_ptr<Reminder> EventStore::newReminder()
 {
-    auto reminder = std::make_shared<Reminder>();
-    reminder->place_.uid = newIdentifier();
-    return reminder;
+    ItemState<ReminderFields> state;
+    state.place.uid = newIdentifier();
+    return std::make_shared<Reminder>(std::move(state));
+}
+
+EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit)
+{
+    return state_->run(state_->hasAnyAccess(), commit, [&]() -> Result {
+        CalendarTree& calendars = state_->calendars;
+        const auto source = calendar ? calendar->source() : std::nullopt;
+        const QByteArray sourceName = source ? source->sourceIdentifier.toUtf8() : QByteArray();
+        if (!isFolderName(sourceName) || calendars.root().isEmpty())
+            return invalid(QStringLiteral("the calendar has no source"));
+        const auto [fields, saved] = calendar->both();
+        CalendarPropertiesChange change;
+        change.isNew = fields.identifier.isEmpty();
+        if (!change.isNew && !calendars.folder(fields.identifier))
+            return notFound(fields.identifier);
+        change.path = change.isNew
+            ? CalendarPath{sourceName, QUuid::createUuid().toByteArray(QUuid::WithoutBraces)}
+            : CalendarPath::fromIdentifier(fields.identifier);
+        if (fields.title != saved.title)
+            change.title = fields.title;
+        if (fields.color != saved.color)
+            change.color = fields.color;
+        if (!commit) {
+            state_->propertiesChanges.push_back(change);
+        } else if (auto failure = change.write(calendars.root())) {
+            return failure;
+        } else {
+            calendars.refresh(CalendarTree::Listing::always); // the next save into it finds the calendar
+            if (CalendarFolder* const folder = calendars.folder(change.path))
+                folder->markAllChanged();
+        }
+        calendar->setSaved(fields, change.path.identifier());
+        return std::nullopt;
+    });
+}
+
+EventStore::Result EventStore::removeCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit)
+{
+    return state_->run(state_->hasAnyAccess(), false, [&]() -> Result {
+        const QString identifier = calendar ? calendar->calendarIdentifier() : QString();
+        const auto path = CalendarPath::fromIdentifier(identifier);
+        if (!state_->calendars.folder(path))
+            return notFound(QStringLiteral("the calendar ") + identifier);
+        state_->removals.push_back(path);
+        if (!commit)
+            return std::nullopt;
+        auto failure = state_->commit();
+        std::erase(state_->removals, path);
+        return failure;
+    });
+}
+
+EventStore::Result EventStore::saveEvent(const std::shared_ptr<Event>& event, EventSpan span, bool commit)
+{
+    return state_->run(state_->hasAccess(EntityType::event), commit,
+        [&] { return ItemSaving(state_->calendars, EventPolicy(span)).save(event); });
+}
+
+EventStore::Result EventStore::removeEvent(const std::shared_ptr<Event>& event, EventSpan span, bool commit)
+{
+    return state_->run(state_->hasAccess(EntityType::event), commit,
+        [&] { return ItemSaving(state_->calendars, EventPolicy(span)).remove(event); });
+}
+
+EventStore::Result EventStore::saveReminder(const std::shared_ptr<Reminder>& reminder, bool commit)
+{
+    return state_->run(state_->hasAccess(EntityType::reminder), commit,
+        [&] { return ItemSaving(state_->calendars, ReminderPolicy()).save(reminder); });
+}
+
+EventStore::Result EventStore::removeReminder(const std::shared_ptr<Reminder>& reminder, bool commit)
+{
+    return state_->run(state_->hasAccess(EntityType::reminder), commit,
+        [&] { return ItemSaving(state_->calendars, ReminderPolicy()).remove(reminder); });
 }
 
 EventStore::Result EventStore::commit()
 {
-    if (!state_->hasAccess(EntityType::event) && !state_->hasAccess(EntityType::reminder))
-        return EventStoreError(
-            EventStoreError::Kind::accessDenied, QStringLiteral("the user refused access"));
-    const std::scoped_lock lock(state_->mutex);
-    state_->refresh();
-    return state_->commit();
+    return state_->run(state_->hasAnyAccess(), true, [] { return Result(); });
 }
 
 void EventStore::reset()
 {
     const std::scoped_lock lock(state_->mutex);
-    state_->calendarChanges.clear();
-    state_->calendarRemovals.clear();
-    for (const auto& [path, folder] : state_->folders(std::nullopt))
-        folder->reset();
+    state_->propertiesChanges.clear();
+    state_->removals.clear();
+    for (CalendarFolder* const folder : state_->calendars.folders())
+        folder->unstageAll();
 }
 
 void EventStore::refreshSourcesIfNecessary()
 {
     const std::scoped_lock lock(state_->mutex);
-    state_->relist();
-    state_->refresh();
+    state_->calendars.refresh(CalendarTree::Listing::always);
 }
 
 EventPredicate EventStore::predicateForEvents(
@@ -171,22 +260,18 @@ std::vector<std::shared_ptr<Event>> EventStore::eventsMatching(const EventPredic
     if (!state_->hasAccess(EntityType::event))
         return events;
     const std::scoped_lock lock(state_->mutex);
-    state_->refresh();
-    for (const auto& [path, folder] : state_->folders(predicate.calendarIdentifiers)) {
-        const auto calendar = folder->calendar(state_->source(path.source));
-        const QString identifier = calendar->calendarIdentifier();
+    state_->calendars.refresh();
+    for (CalendarFolder* const folder : state_->calendars.folders(predicate.calendarIdentifiers)) {
+        const auto calendar = folder->calendar(state_->calendars.source(folder->path().source));
+        const QString identifier = folder->identifier();
         const auto add = [&](const QByteArray& file, const EventRecord& record,
                              std::optional<Date> occurrence, const EventFields& fields) {
-            auto event = std::make_shared<Event>();
-            event->fields_ = fields;
-            event->saved_ = fields;
-            event->place_ = {record.uid, identifier, file, occurrence.has_value(), occurrence};
-            event->calendar_ = calendar;
-            events.push_back(std::move(event));
+            events.push_back(std::make_shared<Event>(ItemState<EventFields>{
+                fields, fields, {record.uid, identifier, file, occurrence}, calendar}));
         };
         folder->visitEvents(predicate.startDate, predicate.endDate, add);
     }
-    std::ranges::stable_sort(events, {}, [](const auto& each) { return each->fields_.startDate; });
+    std::ranges::stable_sort(events, {}, [](const auto& each) { return each->state_.fields.startDate; });
     return events;
 }
 
@@ -195,18 +280,14 @@ void EventStore::fetchReminders(ReminderPredicate predicate, ReminderCompletion 
     const auto fetch = [](State& state, const ReminderPredicate& wanted) {
         std::vector<std::shared_ptr<Reminder>> reminders;
         const std::scoped_lock lock(state.mutex);
-        state.refresh();
-        for (const auto& [path, folder] : state.folders(wanted.calendarIdentifiers)) {
-            const auto calendar = folder->calendar(state.source(path.source));
+        state.calendars.refresh();
+        for (CalendarFolder* const folder : state.calendars.folders(wanted.calendarIdentifiers)) {
+            const auto calendar = folder->calendar(state.calendars.source(folder->path().source));
+            const QString identifier = folder->identifier();
             folder->visitReminders([&](const QByteArray& file, const ReminderRecord& record) {
-                if (!isDue(record.fields, wanted))
-                    return;
-                auto reminder = std::make_shared<Reminder>();
-                reminder->fields_ = record.fields;
-                reminder->saved_ = record.fields;
-                reminder->place_ = {record.uid, calendar->calendarIdentifier(), file, false, std::nullopt};
-                reminder->calendar_ = calendar;
-                reminders.push_back(std::move(reminder));
+                if (isDue(record.fields, wanted))
+                    reminders.push_back(std::make_shared<Reminder>(ItemState<ReminderFields>{record.fields,
+                        record.fields, {record.uid, identifier, file, std::nullopt}, calendar}));
             });
         }
         return reminders;

@@ -30,7 +30,7 @@ namespace quor::toolkit {
 /// See `EventStoreChanges` for notices.
 class EventStore final {
 public:
-    using Result = std::optional<EventStoreError>; ///< empty: it succeeded
+    using Result = EventStoreResult; ///< nullopt: success
     using AccessCompletion = std::function<void(bool granted, const Result& error)>;
     /// None without access.
     using ReminderCompletion = std::function<void(std::optional<std::vector<std::shared_ptr<Reminder>>>)>;

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Stores/EventStoreChanges.h"
 
-#include "ToolKit/Calendar/Files/CalendarDirectory.h"
+#include "Platform/Files/Folder.h"
+#include "Platform/Lifetime/Callback.h"
 #include "ToolKit/Calendar/Files/FolderWatch.h"
 #include "ToolKit/Calendar/Stores/CalendarRoot.h"
 
@@ -20,16 +21,15 @@ namespace quor::toolkit {
 
 namespace {
 
-/// A subscription's end of it. Its mutex is held in each call, so that its end can wait for one.
+/// One subscription. The mutex is locked during each call, so that the end of the subscription waits for it.
 struct Observer {
     std::recursive_mutex mutex;
-    std::function<void()> changed; ///< empty once it ended
+    platform::Callback<void()> changed; ///< empty after the end of the subscription
 
     void call()
     {
         const std::scoped_lock lock(mutex);
-        if (const auto copy = changed) // the call may end the subscription
-            copy();
+        changed();
     }
     void end()
     {
@@ -51,7 +51,7 @@ struct EventStoreChanges::State {
         : watch(root)
         , stop(eventfd(0, EFD_CLOEXEC))
     {
-        (void)CalendarDirectory::make(root, {});
+        (void)platform::makeFolder(root, S_IRWXU);
         (void)watch.list();
         thread = std::thread([this] { run(); });
     }
@@ -59,17 +59,17 @@ struct EventStoreChanges::State {
     ~State()
     {
         const std::uint64_t one = 1;
-        (void)!write(stop, &one, sizeof one);
+        (void)!write(stop.get(), &one, sizeof one);
         thread.join();
-        close(stop);
     }
 
     void run()
     {
-        std::array<pollfd, 2> descriptors{pollfd{watch.descriptor(), POLLIN, 0}, pollfd{stop, POLLIN, 0}};
+        std::array<pollfd, 2> descriptors{
+            pollfd{watch.descriptor(), POLLIN, 0}, pollfd{stop.get(), POLLIN, 0}};
         while (true) {
             if (poll(descriptors.data(), descriptors.size(), -1) < 0)
-                continue; // a signal
+                continue; // interrupted by a signal
             if (descriptors[1].revents != 0)
                 return;
             const FolderWatch::Changes changes = watch.drain();
@@ -92,8 +92,8 @@ struct EventStoreChanges::State {
             observer->call();
     }
 
-    FolderWatch watch; ///< the thread's, once that runs
-    int stop;
+    FolderWatch watch; ///< used by the thread alone, once it runs
+    platform::FileDescriptor stop; ///< an event that ends the thread
     std::shared_ptr<Observers> observers = std::make_shared<Observers>();
     std::thread thread;
 };

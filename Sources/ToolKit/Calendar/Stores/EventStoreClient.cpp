@@ -2,7 +2,9 @@
 #include "ToolKit/Calendar/Stores/EventStoreClient.h"
 
 #include "Platform/Concurrency/MainQueue.h"
+#include "Platform/Lifetime/Callback.h"
 #include "Platform/Lifetime/Subscription.h"
+#include "Platform/Lifetime/WhileAlive.h"
 #include "ToolKit/Calendar/Stores/AwaitedAnswer.h"
 #include "ToolKit/Deferred/DelayedAction.h"
 
@@ -11,8 +13,10 @@
 namespace quor::toolkit {
 
 using platform::MainQueue;
+using platform::whileAlive;
 
-// Main thread only, but for the notices, which hop over to it.
+/// One call of `startObserving`. Main thread only. Notices arrive on another thread, and are passed on to the
+/// main one.
 class EventStoreClient::Observation final : public std::enable_shared_from_this<Observation> {
 public:
     Observation(double debounceInterval, std::function<void()> handler)
@@ -26,35 +30,18 @@ public:
 
     void start(EventStoreChanges& changes)
     {
-        subscription_ = changes.subscribe([self = weak_from_this()] {
-            hop(self, [](Observation& observation) { observation.changed(); });
-        });
+        subscription_ = changes.subscribe(
+            [debounce = whileAlive(*this, [this] { debounce(); })] { MainQueue::async(debounce); });
     }
 
 private:
-    static void hop(const std::weak_ptr<Observation>& self, void (*step)(Observation&))
+    void debounce()
     {
-        MainQueue::async([self, step] {
-            if (const auto alive = self.lock())
-                step(*alive);
-        });
-    }
-
-    void changed()
-    {
-        debounce_.run([self = weak_from_this()] {
-            hop(self, [](Observation& observation) { observation.deliver(); });
-        });
-    }
-
-    void deliver()
-    {
-        if (handler_)
-            handler_();
+        debounce_.run([deliver = whileAlive(*this, [this] { handler_(); })] { MainQueue::async(deliver); });
     }
 
     DelayedAction debounce_;
-    std::function<void()> handler_;
+    platform::Callback<void()> handler_;
     platform::Subscription subscription_;
 };
 
@@ -68,7 +55,7 @@ EventStoreClient::EventStoreClient(EntityType entityType, QByteArray queueLabel,
 EventStoreClient::~EventStoreClient()
 {
     stopObserving();
-    holder_.reset(); // before the queue: its blocks find this object gone
+    holder_.reset(); // blocks that are still on the queue find no store
 }
 
 void EventStoreClient::stopObserving()
@@ -104,7 +91,7 @@ bool EventStoreClient::hasFullAccess() const
 
 void EventStoreClient::requestAccess(std::function<void(bool granted)> completion)
 {
-    // Moved on, so that what the completion holds ends on the main thread.
+    // The completion is moved, so that what it captures ends on the main thread.
     request([completion = std::move(completion)](bool granted, const EventStore::Result&) mutable {
         MainQueue::async([completion = std::move(completion), granted] {
             if (completion)
@@ -123,7 +110,7 @@ QFuture<bool> EventStoreClient::requestAccess()
 void EventStoreClient::request(EventStore::AccessCompletion completion)
 {
     const auto store = std::make_shared<EventStore>(options_);
-    // The earlier store may wait for its completions as it ends, so it ends outside of the queue.
+    // The earlier store may wait for its completions when it ends, so it must not end on the holder's queue.
     const auto earlier = holder_->sync([&](auto& current) { return std::exchange(current, store); });
     if (entityType_ == EntityType::event)
         store->requestFullAccessToEvents(std::move(completion));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Platform/Concurrency/DispatchQueue.h"
+#include "Platform/Lifetime/Trackable.h"
 #include "ToolKit/Calendar/Stores/EventStore.h"
 #include "ToolKit/Calendar/Stores/EventStoreChanges.h"
 #include "ToolKit/Data/SynchronizedAccess.h"
@@ -24,11 +25,8 @@ namespace quor::toolkit {
 ///
 /// A `QFuture` never needs the main thread to become ready, so even that may wait for one; better, go on
 /// with `.then(context, ...)`.
-class EventStoreClient {
+class EventStoreClient : public platform::Trackable {
 public:
-    EventStoreClient(const EventStoreClient&) = delete;
-    EventStoreClient& operator=(const EventStoreClient&) = delete;
-
     /// Ends all observations: no handler is called any more.
     void stopObserving();
 

@@ -2,52 +2,49 @@
 #pragma once
 
 #include "Platform/Concurrency/DispatchQueue.h"
-#include "ToolKit/Calendar/Files/CalendarFolder.h"
+#include "ToolKit/Calendar/Files/CalendarTree.h"
 #include "ToolKit/Calendar/Stores/EventStore.h"
 
-#include <functional>
-#include <map>
-#include <memory>
 #include <mutex>
 #include <vector>
 
 namespace quor::toolkit {
 
-/// What a store knows of its root. `mutex` guards all but the options and the queue, and whoever calls an
-/// operation holds it.
+/// The calendars of one store and their uncommitted changes. `mutex` guards all members but `options` and
+/// `queue`. Functions that say so require that the caller has locked it.
 struct EventStore::State {
     explicit State(EventStoreOptions settings);
 
-    [[nodiscard]] bool hasAccess(EntityType type) const; ///< needs no lock
+    [[nodiscard]] bool hasAccess(EntityType type) const;
+    [[nodiscard]] bool hasAnyAccess() const;
 
-    /// Takes in what changed on disk.
-    void refresh();
-    /// The next refresh looks at all folders.
-    void relist() { isStale_ = true; }
-    [[nodiscard]] CalendarFolder* folder(const QString& calendarIdentifier);
-    [[nodiscard]] EventSource source(const QByteArray& name) const;
-    /// The folders of these calendars, of all if there are none, as far as they are there.
-    [[nodiscard]] std::vector<std::pair<CalendarPath, CalendarFolder*>> folders(
-        const std::optional<std::vector<QString>>& identifiers);
+    /// Runs `change` under the lock, on calendars that are up to date. Commits if `change` succeeds and
+    /// `commits` is set.
+    template <class Change>
+    [[nodiscard]] Result run(bool hasAccess, bool commits, Change change)
+    {
+        if (!hasAccess)
+            return EventStoreError(
+                EventStoreError::Kind::accessDenied, QStringLiteral("the user has refused access"));
+        const std::scoped_lock lock(mutex);
+        calendars.refresh();
+        auto failure = change();
+        return failure || !commits ? failure : commit();
+    }
+    /// Writes all that is staged, and returns the first failure. Requires the lock.
     [[nodiscard]] Result commit();
 
     const EventStoreOptions options;
-    const QByteArray root; ///< empty where the user has no home
     platform::DispatchQueue queue{"EventStore"};
 
     std::mutex mutex;
-    std::vector<EventSource> sources;
-    // Staged:
-    std::vector<std::function<Result()>> calendarChanges;
-    std::vector<CalendarPath> calendarRemovals;
+    CalendarTree calendars;
+    std::vector<CalendarPropertiesChange> propertiesChanges; ///< staged
+    std::vector<CalendarPath> removals; ///< calendars whose removal is staged
 
 private:
-    void list();
+    bool commitItems(CommitWave wave, std::vector<EventStoreError>& failures);
     void removeCalendars(std::vector<EventStoreError>& failures);
-
-    std::unique_ptr<FolderWatch> watch_;
-    std::map<CalendarPath, std::unique_ptr<CalendarFolder>> folders_;
-    bool isStale_ = true;
 };
 
 } // namespace quor::toolkit

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Calendar/Items/ItemEdits.h"
+#include "ToolKit/Calendar/Items/EventEdits.h"
 
+#include "ToolKit/Calendar/Items/ItemErrors.h"
 #include "ToolKit/Calendar/Items/ItemReader.h"
 #include "ToolKit/Calendar/Items/ItemRule.h"
 #include "ToolKit/Calendar/Items/ItemWriter.h"
@@ -13,29 +14,9 @@ namespace quor::toolkit {
 
 namespace {
 
-using Result = std::optional<EventStoreError>;
-using Kind = EventStoreError::Kind;
-
-Result conflict(const QString& uid)
-{
-    return EventStoreError(Kind::conflict, uid.left(100) + QStringLiteral(": changed by another program"));
-}
-
-Result notFound(const QString& uid)
-{
-    return EventStoreError(Kind::notFound, uid.left(100) + QStringLiteral(": not there any more"));
-}
-
 auto times(const EventFields& fields)
 {
     return std::tie(fields.startDate, fields.endDate, fields.isAllDay, fields.timeZone);
-}
-
-/// Whether both sides changed it, to different ends.
-template <class T>
-bool clash(const T& current, const T& base, const T& wanted)
-{
-    return wanted != base && current != base && current != wanted;
 }
 
 bool clashes(const EventFields& current, const EventChange& change)
@@ -91,7 +72,7 @@ icalcomponent* overrideOf(const ItemFile& file, const QString& uid, Date occurre
     return nullptr;
 }
 
-/// What one of a series says in the file; none if it is not there.
+/// Returns nullopt if the file does not have that occurrence.
 std::optional<EventFields> occurrenceFields(const ItemFile& file, const QString& uid, Date occurrence)
 {
     std::optional<EventFields> found;
@@ -101,16 +82,8 @@ std::optional<EventFields> occurrenceFields(const ItemFile& file, const QString&
             continue;
         if (record.occurrence == occurrence)
             return record.fields;
-        if (!record.recurrence)
-            continue;
-        if (const auto own = record.recurrence->overrides.find(occurrence);
-            own != record.recurrence->overrides.end())
-            return own->second;
-        expand(record, occurrence, occurrence + std::chrono::seconds(1),
-            [&](Date start, const EventFields& fields) {
-                if (start == occurrence)
-                    found = fields;
-            });
+        if (const auto fields = record.recurrence ? fieldsAt(record, occurrence) : std::nullopt)
+            found = fields;
     }
     return found;
 }
@@ -226,25 +199,23 @@ void dropOverrides(ItemFile& file, const QString& uid, Drops drops)
 
 } // namespace
 
-std::optional<EventStoreError> defectOf(const EventFields& fields, const EventFields& base)
+EventStoreResult defectOf(const EventFields& fields, const EventFields& base)
 {
-    const auto invalid
-        = [](const char* text) { return EventStoreError(Kind::invalid, QString::fromLatin1(text)); };
     if (!isWritable(fields.startDate) || !isWritable(fields.endDate))
-        return invalid("a date out of range");
+        return invalid(QStringLiteral("a date out of range"));
     if (fields.endDate < fields.startDate)
-        return invalid("the end is before the start");
+        return invalid(QStringLiteral("the end is before the start"));
     const bool isKnownZone = fields.timeZone.isEmpty() || fields.timeZone == base.timeZone
         || ItemZone::isMachineZone(fields.timeZone);
     if (!isKnownZone)
-        return invalid("an unknown time zone");
+        return invalid(QStringLiteral("an unknown time zone"));
     if (!fields.recurrenceRule.isEmpty() && fields.recurrenceRule != base.recurrenceRule
         && !ItemRule(fields.recurrenceRule.toUtf8()).isValid())
-        return invalid("a malformed rule");
+        return invalid(QStringLiteral("a malformed rule"));
     return std::nullopt;
 }
 
-std::optional<EventStoreError> saveEvent(ItemFile& file, const EventChange& change)
+EventStoreResult saveItem(ItemFile& file, const EventChange& change)
 {
     if (change.isNew) {
         if (!file.components(ICAL_VEVENT_COMPONENT, change.uid).empty())
@@ -260,8 +231,7 @@ std::optional<EventStoreError> saveEvent(ItemFile& file, const EventChange& chan
     icalcomponent* event = masterOf(file, change.uid);
     if (change.occurrence) {
         if (change.fields.recurrenceRule != change.base.recurrenceRule)
-            return EventStoreError(
-                Kind::invalid, QStringLiteral("the rule of a series is no single event's"));
+            return invalid(QStringLiteral("one occurrence of a series has no rule of its own"));
         icalcomponent* const own = overrideOf(file, change.uid, *change.occurrence);
         event = own ? own : makeOverride(event, *change.occurrence, *current);
     }
@@ -269,7 +239,7 @@ std::optional<EventStoreError> saveEvent(ItemFile& file, const EventChange& chan
     return std::nullopt;
 }
 
-std::optional<EventStoreError> removeEvent(ItemFile& file, const EventChange& change)
+EventStoreResult removeItem(ItemFile& file, const EventChange& change)
 {
     const auto current = currentFields(file, change);
     if (!current)
@@ -292,7 +262,7 @@ std::optional<EventStoreError> removeEvent(ItemFile& file, const EventChange& ch
     return std::nullopt;
 }
 
-std::optional<EventStoreError> endSeries(ItemFile& file, const EventChange& change)
+EventStoreResult endSeries(ItemFile& file, const EventChange& change)
 {
     const auto current = currentFields(file, change);
     icalcomponent* const master = masterOf(file, change.uid);
@@ -317,7 +287,7 @@ std::optional<EventStoreError> endSeries(ItemFile& file, const EventChange& chan
     return std::nullopt;
 }
 
-std::optional<EventStoreError> beginSeries(ItemFile& file, const EventChange& change, const QString& newUid)
+EventStoreResult beginSeries(ItemFile& file, const EventChange& change, const QString& newUid)
 {
     const FileRecords records = file.records();
     const auto series = std::ranges::find_if(
@@ -348,7 +318,7 @@ std::optional<EventStoreError> beginSeries(ItemFile& file, const EventChange& ch
     return base ? saveSeries(file, {newUid, std::nullopt, *base, wanted, false}) : notFound(change.uid);
 }
 
-std::optional<EventStoreError> saveSeries(ItemFile& file, const EventChange& change)
+EventStoreResult saveSeries(ItemFile& file, const EventChange& change)
 {
     icalcomponent* const master = masterOf(file, change.uid);
     const auto current = master ? readEvent(master) : std::nullopt;
