@@ -57,9 +57,9 @@ public:
         window_.show();
     }
     void detach(quor::platform::StatusItem& item) override { item.button().setParent(nullptr); }
-    void lengthChanged(quor::platform::StatusItem& item) override
+    void widthChanged(quor::platform::StatusItem& item) override
     {
-        item.button().setGeometry(0, 0, int(item.length()) + 8, 22);
+        item.button().setGeometry(0, 0, int(item.width()) + 8, 22);
     }
     [[nodiscard]] std::vector<quor::platform::RunningApplication> runningApplications() const override
     {

@@ -91,7 +91,7 @@ TEST_F(MenubarStatusItemRendererTest, IsCrispAndCentredAtEveryScale)
         SCOPED_TRACE(scale);
         moveTo(*screen);
         const int height = int(std::lround(16 * scale));
-        ASSERT_EQ(pill().devicePixelRatio(), scale) << "drawn anew for the screen that it came to";
+        ASSERT_EQ(pill().devicePixelRatio(), scale) << "drawn again for the screen that it came to";
         EXPECT_EQ(pill().height(), height);
         for (const int y : {0, height - 1})
             EXPECT_EQ(qAlpha(pill().pixel(pill().width() / 2, y)), 255) << "no blurred edge";
@@ -173,9 +173,13 @@ TEST_F(MenubarStatusItemRendererTest, KeepsTheIdleClockGoingAndNothingElse)
         update();
         EXPECT_EQ(clock()->isActive(), !active && !total);
     }
+    data.activeColor = red & 0xFFFFFF;
+    update();
+    const auto dot = [&] { return boundsOf(shown(), [](QRgb pixel) { return pixel == red; }); };
+    EXPECT_FALSE(dot().isEmpty());
     renderer.stop();
     EXPECT_FALSE(clock()->isActive());
-    EXPECT_TRUE(item->button().findChildren<QWidget*>().isEmpty());
+    EXPECT_TRUE(dot().isEmpty());
 }
 
 TEST_F(MenubarStatusItemRendererTest, TakesTwoLinesBesideANotchAndKeepsTheHeightWithoutText)

@@ -81,7 +81,7 @@ public:
     {
         items += &item;
         item.button().setParent(&window);
-        lengthChanged(item);
+        widthChanged(item);
         item.button().show();
     }
     void detach(platform::StatusItem& item) override
@@ -90,9 +90,9 @@ public:
         item.button().hide();
         item.button().setParent(nullptr);
     }
-    void lengthChanged(platform::StatusItem& item) override
+    void widthChanged(platform::StatusItem& item) override
     {
-        item.button().setGeometry(9, 0, int(item.length()) + 8, int(barThickness));
+        item.button().setGeometry(9, 0, int(item.width()) + 8, int(barThickness));
     }
 
     [[nodiscard]] std::vector<platform::RunningApplication> runningApplications() const override

@@ -10,11 +10,11 @@
 
 namespace quor::helper {
 
-void MenubarClockView::draw(QPainter& painter) const
+void MenubarClockView::draw(QPainter& painter, QSizeF size) const
 {
     constexpr double lineWidth = 1.5;
     constexpr double fullTurn = 2 * std::numbers::pi;
-    const QRectF bounds({}, frame().size());
+    const QRectF bounds({}, size);
     toolkit::drawOval(painter, Qt::white, false, lineWidth, bounds);
 
     const double minute = time_.minute / 60.0;

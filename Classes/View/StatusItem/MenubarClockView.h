@@ -6,16 +6,14 @@
 
 namespace quor::helper {
 
-/// The face of a clock, hour and minute hand.
+/// The face of a clock with an hour hand and a minute hand.
 class MenubarClockView final : public MenubarView {
-    Q_OBJECT
-
 public:
     using MenubarView::MenubarView;
 
     void setTime(StatusItemPlan::ClockFace time) { time_ = time; }
 
-    void draw(QPainter& painter) const override;
+    void draw(QPainter& painter, QSizeF size) const override;
 
 private:
     StatusItemPlan::ClockFace time_;

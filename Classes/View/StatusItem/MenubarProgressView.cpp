@@ -15,19 +15,16 @@ constexpr double fullTurn = 2 * std::numbers::pi;
 
 } // namespace
 
-void MenubarProgressView::setRing(const Ring& ring)
+void MenubarProgressView::setRing(const StatusItemPlan::Ring& ring, const QColor& warningColor)
 {
-    if (ring == ring_)
-        return;
     ring_ = ring;
-    update();
+    warningColor_ = warningColor;
 }
 
-void MenubarProgressView::draw(QPainter& painter) const
+void MenubarProgressView::draw(QPainter& painter, QSizeF size) const
 {
-    const double side = frame().width();
-    const QPointF center(side / 2, side / 2);
-    const double radius = (side - arcWidth) * 0.5;
+    const QPointF center(size.width() / 2, size.width() / 2);
+    const double radius = (size.width() - arcWidth) * 0.5;
     const auto arc = [&](const QColor& color, double from, double to, double width) {
         toolkit::drawArc(
             painter, color, false, Qt::RoundCap, center, radius, from * fullTurn, to * fullTurn, width);
@@ -36,14 +33,14 @@ void MenubarProgressView::draw(QPainter& painter) const
     const double turnsEnd = ring_.progress > 1 ? 1 / ring_.progress : ring_.progress;
     if (ring_.backgroundColor) {
         arc(*ring_.backgroundColor, 0, 1, backgroundWidth);
-        // The arc replaces what is below, so that a translucent one is not laid over the circle. With
-        // no circle there is nothing to replace but what other widgets painted.
+        // A translucent arc replaces the circle instead of being laid over it. Without a circle the arc
+        // must not replace anything, or a clear one would erase the pill.
         painter.setCompositionMode(QPainter::CompositionMode_Source);
     }
     arc(ring_.color, 0, turnsEnd, arcWidth);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (ring_.progress > 1)
-        arc(ring_.warningColor, turnsEnd, 1, arcWidth);
+        arc(warningColor_, turnsEnd, 1, arcWidth);
 }
 
 } // namespace quor::helper

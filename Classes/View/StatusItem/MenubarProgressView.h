@@ -2,31 +2,23 @@
 #pragma once
 
 #include "View/StatusItem/MenubarView.h"
+#include "View/StatusItem/StatusItemPlan.h"
 
 namespace quor::helper {
 
-/// A ring that fills clockwise from the top. Above 1 it is all full, and the part by which it is
-/// above is drawn over its end in the warning colour.
+/// A ring that fills clockwise from the top. With a progress above 1 the ring is full, and the over-time
+/// share of the turn is drawn over its end in the warning colour.
 class MenubarProgressView final : public MenubarView {
-    Q_OBJECT
-
 public:
-    struct Ring {
-        double progress = 0; ///< finite; 1 is a full turn
-        QColor color;
-        std::optional<QColor> backgroundColor; ///< of the full circle below
-        QColor warningColor;
-        friend bool operator==(const Ring&, const Ring&) = default;
-    };
-
     using MenubarView::MenubarView;
 
-    void setRing(const Ring& ring);
+    void setRing(const StatusItemPlan::Ring& ring, const QColor& warningColor);
 
-    void draw(QPainter& painter) const override;
+    void draw(QPainter& painter, QSizeF size) const override;
 
 private:
-    Ring ring_;
+    StatusItemPlan::Ring ring_;
+    QColor warningColor_;
 };
 
 } // namespace quor::helper

@@ -4,76 +4,46 @@
 #include "View/StatusItem/MenubarElement.h"
 
 #include <QMarginsF>
-#include <QPointer>
+#include <Qt>
 
-#include <memory>
 #include <optional>
 #include <vector>
 
-namespace quor::platform {
-class StatusBarButton;
-}
-
 namespace quor::helper {
 
-/// Elements in a row, centred on each other, or in a column, leading edges aligned.
-///
-/// Owns its elements, which are also its child widgets: they are created with the stack as parent. The
-/// outermost stack lies above the whole button and shows its live elements in the places that they
-/// have in the button's image.
+/// Elements in a row, each in the middle of its height, or in a column with their leading edges aligned.
+/// Borrows the elements, which must outlive it or its next `clear`.
 class MenubarStackView final : public MenubarElement {
-    Q_OBJECT
-
 public:
-    MenubarStackView(Qt::Orientation orientation, int tag, QWidget* parent = nullptr);
+    /// `spacing` is the room between two elements, in device-independent pixels; below 0 they overlap.
+    MenubarStackView(Qt::Orientation orientation, int tag, double spacing, const QMarginsF& edgeInsets);
 
-    void setSpacing(double spacing) { spacing_ = spacing; }
-    void setEdgeInsets(const QMarginsF& insets) { insets_ = insets; }
+    void clear() { subviews_.clear(); }
 
-    void addArrangedSubview(std::unique_ptr<MenubarElement> element);
-    /// Room behind the element added last, in place of the stack's spacing, where another follows.
-    void setCustomSpacing(double spacing);
-    /// Adds an element without a place of its own: it lies over the middle of `center`, which is in
-    /// this stack.
-    void addSubview(std::unique_ptr<MenubarElement> element, const MenubarElement& center);
-    /// Empties the stack. The elements, in the order of being added, stay child widgets while they live.
-    [[nodiscard]] std::vector<std::unique_ptr<MenubarElement>> takeSubviews();
+    /// Appends an element. `spacingAfter` replaces the stack's spacing between it and the next one.
+    void addArrangedSubview(
+        const MenubarElement& element, std::optional<double> spacingAfter = std::nullopt);
+    /// Adds an element that takes no room of its own: it lies over the middle of the element added last.
+    void addSubview(const MenubarElement& element);
 
     [[nodiscard]] QSizeF fittingSize() const override;
 
-    /// Gives this stack that size, and all within it their frames.
-    void layOut(QSizeF size);
-
-    /// Draws those elements alone that bear the stack's own tag.
-    void draw(QPainter& painter) const override;
-    /// The same with another tag.
-    void drawTagged(QPainter& painter, int tag) const;
-
-    /// Lies over `button` from now on and shows the live elements, and only those. `layOut` was for
-    /// the size of the button's image.
-    void showOver(platform::StatusBarButton& button);
-    /// Leaves the button.
-    void detach();
-
-protected:
-    void paintEvent(QPaintEvent* event) override; ///< nothing: its elements paint themselves
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    /// Draws the elements that bear the stack's own tag.
+    void draw(QPainter& painter, QSizeF size) const override { drawTagged(painter, size, tag()); }
+    /// Draws the elements that bear `tag`, each in its place in a frame of `size`.
+    void drawTagged(QPainter& painter, QSizeF size, int tag) const;
 
 private:
     struct Subview {
-        std::unique_ptr<MenubarElement> element;
-        std::optional<double> spacingAfter;
-        const MenubarElement* center = nullptr; ///< none for an arranged element
+        const MenubarElement* element;
+        double spacingAfter;
+        bool isArranged;
     };
 
-    [[nodiscard]] double spacingAfter(const Subview& subview) const;
-    void cover(const platform::StatusBarButton& button);
-
     Qt::Orientation orientation_;
-    double spacing_ = 0;
+    double spacing_;
     QMarginsF insets_;
     std::vector<Subview> subviews_;
-    QPointer<platform::StatusBarButton> button_;
 };
 
 } // namespace quor::helper

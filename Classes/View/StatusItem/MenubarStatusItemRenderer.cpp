@@ -5,9 +5,7 @@
 #include "Platform/Services/Clock.h"
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Views/StatusBarButton.h"
-#include "View/StatusItem/MenubarStackView.h"
 #include "View/StatusItem/PillImage.h"
-#include "View/StatusItem/StatusItemElements.h"
 
 #include <QGuiApplication>
 #include <QStringList>
@@ -19,8 +17,6 @@
 namespace quor::helper {
 
 namespace {
-
-constexpr double spacing = 2;
 
 double edgeInset(double thickness)
 {
@@ -35,19 +31,15 @@ MenubarStatusItemRenderer::MenubarStatusItemRenderer(
     , services_(services)
     , mainScreen_(std::move(mainScreen))
     , bundle_(platform::Bundle::named(QStringLiteral("Quor")))
-    , stackView_(std::make_unique<MenubarStackView>(Qt::Horizontal, LiveTag))
 {
-    const double inset = edgeInset(services_.statusBar.thickness());
-    stackView_->setSpacing(spacing);
-    stackView_->setEdgeInsets({inset, 0, inset, 0});
     clockUpdateTimer_.setInterval(std::chrono::seconds(60));
     connect(&clockUpdateTimer_, &QTimer::timeout, this, &MenubarStatusItemRenderer::update);
-    const auto renderAnew = [this] {
+    const auto renderAgain = [this] {
         if (shown_)
             update();
     };
-    connect(&statusItem_.button(), &platform::StatusBarButton::backingScaleChanged, this, renderAnew);
-    appearanceChanges_ = services_.appearance.observe(renderAnew);
+    connect(&statusItem_.button(), &platform::StatusBarButton::backingScaleChanged, this, renderAgain);
+    appearanceChanges_ = services_.appearance.observe(renderAgain);
 }
 
 MenubarStatusItemRenderer::~MenubarStatusItemRenderer()
@@ -67,7 +59,8 @@ void MenubarStatusItemRenderer::update()
 void MenubarStatusItemRenderer::stop()
 {
     clockUpdateTimer_.stop();
-    stackView_->detach();
+    statusItem_.button().setForeground({});
+    shown_.reset();
 }
 
 MenubarStatusItemRenderer::Drawing MenubarStatusItemRenderer::drawing() const
@@ -90,21 +83,22 @@ void MenubarStatusItemRenderer::render(Drawing drawing)
 {
     StatusItemPlan& plan = drawing.plan;
     if (shown_ && looksLike(plan.symbol, shown_->plan.symbol)) {
-        // What is too little to see stays as it is drawn, and so adds up until it shows.
+        // A step of the ring that is too small to see is not drawn. So small steps add up until they show.
         plan.symbol = shown_->plan.symbol;
         plan.overTime = shown_->plan.overTime;
     }
-    if (!style_)
-        style_ = StatusItemStyle::ofSystem();
-    buildElements(*stackView_, plan, *style_, drawing.warningColor);
+    if (!elements_)
+        elements_.emplace(edgeInset(services_.statusBar.thickness()));
+    elements_->arrange(plan, drawing.warningColor);
     heightPadding_ = plan.heightPadding.value_or(heightPadding_);
-    const double width = std::ceil(stackView_->fittingSize().width());
+    const auto& stackView = elements_->stackView();
+    const double width = std::ceil(stackView.fittingSize().width());
     const double height = std::ceil(services_.statusBar.thickness() - rawValue(heightPadding_));
-    auto& button = statusItem_.button();
-    platform::TemplateImage pill{pillImage(*stackView_, QSizeF(width, height).toSize(), drawing.scale), true};
-    statusItem_.setLength(width);
-    button.setImage(std::move(pill));
-    stackView_->showOver(button);
+    statusItem_.setImage({pillImage(stackView, QSizeF(width, height).toSize(), drawing.scale), true}, width);
+    if (!shown_ || plan.symbol != shown_->plan.symbol || plan.overTime != shown_->plan.overTime
+        || drawing.warningColor != shown_->warningColor)
+        statusItem_.button().setForeground(
+            [&stackView](QPainter& painter, QSizeF size) { stackView.drawTagged(painter, size, LiveTag); });
     describe(plan);
     shown_ = std::move(drawing);
 }

@@ -8,14 +8,13 @@
 #include "Platform/Services/Screen.h"
 #include "ToolKit/Formatting/DurationFormatter.h"
 #include "View/StatusItem/HeightPadding.h"
+#include "View/StatusItem/StatusItemElements.h"
 #include "View/StatusItem/StatusItemPlan.h"
-#include "View/StatusItem/StatusItemStyle.h"
 
 #include <QObject>
 #include <QTimer>
 
 #include <functional>
-#include <memory>
 #include <optional>
 
 namespace quor::platform {
@@ -24,19 +23,18 @@ class StatusItem;
 
 namespace quor::helper {
 
-class MenubarStackView;
-
-/// Turns one record into what the user sees in the status bar: a pill with texts and symbols punched
-/// out of it, tinted by the bar, and on top of it the task's dot or ring in true colour.
+/// Shows one record as the status item: a pill with texts and symbols punched out of it, tinted by the
+/// bar, and on top of it the task's dot or ring in true colour.
 ///
-/// The owner sets `data` and the formatter and calls `update`; until the first call the item stays
-/// empty. From then on it also renders anew when the item comes to another scale or the appearance
-/// changes, and each minute while a clock's face shows. Borrows the item and the services, which must
-/// outlive it. Main thread only.
+/// The owner sets `data` and the formatter and calls `update`; until the first call the item stays empty.
+/// After it, the renderer also renders when the scale of the item's screen or the appearance changes, and
+/// each minute while the idle clock's face shows. Borrows the item and the services, which must outlive
+/// it. Main thread only.
 class MenubarStatusItemRenderer final : public QObject {
     Q_OBJECT
 
 public:
+    /// Returns the main screen, or `nullopt` if there is none.
     using MainScreen = std::function<std::optional<platform::Screen>()>;
 
     MenubarStatusItemRenderer(platform::StatusItem& statusItem, const platform::PlatformServices& services,
@@ -46,16 +44,14 @@ public:
     MenubarStatusItemData data;
     toolkit::DurationFormatter durationFormatter;
 
-    [[nodiscard]] HeightPadding heightPadding() const { return heightPadding_; }
-
-    /// Renders `data` as of now. What would look as before is not touched.
+    /// Renders `data` at the current time. What would look as before is not painted again.
     void update();
 
-    /// Ends the timer and takes the live elements off the button.
+    /// Stops the timer and removes the dot or ring from the button. The pill stays.
     void stop();
 
 private:
-    /// All that a drawing follows from.
+    /// Everything that determines the pixels of a rendering.
     struct Drawing {
         StatusItemPlan plan;
         double scale = 1;
@@ -72,8 +68,7 @@ private:
     platform::PlatformServices services_;
     MainScreen mainScreen_;
     platform::Bundle bundle_;
-    std::optional<StatusItemStyle> style_; ///< none before the first rendering, which loads the fonts
-    std::unique_ptr<MenubarStackView> stackView_;
+    std::optional<StatusItemElements> elements_; ///< created by the first rendering, as it loads the fonts
     QTimer clockUpdateTimer_{this}; ///< runs only while the idle clock's face shows
     HeightPadding heightPadding_ = HeightPadding::single;
     std::optional<Drawing> shown_;

@@ -6,7 +6,6 @@
 #include <QFontMetricsF>
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -14,7 +13,7 @@ namespace quor::helper {
 
 namespace {
 
-// What a label keeps free at both ends, as every label of the desktop does.
+// The room that a label keeps free at both ends, as every label of the desktop does.
 constexpr double sideBearing = 2;
 
 // Shaping takes time by the length, and no status item has room for more.
@@ -22,32 +21,26 @@ constexpr qsizetype longestText = 512;
 
 } // namespace
 
-MenubarText::MenubarText(const TextStyle& style, int tag, QWidget* parent)
-    : MenubarElement(tag, parent)
-    , style_(style)
-    , height_(std::ceil(QFontMetricsF(style.font).height()))
-{
-    setText({});
-}
-
-void MenubarText::setText(const QString& text)
+void MenubarText::setText(const QString& text, const TextStyle& style)
 {
     QString shown = singleLine(text, longestText);
-    if (width_ > 0 && shown == text_)
+    if (style_ == &style && shown == text_)
         return;
     text_ = std::move(shown);
-    width_ = std::ceil(QFontMetricsF(style_.font).horizontalAdvance(text_)) + 2 * sideBearing;
+    style_ = &style;
+    const QFontMetricsF metrics(style.font);
+    width_ = std::ceil(metrics.horizontalAdvance(text_)) + 2 * sideBearing;
+    height_ = std::ceil(metrics.height());
 }
 
-void MenubarText::draw(QPainter& painter) const
+void MenubarText::draw(QPainter& painter, QSizeF size) const
 {
-    if (width_ > frame().width()) {
+    if (width_ > size.width())
         painter.setClipRect(
-            QRectF(sideBearing, 0, frame().width() - 2 * sideBearing, frame().height()), Qt::IntersectClip);
-    }
-    painter.setFont(style_.font);
+            QRectF(sideBearing, 0, size.width() - 2 * sideBearing, size.height()), Qt::IntersectClip);
+    painter.setFont(style_->font);
     painter.setPen(Qt::white);
-    const QPointF baseline(sideBearing, (frame().height() + style_.capHeight) / 2);
+    const QPointF baseline(sideBearing, (size.height() + style_->capHeight) / 2);
     painter.drawText(alignedToDevicePixels(painter, baseline), text_);
 }
 

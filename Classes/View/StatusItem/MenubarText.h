@@ -11,28 +11,27 @@
 
 namespace quor::helper {
 
-/// One line of white text, left aligned and clipped where it ends. The middle of its capitals and
-/// digits stands in the middle of its height.
+/// One line of white text, left aligned, clipped at the end of its frame. Capitals and digits stand in
+/// the middle of the frame's height.
 class MenubarText final : public MenubarElement {
-    Q_OBJECT
-
 public:
-    MenubarText(const TextStyle& style, int tag, QWidget* parent = nullptr);
+    using MenubarElement::MenubarElement;
 
-    /// Of a long text only the beginning is kept; line breaks show as blanks. Measures the text, which
-    /// takes as long as drawing it, but only where it has changed.
-    void setText(const QString& text);
+    /// Sets and measures the text. Measuring takes as long as drawing, so an unchanged text keeps its
+    /// size. Line breaks become blanks, and only the beginning of a very long text is kept. `style` must
+    /// outlive this object.
+    void setText(const QString& text, const TextStyle& style);
 
-    void setMaximumFrameWidth(double width) { maximumWidth_ = width; }
+    void setMaximumWidth(double width) { maximumWidth_ = width; }
 
     [[nodiscard]] QSizeF fittingSize() const override { return {std::min(width_, maximumWidth_), height_}; }
-    void draw(QPainter& painter) const override;
+    void draw(QPainter& painter, QSizeF size) const override;
 
 private:
-    TextStyle style_;
     QString text_;
+    const TextStyle* style_ = nullptr; ///< null before the first text
     double width_ = 0;
-    double height_;
+    double height_ = 0;
     double maximumWidth_ = std::numeric_limits<double>::infinity();
 };
 

@@ -5,24 +5,9 @@
 
 namespace quor::helper {
 
-MenubarView::MenubarView(double diameter, int tag, QWidget* parent)
-    : MenubarElement(tag, parent)
-    , diameter_(diameter)
+void MenubarView::draw(QPainter& painter, QSizeF size) const
 {
-}
-
-void MenubarView::setBackground(const QColor& color)
-{
-    if (color == background_)
-        return;
-    background_ = color;
-    update();
-}
-
-void MenubarView::draw(QPainter& painter) const
-{
-    if (background_)
-        toolkit::drawOval(painter, *background_, true, std::nullopt, QRectF({}, frame().size()));
+    toolkit::drawOval(painter, background_, true, std::nullopt, QRectF({}, size));
 }
 
 } // namespace quor::helper

@@ -5,26 +5,26 @@
 
 #include <QColor>
 
-#include <optional>
-
 namespace quor::helper {
 
-/// A square element: a solid disc where it has a background, or what a derived class draws.
+/// A square symbol: a solid disc in the background colour, or what a derived class draws.
 class MenubarView : public MenubarElement {
-    Q_OBJECT
-
 public:
-    /// `diameter` is its side, in device-independent pixels.
-    MenubarView(double diameter, int tag, QWidget* parent = nullptr);
+    /// `diameter` is the side of the square, in device-independent pixels.
+    MenubarView(double diameter, int tag)
+        : MenubarElement(tag)
+        , diameter_(diameter)
+    {
+    }
 
-    void setBackground(const QColor& color);
+    void setBackground(const QColor& color) { background_ = color; }
 
     [[nodiscard]] QSizeF fittingSize() const override { return {diameter_, diameter_}; }
-    void draw(QPainter& painter) const override;
+    void draw(QPainter& painter, QSizeF size) const override;
 
 private:
     double diameter_;
-    std::optional<QColor> background_;
+    QColor background_;
 };
 
 } // namespace quor::helper

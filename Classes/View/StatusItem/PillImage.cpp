@@ -21,16 +21,15 @@ QImage transparentImage(QSize pixels, double devicePixelRatio)
 
 } // namespace
 
-QImage pillImage(MenubarStackView& content, QSize size, double devicePixelRatio)
+QImage pillImage(const MenubarStackView& content, QSize size, double devicePixelRatio)
 {
     const QSize pixels = (QSizeF(size) * devicePixelRatio).toSize();
     const QRectF bounds({}, QSizeF(pixels) / devicePixelRatio);
-    content.layOut(bounds.size());
 
     // All cut-outs are drawn into one mask first: punching them out one by one takes twice as long.
     QImage mask = transparentImage(pixels, devicePixelRatio);
     QPainter maskPainter(&mask);
-    content.drawTagged(maskPainter, CutoutTag);
+    content.drawTagged(maskPainter, bounds.size(), CutoutTag);
     maskPainter.end();
 
     QImage pill = transparentImage(pixels, devicePixelRatio);

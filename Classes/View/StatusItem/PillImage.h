@@ -8,11 +8,11 @@ namespace quor::helper {
 
 class MenubarStackView;
 
-/// The status item's pill: a white rounded rectangle with the cut-out elements of `content` punched
-/// out of it, a half transparent one by half. Lays `content` out in it.
+/// Returns the status item's pill: a white rounded rectangle with the cut-out elements of `content`
+/// punched out of it, half transparent elements by half.
 ///
-/// `size` is in device-independent pixels. The image bears `devicePixelRatio`, and ends with a whole
-/// device pixel on each side.
-[[nodiscard]] QImage pillImage(MenubarStackView& content, QSize size, double devicePixelRatio);
+/// `size` is in device-independent pixels. The image has the given device pixel ratio; its sides are
+/// `size` rounded to whole device pixels.
+[[nodiscard]] QImage pillImage(const MenubarStackView& content, QSize size, double devicePixelRatio);
 
 } // namespace quor::helper

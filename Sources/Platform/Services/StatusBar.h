@@ -9,8 +9,8 @@ namespace quor::platform {
 
 class StatusItemHost;
 
-/// The bar of status items. Makes items and hands them to the host that shows them.
-/// Borrows the host, which must outlive it and every item. Main thread only.
+/// The bar of status items: creates items and gives them to the host that shows them. Borrows the host,
+/// which must outlive the bar and every item. Main thread only.
 class StatusBar final {
 public:
     explicit StatusBar(StatusItemHost& host);
@@ -18,11 +18,11 @@ public:
     /// Height of the bar, in device-independent pixels.
     [[nodiscard]] double thickness() const;
 
-    /// A new item, shown at once. `length` is its width, or `StatusItem::variableLength`. It leaves
-    /// the bar as it is destroyed.
+    /// Returns a new item, which is shown at once. `length` is its width in device-independent pixels,
+    /// or `StatusItem::variableLength`.
     [[nodiscard]] std::unique_ptr<StatusItem> statusItem(double length);
 
-    /// Takes the item from the bar and ends it.
+    /// Removes the item from the bar and deletes it, as the item's destructor does.
     void removeStatusItem(std::unique_ptr<StatusItem> item);
 
 private:

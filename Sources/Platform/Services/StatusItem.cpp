@@ -4,6 +4,8 @@
 #include "Platform/Services/StatusItemHost.h"
 #include "Platform/Views/StatusBarButton.h"
 
+#include <utility>
+
 namespace quor::platform {
 
 StatusItem::StatusItem(StatusItemHost& host, double length)
@@ -19,12 +21,18 @@ StatusItem::~StatusItem()
     host_.detach(*this);
 }
 
-void StatusItem::setLength(double length)
+double StatusItem::width() const
 {
-    if (length == length_)
-        return;
+    return length_ < 0 ? button_->sizeHint().width() : length_;
+}
+
+void StatusItem::setImage(TemplateImage image, double length)
+{
+    const double widthBefore = width();
     length_ = length;
-    host_.lengthChanged(*this);
+    button_->setImage(std::move(image));
+    if (width() != widthBefore)
+        host_.widthChanged(*this);
 }
 
 } // namespace quor::platform

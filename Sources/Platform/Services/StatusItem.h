@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Resources/Tinting.h"
+
 #include <memory>
 
 namespace quor::platform {
@@ -8,23 +10,32 @@ namespace quor::platform {
 class StatusBarButton;
 class StatusItemHost;
 
-/// One place in the status bar, with a button to draw in. Owned by whoever asked the bar for it;
-/// the button belongs to the item. Main thread only.
+/// One place in the status bar, with a button that shows an image. Owned by the caller of
+/// `StatusBar::statusItem`; owns the button. Main thread only.
 class StatusItem final {
 public:
-    /// Told as a length: as wide as the button's content.
+    /// The length of an item that is as wide as its image.
     static constexpr double variableLength = -1;
 
+    /// Adds the item to `host`, which must outlive it. `length` is as for `setImage`.
     StatusItem(StatusItemHost& host, double length);
-    ~StatusItem(); ///< Takes the button from the host.
+    /// Removes the item from the host.
+    ~StatusItem();
     StatusItem(const StatusItem&) = delete;
     StatusItem& operator=(const StatusItem&) = delete;
 
     [[nodiscard]] StatusBarButton& button() const { return *button_; }
 
-    /// Width in device-independent pixels, or `variableLength`. An unchanged one costs nothing.
+    /// Sets the button's image and the item's length together, so that the host lays the item out once.
+    /// `length` is in device-independent pixels, or `variableLength`. What is unchanged is neither
+    /// painted nor laid out again.
+    void setImage(TemplateImage image, double length = variableLength);
+
     [[nodiscard]] double length() const { return length_; }
-    void setLength(double length);
+
+    /// The width for the host to give to the item: its length or, for a variable length, the width of
+    /// the button's image. In device-independent pixels.
+    [[nodiscard]] double width() const;
 
 private:
     StatusItemHost& host_;

@@ -5,22 +5,23 @@ namespace quor::platform {
 
 class StatusItem;
 
-/// Whatever puts status items before the user: the strip of our own, a panel of the desktop.
-/// Items are told by reference and stay owned by whoever asked the status bar for them. Main thread only.
+/// Puts status items before the user: the strip of our own, or a panel of the desktop. Items stay owned
+/// by the callers of `StatusBar::statusItem`. Main thread only.
 class StatusItemHost {
 public:
     virtual ~StatusItemHost() = default;
 
-    /// Height of the bar, in device-independent pixels. Constant for the host's life.
+    /// Height of the bar, in device-independent pixels. Constant for the life of the host.
     [[nodiscard]] virtual double thickness() const = 0;
 
-    /// Shows the item's button. The host places the button and may become its parent, but must
-    /// let it go, unparented and hidden, in `detach`.
+    /// Called when an item is created. Shows the item's button: the host places the button and may
+    /// become its parent.
     virtual void attach(StatusItem& item) = 0;
+    /// Called when an item ends. Must leave its button hidden and without a parent.
     virtual void detach(StatusItem& item) = 0;
 
-    /// The item's length has changed; lay it out again.
-    virtual void lengthChanged(StatusItem& item) = 0;
+    /// Called when `StatusItem::width` returns another value than before.
+    virtual void widthChanged(StatusItem& item) = 0;
 };
 
 } // namespace quor::platform

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Views/PaletteApplier.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QPalette>
@@ -15,8 +17,7 @@ QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
     const QColor text = dark ? QColor(0xF2, 0xF2, 0xF2) : QColor(0x1C, 0x1C, 0x1E);
     const QColor button = dark ? QColor(0x3C, 0x3C, 0x40) : QColor(0xF0, 0xF0, 0xF2);
     const QColor window = dark ? QColor(0x2A, 0x2A, 0x2D) : QColor(0xF0, 0xF0, 0xF2);
-    QColor faint = text;
-    faint.setAlphaF(0.45F);
+    const QColor faint = withAlpha(text, 0.45);
 
     QPalette palette(button, window);
     for (const auto role :
@@ -54,7 +55,8 @@ PaletteApplier::PaletteApplier(Appearance& appearance)
 
 bool PaletteApplier::eventFilter(QObject* watched, QEvent* event)
 {
-    // The desktop may give another palette. Later, when whoever listens to the desktop has seen it too.
+    // The desktop's palette may have changed. The check waits until the other listeners to the desktop,
+    // which set the effective appearance, have seen the change.
     if (event->type() == QEvent::ApplicationPaletteChange && watched == QCoreApplication::instance())
         QMetaObject::invokeMethod(this, &PaletteApplier::apply, Qt::QueuedConnection);
     return QObject::eventFilter(watched, event);

@@ -9,17 +9,17 @@ class QPalette;
 
 namespace quor::platform {
 
-/// Dark where the text is lighter than the window behind it.
+/// Returns `dark` if the palette's window text is lighter than its window, else `light`.
 [[nodiscard]] ColorScheme colorSchemeOf(const QPalette& palette);
 
-/// Keeps the colours of all widgets light or dark as the application's effective appearance says.
+/// Keeps the palette of the application light or dark, as its effective appearance is.
 ///
-/// The desktop's own palette is used wherever it fits; else a plain light or dark one takes its
-/// place, with the desktop's accent colour. While that is so, `Qt::AA_SetPalette` is set, which
-/// tells others that the application's palette does not speak for the desktop.
+/// Uses the desktop's own palette if that fits; otherwise a plain light or dark palette with the
+/// desktop's accent colour. While the plain palette is in use, `Qt::AA_SetPalette` is set; others read
+/// from it that the application's palette says nothing about the desktop.
 ///
-/// One object an application, made by its main function behind the `QApplication`. `appearance` must
-/// outlive it. Main thread only.
+/// Create one object for the application, after the `QApplication`. `appearance` must outlive it. Main
+/// thread only.
 class PaletteApplier final : public QObject {
     Q_OBJECT
 

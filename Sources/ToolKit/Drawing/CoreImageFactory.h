@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Views/StatusBarButton.h"
+#include "Platform/Resources/Tinting.h"
 
 namespace quor::toolkit {
 

@@ -1,26 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Drawing/IconAttachment.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QFontMetricsF>
-#include <QPainter>
 
 #include <cmath>
 
 namespace quor::toolkit {
-
-namespace {
-
-QImage tinted(const QImage& image, const QColor& color)
-{
-    QImage result = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&result);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-    painter.fillRect(QRectF({}, result.deviceIndependentSize()), color);
-    painter.end();
-    return result;
-}
-
-} // namespace
 
 double iconHeight(const QFont& font)
 {
@@ -34,7 +21,7 @@ platform::TextAttachment iconAttachment(const QImage& image, const QColor& color
     const double height = iconHeight(font);
     const double width = height * image.width() / image.height();
     const double lift = (QFontMetricsF(font).capHeight() - height) / 2;
-    return {tinted(image, color), QRectF(0, lift, width, height)};
+    return {platform::tinted(image, color, platform::Tint::coversColors), QRectF(0, lift, width, height)};
 }
 
 } // namespace quor::toolkit

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int barThickness = 22;
 constexpr double widestItem = 4096;
-constexpr int itemPadding = 4; // on either side; even, so whole in device pixels at a scale of 1.5
+constexpr int itemPadding = 4; // on each side; even, so that it is whole in device pixels at a scale of 1.5
 
 struct BarColors {
     QRgb background;
@@ -34,9 +34,9 @@ const BarColors& barColors(const Appearance& appearance)
 
 int widthOf(const StatusItem& item)
 {
-    const double length = item.length() < 0 ? item.button().sizeHint().width() : item.length();
-    const int content = int(std::ceil(std::min(widestItem, length))); // the limit too where it is no number
-    // An item that shows nothing yet can still be found and pressed.
+    // In this order of arguments a width that is not a number becomes the limit.
+    const int content = int(std::ceil(std::min(widestItem, item.width())));
+    // Even an item without an image can be seen and pressed.
     return std::max(content, barThickness - 2 * itemPadding) + 2 * itemPadding;
 }
 
@@ -57,11 +57,6 @@ Strip::Strip(Appearance& appearance)
     , appearanceChanges_(appearance.observe([this] { applyAppearance(); }))
     , window_(std::make_unique<StripWindow>())
 {
-    connect(window_.get(), &StripWindow::layoutRequested, this, &Strip::layOut);
-    connect(window_.get(), &StripWindow::pressedBesideWidgets, this, [this] {
-        if (!items_.empty())
-            Q_EMIT items_.front()->button().mouseDown();
-    });
     connect(qGuiApp, &QGuiApplication::primaryScreenChanged, this, &Strip::followScreen);
     connect(qGuiApp, &QGuiApplication::screenAdded, this, &Strip::layOut);
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &Strip::layOut);
@@ -95,8 +90,8 @@ void Strip::detach(StatusItem& item)
     item.button().hide();
     item.button().setParent(nullptr);
     layOut();
-    // Later, and only if no other item has come: a window that is hidden and shown again at once can
-    // stay hidden, since window managers lose track.
+    // Queued, in case another item follows: window managers can leave a window hidden that is hidden and
+    // shown again at once.
     QMetaObject::invokeMethod(this, &Strip::hideIfEmpty, Qt::QueuedConnection);
 }
 
@@ -106,7 +101,7 @@ void Strip::hideIfEmpty()
         window_->hide();
 }
 
-void Strip::lengthChanged(StatusItem&)
+void Strip::widthChanged(StatusItem&)
 {
     layOut();
 }

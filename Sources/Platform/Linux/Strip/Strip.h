@@ -18,24 +18,24 @@ namespace quor::platform {
 class Appearance;
 class StripWindow;
 
-/// The status bar of our own: a narrow window in the top right corner of the main screen, above all
-/// others, that never takes the focus and keeps its height free of other windows.
+/// The status bar of our own: a narrow window in the top right corner of the main screen. It stays above
+/// all other windows, never takes the focus, and reserves its height so that maximized windows stay below.
 ///
-/// Items stand from the right in the order in which they came, each as wide as its length and a
-/// little padding on both sides; the corner pixel of the screen belongs to the first. The strip is
-/// light or dark with the appearance, and hidden while it has no item. Borrows the appearance, which
-/// must outlive it. Main thread only.
+/// Items stand from right to left in the order of their creation, each in its width plus a little padding
+/// on both sides; a press on the corner pixel of the screen hits the first item. The strip is light or
+/// dark as the appearance is, and hidden while it has no item. Borrows the appearance, which must outlive
+/// it. Main thread only.
 class Strip final : public QObject, public StatusItemHost {
     Q_OBJECT
 
 public:
     explicit Strip(Appearance& appearance);
-    ~Strip() override; ///< All items must have left.
+    ~Strip() override; ///< All items must have been detached.
 
     [[nodiscard]] double thickness() const override;
     void attach(StatusItem& item) override;
     void detach(StatusItem& item) override;
-    void lengthChanged(StatusItem& item) override;
+    void widthChanged(StatusItem& item) override;
 
 private:
     void followScreen(QScreen* screen);

@@ -3,7 +3,7 @@
 
 #include "Platform/Linux/X11/X11Window.h"
 
-#include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 
 namespace quor::platform {
@@ -28,13 +28,13 @@ void StripWindow::place(QScreen& screen, const QRect& frame)
     setScreen(&screen);
     if (!internalWinId())
         createNativeWindow(frame);
-    // At a fractional scale Qt tells the window manager to size windows in steps of several pixels.
-    // Counted from just this size, no step takes anything from it.
+    // At a fractional scale Qt has the window manager size windows in steps of several pixels. Steps are
+    // counted from the base size, so with this one no step makes the window smaller.
     setBaseSize(frame.size());
     setGeometry(frame);
 }
 
-// In its place from the first, as a window manager could still see it elsewhere.
+// The window is created in its place, since a window manager could remember an earlier one.
 void StripWindow::createNativeWindow(const QRect& frame)
 {
     setGeometry(frame);
@@ -58,22 +58,9 @@ void StripWindow::reserve(const TopStrut& strut)
     setTopStrut(winId(), strut);
 }
 
-bool StripWindow::event(QEvent* event)
-{
-    if (event->type() == QEvent::LayoutRequest)
-        Q_EMIT layoutRequested();
-    return QWidget::event(event);
-}
-
 void StripWindow::paintEvent(QPaintEvent* event)
 {
     QPainter(this).fillRect(event->rect(), background_);
-}
-
-void StripWindow::mousePressEvent(QMouseEvent* event)
-{
-    if (event->button() == Qt::LeftButton || event->button() == Qt::RightButton)
-        Q_EMIT pressedBesideWidgets();
 }
 
 } // namespace quor::platform

@@ -8,9 +8,9 @@
 
 namespace quor::platform {
 
-/// The window of the strip: a dock in the eyes of the window manager, on every desktop, above others,
-/// without frame or focus, opaque (without a compositor anything else shows black). Whoever owns it
-/// places it and puts widgets into it.
+/// The window of the strip: a dock window, on every desktop, above other windows, without a frame, and
+/// never focused. It is opaque, since without a compositor a translucent window shows black. The owner
+/// places it and adds widgets to it. Main thread only.
 class StripWindow final : public QWidget {
     Q_OBJECT
 
@@ -19,23 +19,18 @@ public:
 
     void setBackground(const QColor& color);
 
-    /// Moves and resizes in one step. `frame` is in device-independent pixels.
+    /// Moves and resizes the window in one step, and creates it at the first call. `frame` is in Qt's
+    /// screen coordinates.
     void place(QScreen& screen, const QRect& frame);
 
-    /// Shows it, if it is not shown. It must have been placed.
+    /// Shows the window; has no effect while it is shown. Call `place` first.
     void appear();
 
-    /// Asks the window manager to keep this room free while the window is shown. It must have been placed.
+    /// Asks the window manager to keep this room free while the window is shown. Call `place` first.
     void reserve(const TopStrut& strut);
 
-Q_SIGNALS:
-    void layoutRequested(); ///< A widget in the window wants another size.
-    void pressedBesideWidgets(); ///< A left or right press that met no widget.
-
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void mousePressEvent(QMouseEvent* event) override;
 
 private:
     void createNativeWindow(const QRect& frame);
