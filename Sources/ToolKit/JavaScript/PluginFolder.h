@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Files/FileDescriptor.h"
+
 #include <QByteArray>
 #include <QByteArrayList>
 #include <QString>
@@ -10,37 +12,44 @@
 
 namespace quor::toolkit {
 
-/// A folder whose files can be reached by paths from others, which may mean no good: no path leads outside.
-/// Whatever holds "..", a NUL character or half of a surrogate pair is refused; an absolute path, too, starts
-/// in the folder. Symbolic links are followed as long as they stay inside, also while somebody changes them
-/// meanwhile: the kernel resolves the path below the folder's descriptor. Where it cannot, no link is
-/// followed at all.
+/// The folder of a plug-in, with access to its files by paths that are not trusted. No path leads out of the
+/// folder:
 ///
-/// A folder that is gone, or whose URL is not of a local one, holds nothing. Stateless; any thread.
+/// - A path that contains "..", a NUL character or half of a surrogate pair is refused. The operation fails.
+/// - An absolute path is taken as relative to the folder.
+/// - Symbolic links are followed only if they stay inside the folder. The kernel resolves the path beneath
+/// the
+///   descriptor of the folder (`openat2`), so a link that is changed at the same time cannot lead outside. On
+///   a kernel that cannot do this, no links are followed.
+///
+/// A folder that does not exist, or whose URL is not one of a local folder, has no files. Stateless; any
+/// thread.
 class PluginFolder final {
 public:
     enum class Resolution { byKernel, byWalk };
 
-    /// `byWalk` is what serves where the kernel cannot.
+    /// `byWalk` opens the path name by name without links, as on a kernel without `openat2`.
     explicit PluginFolder(const QUrl& baseURL, Resolution resolution = Resolution::byKernel);
 
-    /// Whether anything is there, the folder itself included; false of a link that leads nowhere or outside.
+    /// Whether a file or folder of that path exists. True for the folder itself (an empty path), false for a
+    /// link that leads nowhere or outside.
     [[nodiscard]] bool exists(const QString& path) const;
-    /// None for what is missing, unreadable, no regular file or longer than 256 MiB.
+    /// The content of a file. Returns `nullopt` if it is missing, unreadable, not a regular file or longer
+    /// than 256 MiB.
     [[nodiscard]] std::optional<QByteArray> contents(const QString& path) const;
-    /// Replaces the file whole, by renaming a new one over it, which keeps its mode: readers see the old or
-    /// the new content, and a full disk leaves the old. A link is replaced itself. Makes no folders.
+    /// Creates or replaces a file and returns whether it succeeded. The file is replaced by renaming, so
+    /// readers see the old or the new content, and a failure leaves the old. The permissions stay. A link is
+    /// replaced, not the file that it leads to. Folders are not created.
     [[nodiscard]] bool write(const QByteArray& data, const QString& path) const;
-    /// Removes a file, or a link itself; never a folder.
+    /// Removes a file or a link, but not the file that the link leads to, and never a folder.
     void remove(const QString& path) const;
 
 private:
-    [[nodiscard]] int openBelow(int base, const QByteArrayList& components, int flags) const;
-    /// Opens the folder that the last of the components lies in; -1 if there is none.
-    [[nodiscard]] int openParent(const QByteArrayList& components) const;
-    [[nodiscard]] int openBase() const;
+    [[nodiscard]] platform::FileDescriptor openBelow(const QByteArrayList& components, int flags) const;
+    /// Opens the folder that contains the last of the components.
+    [[nodiscard]] platform::FileDescriptor openParent(const QByteArrayList& components) const;
 
-    QByteArray base_; ///< empty for none
+    QByteArray base_; ///< empty if the URL is not one of a local folder
     Resolution resolution_;
 };
 
