@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keeps tasks in a file, which grows with each run:
+// Counts in a file how often each task was worked on:
 //     example-store tasks.store "Design" "Write report"
 #include <ToolKit/CoreData/ManagedObjectContext.h>
 
@@ -11,7 +11,7 @@
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
 
-// A record class adds accessors to the attributes. Its name is the name of its entity.
+// A record class has accessors for the attributes. Its name is the name of its entity.
 class Task : public ManagedObject {
 public:
     QString name() const { return value<QString>(u"name").value_or(QString()); }
@@ -25,10 +25,10 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     const QTemporaryDir folder;
     QCommandLineParser parser;
-    parser.setApplicationDescription(u"Keeps tasks in a file, which grows with each run."_s);
+    parser.setApplicationDescription(u"Counts in a file how often each task was worked on."_s);
     parser.addHelpOption();
     parser.addPositionalArgument(
-        u"file"_s, u"Made where it is missing; a temporary one without it."_s, u"[file"_s);
+        u"file"_s, u"The store, created if it is missing; a temporary one by default."_s, u"[file"_s);
     parser.addPositionalArgument(u"task"_s, u"The name of a task that was worked on."_s, u"[task...]]"_s);
     parser.process(application);
     const QStringList arguments = parser.positionalArguments();
@@ -36,7 +36,7 @@ int main(int argc, char** argv)
     const QStringList names = arguments.size() > 1 ? arguments.mid(1) : QStringList{u"Design"_s, u"Travel"_s};
     QTextStream out(stdout);
 
-    // The entities are declared in code. What an older file lacks of them is added to it.
+    // The entities are declared in code. Attributes that an older file lacks are added to it.
     ManagedObjectContext context(path,
         {EntityDescription::of<Task>({
             {u"uniqueID"_s, AttributeType::text},
@@ -48,7 +48,7 @@ int main(int argc, char** argv)
         return 1;
     }
 
-    // One record for each identifier: found, or made. What belongs together is one block.
+    // One record for each identifier, found or inserted. Operations that belong together are one block.
     context.performBlockAndWait([&] {
         for (const QString& name : names) {
             auto task = context.fetchSingleton<Task>(name.toCaseFolded());
@@ -57,12 +57,12 @@ int main(int argc, char** argv)
         }
     });
 
-    // Fetches see what is not saved yet. Values go in beside the format, never into it.
+    // Fetches see changes that are not saved yet. Values are arguments, never parts of the format.
     const Predicate often(u"runs >= %@ AND NOT (name BEGINSWITH %@)", {1, u"_"_s});
     for (const Task& task : context.fetch<Task>(often, {{u"runs"_s, false}, {u"name"_s}}, 10))
         out << task.runs() << " × " << task.name() << (task.isInserted() ? ", new\n" : "\n");
 
-    // Nothing reaches the file but by a save: all of it, or nothing, and then the changes are still there.
+    // Only a save writes to the file: all changes or, if it fails, none, and then they are still pending.
     if (const SaveOutcome outcome = context.save(); !outcome) {
         QTextStream(stderr) << "not saved: " << outcome.error->description << '\n';
         return 1;

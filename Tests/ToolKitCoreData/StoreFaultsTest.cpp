@@ -52,11 +52,11 @@ TEST_F(StoreFaultsTest, SaysWhyThereIsNoStore)
              {Entity(u"sqlite_a"_s, {})}, {Entity(u"A"_s, {}), Entity(u"a"_s, {})}, {Entity(u"a\0b"_s, {})},
              {Entity(u"A"_s, {{u"b"_s}, {u"B"_s}})}, {Entity(u"A"_s, {{u"$id"_s}})}})
         EXPECT_EQ(errorOf(path(), entities), Kind::invalidModel) << entities.front().name().toStdString();
-    EXPECT_FALSE(QFile::exists(path())) << "nothing is made for a model that cannot be";
+    EXPECT_FALSE(QFile::exists(path())) << "an invalid model creates no file";
 
     put("not a database, but a text that somebody would miss if it were gone, long enough to be a header");
     EXPECT_EQ(errorOf(path()), Kind::notAStore);
-    EXPECT_EQ(QFile(path()).size(), 95) << "and is left alone";
+    EXPECT_EQ(QFile(path()).size(), 95) << "the file is not changed";
     QFile::remove(path());
     ASSERT_EQ(run("CREATE TABLE theirs(a)"), SQLITE_OK);
     EXPECT_EQ(errorOf(path()), Kind::notAStore);
@@ -81,8 +81,8 @@ TEST_F(StoreFaultsTest, KeepsChangesWhileAnotherProcessHoldsTheLock)
     add(*context, u"2"_s);
     EXPECT_EQ(context->save().error->kind, Kind::locked);
     EXPECT_TRUE(task.isUpdated() && context->insertedObjects().size() == 1);
-    EXPECT_EQ(context->count<Task>(), 2) << "readers are not kept";
-    EXPECT_EQ(errorOf(path()), std::nullopt) << "nor is who opens it";
+    EXPECT_EQ(context->count<Task>(), 2) << "reading does not wait";
+    EXPECT_EQ(errorOf(path()), std::nullopt) << "opening does not wait";
     sqlite3_close(database);
     ASSERT_TRUE(context->save());
     EXPECT_EQ(names(open()->fetch<Task>()), (QStringList{u"b"_s, u""_s}));
@@ -109,7 +109,7 @@ TEST_F(StoreFaultsTest, KeepsChangesWhileTheDiskIsFull)
     EXPECT_EQ(open()->fetchObject<Task>(u"2"_s)->value<QByteArray>(u"photo")->size(), 3'000'000);
 }
 
-TEST_F(StoreFaultsTest, ReadsWhatItMayOnlyRead)
+TEST_F(StoreFaultsTest, ReadsReadOnlyFiles)
 {
     add(*open(), u"0"_s);
     auto context = open();
@@ -121,7 +121,7 @@ TEST_F(StoreFaultsTest, ReadsWhatItMayOnlyRead)
         ASSERT_EQ(::chmod(folder_.path().toUtf8().constData(), static_cast<mode_t>(folderMode)), 0);
         const pid_t child = ::fork();
         if (child == 0) {
-            if (::geteuid() == 0 && ::seteuid(65534) != 0) // root may write all
+            if (::geteuid() == 0 && ::seteuid(65534) != 0) // root can write everything
                 ::_exit(2);
             Context reader(path(), taskModel());
             const bool isRead = !reader.openError() && reader.count<Task>() == 1;
@@ -157,7 +157,7 @@ TEST_F(StoreFaultsTest, SurvivesACorruptFile)
     EXPECT_TRUE(context->fetch<Task>().empty());
 }
 
-TEST_F(StoreFaultsTest, WritesIntoNoFileThatIsLost)
+TEST_F(StoreFaultsTest, RefusesToSaveToADamagedOrReplacedFile)
 {
     auto context = open(std::chrono::milliseconds::max());
     for (const char* const count : {"NULL", "0", "4611686018427387904", "9223372036854775807", "'x'"}) {
@@ -173,7 +173,7 @@ TEST_F(StoreFaultsTest, WritesIntoNoFileThatIsLost)
         QFile::remove(path());
         ASSERT_TRUE(QFile::rename(there, path()));
     }
-    EXPECT_TRUE(context->save()) << "all is where it was";
+    EXPECT_TRUE(context->save()) << "the file is back";
     EXPECT_EQ(open()->count<Task>(), 5);
 }
 
@@ -196,7 +196,7 @@ TEST_F(StoreFaultsTest, GrowsWithTheEntitiesInCode)
         ASSERT_FALSE(context.openError()) << context.openError()->description.toStdString();
         auto objects = context.fetchObjects(odd, Predicate(u"%K = %@", {odd, u"o"_s}));
         ASSERT_EQ(objects.size(), 1U);
-        EXPECT_TRUE(isEmpty(objects[0].value(u"count"))) << "a text that was is no integer, and stays";
+        EXPECT_TRUE(isEmpty(objects[0].value(u"count"))) << "the text is no integer, and stays in the file";
         EXPECT_TRUE(objects[0].setValue(u"n"_s, u"new"));
         ASSERT_TRUE(context.save());
         EXPECT_EQ(context.objectID(objects[0].objectID().URIRepresentation()), objects[0].objectID());
@@ -204,7 +204,7 @@ TEST_F(StoreFaultsTest, GrowsWithTheEntitiesInCode)
     Context context(path(), model({{u"old"_s}, {u"NEW"_s}, {u"count"_s}}));
     const auto object = context.fetchObjects(odd).at(0);
     EXPECT_EQ(object.value<QString>(u"old"), u"kept"_s);
-    EXPECT_EQ(object.value<QString>(u"NEW"), u"n"_s) << "columns do not tell capitals";
+    EXPECT_EQ(object.value<QString>(u"NEW"), u"n"_s) << "columns ignore the case of letters";
     EXPECT_EQ(object.value<QString>(u"count"), u"7"_s);
 }
 

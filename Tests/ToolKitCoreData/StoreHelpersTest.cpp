@@ -44,7 +44,7 @@ private:
     [[nodiscard]] QString logs() const { return folder_.filePath(u"logs"_s); }
 };
 
-TEST_F(StoreHelpersTest, FindsOrMakesTheOneRecord)
+TEST_F(StoreHelpersTest, FindsOrInsertsASingleton)
 {
     auto context = open();
     const auto made = context->fetchSingleton<Task>(u"one"_s);
@@ -53,40 +53,40 @@ TEST_F(StoreHelpersTest, FindsOrMakesTheOneRecord)
     EXPECT_EQ(context->fetchSingleton<Task>(u"one"_s), made) << "before it is saved";
     ASSERT_TRUE(context->save());
     EXPECT_EQ(context->fetchSingleton<Task>(u"one"_s), made);
-    EXPECT_EQ(context->fetchSingleton<Task>(), made) << "without an identifier all records are meant";
+    EXPECT_EQ(context->fetchSingleton<Task>(), made) << "without an identifier, any record of the class";
     context->deleteObject(made);
     EXPECT_TRUE(isEmpty(context->fetchSingleton<Task>().value(u"uniqueID")));
     EXPECT_EQ(context->count<Task>(), 1);
     EXPECT_EQ(logged(), QString());
 }
 
-TEST_F(StoreHelpersTest, LeavesTheTwinWithTheLastIdentity)
+TEST_F(StoreHelpersTest, KeepsTheDuplicateWithTheLastIdentity)
 {
     auto context = open();
     for (int i = 1; i <= 11; ++i)
         add(*context, i < 9 ? u"other"_s : u"twin"_s, QString::number(i));
     ASSERT_TRUE(context->save());
     for (int again = 0; again < 2; ++again) {
-        EXPECT_EQ(context->fetchSingleton<Task>(u"twin"_s).name(), u"9"_s) << "p9 is the last text, not p11";
+        EXPECT_EQ(context->fetchSingleton<Task>(u"twin"_s).name(), u"9"_s) << "p9 sorts after p11";
         context->rollback();
     }
     (void)logged();
     const Task unsaved = add(*context, u"twin"_s, u"unsaved"_s);
     EXPECT_EQ(context->fetchSingleton<Task>(u"twin"_s).name(), u"9"_s);
     EXPECT_TRUE(unsaved.isDeleted());
-    EXPECT_EQ(
-        logged(), u"StoreHelpers.fetchSingleton|found duplicates for: quor::test::Task, twin deleting\n"_s);
-    EXPECT_EQ(open()->fetchObjects<Task>({u"twin"_s}).size(), 3U) << "the repair waits for the save";
+    EXPECT_EQ(logged(),
+        u"ManagedObjectContext.fetchSingleton|found duplicates for: quor::test::Task, twin deleting\n"_s);
+    EXPECT_EQ(open()->fetchObjects<Task>({u"twin"_s}).size(), 3U) << "the repair is not saved";
     EXPECT_EQ(context->fetchSingleton<Task>(u"twin"_s).name(), u"9"_s);
     EXPECT_EQ(logged(), QString());
     ASSERT_TRUE(context->save());
     EXPECT_EQ(names(open()->fetchObjects<Task>({u"twin"_s})), QStringList{u"9"_s});
     (void)context->fetchSingleton<Task>();
-    EXPECT_EQ(
-        logged(), u"StoreHelpers.fetchSingleton|found duplicates for: quor::test::Task, nil deleting\n"_s);
+    EXPECT_EQ(logged(),
+        u"ManagedObjectContext.fetchSingleton|found duplicates for: quor::test::Task, nil deleting\n"_s);
 }
 
-TEST_F(StoreHelpersTest, AnswersByIdentifierAndWithNothingForWhatIsUnknown)
+TEST_F(StoreHelpersTest, FetchesByIdentifierAndReturnsNothingForUnknownEntities)
 {
     auto context = open();
     add(*context, u"a"_s, u"A"_s);
@@ -105,7 +105,7 @@ TEST_F(StoreHelpersTest, AnswersByIdentifierAndWithNothingForWhatIsUnknown)
         EXPECT_TRUE(context->fetchObjects(name).empty() && !context->insertObject(name).isAttached());
     }
     EXPECT_FALSE(context->fetchSingleton<Task>(QString(QChar(0xDC00))).isAttached())
-        << "no such text is kept";
+        << "this text is not storable";
     EXPECT_TRUE(context->fetch<Unknown>().empty() && context->count<Unknown>() == 0);
     auto plain = context->fetchSingleton<Unknown>(u"x"_s);
     EXPECT_FALSE(plain.isAttached() || !isEmpty(plain.value(u"uniqueID")));

@@ -17,7 +17,7 @@ namespace {
 
 class StoreSharingTest : public StoreTest {
 protected:
-    /// A process that opens the store and does that; its status is 0 if all was well.
+    /// Starts a process that opens the store and calls `work`. Its exit status is 0 on success.
     [[nodiscard]] pid_t start(const std::function<bool(Context&)>& work) const
     {
         const pid_t child = ::fork();
@@ -37,9 +37,9 @@ protected:
     }
 };
 
-TEST_F(StoreSharingTest, ProcessesLoseNothingToEachOther)
+TEST_F(StoreSharingTest, ProcessesSaveAtTheSameTime)
 {
-    // All make the file, and then write it, at once.
+    // All create the file at the same time, and then write it.
     std::vector<pid_t> children;
     for (int child = 0; child < 4; ++child) {
         children.push_back(start([child](Context& context) {
@@ -99,7 +99,7 @@ TEST_F(StoreSharingTest, TheLastWriterWinsByAttributeAndDeletionWins)
     there->deleteObject(theirDoomed);
     ASSERT_TRUE(there->save());
     const SaveOutcome outcome = here->save();
-    EXPECT_TRUE(outcome) << "what can be saved is";
+    EXPECT_TRUE(outcome) << "the other changes are saved";
     EXPECT_EQ(outcome.dropped, std::vector<ManagedObject>{doomed});
     EXPECT_TRUE(doomed.isDeleted() && doomed.name() == u"unsaved"_s && !here->hasChanges());
 

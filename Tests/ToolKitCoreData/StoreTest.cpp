@@ -30,10 +30,10 @@ TEST_F(StoreTest, KeepsEveryValueThatItTakes)
     ASSERT_EQ(tasks.size(), kept.size());
     for (std::size_t i = 0; i < kept.size(); ++i)
         EXPECT_EQ(tasks[i].value(kept[i].first), kept[i].second) << i;
-    EXPECT_TRUE(reopened->fetchFirst<Task>(Predicate(u"name = %@", {nul}))) << "compared whole, NUL and all";
+    EXPECT_TRUE(reopened->fetchFirst<Task>(Predicate(u"name = %@", {nul}))) << "compared including NUL";
 
     auto task = context->insertObject<Task>();
-    EXPECT_TRUE(task.setValue(7, u"rate")) << "integers turn into reals";
+    EXPECT_TRUE(task.setValue(7, u"rate")) << "integers become reals";
     EXPECT_EQ(task.value<double>(u"rate"), 7);
     for (const auto& [key, value] : std::vector<std::pair<QString, AttributeValue>>{{u"count"_s, 0.5},
              {u"count"_s, u"1"_s}, {u"name"_s, QByteArray("x")}, {u"name"_s, QString(QChar(0xD800))},
@@ -64,7 +64,7 @@ TEST_F(StoreTest, FindsByPredicatesWithPendingChangesAsIfTheyWereSaved)
         {Predicate(u"name IN %@", {std::vector<AttributeValue>{{}, u"c"_s}}), {u"c"_s, u"-"_s}},
         {Predicate::any(std::vector(1500, Predicate(u"count=%@", {3}))), {u"c"_s}},
         {Predicate(deep(20), {2}), {u"b"_s}},
-        // What cannot be asked finds nothing.
+        // Invalid predicates find nothing.
         {Predicate(deep(21), {2}), {}}, {Predicate(u""), {}}, {Predicate(u"name"), {}},
         {Predicate(u"name == a"), {}}, {Predicate(u"name == %@ count", {1}), {}},
         {Predicate(u"(count == %@", {1}), {}}, {Predicate(u"count == %@"), {}},
@@ -82,7 +82,7 @@ TEST_F(StoreTest, FindsByPredicatesWithPendingChangesAsIfTheyWereSaved)
             EXPECT_EQ(context->count<Task>(predicate), expected.size()) << when << number++;
         }
     };
-    // Saved first, and then all changed: deleted, edited, edited back and inserted.
+    // Records that are saved and then deleted, edited, edited back, and inserted.
     add(*context, u"0"_s, u"a"_s, 2);
     Task edited = add(*context, u"1"_s, u"z"_s, 1);
     add(*context, u"2"_s, u"b"_s, 2);
@@ -130,7 +130,7 @@ TEST_F(StoreTest, RollsBackToWhatWasSaved)
     EXPECT_TRUE(context->deleteObject(task));
     EXPECT_TRUE(task.isDeleted());
     EXPECT_FALSE(context->deleteObject(task));
-    EXPECT_FALSE(task.setValue(u"c"_s, u"name")) << "a deleted record stays as it is";
+    EXPECT_FALSE(task.setValue(u"c"_s, u"name")) << "a deleted record cannot be changed";
     EXPECT_EQ(context->count<Task>(), 1);
     context->rollback();
     EXPECT_FALSE(context->hasChanges() || task.isDeleted() || task.hasChanges());
@@ -146,7 +146,7 @@ TEST_F(StoreTest, RollsBackToWhatWasSaved)
     EXPECT_FALSE(open()->deleteObject(plain) || open()->deleteObject(task));
 }
 
-TEST_F(StoreTest, GivesEachRecordOneIdentityForEver)
+TEST_F(StoreTest, NeverReusesAnIdentity)
 {
     auto context = open();
     const Task first = add(*context, u"1"_s, u"a"_s);
@@ -157,9 +157,9 @@ TEST_F(StoreTest, GivesEachRecordOneIdentityForEver)
     const auto before = second.objectID();
     ASSERT_TRUE(context->save());
     EXPECT_LT(before.URIRepresentation(), first.objectID().URIRepresentation())
-        << "temporary ones come first";
+        << "temporary identities sort first";
     EXPECT_FALSE(context->existingObject(before));
-    EXPECT_EQ(context->fetchObject<Task>(u"2"_s), second) << "one record, one identity";
+    EXPECT_EQ(context->fetchObject<Task>(u"2"_s), second) << "one handle for one record";
     const QString uri = second.objectID().URIRepresentation();
     EXPECT_TRUE(uri.startsWith(u"x-quor-store://"_s) && uri.endsWith(u"/Task/p2"_s)) << uri.toStdString();
     ASSERT_EQ(context->objectID(uri), second.objectID());
@@ -175,7 +175,7 @@ TEST_F(StoreTest, GivesEachRecordOneIdentityForEver)
     EXPECT_FALSE(context->existingObject(*context->objectID(uri)));
     const Task third = add(*context, u"3"_s);
     ASSERT_TRUE(context->save());
-    EXPECT_TRUE(third.objectID().URIRepresentation().endsWith(u"/p3"_s)) << "numbers are not given again";
+    EXPECT_TRUE(third.objectID().URIRepresentation().endsWith(u"/p3"_s)) << "numbers are not used again";
 }
 
 } // namespace

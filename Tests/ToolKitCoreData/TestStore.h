@@ -11,7 +11,7 @@
 
 namespace quor::test {
 
-/// A record of every type of attribute.
+/// A record class with an attribute of every type.
 class Task : public toolkit::ManagedObject {
 public:
     [[nodiscard]] QString name() const { return value<QString>(u"name").value_or(QStringLiteral("-")); }
@@ -26,7 +26,7 @@ inline std::vector<toolkit::EntityDescription> taskModel()
         {QStringLiteral("isDone"), boolean}})};
 }
 
-/// A folder with one store, opened by as many contexts as wanted.
+/// A folder with one store, which any number of contexts can open.
 class StoreTest : public testing::Test {
 protected:
     using Context = toolkit::ManagedObjectContext;
@@ -53,7 +53,7 @@ protected:
             names += task.name();
         return names;
     }
-    /// What another program does to the file.
+    /// Runs SQL on the file, as another program.
     int run(const char* sql) const
     {
         sqlite3* database = nullptr;

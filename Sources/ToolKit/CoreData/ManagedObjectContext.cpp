@@ -5,12 +5,15 @@
 #include "ToolKit/CoreData/Fetching/PendingOverlay.h"
 #include "ToolKit/CoreData/Store/SaveTransaction.h"
 #include "ToolKit/CoreData/Store/StoreFile.h"
+#include "ToolKit/Logging/Logger.h"
+
+#include <algorithm>
 
 namespace quor::toolkit {
 
 using RecordState = ManagedRecord::State;
 
-/// All of it belongs to blocks on the graph's queue, but for what never changes.
+/// The open store. Everything that can change must be used only in blocks on the queue of the graph.
 struct ManagedObjectContext::State {
     explicit State(std::vector<EntityDescription> entities)
         : graph(std::make_shared<ObjectGraph>(std::move(entities)))
@@ -22,7 +25,7 @@ struct ManagedObjectContext::State {
         return openError ? std::nullopt : graph->entityIndex(name);
     }
 
-    /// Asks a query over the entity of the request.
+    /// Calls `question` with a query over the entity. Returns its failure, or why there can be no query.
     template <class Question>
     SQLiteDatabase::Failure query(const QString& entityName, Question question)
     {
@@ -38,6 +41,7 @@ struct ManagedObjectContext::State {
         return question(query);
     }
 
+    /// The records of the list for which `condition` is true.
     template <class Condition>
     [[nodiscard]] std::vector<ManagedObject> pending(
         const std::vector<ObjectGraph::Record>& records, Condition condition) const
@@ -60,11 +64,31 @@ struct ManagedObjectContext::State {
 
 namespace {
 
+/// Stores the failure in `error`, if both exist. Returns whether there is a failure.
 bool report(const SQLiteDatabase::Failure& failure, StoreError* error)
 {
     if (failure && error)
         *error = *failure;
     return failure.has_value();
+}
+
+/// Sorts by the URIs of the identities, so that the order is the same whenever the same file is read.
+void sortByIdentity(std::vector<ManagedObject>& objects)
+{
+    std::vector<std::pair<QString, ManagedObject>> keyed;
+    keyed.reserve(objects.size());
+    for (const auto& object : objects)
+        keyed.emplace_back(object.objectID().URIRepresentation(), object);
+    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::transform(keyed.begin(), keyed.end(), objects.begin(), [](const auto& pair) { return pair.second; });
+}
+
+/// Whether records of the entity can be found by their identifiers. Otherwise each call of `fetchSingleton`
+/// would insert another record.
+bool hasIdentifiers(const EntityDescription& entity)
+{
+    const auto index = entity.index(u"uniqueID");
+    return index && entity.attributes()[*index].type == AttributeType::text;
 }
 
 } // namespace
@@ -100,7 +124,7 @@ void ManagedObjectContext::perform(const std::function<void()>& block) const
 
 void ManagedObjectContext::performBlock(std::function<void()> block)
 {
-    // The queue outlasts its blocks, even one that ends the context.
+    // The block owns the graph and with it the queue, because the block can end the context.
     state_->graph->queue().performLater([graph = state_->graph, block = std::move(block)] {
         if (block)
             block();
@@ -197,7 +221,7 @@ std::optional<ManagedObjectID> ManagedObjectContext::objectID(QStringView uri) c
     const qint64 number = uri.sliced(std::min(digits, uri.size())).toLongLong(&isNumber);
     if (!isNumber || state_->openError)
         return std::nullopt;
-    // One that reads back the same is one of ours.
+    // The URI is one of this store if the identity made from its parts has the same URI.
     for (const auto& entity : state_->graph->entities()) {
         ManagedObjectID objectID(state_->file.identifier(), entity.name(), number, false);
         if (objectID.URIRepresentation() == uri)
@@ -223,6 +247,45 @@ std::optional<ManagedObject> ManagedObjectContext::existingObject(
             && record->state != RecordState::gone && state_->graph->objectID(*record) == objectID;
         return !report(failure, error) && isHere ? std::optional<ManagedObject>(record) : std::nullopt;
     });
+}
+
+std::optional<ManagedObject> ManagedObjectContext::fetchObject(
+    const QString& entityName, const QString& uniqueIdentifier) const
+{
+    return firstOf(fetchObjects(entityName, Predicate(u"(uniqueID == %@)", {uniqueIdentifier}), 1));
+}
+
+std::vector<ManagedObject> ManagedObjectContext::fetchObjects(
+    const QString& entityName, const std::optional<Predicate>& predicate, std::optional<int> limit) const
+{
+    return fetch(FetchRequest{entityName, predicate, {}, limit});
+}
+
+ManagedObject ManagedObjectContext::fetchSingleton(
+    const QString& entityName, const QString& className, const std::optional<QString>& uniqueIdentifier)
+{
+    const EntityDescription* const description = entity(entityName);
+    if (!description
+        || (uniqueIdentifier && !(isStorable(*uniqueIdentifier) && hasIdentifiers(*description))))
+        return {};
+    std::optional<Predicate> predicate;
+    if (uniqueIdentifier)
+        predicate.emplace(u"(uniqueID == %@)", std::vector<PredicateArgument>{*uniqueIdentifier});
+    auto objects = fetchObjects(entityName, predicate);
+    if (objects.empty()) {
+        ManagedObject object = insertObject(entityName);
+        if (uniqueIdentifier)
+            object.setValue(*uniqueIdentifier, u"uniqueID");
+        return object;
+    }
+    if (objects.size() > 1) {
+        sortByIdentity(objects);
+        const QString identifier = uniqueIdentifier.value_or(QStringLiteral("nil"));
+        Logger::log(QStringLiteral("found duplicates for: %1, %2 deleting").arg(className, identifier), true);
+        std::for_each(
+            objects.begin(), objects.end() - 1, [this](const auto& object) { deleteObject(object); });
+    }
+    return objects.back();
 }
 
 } // namespace quor::toolkit

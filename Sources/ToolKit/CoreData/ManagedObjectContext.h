@@ -20,7 +20,7 @@
 
 namespace quor::toolkit {
 
-/// A view of the records in one SQLite file, and the changes that were made to them and not saved yet:
+/// The records of a store, which is one SQLite file, together with changes that are not saved yet:
 ///
 ///     ManagedObjectContext context(path, {EntityDescription::of<Task>({{u"uniqueID"_s}, {u"name"_s}})});
 ///     if (context.openError()) ...
@@ -28,46 +28,48 @@ namespace quor::toolkit {
 ///     task.setName(u"Design"_s);
 ///     if (const auto outcome = context.save(); !outcome) ...
 ///
-/// Fetches see pending changes as if they were saved; nothing but `save` writes records to the file. Any
-/// number of contexts, in any number of processes, may have one file open. A fetch brings what others have
-/// saved into the records that have no changes here. Of a record that two contexts changed, each save
-/// writes the attributes that were changed there, so that the last one counts, attribute by attribute; a
-/// deleted record stays deleted (see `SaveOutcome`).
+/// Fetches treat pending changes as if they were saved. Only `save` writes records to the file.
 ///
-/// Any thread: each operation runs in its turn on the context's private queue. What must not be divided,
-/// such as a fetch and the change that it leads to, goes into one `performBlockAndWait`.
+/// Any number of contexts, in any number of processes, can have the same file open. A fetch updates the
+/// records that have no changes here with what others have saved. A save writes only the attributes that were
+/// changed in this context; if two contexts change the same attribute, the last save wins. A record that
+/// another context has deleted stays deleted (see `SaveOutcome`).
+///
+/// Any thread: each operation waits for its turn on the private queue of the context. Put operations that
+/// must not be separated, such as a fetch and a change that depends on it, into one `performBlockAndWait`.
 class ManagedObjectContext final {
 public:
-    /// Opens the file or makes it, readable to its owner only; its folder must be there. Tables and columns
-    /// that it lacks are added, waiting for other processes if need be; what the entities do not name stays
-    /// in it. A file that may only be read opens for that. `busyTimeout` is how long a save waits for
-    /// others'.
+    /// Opens the file, or creates it, readable only by its owner. The folder must exist. Missing tables and
+    /// columns are added; tables and columns that are not in `entities` stay in the file. A read-only file is
+    /// opened for reading. `busyTimeout` is how long opening and saving wait for other writers.
     explicit ManagedObjectContext(const QString& path, std::vector<EntityDescription> entities,
         std::chrono::milliseconds busyTimeout = std::chrono::seconds(5));
 
-    /// Waits for the blocks of `performBlock`, unless it is called in one. Pending changes are lost.
+    /// Waits for the blocks of `performBlock`, unless it is called by one of them. Drops pending changes.
     ~ManagedObjectContext();
     ManagedObjectContext(const ManagedObjectContext&) = delete;
     ManagedObjectContext& operator=(const ManagedObjectContext&) = delete;
 
-    /// Why there is no store. Such a context knows no entity, so it gives empty answers to everything, and
-    /// there is nothing that it could save.
+    /// Why the file could not be opened. Such a context has no entities and no records: fetches return
+    /// nothing, and `save` fails with this error.
     [[nodiscard]] const std::optional<StoreError>& openError() const;
 
-    /// The description of that name. None where there is no store. Lasts as long as the context.
+    /// The description of the entity with that name, owned by the context. Null if there is no such entity,
+    /// or after an `openError`.
     [[nodiscard]] const EntityDescription* entity(QStringView name) const;
 
-    /// Runs the block on the calling thread in its turn on the queue, and returns what it returned. Blocks
-    /// may be nested. A block must not throw, nor wait for another thread that may need this context.
+    /// Waits for its turn on the queue, runs the block on the calling thread and returns the block's result.
+    /// Blocks can be nested. A block must not throw, and must not wait for a thread that uses this context.
     template <class Block>
     std::invoke_result_t<Block&> performBlockAndWait(Block&& block);
 
-    /// Runs the block later, on a thread of the queue's own.
+    /// Runs the block later, on the thread of the queue.
     void performBlock(std::function<void()> block);
 
     // Changes.
 
-    /// A new record, with all attributes empty. A plain one, attached to nothing, for an unknown entity.
+    /// Inserts a record with empty attributes. For an unknown entity it returns a plain record, which belongs
+    /// to no context.
     [[nodiscard]] ManagedObject insertObject(QStringView entityName);
     template <RecordClass Record>
     [[nodiscard]] Record insertObject()
@@ -75,37 +77,41 @@ public:
         return recordOf<Record>(insertObject(plainClassName<Record>()));
     }
 
-    /// False, with no effect, for a record that is deleted already or is not of this context.
+    /// Deletes the record. Returns false, with no effect, if it is deleted already or belongs to another
+    /// context.
     bool deleteObject(const ManagedObject& object);
 
     [[nodiscard]] bool hasChanges() const;
     [[nodiscard]] std::vector<ManagedObject> insertedObjects() const;
     [[nodiscard]] std::vector<ManagedObject> updatedObjects() const;
-    [[nodiscard]] std::vector<ManagedObject> deletedObjects() const; ///< those that are in the file
+    [[nodiscard]] std::vector<ManagedObject>
+    deletedObjects() const; ///< without records that were never saved
 
-    /// Writes all changes in one transaction, which is on the disk on return; a file without changes is not
-    /// touched. After a failure everything is pending as before, and a later save tries again. A file that
-    /// was removed or replaced since it was opened is not written any more.
+    /// Writes all changes in one transaction and returns when they are on the disk. Does not use the file if
+    /// there are no changes. After a failure all changes are still pending, and a later save tries again.
+    /// Fails if the file was removed or replaced after it was opened.
     SaveOutcome save();
 
-    /// Drops all changes since the last save. Records inserted since are deleted for good.
+    /// Drops all changes since the last save. Records that were inserted since then are deleted.
     void rollback();
 
-    // Fetches that tell what went wrong, in `error` where given.
+    // Fetches that return `nullopt` on failure, and set `error` if it is not null.
 
     [[nodiscard]] std::optional<std::vector<ManagedObject>> execute(
         const FetchRequest& request, StoreError* error = nullptr) const;
-    /// How many records match, whatever the limit.
+    /// The number of matching records. Ignores the limit.
     [[nodiscard]] std::optional<qint64> count(const FetchRequest& request, StoreError* error = nullptr) const;
 
-    /// The identity that has this URI, if it is one of this store's saved records, there or not.
+    /// The identity with this URI. Returns `nullopt` unless it is the URI of a saved record of this store.
+    /// The record need not exist.
     [[nodiscard]] std::optional<ManagedObjectID> objectID(QStringView uri) const;
-    /// The record of that identity; none if it was deleted, or is temporary and of another context.
+    /// The record with this identity. Returns `nullopt` also if the record was deleted, or if the identity is
+    /// a temporary one of another context.
     [[nodiscard]] std::optional<ManagedObject> existingObject(
         const ManagedObjectID& objectID, StoreError* error = nullptr) const;
 
-    // The store helpers, which answer every failure, an unknown entity too, with nothing. The entity of
-    // records has the plain name of their class and a text attribute "uniqueID".
+    // The store helpers. They return an empty result for every failure, also for an unknown entity. A record
+    // class needs an entity with the plain name of the class and a text attribute "uniqueID".
 
     template <RecordClass Record>
     [[nodiscard]] qint64 count(const std::optional<Predicate>& predicate = std::nullopt) const
@@ -135,7 +141,7 @@ public:
     {
         return fetchFirst<Record>(Predicate(u"(uniqueID == %@)", {uniqueIdentifier}));
     }
-    /// Those that there are, in no particular order.
+    /// The existing records with these identifiers, in unspecified order.
     template <RecordClass Record>
     [[nodiscard]] std::vector<Record> fetchObjects(const QStringList& uniqueIdentifiers) const
     {
@@ -147,15 +153,15 @@ public:
         const std::optional<Predicate>& predicate = std::nullopt,
         std::optional<int> limit = std::nullopt) const;
 
-    /// The one record with that "uniqueID", made if there is none; without an identifier, the one record of
-    /// the class. Where there are several, as when two devices made the same one, all but the one whose
-    /// identity has the last URI are deleted, which a line in the error log tells. Nothing of this is saved
-    /// yet. A plain record for an unknown entity, and for an identifier that is not storable or of an entity
-    /// without that attribute.
+    /// Returns the record with that "uniqueID", or without an identifier the only record of the class.
+    /// Inserts it if there is none. If there are several, because two devices have created the same record,
+    /// it deletes all but the one whose identity has the last URI, and reports that in the error log. The
+    /// changes are not saved. Returns a plain record, which belongs to no context, if the entity is unknown,
+    /// or if an identifier is given that is not storable or whose entity has no text attribute "uniqueID".
     template <RecordClass Record>
     [[nodiscard]] Record fetchSingleton(const std::optional<QString>& uniqueIdentifier = std::nullopt)
     {
-        // In one block, so that no other thread makes the same record in between.
+        // In one block, so that no other thread can insert the same record between the fetch and the insert.
         return recordOf<Record>(performBlockAndWait([&] {
             return fetchSingleton(plainClassName<Record>(), qualifiedClassName<Record>(), uniqueIdentifier);
         }));
@@ -164,6 +170,7 @@ public:
 private:
     struct State;
 
+    /// `performBlockAndWait` for blocks without a result.
     void perform(const std::function<void()>& block) const;
     [[nodiscard]] ManagedObject fetchSingleton(
         const QString& entityName, const QString& className, const std::optional<QString>& uniqueIdentifier);

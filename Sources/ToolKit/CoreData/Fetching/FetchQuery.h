@@ -11,21 +11,22 @@
 
 namespace quor::toolkit {
 
-/// A fetch request on its way: as SQL over the file and, where the entity has pending changes, over the
-/// overlay of them. Lives for one fetch, and refers to the request.
+/// Runs one fetch request as SQL, over the file and, if the entity has pending changes, over their overlay.
+/// An object serves one request, which must outlive it.
 class FetchQuery final {
 public:
-    /// `isOverlaid`: the overlay covers the entity.
+    /// `isOverlaid` says whether the query has to include the overlay; see `PendingOverlay::covers`.
     FetchQuery(SQLiteDatabase& database, ObjectGraph& graph, std::size_t entity, bool isOverlaid);
 
-    /// Brings what was found into the graph. Records without changes take over the values of the file.
+    /// Appends the matching records of the graph to `found`. Records that have no changes get the values of
+    /// the file.
     [[nodiscard]] SQLiteDatabase::Failure fetch(
         const FetchRequest& request, std::vector<ObjectGraph::Record>& found);
 
-    /// Neither order nor limit count.
+    /// Sets `count` to the number of matching records. Ignores the sort order and the limit.
     [[nodiscard]] SQLiteDatabase::Failure count(const FetchRequest& request, qint64& count);
 
-    /// The record of that number in the file; none if there is no such row.
+    /// Sets `found` to the record with that number. Leaves it null if the file has no such record.
     [[nodiscard]] SQLiteDatabase::Failure load(qint64 number, ObjectGraph::Record& found);
 
 private:

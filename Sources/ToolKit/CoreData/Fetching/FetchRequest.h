@@ -11,8 +11,8 @@
 
 namespace quor::toolkit {
 
-/// What to fetch: the records of one entity that match, in this order, at most so many. A limit of 0, as
-/// an absent one, sets no limit.
+/// A request for the records of one entity that match a predicate. Without a predicate all records match. A
+/// limit of 0 means no limit, like an absent one.
 struct FetchRequest {
     QString entityName;
     std::optional<Predicate> predicate = std::nullopt;

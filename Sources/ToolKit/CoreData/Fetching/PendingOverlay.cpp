@@ -9,7 +9,7 @@ namespace quor::toolkit {
 
 using Failure = SQLiteDatabase::Failure;
 
-/// The table of one entity, while it is brought up to date.
+/// The statements that change the table of one entity during an update.
 struct PendingOverlay::Table {
     Table(const SQLiteDatabase& database, const EntityDescription& entity)
         : put(database.prepare(putSQL(entity)))

@@ -9,25 +9,26 @@
 
 namespace quor::toolkit {
 
-/// The pending changes of a graph as tables of the connection's own, in memory, so that SQLite itself finds
-/// and sorts records by values that were not saved yet. Such a table hides the file's rows that it has
-/// numbers of. It costs a write per change, when the next fetch comes, and touches no file and no lock.
+/// The pending changes of a graph as temporary tables of the connection, so that SQLite can find and sort
+/// records by values that are not saved yet. A row of such a table replaces the row of the file with the same
+/// number. The tables are in memory: they need no file and no lock. Each change costs one insert, at the next
+/// fetch.
 class PendingOverlay final {
 public:
-    /// Brings the tables up to date with the graph.
+    /// Writes the changes since the last update to the tables. Call it before each query.
     [[nodiscard]] SQLiteDatabase::Failure update(SQLiteDatabase& database, ObjectGraph& graph);
 
-    /// Nothing is pending any more.
+    /// Empties the tables. Call it after a save or a rollback.
     void reset() { isStale_ = true; }
 
-    /// Whether there is anything of the entity, as of the last update.
+    /// Whether there is a table with changes of the entity, as of the last update.
     [[nodiscard]] bool covers(std::size_t entity) const { return !isStale_ && covered_.contains(entity); }
 
 private:
     struct Table;
 
-    std::set<std::size_t> covered_;
-    bool isStale_ = false;
+    std::set<std::size_t> covered_; ///< the entities that have a table
+    bool isStale_ = false; ///< the rows of all tables are outdated
 };
 
 } // namespace quor::toolkit

@@ -5,10 +5,11 @@
 
 namespace quor::toolkit {
 
-/// One step of an order: by this attribute, empty values first. Numbers and dates sort by size, text by
-/// code points, data by bytes; what is equal follows the next step, and at last the order of insertion.
+/// One step of a sort order: by the values of an attribute, empty values first. Numbers and dates are
+/// compared by size, text by code points, data by bytes. Records with equal values are ordered by the next
+/// step, and after the last step by insertion.
 struct SortDescriptor {
-    QString key;
+    QString key; ///< name of the attribute
     bool isAscending = true;
 };
 

@@ -7,8 +7,8 @@
 
 namespace quor::toolkit {
 
-/// One attribute of an entity. The name may hold any characters but NUL, and does not begin with "$".
-/// An index makes predicates on the attribute fast and inserts slower; "uniqueID" has one always.
+/// One attribute of an entity. The name can contain any character except NUL, and must not begin with "$". An
+/// index makes predicates on the attribute faster and inserts slower; "uniqueID" always has one.
 struct AttributeDescription {
     QString name;
     AttributeType type = AttributeType::text;

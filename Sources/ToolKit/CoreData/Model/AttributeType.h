@@ -3,13 +3,14 @@
 
 namespace quor::toolkit {
 
-/// What an attribute of an entity holds. Each attribute may also be empty. In the file a boolean is 0 or
-/// 1, a date seconds since 1970 as a real, text UTF-8; the declared type is kept in code alone, so that a
-/// type that changes loses nothing (see `converted`).
+/// The type of an attribute's values. Every attribute can also be empty. The file stores a boolean as 0 or 1,
+/// a date as seconds since 1970 (a real), text as UTF-8. It does not store the declared type, so changing the
+/// type of an attribute in code loses no data; values that do not convert (see `converted`) are read as
+/// empty.
 enum class AttributeType {
     boolean,
     integer, ///< 64 bits, signed
-    real, ///< infinite as well, but never NaN
+    real, ///< can be infinite, but not NaN
     text,
     data,
     date,

@@ -20,7 +20,7 @@ std::optional<AttributeValue> converted(const AttributeValue& value, AttributeTy
 {
     if (!isStorable(value))
         return std::nullopt;
-    if (isEmpty(value) || value.index() == static_cast<std::size_t>(type) + 1)
+    if (isEmpty(value) || isOfType(value, type))
         return value;
     const auto* integer = std::get_if<qint64>(&value);
     if (integer && type == AttributeType::real)

@@ -12,8 +12,8 @@
 
 namespace quor::toolkit {
 
-/// The value of an attribute: empty, or one of the types of `AttributeType`, in that order. A null
-/// `QString` or `QByteArray` is a value, of no length; only `AttributeValue()` is empty. A value; any
+/// The value of an attribute: empty, or one of the types of `AttributeType`, in that order. Only
+/// `AttributeValue()` is empty; a `QString` or `QByteArray` without content is a value. A plain value; any
 /// thread.
 using AttributeValue
     = std::variant<std::monostate, bool, qint64, double, QString, QByteArray, platform::Date>;
@@ -23,12 +23,18 @@ using AttributeValue
     return value.index() == 0;
 }
 
-/// Not so NaN, and text with half a surrogate pair.
+/// Whether `value` is of this type; false for an empty one.
+[[nodiscard]] inline bool isOfType(const AttributeValue& value, AttributeType type)
+{
+    return value.index() == static_cast<std::size_t>(type) + 1;
+}
+
+/// Returns false for NaN and for text with half a surrogate pair, which a store refuses.
 [[nodiscard]] bool isStorable(const AttributeValue& value);
 
-/// The value as an attribute of this type holds it. Integers turn into reals, and booleans and integers
-/// into each other where nothing is lost (0 and 1); empty stays empty. Nothing for every other type, and
-/// for what is not storable.
+/// Converts the value to the type of an attribute. Integers become reals; booleans and the integers 0 and 1
+/// become each other; empty stays empty. Returns `nullopt` if the value has any other type or is not
+/// storable.
 [[nodiscard]] std::optional<AttributeValue> converted(const AttributeValue& value, AttributeType type);
 
 } // namespace quor::toolkit

@@ -13,21 +13,21 @@
 
 namespace quor::toolkit {
 
-/// What the records of one kind hold. Declared in code, once for each record class:
+/// The attributes of all records of one class. An application declares it once for each record class:
 ///
 ///     const auto tasks = EntityDescription::of<Task>({
 ///         {u"uniqueID"_s, AttributeType::text},
 ///         {u"name"_s, AttributeType::text},
 ///     });
 ///
-/// An entity is a table of the file, an attribute a column. An attribute that the file has not is added
-/// to it when a context opens it; one that has gone from the code stays in the file, untouched. Names are
-/// those of tables and columns, which do not tell ASCII capitals from small letters. A value; any thread.
+/// An entity is a table in the file, an attribute is a column. When a context opens the file, it adds the
+/// columns that are missing. Columns that the code no longer declares stay in the file. Two names that differ
+/// only in the case of ASCII letters are the same for a file. A plain value; any thread.
 class EntityDescription final {
 public:
     EntityDescription(QString name, std::vector<AttributeDescription> attributes);
 
-    /// Named by the plain name of the class.
+    /// An entity with the plain name of the record class.
     template <RecordClass Record>
     [[nodiscard]] static EntityDescription of(std::vector<AttributeDescription> attributes)
     {
@@ -37,7 +37,7 @@ public:
     [[nodiscard]] const QString& name() const { return name_; }
     [[nodiscard]] const std::vector<AttributeDescription>& attributes() const { return attributes_; }
 
-    /// Where the attribute stands among `attributes`. None for an unknown name; capitals count.
+    /// The index of the attribute in `attributes`. Returns `nullopt` for an unknown name. Case-sensitive.
     [[nodiscard]] std::optional<std::size_t> index(QStringView key) const;
 
 private:

@@ -11,10 +11,12 @@
 
 namespace quor::toolkit {
 
-/// The queue of a context: one block at a time, and a block may perform further ones, which run at once.
-/// Any thread. A block must not throw.
+/// The queue of a context. It runs one block at a time, in order of submission. Any thread. A block must not
+/// throw.
 class ContextQueue final {
 public:
+    /// Waits for its turn, runs the block on the calling thread, and returns the block's result. Within a
+    /// block of this queue it runs at once.
     template <class Block>
     std::invoke_result_t<Block&> perform(Block&& block)
     {
@@ -26,6 +28,7 @@ public:
         });
     }
 
+    /// Runs the block later, on the thread of the queue.
     void performLater(std::function<void()> block)
     {
         queue_.async([this, block = std::move(block)] {
@@ -36,6 +39,7 @@ public:
     }
 
 private:
+    /// Marks the current thread as the one that runs a block.
     class Occupancy {
     public:
         explicit Occupancy(std::atomic<std::thread::id>& occupant)
@@ -51,7 +55,8 @@ private:
         std::atomic<std::thread::id>& occupant_;
     };
 
-    std::atomic<std::thread::id> occupant_; ///< a thread can read its own name here only if it wrote it
+    std::atomic<std::thread::id>
+        occupant_; ///< the thread that runs a block; only that thread can find its own id here
     platform::DispatchQueue queue_{QByteArrayLiteral("ManagedObjectContext")};
 };
 

@@ -12,7 +12,8 @@ namespace {
 
 using State = ManagedRecord::State;
 
-// Of an attached record in its turn on the queue; `otherwise` of a plain one.
+/// Asks a question about an attached record on the queue of its graph. Returns `otherwise` for a plain
+/// record.
 template <class Result, class Question>
 Result ask(const std::shared_ptr<ManagedRecord>& record, Result otherwise, Question question)
 {

@@ -17,8 +17,8 @@ namespace quor::toolkit {
 
 struct ManagedRecord;
 
-/// A record of a store: a handle, whose copies mean the same record. A context has each record once, so two
-/// fetches of it give equal handles. Subclasses add typed accessors and no data:
+/// A handle to a record of a store. Copies refer to the same record, and so do the handles that two fetches
+/// of a context return. Subclasses add typed accessors, but no members:
 ///
 ///     class Task : public ManagedObject {
 ///     public:
@@ -26,23 +26,25 @@ struct ManagedRecord;
 ///         void setName(const QString& name) { setValue(name, u"name"); }
 ///     };
 ///
-/// Nothing reaches the disk before the context's save. Each operation may be called on any thread and
-/// waits for its turn on the context's queue; what belongs together goes into one `performBlockAndWait`.
-/// A handle may outlive its context, or its record: the last values stay readable, and no more can be set.
+/// Changes reach the disk when the context is saved. A handle can outlive its context and its record: it then
+/// returns the last values and refuses to set others.
+///
+/// Any thread: each operation waits for its turn on the context's queue. Put operations that belong together
+/// into one `ManagedObjectContext::performBlockAndWait`.
 class ManagedObject {
 public:
-    /// A plain record, attached to no context: holds what it is given under any key, and is never saved.
-    /// The handles of such a record are for one thread at a time.
+    /// Makes a plain record. It belongs to no context, has a value for any key, and is never saved. Its
+    /// handles must be used on one thread at a time.
     ManagedObject();
     explicit ManagedObject(std::shared_ptr<ManagedRecord> record); ///< for contexts
-    // No moves: a handle always has its record.
+    // A handle cannot be moved from, because it always has a record.
     ManagedObject(const ManagedObject&) = default;
     ManagedObject& operator=(const ManagedObject&) = default;
 
-    /// Empty for an unknown key too.
+    /// The value of an attribute. Also empty for an unknown key.
     [[nodiscard]] AttributeValue value(QStringView key) const;
 
-    /// The value where it is one of this type of `AttributeValue`.
+    /// The value if it has this type, one of those of `AttributeValue`; else `nullopt`.
     template <class T>
     [[nodiscard]] std::optional<T> value(QStringView key) const
     {
@@ -51,26 +53,26 @@ public:
         return typed ? std::optional<T>(*typed) : std::nullopt;
     }
 
-    /// `AttributeValue()` empties the attribute. False, with no effect, for an unknown key, a value that does
-    /// not convert to the attribute's type (see `converted`), and a record that is deleted or whose context
-    /// has ended.
+    /// Sets the value of an attribute; `AttributeValue()` empties it. Returns false, with no effect, if the
+    /// key is unknown, the value does not convert to the type of the attribute (see `converted`), the record
+    /// is deleted, or its context has ended.
     bool setValue(const AttributeValue& value, QStringView key);
-    /// A literal without u would be taken for bytes.
+    /// A literal without `u` would be stored as bytes.
     template <class Literal>
     requires std::same_as < std::decay_t<Literal>,
     const char* > bool setValue(Literal&& value, QStringView key) = delete;
 
-    /// That of nothing for a plain record.
+    /// The null identity for a plain record.
     [[nodiscard]] ManagedObjectID objectID() const;
     [[nodiscard]] QString entityName() const; ///< empty for a plain record
 
-    [[nodiscard]] bool isAttached() const; ///< to a context, which is still there
-    [[nodiscard]] bool isInserted() const; ///< and not saved yet
+    [[nodiscard]] bool isAttached() const; ///< belongs to a context that still exists
+    [[nodiscard]] bool isInserted() const; ///< was inserted and is not saved yet
     [[nodiscard]] bool isUpdated() const; ///< was saved, and has changed attributes
-    [[nodiscard]] bool isDeleted() const; ///< here, saved or not, or elsewhere as a save found out
-    [[nodiscard]] bool hasChanges() const; ///< anything that the next save would write
+    [[nodiscard]] bool isDeleted() const; ///< deleted in its context, or elsewhere as a save has found
+    [[nodiscard]] bool hasChanges() const; ///< the next save will write something of it
 
-    /// The attributes that differ from what was loaded or saved; none for an inserted record.
+    /// The names of the attributes that differ from the last saved values; empty for an inserted record.
     [[nodiscard]] QStringList changedKeys() const;
 
     [[nodiscard]] const std::shared_ptr<ManagedRecord>& record() const { return record_; } ///< for contexts

@@ -23,7 +23,7 @@ QString ManagedObjectID::URIRepresentation() const
     const QString entity = u'/' + QString::fromLatin1(QUrl::toPercentEncoding(entityName_)) + u'/';
     if (!isTemporary_)
         return scheme + store_ + entity + u'p' + QString::number(number_);
-    // All of one length, so that they sort as plain text as they were given out.
+    // All numbers have the same length, so that the texts sort like the numbers.
     const QString digits = QString::number(number_).rightJustified(19, u'0');
     return scheme + entity + u't' + store_ + u'-' + digits;
 }

@@ -6,21 +6,20 @@
 
 namespace quor::toolkit {
 
-/// The identity of a record: of the store, the entity and the record in it. One that was not saved yet has
-/// a temporary identity, which its context replaces at the save. A saved identity is never given to
-/// another record, not even after the record was deleted. A value; any thread.
+/// The identity of a record: its store, its entity, and its number. A record that is not saved yet has a
+/// temporary identity; saving replaces it. The identity of a saved record is never used for another record,
+/// even after the record was deleted. A plain value; any thread.
 class ManagedObjectID final {
 public:
-    /// The identity of nothing.
+    /// The null identity, which no saved record has.
     ManagedObjectID() = default;
     ManagedObjectID(QString store, QString entityName, qint64 number, bool isTemporary);
 
-    /// `x-quor-store://<store>/<entity>/p<number>`, percent-encoded. A temporary one is
-    /// `x-quor-store:///<entity>/t<context>-<number>`, which sorts before every saved one; of one context,
-    /// in the order of insertion. Empty for the identity of nothing.
+    /// `x-quor-store://<store>/<entity>/p<number>`, percent-encoded. A temporary identity is
+    /// `x-quor-store:///<entity>/t<context>-<number>`. Temporary URIs sort before all others, and those of
+    /// one context in the order of insertion. Empty for the null identity.
     [[nodiscard]] QString URIRepresentation() const;
 
-    [[nodiscard]] const QString& store() const { return store_; } ///< the context of a temporary one
     [[nodiscard]] const QString& entityName() const { return entityName_; }
     [[nodiscard]] qint64 number() const { return number_; }
     [[nodiscard]] bool isTemporaryID() const { return isTemporary_; }
@@ -32,7 +31,7 @@ public:
     }
 
 private:
-    QString store_;
+    QString store_; ///< of a temporary identity, the context
     QString entityName_;
     qint64 number_ = 0;
     bool isTemporary_ = true;

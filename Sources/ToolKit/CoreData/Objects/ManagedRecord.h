@@ -12,17 +12,18 @@ namespace quor::toolkit {
 
 class ObjectGraph;
 
-/// What the handles of one record share. Belongs to a graph and is touched on its queue only, but for a
-/// plain one, which has none.
+/// The data that all handles of one record share. It must be used only on the queue of its graph. A plain
+/// record has no graph and no queue.
 struct ManagedRecord {
     enum class State {
-        plain, ///< of no graph
+        plain, ///< has no graph
         inserted, ///< not in the file yet
         saved, ///< in the file, changed here or not
         deleted, ///< in the file until the next save
-        gone, ///< not in the file, and never to be
+        gone, ///< deleted from the file, or never saved and rolled back or deleted
     };
 
+    /// Whether the next save writes something of this record.
     [[nodiscard]] bool isDirty() const
     {
         return state == State::inserted || state == State::deleted
@@ -30,14 +31,15 @@ struct ManagedRecord {
     }
 
     std::shared_ptr<ObjectGraph> graph;
-    std::size_t entity = 0; ///< among those of the graph
-    qint64 number = 0; ///< in the entity; from `ObjectGraph::firstTemporary` on: not saved yet
+    std::size_t entity = 0; ///< index in `ObjectGraph::entities`
+    qint64 number = 0; ///< unique in the entity; `ObjectGraph::firstTemporary` or higher until it is saved
     State state = State::plain;
-    bool isListed = false; ///< among the graph's changed ones
-    bool awaitsOverlay = false; ///< changed since the overlay was last written
-    std::vector<AttributeValue> values; ///< by the entity's attributes
-    std::vector<std::pair<std::size_t, AttributeValue>> originals; ///< what a rollback brings back
-    std::vector<std::pair<QString, AttributeValue>> plainValues;
+    bool isListed = false; ///< in `ObjectGraph::changed`
+    bool awaitsOverlay = false; ///< in `ObjectGraph::awaitingOverlay`
+    std::vector<AttributeValue> values; ///< in the order of the entity's attributes
+    std::vector<std::pair<std::size_t, AttributeValue>>
+        originals; ///< changed attributes by index, with the values that a rollback restores
+    std::vector<std::pair<QString, AttributeValue>> plainValues; ///< of a plain record, by key
 };
 
 } // namespace quor::toolkit

@@ -102,7 +102,7 @@ void ObjectGraph::setSaved(const std::vector<qint64>& numbers)
             continue;
         record->number = numbers[i];
         record->state = State::saved;
-        if (record.use_count() > 1) // nobody else can get at it but by a fetch, which makes a new one
+        if (record.use_count() > 1) // a record without handles is made again by the next fetch
             add(record);
     }
     for (const Record& record : changed_) {

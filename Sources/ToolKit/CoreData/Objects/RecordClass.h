@@ -12,20 +12,20 @@
 
 namespace quor::toolkit {
 
-/// A class of records: derives from `ManagedObject` and adds accessors, never data, since a record's data
-/// are its attributes. Its plain name is the name of its entity.
+/// A record class: it derives from `ManagedObject` and adds accessors, but no members, because the data of a
+/// record are its attributes. Its plain name is the name of its entity.
 template <class T>
 concept RecordClass = std::derived_from<T, ManagedObject> && std::default_initializable<T> && sizeof(T)
     == sizeof(ManagedObject);
 
-/// "app::Task", the name with namespaces.
+/// The name with namespaces, as in "app::Task".
 template <RecordClass Record>
 [[nodiscard]] QString qualifiedClassName()
 {
     return typeDescription(typeid(Record));
 }
 
-/// "Task" of "app::Task".
+/// The name without namespaces, as in "Task".
 template <RecordClass Record>
 [[nodiscard]] QString plainClassName()
 {
@@ -33,7 +33,7 @@ template <RecordClass Record>
     return name.sliced(name.lastIndexOf(u':') + 1);
 }
 
-/// The object as one of this class; nothing checks that it is of the entity.
+/// A handle of class `Record` to the same record. Does not check that the record is of the class's entity.
 template <RecordClass Record>
 [[nodiscard]] Record recordOf(const ManagedObject& object)
 {

@@ -10,7 +10,7 @@ namespace quor::toolkit {
 
 namespace {
 
-/// By halves: SQLite reads a thousand operators in a row, and no more.
+/// Joins them by halves, because SQLite allows only a thousand operators in a row.
 void append(std::span<const Predicate> predicates, const char* by, PredicateTerms& all)
 {
     all.terms.emplace_back(QByteArray("("));

@@ -13,31 +13,33 @@ namespace quor::toolkit {
 
 struct PredicateTerms;
 
-/// A condition on the attributes of a record, written once and filled in with values, which are never part
-/// of its text:
+/// A condition on the attributes of a record: a format, and the arguments for its placeholders:
 ///
 ///     Predicate(u"(uniqueID == %@)", {identifier})
 ///     Predicate(u"name BEGINSWITH %@ AND NOT (project IN %@)", {typed, hidden})
 ///
-/// Comparisons are `key operator %@` with == (or =), != (<>), <, <=, >, >=, CONTAINS and BEGINSWITH, which
-/// are exact about capitals, and IN, which takes a list. They join by AND (&&), OR (||), NOT (!) and
-/// parentheses, 20 deep; words count in any case. Each `%@` takes the next argument; `%K` in the place of a
-/// key takes it from the arguments, for names with other characters than letters, digits and "_".
+/// A comparison is `key operator %@`. The operators are ==, =, !=, <>, <, <=, >, >=, CONTAINS and BEGINSWITH
+/// (both case-sensitive), and IN, which takes a list. Comparisons are combined with AND (&&), OR (||), NOT
+/// (!) and up to 20 levels of parentheses. Words can be written in any case. Each `%@` takes the next
+/// argument. `%K` stands for a key and takes its name from the next argument; use it for names that contain
+/// other characters than letters, digits and "_".
 ///
-/// An empty value equals an empty one, and is neither less nor greater than any. A comparison with a value
-/// of another type than the attribute's, with NaN or half a surrogate pair makes a fetch fail; integers and
-/// reals compare. A value; immutable; any thread.
+/// An empty value is equal to an empty value, and neither less nor greater than any value. Integers and reals
+/// can be compared with each other. A fetch fails if an argument has another type than its attribute, or is
+/// NaN or text with half a surrogate pair.
+///
+/// A plain value; immutable; any thread.
 class Predicate final {
 public:
     explicit Predicate(QStringView format, const std::vector<PredicateArgument>& arguments = {});
 
-    /// All or any of them hold, however many. Of none: `all` is true, `any` is false. Ten of these may stand
-    /// in each other; a fetch by many more fails.
+    /// Combines any number of predicates. Without predicates `all` is always true and `any` always false.
+    /// Both can be nested ten deep; fetches with much deeper ones fail.
     [[nodiscard]] static Predicate all(const std::vector<Predicate>& predicates);
     [[nodiscard]] static Predicate any(const std::vector<Predicate>& predicates);
 
-    /// What is wrong with the format or the number of arguments; empty for a good one. A fetch by a
-    /// predicate with an error fails with it.
+    /// The error in the format or the number of arguments; empty if there is none. A fetch with such a
+    /// predicate fails with this error.
     [[nodiscard]] const QString& error() const;
 
     [[nodiscard]] const PredicateTerms& terms() const { return *terms_; } ///< for the store

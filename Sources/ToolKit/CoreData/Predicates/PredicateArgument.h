@@ -11,7 +11,8 @@
 
 namespace quor::toolkit {
 
-/// What fills a place in a predicate's format: a value, or a list of values. A value; any thread.
+/// The argument for a placeholder in a predicate's format: a value, or a list of values. A plain value; any
+/// thread.
 class PredicateArgument final {
 public:
     /// An empty value.
@@ -36,8 +37,12 @@ public:
     }
 
     [[nodiscard]] bool isList() const { return isList_; }
+    /// The values of the list; for a single value, that one.
     [[nodiscard]] const std::vector<AttributeValue>& list() const { return values_; }
-    [[nodiscard]] const AttributeValue& value() const { return values_.front(); } ///< unless it is a list
+    [[nodiscard]] const AttributeValue& value() const
+    {
+        return values_.front();
+    } ///< must not be called for a list
 
 private:
     std::vector<AttributeValue> values_;

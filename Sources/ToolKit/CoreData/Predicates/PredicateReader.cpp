@@ -8,7 +8,7 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr int maximalDepth = 20; // of parentheses; SQLite reads 40, and a negated one becomes two
+constexpr int maximalDepth = 20; // of parentheses; SQLite allows 40, and a negated pair becomes two pairs
 
 bool isWordCharacter(QChar character)
 {
@@ -43,9 +43,9 @@ PredicateTerms PredicateReader::read()
 {
     const bool isRead = readAlternatives();
     if (isRead && !token_.isEmpty())
-        fail(QStringLiteral("\"%1\" is not expected").arg(token_));
+        fail(QStringLiteral("unexpected \"%1\"").arg(token_));
     else if (isRead && used_ < arguments_.size())
-        fail(QStringLiteral("there are more arguments than places"));
+        fail(QStringLiteral("there are more arguments than placeholders"));
     return std::move(result_);
 }
 
@@ -80,7 +80,7 @@ bool PredicateReader::readNegation()
         isNegated = !isNegated;
     if (!isNegated)
         return readPrimary();
-    // What is unknown to SQL, a comparison with an empty value, is false here.
+    // A comparison with an empty value is unknown to SQL. Here it is false, so its negation is true.
     add("(");
     if (!readPrimary())
         return false;
@@ -93,7 +93,7 @@ bool PredicateReader::readPrimary()
     if (!accept(u"("))
         return readComparison();
     if (++depth_ > maximalDepth)
-        return fail(QStringLiteral("nested too deeply"));
+        return fail(QStringLiteral("parentheses are nested more than %1 deep").arg(maximalDepth));
     add("(");
     if (!readAlternatives())
         return false;
@@ -111,15 +111,15 @@ bool PredicateReader::readComparison()
         return false;
     const auto found = readOperator();
     if (!found)
-        return fail(QStringLiteral("\"%1\" is no comparison").arg(token_));
+        return fail(QStringLiteral("\"%1\" is not a comparison operator").arg(token_));
     comparison.comparison = *found;
     if (!accept(u"%@"))
-        return fail(QStringLiteral("a value must be given as %@"));
+        return fail(QStringLiteral("%@ is missing after the operator"));
     const auto* const argument = nextArgument();
     if (!argument)
         return false;
     if (argument->isList() != (*found == Operator::in))
-        return fail(QStringLiteral("IN takes a list, and nothing else does"));
+        return fail(QStringLiteral("IN needs a list, and other operators need a single value"));
     comparison.argument = *argument;
     result_.terms.emplace_back(std::move(comparison));
     return true;
@@ -132,7 +132,7 @@ bool PredicateReader::readKey(QString& key)
         const auto* const name
             = argument && !argument->isList() ? std::get_if<QString>(&argument->value()) : nullptr;
         if (argument && !name)
-            return fail(QStringLiteral("%K takes a text"));
+            return fail(QStringLiteral("the argument of %K must be a text"));
         key = name ? *name : QString();
         return name != nullptr;
     }
@@ -176,7 +176,7 @@ const PredicateArgument* PredicateReader::nextArgument()
 {
     if (used_ < arguments_.size())
         return &arguments_[used_++];
-    fail(QStringLiteral("there are more places than arguments"));
+    fail(QStringLiteral("there are more placeholders than arguments"));
     return nullptr;
 }
 

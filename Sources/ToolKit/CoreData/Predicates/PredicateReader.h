@@ -10,17 +10,18 @@
 
 namespace quor::toolkit {
 
-/// Reads a predicate's format with its arguments. One for each format; any thread.
+/// Parses the format of a predicate. An object parses one format. Any thread.
 class PredicateReader final {
 public:
     PredicateReader(QStringView format, const std::vector<PredicateArgument>& arguments);
 
+    /// Returns the terms, with an error if the format or the number of arguments is wrong.
     [[nodiscard]] PredicateTerms read();
 
 private:
     using Operator = PredicateComparison::Operator;
 
-    // Each returns false on a failure, which is set then.
+    // Each returns false on failure, after setting the error of the result.
     bool readAlternatives();
     bool readConjunction();
     bool readNegation();
@@ -29,13 +30,13 @@ private:
     bool readKey(QString& key);
     std::optional<Operator> readOperator();
 
-    bool accept(QStringView token); ///< moves on if it comes next
+    bool accept(QStringView token); ///< skips the next token and returns true if it is this one
     void advance();
     const PredicateArgument* nextArgument();
     bool fail(const QString& reason);
     void add(const char* sql) { result_.terms.emplace_back(QByteArray(sql)); }
 
-    QStringView rest_; ///< behind `token_`
+    QStringView rest_; ///< the format after `token_`
     QStringView token_; ///< empty at the end
     const std::vector<PredicateArgument>& arguments_;
     std::size_t used_ = 0;

@@ -14,16 +14,21 @@ using Operator = PredicateComparison::Operator;
 
 constexpr std::size_t longestInlineList = 100;
 
-bool isNumber(std::size_t index)
+bool isNumber(AttributeType type)
 {
-    return index >= 1 && index <= 3; // boolean, integer, real
+    return type == AttributeType::boolean || type == AttributeType::integer || type == AttributeType::real;
+}
+
+bool isNumber(const AttributeValue& value)
+{
+    return std::holds_alternative<bool>(value) || std::holds_alternative<qint64>(value)
+        || std::holds_alternative<double>(value);
 }
 
 bool isComparable(const AttributeValue& value, AttributeType type)
 {
-    const std::size_t wanted = static_cast<std::size_t>(type) + 1;
     return isEmpty(value)
-        || (isStorable(value) && (value.index() == wanted || (isNumber(value.index()) && isNumber(wanted))));
+        || (isStorable(value) && (isOfType(value, type) || (isNumber(value) && isNumber(type))));
 }
 
 bool isSearchable(AttributeType type)
@@ -41,7 +46,8 @@ QByteArray listTable(std::size_t number)
     return "temp.\"$list " + QByteArray::number(number) + '"';
 }
 
-// Comparisons that are true of empty values too; the others are unknown then, which finds nothing.
+// IS and IS NOT also compare empty values. With an empty value the other operators are unknown to SQL, so the
+// record does not match.
 QByteArray comparisonSQL(Operator comparison, const QByteArray& column, const QByteArray& value)
 {
     switch (comparison) {
@@ -94,8 +100,7 @@ Failure PredicateSQL::read(const PredicateComparison& comparison, const EntityDe
     const bool fits = std::all_of(
         values.begin(), values.end(), [type](const auto& value) { return isComparable(value, type); });
     if (!fits || (isSearch && !isSearchable(type)))
-        return invalid(
-            QStringLiteral("\"%1\" is compared with a value that it cannot hold").arg(comparison.key));
+        return invalid(QStringLiteral("\"%1\" is compared with a value of another type").arg(comparison.key));
     const QByteArray value = comparison.argument.isList() ? parameters(values) : parameter(values.front());
     const QByteArray column = quoted(comparison.key);
     const QByteArray sql = comparisonSQL(comparison.comparison, column, value);

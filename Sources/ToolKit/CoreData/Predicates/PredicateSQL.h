@@ -11,17 +11,20 @@
 
 namespace quor::toolkit {
 
-/// A predicate on one entity as a condition in SQL with numbered parameters, which may stand in a statement
-/// more than once. Values go in as parameters only, long lists by way of a table. Refers to the terms, which
-/// must outlive it.
+/// A predicate on one entity as an SQL condition. Values are numbered parameters, so the condition can be
+/// used more than once in a statement; long lists are temporary tables. The terms must outlive this object.
 class PredicateSQL final {
 public:
-    /// Fails for keys that the entity has not, and for values of other types.
+    /// Translates the terms. Fails if the entity lacks an attribute or a value has another type than its
+    /// attribute.
     [[nodiscard]] SQLiteDatabase::Failure read(const PredicateTerms& terms, const EntityDescription& entity);
 
+    /// Empty if there is no predicate.
     [[nodiscard]] const QByteArray& condition() const { return condition_; }
 
+    /// Fills the temporary tables for long lists. Call it before the statement runs.
     [[nodiscard]] SQLiteDatabase::Failure provideLists(SQLiteDatabase& database) const;
+    /// Binds the values to the parameters of the statement.
     void bind(SQLiteStatement& statement) const;
 
 private:
@@ -34,7 +37,7 @@ private:
 
     QByteArray condition_;
     std::vector<const AttributeValue*> values_; ///< by parameter
-    std::vector<const List*> lists_; ///< those that have tables
+    std::vector<const List*> lists_; ///< the lists that are temporary tables
 };
 
 } // namespace quor::toolkit

@@ -30,10 +30,10 @@ struct PredicateComparison {
     PredicateArgument argument;
 };
 
-/// A predicate as it was read: comparisons, and the SQL that stands between them.
+/// A parsed predicate: comparisons, and the SQL text between them.
 struct PredicateTerms {
     std::vector<std::variant<QByteArray, PredicateComparison>> terms;
-    QString error;
+    QString error; ///< empty for a valid predicate
 };
 
 } // namespace quor::toolkit

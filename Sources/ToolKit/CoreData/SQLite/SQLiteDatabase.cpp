@@ -78,7 +78,7 @@ SQLiteDatabase::Failure SQLiteDatabase::open(
     }
     sqlite3_busy_timeout(
         connection, static_cast<int>(std::min<std::chrono::milliseconds::rep>(busyTimeout.count(), INT_MAX)));
-    // A file from elsewhere brings no code of its own.
+    // A file of unknown origin must not run code of its own.
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
@@ -111,7 +111,8 @@ SQLiteStatement SQLiteDatabase::prepare(const QByteArray& sql) const
 SQLiteStatement& SQLiteDatabase::cached(const QByteArray& sql)
 {
     const auto found = statements_.find(sql);
-    if (found != statements_.end() && found->second.isPrepared()) { // what failed once may do now
+    if (found != statements_.end()
+        && found->second.isPrepared()) { // preparing a statement that failed before can succeed now
         found->second.reset();
         return found->second;
     }

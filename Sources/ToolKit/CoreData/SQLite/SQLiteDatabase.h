@@ -14,42 +14,43 @@
 
 namespace quor::toolkit {
 
-/// A connection to one database file. Operations give their failure, or nothing. One thread at a time.
+/// A connection to one database file. An operation that fails returns the reason, one that succeeds
+/// `nullopt`. One thread at a time.
 class SQLiteDatabase final {
 public:
     using Failure = std::optional<StoreError>;
 
     enum class Mode {
-        readWrite, ///< read only where the file allows no more
-        immutable, ///< without locks, for a file that nobody can be changing
+        readWrite, ///< reads only if the file is read-only
+        immutable, ///< reads only, without locks; for a file that nobody changes meanwhile
     };
 
-    /// Opens what is there; creates no file.
+    /// Opens an existing file. `busyTimeout` is how long operations wait for locks of other connections.
     [[nodiscard]] Failure open(const QString& path, Mode mode, std::chrono::milliseconds busyTimeout);
-    [[nodiscard]] bool isOpen() const { return connection_ != nullptr; }
     [[nodiscard]] bool isReadOnly() const;
 
-    /// The file was removed, or another was put in its place: what is written would be lost.
+    /// Whether the file was removed or replaced since it was opened, so that anything written would be lost.
     [[nodiscard]] bool hasMoved() const;
 
-    /// Runs statements that give no rows.
+    /// Runs one or more statements. Ignores rows.
     [[nodiscard]] Failure run(const QByteArray& sql);
 
     [[nodiscard]] SQLiteStatement prepare(const QByteArray& sql) const;
 
-    /// The same statement, reset, for the same text; good until the next call.
+    /// A prepared statement, which is kept for later calls with the same text. It is reset, and valid until
+    /// the next call.
     [[nodiscard]] SQLiteStatement& cached(const QByteArray& sql);
 
-    /// What a result code of the last call means, with its reason.
+    /// The error for a result code of SQLite that the last call returned.
     [[nodiscard]] StoreError error(int code) const;
 
-    /// For statements that give no rows, once bound.
+    /// Steps the statement to its end, ignoring rows, and resets it.
     [[nodiscard]] Failure finish(SQLiteStatement& statement) const;
 
-    /// How many rows the last statement changed.
+    /// The number of rows that the last statement changed.
     [[nodiscard]] int changes() const;
 
-    /// Within a transaction. Some failures end it.
+    /// Whether a transaction is open. Some failures roll the transaction back.
     [[nodiscard]] bool isWithinTransaction() const;
 
 private:
@@ -58,10 +59,10 @@ private:
     };
 
     std::unique_ptr<sqlite3, Closer> connection_;
-    std::map<QByteArray, SQLiteStatement> statements_; ///< ends before the connection
+    std::map<QByteArray, SQLiteStatement> statements_; ///< destroyed before the connection
 };
 
-/// The name as an identifier in SQL.
+/// The name quoted as an SQL identifier.
 [[nodiscard]] QByteArray quoted(const QString& name);
 
 } // namespace quor::toolkit

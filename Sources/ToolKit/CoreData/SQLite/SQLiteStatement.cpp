@@ -99,7 +99,7 @@ AttributeValue SQLiteStatement::value(int column, AttributeType type) const
         if (const auto* const whole = std::get_if<qint64>(&value))
             return platform::dateFromSeconds(static_cast<double>(*whole));
     }
-    if (value.index() == static_cast<std::size_t>(type) + 1)
+    if (isOfType(value, type))
         return value;
     // The attribute had another type when this was written.
     const auto fitting = converted(value, type);

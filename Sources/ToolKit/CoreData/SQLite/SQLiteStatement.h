@@ -14,26 +14,26 @@ struct sqlite3_stmt;
 
 namespace quor::toolkit {
 
-/// A prepared statement. Failures wait for `step`, so that a row is bound without a question in between.
-/// Thread: that of its database.
+/// A prepared statement. `step` reports failures of the constructor and of `bind`, so that callers check for
+/// them in one place. To be used on the thread of its database.
 class SQLiteStatement final {
 public:
     SQLiteStatement(sqlite3* database, const QByteArray& sql);
 
-    /// False where `step` will say why.
+    /// If false, `step` returns the reason.
     [[nodiscard]] bool isPrepared() const { return statement_ != nullptr; }
 
-    /// Parameters count from 1. Bytes are not copied: the value must last until the next `reset`.
+    /// Parameters count from 1. Byte arrays are not copied: `value` must live until the next `reset`.
     void bind(int parameter, const AttributeValue& value);
 
-    /// SQLITE_ROW, SQLITE_DONE, or the first failure.
+    /// Returns SQLITE_ROW, SQLITE_DONE, or the result code of the first failure.
     [[nodiscard]] int step();
 
-    /// Ready to be bound and stepped anew.
+    /// Prepares the statement for being bound and stepped again.
     void reset();
 
-    // Of the row that the last step gave; columns count from 0.
-    [[nodiscard]] AttributeValue value(int column, AttributeType type) const; ///< empty for another type
+    // The columns of the current row count from 0.
+    [[nodiscard]] AttributeValue value(int column, AttributeType type) const; ///< empty if not of this type
     [[nodiscard]] qint64 integer(int column) const;
     [[nodiscard]] QString text(int column) const;
 
@@ -43,8 +43,8 @@ private:
     };
 
     std::unique_ptr<sqlite3_stmt, Finalizer> statement_;
-    std::vector<QByteArray> texts_; ///< in UTF-8, by parameter
-    int failure_;
+    std::vector<QByteArray> texts_; ///< bound texts in UTF-8, by parameter
+    int failure_; ///< SQLITE_OK if nothing failed
 };
 
 } // namespace quor::toolkit

@@ -5,7 +5,7 @@
 
 namespace quor::toolkit {
 
-/// A transaction from `begin` to `commit`; undone at its end if it did not get that far.
+/// A transaction. The destructor rolls it back if it was not committed.
 class SQLiteTransaction final {
 public:
     explicit SQLiteTransaction(SQLiteDatabase& database)
@@ -20,8 +20,8 @@ public:
     SQLiteTransaction(const SQLiteTransaction&) = delete;
     SQLiteTransaction& operator=(const SQLiteTransaction&) = delete;
 
-    /// To write: waits for other writers, by the busy timeout. To read: sees one state of the file till
-    /// the end, and waits for nobody.
+    /// A writing transaction waits for other writers, at most for the busy timeout. A reading one waits for
+    /// nobody and sees one state of the file until it ends.
     [[nodiscard]] SQLiteDatabase::Failure beginWriting() { return begin("BEGIN IMMEDIATE"); }
     [[nodiscard]] SQLiteDatabase::Failure beginReading() { return begin("BEGIN"); }
 

@@ -9,15 +9,16 @@
 
 namespace quor::toolkit {
 
-/// What came of a save: everything was written and is on the disk, or nothing was and all changes are
-/// pending as before, for another try.
+/// The result of a save. Either all changes were written and are on the disk, or nothing was written and all
+/// changes are still pending.
 struct [[nodiscard]] SaveOutcome {
     std::optional<StoreError> error = std::nullopt;
 
-    /// Records that were changed here and meanwhile deleted elsewhere. Deletion wins: they read as deleted
-    /// now, and hold the values that were not written.
+    /// Records that were changed here but had been deleted by another context or process. They are now
+    /// deleted here too, and still have the values that were not written.
     std::vector<ManagedObject> dropped = {};
 
+    /// Whether the save succeeded.
     explicit operator bool() const { return !error; }
 };
 

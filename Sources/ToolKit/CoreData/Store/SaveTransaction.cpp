@@ -52,8 +52,8 @@ Failure SaveTransaction::write()
     if (auto failure = transaction.beginWriting())
         return failure;
     if (database_.hasMoved())
-        return StoreError{
-            StoreError::Kind::cannotOpen, QStringLiteral("the file was removed or replaced"), 0};
+        return StoreError{StoreError::Kind::cannotOpen,
+            QStringLiteral("the file was removed or replaced after it was opened"), 0};
     if (auto failure = reserveNumbers())
         return failure;
     if (auto failure = insertAll())
@@ -70,7 +70,7 @@ Failure SaveTransaction::write()
     return transaction.commit();
 }
 
-// From a counter in the file and not by SQLite, which would give the number of a deleted row again.
+// Numbers come from a counter in the file, because SQLite would use the number of a deleted row again.
 Failure SaveTransaction::reserveNumbers()
 {
     std::map<std::size_t, qint64> counts;
@@ -86,7 +86,8 @@ Failure SaveTransaction::reserveNumbers()
             return database_.error(result);
         const qint64 next = result == SQLITE_ROW ? statement.integer(0) : 0;
         if (next < 1 || next > ObjectGraph::firstTemporary - count)
-            return StoreError{StoreError::Kind::corrupt, QStringLiteral("the store has lost count"), 0};
+            return StoreError{StoreError::Kind::corrupt,
+                QStringLiteral("the next number of an entity is missing or out of range"), 0};
         nextNumbers_[entity] = next;
         if (auto failure = database_.finish(statement))
             return failure;

@@ -12,8 +12,9 @@
 
 namespace quor::toolkit {
 
-/// Writes what has changed in a graph to the file, all of it or nothing. Of a record that was there before,
-/// it writes the attributes that were changed, so that of two writers each keeps what it alone changed.
+/// Writes all changes of a graph to the file, or nothing if that fails. Of saved records it writes only the
+/// attributes that were changed, so that two writers can change different attributes of the same record. An
+/// object saves once.
 class SaveTransaction final {
 public:
     SaveTransaction(SQLiteDatabase& database, ObjectGraph& graph);
@@ -33,7 +34,7 @@ private:
     ObjectGraph& graph_;
     std::map<QByteArray, SQLiteStatement> statements_;
     std::map<std::size_t, qint64> nextNumbers_; ///< by entity
-    std::vector<qint64> numbers_; ///< of the inserted ones
+    std::vector<qint64> numbers_; ///< the numbers of the inserted records
     std::vector<ObjectGraph::Record> dropped_;
 };
 

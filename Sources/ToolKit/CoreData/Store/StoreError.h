@@ -5,24 +5,25 @@
 
 namespace quor::toolkit {
 
-/// Why a store could not be opened, read or written. The text is in English, for a log or a developer.
+/// The reason why a store could not be opened, read or written.
 struct StoreError {
     enum class Kind {
-        cannotOpen, ///< no such folder, no permission, no regular file; or it has gone since
-        notAStore, ///< a file of something else, or of a later version of this library
-        invalidModel, ///< the entities in code cannot be tables: names twice, empty or reserved
+        cannotOpen, ///< the folder is missing, permission is denied, it is not a regular file, or it was
+                    ///< removed
+        notAStore, ///< another kind of file, or made by a later version of this library
+        invalidModel, ///< the entities cannot be tables: a name is empty, reserved or used twice
         invalidRequest, ///< an unknown entity or attribute, a malformed predicate
-        locked, ///< another context or process wrote for longer than the busy timeout
+        locked, ///< another context or process was writing for longer than the busy timeout
         readOnly,
-        full, ///< no room on the disk, or a limit on the size of files
+        full, ///< the disk is full, or a limit on the size of files is reached
         corrupt,
-        tooBig, ///< a value beyond a gigabyte
-        failed, ///< anything else; `description` tells
+        tooBig, ///< a value is larger than a gigabyte
+        failed, ///< anything else; see `description`
     };
 
     Kind kind = Kind::failed;
-    QString description;
-    int code = 0; ///< the extended result code of SQLite's; 0 where it was not asked
+    QString description; ///< in English, for a log or a developer
+    int code = 0; ///< extended result code of SQLite; 0 if the error does not come from SQLite
 };
 
 } // namespace quor::toolkit

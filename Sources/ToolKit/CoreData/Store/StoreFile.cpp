@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/CoreData/Store/StoreFile.h"
 
+#include "Platform/Files/FileDescriptor.h"
 #include "ToolKit/CoreData/SQLite/SQLiteTransaction.h"
 #include "ToolKit/CoreData/Store/StoreModel.h"
 
@@ -8,7 +9,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <fcntl.h>
 #include <sqlite3.h>
@@ -29,20 +29,19 @@ StoreError cannotOpen(const QString& reason)
     return {StoreError::Kind::cannotOpen, reason, 0};
 }
 
-// For its owner's eyes only, and so are the files that SQLite puts beside it.
+// Only the owner can read the file, and also the log files of SQLite, which get the same permissions.
 Failure provideFile(const QString& path)
 {
     if (path.isEmpty() || path.contains(QChar(u'\0')))
-        return cannotOpen(QStringLiteral("no path"));
+        return cannotOpen(QStringLiteral("the path is empty or contains NUL"));
     const QByteArray name = QFile::encodeName(path);
-    const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (file >= 0) {
-        ::close(file);
+    const platform::FileDescriptor created(
+        ::open(name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (created)
         return std::nullopt;
-    }
     const int reason = errno;
     struct stat status { };
-    if (::stat(name.constData(), &status) != 0) // a link that leads nowhere is there, yet no file
+    if (::stat(name.constData(), &status) != 0) // EEXIST is also the reason for a link that leads nowhere
         return cannotOpen(QString::fromLocal8Bit(std::strerror(reason == EEXIST ? errno : reason)));
     if (!S_ISREG(status.st_mode))
         return cannotOpen(QStringLiteral("not a regular file"));
@@ -75,7 +74,7 @@ Failure StoreFile::open(const QString& path, const std::vector<EntityDescription
         return failure;
     if (auto failure = provideFile(path))
         return failure;
-    // A relative path could read as one of SQLite's own names.
+    // SQLite has special names, such as ":memory:"; an absolute path is never one of them.
     if (auto failure = connect(QFileInfo(path).absoluteFilePath(), busyTimeout))
         return failure;
     if (auto failure = StoreModel::apply(database_, entities))
@@ -88,8 +87,8 @@ Failure StoreFile::connect(const QString& path, std::chrono::milliseconds busyTi
     auto failure = database_.open(path, SQLiteDatabase::Mode::readWrite, busyTimeout);
     if (!failure)
         failure = recognise();
-    // A journalled file cannot even be read where no file may be made beside it, as on a medium that is
-    // read only. With nothing in a journal and no leave to write, nobody is taken to be changing it.
+    // SQLite cannot even read a file with a write-ahead log if it cannot create files in the folder, as on a
+    // read-only medium. If the log is empty and the file is not writable, assume that nobody changes it.
     if (failure && failure->kind != StoreError::Kind::notAStore && !hasJournal(path)
         && ::access(QFile::encodeName(path).constData(), W_OK) != 0) {
         failure = database_.open(path, SQLiteDatabase::Mode::immutable, busyTimeout);
@@ -100,7 +99,7 @@ Failure StoreFile::connect(const QString& path, std::chrono::milliseconds busyTi
         return failure;
     if (auto ignored = database_.run("PRAGMA temp_store = MEMORY; PRAGMA synchronous = FULL;"))
         return ignored;
-    return database_.isReadOnly() ? Failure() : journalAhead(busyTimeout);
+    return database_.isReadOnly() ? Failure() : useWriteAheadLog(busyTimeout);
 }
 
 Failure StoreFile::recognise()
@@ -108,9 +107,9 @@ Failure StoreFile::recognise()
     qint64 application = 0;
     qint64 version = 0;
     qint64 tables = 0;
-    // Of one moment: another process may be making the store just now.
-    SQLiteTransaction moment(database_);
-    if (auto failure = moment.beginReading())
+    // One transaction, because another process can be creating the store at the same time.
+    SQLiteTransaction transaction(database_);
+    if (auto failure = transaction.beginReading())
         return failure;
     if (auto failure = number(database_, "PRAGMA application_id", application))
         return failure;
@@ -119,20 +118,22 @@ Failure StoreFile::recognise()
     if (auto failure = number(database_, "SELECT count(*) FROM sqlite_schema", tables))
         return failure;
     if (application == 0 && version == 0 && tables == 0)
-        return std::nullopt; // empty: made just now, here or by another process
+        return std::nullopt; // an empty file, which was created just now
     if (application != StoreModel::applicationID)
         return StoreError{
-            StoreError::Kind::notAStore, QStringLiteral("a database of another application"), 0};
+            StoreError::Kind::notAStore, QStringLiteral("the file belongs to another application"), 0};
     if (version > StoreModel::formatVersion)
-        return StoreError{StoreError::Kind::notAStore, QStringLiteral("a store of a later version"), 0};
+        return StoreError{StoreError::Kind::notAStore,
+            QStringLiteral("the file was made by a later version of this library"), 0};
     return std::nullopt;
 }
 
-Failure StoreFile::journalAhead(std::chrono::milliseconds busyTimeout)
+Failure StoreFile::useWriteAheadLog(std::chrono::milliseconds busyTimeout)
 {
-    // The switch happens once in the life of a file, and does not always wait by itself. Where it is not to
-    // be had, on some network drives, the ordinary journal serves.
-    // At most for a day, since the longest of timeouts cannot be added to a moment.
+    // A file switches to the log only once. SQLite does not always wait for locks when it switches, so this
+    // waits. On file systems where a log is impossible, as on some network drives, the statement succeeds and
+    // the ordinary journal stays.
+    // The limit is at most a day, because adding `milliseconds::max()` to the time would overflow.
     const auto limit
         = std::chrono::steady_clock::now() + std::min<std::chrono::milliseconds>(busyTimeout, 24h);
     while (true) {

@@ -11,22 +11,23 @@
 
 namespace quor::toolkit {
 
-/// The file of a store: opens or makes it, and sees that it has the tables of the entities. Journalled
-/// ahead (WAL), so that readers and writers do not wait for each other; each commit is on the disk when it
-/// returns. One thread at a time.
+/// The file of a store, with the tables of its entities. It uses a write-ahead log, so that readers and
+/// writers do not wait for each other. A commit returns when the data is on the disk. One thread at a time.
 class StoreFile final {
 public:
-    /// The file must be regular, and its folder must be there. What is no store is left untouched.
+    /// Opens or creates the file, and adds missing tables and columns. The folder must exist. A file that is
+    /// not a store is not changed.
     [[nodiscard]] SQLiteDatabase::Failure open(const QString& path,
         const std::vector<EntityDescription>& entities, std::chrono::milliseconds busyTimeout);
 
     [[nodiscard]] SQLiteDatabase& database() { return database_; }
-    [[nodiscard]] const QString& identifier() const { return identifier_; } ///< a UUID, of the file
+    [[nodiscard]] const QString& identifier() const { return identifier_; } ///< the UUID of the file
 
 private:
     [[nodiscard]] SQLiteDatabase::Failure connect(const QString& path, std::chrono::milliseconds busyTimeout);
+    /// Fails if the file belongs to another application or a later version.
     [[nodiscard]] SQLiteDatabase::Failure recognise();
-    [[nodiscard]] SQLiteDatabase::Failure journalAhead(std::chrono::milliseconds busyTimeout);
+    [[nodiscard]] SQLiteDatabase::Failure useWriteAheadLog(std::chrono::milliseconds busyTimeout);
     [[nodiscard]] SQLiteDatabase::Failure readIdentifier();
 
     SQLiteDatabase database_;

@@ -15,7 +15,7 @@ namespace {
 using Failure = SQLiteDatabase::Failure;
 using Names = std::set<QByteArray>;
 
-// As SQLite compares names.
+// SQLite ignores the case of ASCII letters in names.
 QByteArray folded(const QString& name)
 {
     QByteArray bytes = name.toUtf8();
@@ -34,13 +34,13 @@ Failure checkName(const QString& name, Names& taken)
     };
     const QByteArray bytes = folded(name);
     if (bytes.isEmpty())
-        return invalid("is no name");
+        return invalid("is empty");
     if (bytes.contains('\0') || !QStringView(name).isValidUtf16())
-        return invalid("holds a character that no name may");
+        return invalid("contains NUL or half of a surrogate pair");
     if (bytes.startsWith('$') || bytes.startsWith("sqlite_"))
         return invalid("is reserved");
     if (!taken.insert(bytes).second)
-        return invalid("stands twice");
+        return invalid("is used twice");
     return std::nullopt;
 }
 
@@ -55,14 +55,14 @@ Failure names(SQLiteDatabase& database, const QByteArray& sql, Names& found)
 
 QString indexName(const EntityDescription& entity, const AttributeDescription& attribute)
 {
-    // The length keeps apart what the blank alone does not.
+    // Names can contain blanks. The length of the first makes the result unique.
     return QStringLiteral("$index %1 %2 %3").arg(entity.name().size()).arg(entity.name(), attribute.name);
 }
 
-/// The statements that bring the file to the entities of the code; none if all is there.
-class Growth {
+/// Collects the statements that add missing tables, columns and indexes.
+class Migration {
 public:
-    explicit Growth(SQLiteDatabase& database)
+    explicit Migration(SQLiteDatabase& database)
         : database_(database)
     {
     }
@@ -72,7 +72,7 @@ public:
         if (auto failure = names(database_, "SELECT name FROM sqlite_schema", present_))
             return failure;
         if (!present_.contains("$store"))
-            makeStore();
+            createStore();
         for (const auto& entity : entities) {
             if (auto failure = plan(entity))
                 return failure;
@@ -80,10 +80,11 @@ public:
         return std::nullopt;
     }
 
+    /// Empty if nothing is missing.
     [[nodiscard]] const QByteArray& sql() const { return sql_; }
 
 private:
-    void makeStore()
+    void createStore()
     {
         sql_ += "PRAGMA application_id = " + QByteArray::number(applicationID)
             + ";PRAGMA user_version = " + QByteArray::number(formatVersion)
@@ -145,17 +146,17 @@ Failure check(const std::vector<EntityDescription>& entities)
 
 Failure apply(SQLiteDatabase& database, const std::vector<EntityDescription>& entities)
 {
-    // Asked without the writers' lock, since mostly nothing is missing.
-    Growth wanted(database);
-    if (auto failure = wanted.plan(entities); failure || wanted.sql().isEmpty())
+    // Plan without the writers' lock first, because usually nothing is missing.
+    Migration expected(database);
+    if (auto failure = expected.plan(entities); failure || expected.sql().isEmpty())
         return failure;
     SQLiteTransaction transaction(database);
     if (auto failure = transaction.beginWriting())
         return failure;
-    Growth growth(database); // another process may have been at it meanwhile
-    if (auto failure = growth.plan(entities))
+    Migration migration(database); // again: another process can have changed the file meanwhile
+    if (auto failure = migration.plan(entities))
         return failure;
-    if (auto failure = database.run(growth.sql()))
+    if (auto failure = database.run(migration.sql()))
         return failure;
     return transaction.commit();
 }

@@ -8,18 +8,17 @@
 
 namespace quor::toolkit::StoreModel {
 
-/// The entities as tables of a file: "$store" with the file's identity, "$entity" with the next number of
-/// each entity, and a table for each entity with its number, "$id", and its attributes. Columns have no
-/// type, so that SQLite keeps each value as it was given.
+/// The tables of a store file: "$store" with the identity of the file, "$entity" with the next free number of
+/// each entity, and one table for each entity with the number ("$id") and the attributes of each record.
+/// Columns have no type, so that SQLite does not convert values.
 
-constexpr int applicationID = 0x51756F72; ///< "Quor"; tells a store from the databases of others
+constexpr int applicationID = 0x51756F72; ///< "Quor"; marks a database as a store
 constexpr int formatVersion = 1;
 
-/// Whether the entities can be tables at all.
+/// Fails if a name of an entity or attribute cannot be a name of a table or column, or is used twice.
 [[nodiscard]] SQLiteDatabase::Failure check(const std::vector<EntityDescription>& entities);
 
-/// Makes or extends the tables, where anything is missing, in one transaction. Whatever else is in the
-/// file stays as it is.
+/// Creates missing tables, columns and indexes in one transaction. Changes nothing else in the file.
 [[nodiscard]] SQLiteDatabase::Failure apply(
     SQLiteDatabase& database, const std::vector<EntityDescription>& entities);
 
