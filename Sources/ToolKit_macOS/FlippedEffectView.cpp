@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit_macOS/FlippedEffectView.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -17,7 +19,7 @@ void FlippedEffectView::paintEvent(QPaintEvent* event)
     constexpr double translucency = 0.85; // as much as keeps text readable on any desktop
     QColor sidebar = palette().color(QPalette::Active, QPalette::Window);
     if (window()->testAttribute(Qt::WA_TranslucentBackground))
-        sidebar.setAlphaF(translucency);
+        sidebar = platform::withAlpha(sidebar, translucency);
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(event->rect(), sidebar);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/Menu/MenuEffectView.h"
 
+#include "Platform/Resources/Tinting.h"
 #include "Platform/Services/WindowServer.h"
 
 #include <QPainter>
@@ -14,8 +15,8 @@ namespace quor::helper {
 namespace {
 
 constexpr double radius = 8;
-constexpr float groundOpacity = 0.95F; // what lies behind is guessed, and does not disturb reading
-constexpr float edgeOpacity = 0.22F;
+constexpr double groundOpacity = 0.95; // what lies behind is guessed, and does not disturb reading
+constexpr double edgeOpacity = 0.22;
 constexpr double highContrast = 19; // of 21; ordinary palettes stay below
 
 double luminance(const QColor& color)
@@ -30,12 +31,6 @@ double contrast(const QColor& a, const QColor& b)
 {
     const auto [low, high] = std::minmax({luminance(a), luminance(b)});
     return (high + 0.05) / (low + 0.05);
-}
-
-QColor withOpacity(QColor color, float opacity)
-{
-    color.setAlphaF(opacity);
-    return color;
 }
 
 } // namespace
@@ -66,10 +61,10 @@ void MenuEffectView::paintEvent(QPaintEvent*)
     if (!composited_)
         painter.fillRect(rect(), ground);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(composited_ && !plain ? withOpacity(ground, groundOpacity) : ground);
+    painter.setBrush(composited_ && !plain ? platform::withAlpha(ground, groundOpacity) : ground);
     painter.drawRoundedRect(frame, corner, corner);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
-    painter.setPen(QPen(plain ? text : withOpacity(text, edgeOpacity), edge));
+    painter.setPen(QPen(plain ? text : platform::withAlpha(text, edgeOpacity), edge));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(frame, corner, corner);
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/Controls/MenuScrollBar.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionSlider>
@@ -33,8 +35,7 @@ void MenuScrollBar::paintEvent(QPaintEvent* /*event*/)
     const QRectF slider
         = style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
     const bool isBusy = isSliderDown() || underMouse();
-    QColor ink = palette().color(QPalette::WindowText);
-    ink.setAlphaF(isBusy ? 0.55F : 0.3F);
+    const QColor ink = platform::withAlpha(palette().color(QPalette::WindowText), isBusy ? 0.55 : 0.3);
     const QRectF handle = slider.adjusted(margin, margin, -margin, -margin);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);

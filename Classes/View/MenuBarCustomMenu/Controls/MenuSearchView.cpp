@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
 
+#include "Platform/Resources/Tinting.h"
 #include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 #include "View/MenuBarCustomMenu/MenuResources.h"
 
@@ -16,12 +17,6 @@ namespace quor::helper {
 namespace {
 
 constexpr int glassMargin = 7;
-
-QColor faded(QColor color, float alpha)
-{
-    color.setAlphaF(alpha);
-    return color;
-}
 
 } // namespace
 
@@ -103,13 +98,13 @@ void MenuSearchView::paintEvent(QPaintEvent* event)
     {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(faded(ink, 0.25F));
-        painter.setBrush(faded(ink, 0.07F));
+        painter.setPen(platform::withAlpha(ink, 0.25));
+        painter.setBrush(platform::withAlpha(ink, 0.07));
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
         // A ring and its handle.
         const QRectF glass = glassFrame();
         const qreal ring = glass.width() * 0.7;
-        painter.setPen(QPen(faded(ink, 0.6F), glass.width() / 7, Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(platform::withAlpha(ink, 0.6), glass.width() / 7, Qt::SolidLine, Qt::RoundCap));
         painter.setBrush(Qt::NoBrush);
         painter.drawEllipse(QRectF(glass.topLeft(), QSizeF(ring, ring)));
         painter.drawLine(glass.topLeft() + QPointF(ring, ring) * 0.88, glass.bottomRight());

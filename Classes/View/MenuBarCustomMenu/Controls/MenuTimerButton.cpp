@@ -1,22 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/Controls/MenuTimerButton.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 
 #include <algorithm>
 
 namespace quor::helper {
-
-namespace {
-
-QColor faded(QColor color, float alpha)
-{
-    color.setAlphaF(alpha);
-    return color;
-}
-
-} // namespace
 
 MenuTimerButton::MenuTimerButton(int tag, const QString& title, QWidget* parent)
     : QAbstractButton(parent)
@@ -69,12 +61,13 @@ void MenuTimerButton::paintEvent(QPaintEvent* /*event*/)
     const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal radius = bezel_ == Bezel::regularSquare ? squareRadius : frame.height() / 2;
     const QColor ink = palette().color(foregroundRole());
-    const float fill = isDown() ? 0.3F : underMouse() ? 0.16F : 0.08F;
+    const double fill = isDown() ? 0.3 : underMouse() ? 0.16 : 0.08;
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(faded(ink, fill));
-    painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 2) : QPen(faded(ink, 0.3F), 1));
+    painter.setBrush(platform::withAlpha(ink, fill));
+    painter.setPen(
+        hasFocus() ? QPen(palette().color(QPalette::Highlight), 2) : QPen(platform::withAlpha(ink, 0.3), 1));
     painter.drawRoundedRect(frame, radius, radius);
     const QRect room = rect().adjusted(padding() / 2, 0, -padding() / 2, 0);
     painter.setPen(ink);

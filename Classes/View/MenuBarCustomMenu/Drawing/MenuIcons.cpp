@@ -5,11 +5,12 @@
 
 #include <QCache>
 #include <QIcon>
-#include <QPainter>
 
 #include <algorithm>
 
 namespace quor::helper::MenuIcons {
+
+using platform::TemplateImage;
 
 namespace {
 
@@ -54,7 +55,7 @@ bool hasColors(const QImage& image)
     return false;
 }
 
-Icon load(const Key& key)
+TemplateImage load(const Key& key)
 {
     const QSizeF room(widestShape * key.height, key.height);
     const QImage own = menuResources().image(key.name, room, key.devicePixelRatio);
@@ -69,28 +70,17 @@ Icon load(const Key& key)
 
 } // namespace
 
-Icon icon(const QString& name, int height, qreal devicePixelRatio)
+TemplateImage icon(const QString& name, int height, qreal devicePixelRatio)
 {
-    static QCache<Key, Icon> known(mostKnown);
+    static QCache<Key, TemplateImage> known(mostKnown);
     if (!isName(name))
         return {};
     const Key key{name, QIcon::themeName(), height, devicePixelRatio};
-    if (const Icon* found = known.object(key))
+    if (const TemplateImage* found = known.object(key))
         return *found;
-    Icon loaded = load(key);
-    known.insert(key, new Icon(loaded));
+    TemplateImage loaded = load(key);
+    known.insert(key, new TemplateImage(loaded));
     return loaded;
-}
-
-QImage tinted(const Icon& icon, const QColor& color)
-{
-    if (!icon.isTemplate)
-        return icon.pixels;
-    QImage pixels = icon.pixels.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&pixels);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(QRectF({}, pixels.deviceIndependentSize()), color);
-    return pixels;
 }
 
 } // namespace quor::helper::MenuIcons

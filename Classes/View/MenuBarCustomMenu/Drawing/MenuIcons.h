@@ -1,32 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QImage>
-#include <QSizeF>
+#include "Platform/Resources/Tinting.h"
+
 #include <QString>
 
-class QColor;
-
-/// Images by the names that the main application sends: those of the application's own resources
-/// first, then those of the desktop's icon theme. What is unknown is remembered too, so asking again
+/// Images by the names that the main application sends: first those of the application's own resources,
+/// then those of the desktop's icon theme. Unknown names are remembered too, so looking a name up again
 /// is cheap. Main thread only.
 namespace quor::helper::MenuIcons {
 
-struct Icon {
-    QImage pixels; ///< null for an unknown name
-    /// To be shown in one colour. Ours always are; of the desktop's, those without colours of their own.
-    bool isTemplate = false;
-
-    [[nodiscard]] QSizeF size() const
-    {
-        return pixels.isNull() ? QSizeF(0, 0) : pixels.deviceIndependentSize();
-    }
-};
-
-/// The icon in `height`, in device-independent pixels, its width by its proportions.
-[[nodiscard]] Icon icon(const QString& name, int height, qreal devicePixelRatio);
-
-/// The pixels to draw: in `color` if the icon is a template.
-[[nodiscard]] QImage tinted(const Icon& icon, const QColor& color);
+/// Returns the icon at this height, in device-independent pixels; its width follows from its proportions.
+/// An icon of our own is a template, and so is an icon of the desktop without colours of its own. The
+/// pixels are null for an unknown name.
+[[nodiscard]] platform::TemplateImage icon(const QString& name, int height, qreal devicePixelRatio);
 
 } // namespace quor::helper::MenuIcons

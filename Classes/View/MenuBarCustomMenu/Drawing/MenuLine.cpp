@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/Drawing/MenuLine.h"
 
+#include "Platform/Resources/Tinting.h"
 #include "View/StatusItem/SingleLineText.h"
 
-#include <QColor>
 #include <QFontMetricsF>
 #include <QPainter>
 
@@ -51,10 +51,8 @@ void MenuLine::draw(
     }
     const double left = layout == Qt::RightToLeft ? frame.right() - cutWidth_ : frame.left();
     const double top = frame.top() + (frame.height() - metrics.height()) / 2;
-    QColor ink = color;
-    ink.setAlphaF(float(ink.alphaF() * alpha_));
     painter.setFont(font_);
-    painter.setPen(ink);
+    painter.setPen(platform::withAlpha(color, color.alphaF() * alpha_));
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     painter.drawText(alignedToDevicePixels(painter, {left, top + metrics.ascent()}), cut_);
 }

@@ -24,7 +24,7 @@ public:
     MenuCellMetrics();
 
     struct Parts {
-        MenuIcons::Icon icon; ///< without pixels if the entry names none, or one that is nowhere
+        platform::TemplateImage icon; ///< without pixels if the entry names none, or one that is nowhere
         MenuLine label;
         MenuLine hotKey;
     };

@@ -57,7 +57,7 @@ void MenuCellView::paintEvent(QPaintEvent* /*event*/)
     const QColor textColor = palette().color(foregroundRole());
     QPainter painter(this);
     if (!parts_.icon.pixels.isNull())
-        painter.drawImage(placed(frames.icon).topLeft(), MenuIcons::tinted(parts_.icon, tint(textColor)));
+        painter.drawImage(placed(frames.icon).topLeft(), parts_.icon.shownIn(tint(textColor)));
     parts_.label.draw(painter, placed(frames.label), textColor, layoutDirection());
     parts_.hotKey.draw(painter, placed(frames.hotKey), palette().color(QPalette::Disabled, foregroundRole()),
         layoutDirection());

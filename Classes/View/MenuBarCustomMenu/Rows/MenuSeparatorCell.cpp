@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/Rows/MenuSeparatorCell.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QPainter>
 
 namespace quor::helper {
@@ -12,9 +14,8 @@ MenuSeparatorCell::MenuSeparatorCell(QWidget* parent)
 
 void MenuSeparatorCell::paintEvent(QPaintEvent* /*event*/)
 {
-    constexpr float faint = 0.2F;
-    QColor color = palette().color(foregroundRole());
-    color.setAlphaF(faint);
+    constexpr double faint = 0.2;
+    const QColor color = platform::withAlpha(palette().color(foregroundRole()), faint);
     QPainter(this).fillRect(0, height() / 2, width(), 1, color);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Views/Table/TableRowView.h"
 
+#include "Platform/Resources/Tinting.h"
+
 #include <QPainter>
 
 namespace quor::platform {
@@ -79,9 +81,8 @@ void TableRowView::drawSelection(QPainter& painter) const
         return;
     constexpr qreal cornerRadius = 5;
     constexpr qreal faint = 0.18; // the alpha of the text colour: readable in any theme
-    QColor color = palette().color(showsEmphasis() ? QPalette::Highlight : QPalette::Text);
-    if (!showsEmphasis())
-        color.setAlphaF(faint);
+    const QColor color = showsEmphasis() ? palette().color(QPalette::Highlight)
+                                         : withAlpha(palette().color(QPalette::Text), faint);
     if (selectionHighlightStyle() == TableViewSelectionStyle::regular) {
         painter.fillRect(rect(), color);
         return;
