@@ -17,7 +17,7 @@ constexpr const char* tagProperty = "alertTag";
 
 QLabel* makeText(QWidget* parent)
 {
-    constexpr int readableWidth = 320;
+    constexpr int readableWidth = 320; // device-independent pixels
     auto* label = new QLabel(parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
@@ -110,8 +110,8 @@ void Alert::setAccessoryView(QWidget* view)
     accessory_ = view;
     if (!view)
         return;
-    constexpr int belowTexts = 2;
-    texts_->insertWidget(belowTexts, view, 0, Qt::AlignLeft);
+    constexpr int indexBelowTexts = 2;
+    texts_->insertWidget(indexBelowTexts, view, 0, Qt::AlignLeft);
     view->show();
 }
 
@@ -151,15 +151,14 @@ void Alert::reject()
 
 void Alert::end(int tag)
 {
-    const auto ended = std::exchange(ended_, nullptr);
+    const auto handler = std::exchange(ended, nullptr);
     done(tag == 0 ? Accepted : Rejected);
-    if (ended)
-        ended(tag);
+    handler(tag);
 }
 
 void Alert::dismiss()
 {
-    ended_ = nullptr;
+    ended = nullptr;
     done(Rejected);
 }
 

@@ -1,25 +1,26 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Lifetime/Callback.h"
+
 #include <QDialog>
 #include <QIcon>
 #include <QPointer>
 
-#include <functional>
 #include <optional>
 
-class QAbstractButton;
 class QDialogButtonBox;
-class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
 namespace quor::toolkit {
 
-/// A dialog of an icon, a message, a text that explains it, a view of the caller's, and buttons that
-/// are told apart by tags. Texts are plain. Return chooses the first button; Escape and closing the
-/// window choose the cancel button, or the only one there is, else they do nothing. Main thread only.
+/// A dialog with an icon, a message, a text that explains it, a view of the caller, and buttons. Each
+/// button is identified by its tag. Texts are shown without markup.
+///
+/// Return chooses the first button. Escape and closing the window choose the button with the `cancelTag`;
+/// without that one, the only button; they are ignored if there are several others. Main thread only.
 class Alert final : public QDialog {
     Q_OBJECT
 
@@ -29,23 +30,24 @@ public:
     explicit Alert(QWidget* parent = nullptr);
     ~Alert() override;
 
-    /// A null icon leaves the desktop's warning sign.
+    /// A null icon stands for the desktop's warning sign, which is also shown at first.
     void setAlertIcon(const QIcon& icon);
     void setMessageText(const QString& text);
     void setInformativeText(const QString& text);
     [[nodiscard]] QString messageText() const;
     [[nodiscard]] QString informativeText() const;
 
-    /// Shown below the texts, in place of one before. It stays the caller's: replaced, or when this
-    /// object ends, it is given back hidden and without a parent.
+    /// A view below the texts, in place of the one before; null for none. The caller keeps ownership: when
+    /// the view is replaced, or this alert ends, the view becomes hidden and has no parent.
     void setAccessoryView(QWidget* view);
+    /// Returns the new button, owned by this alert.
     QPushButton* addButton(const QString& title, int tag);
-    /// Null if there is none of that tag.
+    /// Returns null if there is no button with this tag.
     [[nodiscard]] QPushButton* button(int tag) const;
 
-    /// Called once, with the tag of the button that ended the alert, when it is off the screen.
-    void setEndedHandler(std::function<void(int tag)> handler) { ended_ = std::move(handler); }
-    /// Takes the alert off the screen without telling anybody.
+    /// Called once with the tag of the chosen button, after the alert was hidden.
+    platform::Callback<void(int tag)> ended;
+    /// Hides the alert without calling `ended`.
     void dismiss();
 
     void reject() override;
@@ -60,7 +62,6 @@ private:
     QVBoxLayout* texts_;
     QDialogButtonBox* buttons_;
     QPointer<QWidget> accessory_;
-    std::function<void(int)> ended_;
 };
 
 } // namespace quor::toolkit

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit_macOS/CustomTableView.h"
 
+#include "Platform/Lifetime/WhileAlive.h"
+
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -13,7 +15,7 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr int scrollDuration = 250; // ms
+constexpr int scrollDuration = 250; // milliseconds
 
 bool isPlain(const QKeyEvent& event)
 {
@@ -137,12 +139,10 @@ void CustomTableView::openMenu(int row, const QPoint& globalPosition)
 
 void CustomTableView::menuDidClose()
 {
-    // The action of the chosen item comes after the menu has closed.
+    // The action of the chosen item is triggered after the menu has closed.
     forgetRow_.cancel();
-    forgetRow_ = platform::MainQueue::after(200ms, [self = QPointer(this)] {
-        if (self)
-            self->rowForLastMenu_.reset();
-    });
+    forgetRow_
+        = platform::MainQueue::after(200ms, platform::whileAlive(*this, [this] { rowForLastMenu_.reset(); }));
 }
 
 } // namespace quor::toolkit

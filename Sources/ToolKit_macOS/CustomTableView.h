@@ -13,37 +13,39 @@
 
 namespace quor::toolkit {
 
-/// A `TableView` that reports Return, space, the left and right arrow and double clicks to a
-/// delegate, and remembers the row of its context menu until shortly after the menu has closed, so
-/// that the chosen action knows which row is meant. Main thread only.
+/// A `TableView` with a context menu, which reports Return, the space bar, the left and right arrow keys
+/// and double clicks to a delegate. Remembers the row of the context menu until shortly after the menu has
+/// closed, so that the chosen action knows its row. Main thread only.
 class CustomTableView : public platform::TableView {
     Q_OBJECT
 
 public:
     explicit CustomTableView(QWidget* parent = nullptr);
 
-    /// Weak: may end before the table. Null for none; Return and space are used up also then.
+    /// The delegate is held weakly, and may end before the table. Null for none. Return and the space bar
+    /// are accepted also without a delegate.
     void setKeyDelegate(CustomTableViewKeyDelegate* keyDelegate);
     [[nodiscard]] CustomTableViewKeyDelegate* keyDelegate() const;
 
-    /// The context menu, not owned; null for none. It opens on a right click, on the menu key, and on
-    /// a click with Control held, and selects its row unless that is among the selected ones.
+    /// The context menu, borrowed and held weakly; null for none. It opens by a right click, by the menu key
+    /// and by a click with Control, and its row is selected, unless the row already is.
     void setMenu(QMenu* menu);
     [[nodiscard]] QMenu* menu() const { return menu_; }
 
-    /// The row of the context menu that is open, or closed less than 0.2 seconds ago; -1 if it
-    /// opened on no row.
+    /// The row of the context menu that is open, or was closed less than 0.2 seconds ago; -1 if it was opened
+    /// beside the rows. Returns `nullopt` at any other time.
     [[nodiscard]] std::optional<int> rowForLastMenu() const { return rowForLastMenu_; }
-    /// The row that an action of the context menu is about: `rowForLastMenu()`, else `selectedRow()`.
+    /// The row to which an action of the context menu applies: `rowForLastMenu()`, else `selectedRow()`.
     [[nodiscard]] int menuRow() const { return rowForLastMenu_.value_or(selectedRow()); }
 
-    /// Selects just this row; `extending` counts only where several may be selected.
+    /// Selects this row, alone, or in addition with `extending` if several rows may be selected.
     void selectRow(int row, bool extending = false);
 
-    /// Scrolls, over a quarter of a second, until the row is at the upper edge or the content ends.
+    /// Scrolls within a quarter of a second until the row is at the upper edge of the viewport, or as far as
+    /// the content goes. Ends when the user scrolls or presses a key. Ignored if there is no such row.
     void scrollRowToTop(int row);
 
-    /// Reports a double click, as one with the pointer does.
+    /// Reports a double click on the selected row to the key delegate.
     void performDoubleClick();
 
 protected:

@@ -7,8 +7,8 @@ namespace quor::toolkit {
 
 class CustomTableView;
 
-/// Told of the keys and double clicks of a `CustomTableView`, each with the row that is selected
-/// then, -1 if none is. The table refers to it weakly. Main thread only.
+/// Gets the keys and double clicks of a `CustomTableView`. `row` is the selected row, -1 if no row is
+/// selected. The table holds its delegate weakly. Main thread only.
 class CustomTableViewKeyDelegate : public platform::Trackable {
 public:
     virtual void tableViewDidPressEnter(CustomTableView& table, int row) = 0;

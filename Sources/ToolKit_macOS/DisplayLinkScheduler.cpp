@@ -3,6 +3,7 @@
 
 #include "Platform/Concurrency/DisplayLink.h"
 #include "Platform/Concurrency/MainQueue.h"
+#include "Platform/Lifetime/WhileAlive.h"
 
 #include <QGuiApplication>
 #include <QWidget>
@@ -32,19 +33,11 @@ void DisplayLinkScheduler::start()
     if (!screen)
         return;
     displayLink_ = std::make_unique<platform::DisplayLink>(*screen);
-    displayLink_->setOutputCallback([scheduler = platform::TrackedPointer<const DisplayLinkScheduler>(this)] {
-        platform::MainQueue::async([scheduler] {
-            if (const auto* still = scheduler.get())
-                still->update();
-        });
+    // The link calls back on a thread of its own, which only hands the closure on.
+    displayLink_->setOutputCallback([update = platform::whileAlive(*this, [this] { updateHandler(); })] {
+        platform::MainQueue::async(update);
     });
     displayLink_->start();
-}
-
-void DisplayLinkScheduler::update() const
-{
-    if (const auto handler = updateHandler) // which stays, whatever it does to this object
-        handler();
 }
 
 } // namespace quor::toolkit

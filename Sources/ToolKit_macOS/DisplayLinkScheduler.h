@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Lifetime/Callback.h"
 #include "Platform/Lifetime/Trackable.h"
 
-#include <functional>
 #include <memory>
 
 class QWidget;
@@ -14,29 +14,28 @@ class DisplayLink;
 
 namespace quor::toolkit {
 
-/// Calls a handler once for every refresh of the main screen, while it is running. For animations.
+/// A clock for animations: while it runs, it calls a handler once for every refresh of the main screen.
 ///
-/// Frames are not coalesced: those that pass while the main thread is busy are all made up for
-/// afterwards. A running link keeps to its screen when another becomes the main one. Holds the window
-/// that it belongs to. Main thread only, the handler too.
+/// Frames are not coalesced: if the main thread is busy for several frames, the handler is called once for
+/// each of them afterwards. A running link stays with its screen when another one becomes the main screen.
+/// Shares ownership of the window that it belongs to. Main thread only, also for the handler.
 class DisplayLinkScheduler final : public platform::Trackable {
 public:
     explicit DisplayLinkScheduler(std::shared_ptr<QWidget> window);
-    ~DisplayLinkScheduler(); ///< No frame reaches the handler afterwards.
+    ~DisplayLinkScheduler(); ///< The handler is not called afterwards.
 
-    /// May be set at any time; empty lets frames go by. It may end this object.
-    std::function<void()> updateHandler;
+    /// May be set at any time, and may delete this object.
+    platform::Callback<void()> updateHandler;
 
     [[nodiscard]] const std::shared_ptr<QWidget>& window() const { return window_; }
 
-    /// Off at first. Stays off while there is no screen; to be tried again. Frames that passed before
-    /// it was switched off can still reach the handler.
+    /// Off at first. Stays off if there is no screen; try again later. After it was switched off, the handler
+    /// can still be called for frames that passed before.
     void setRunning(bool on);
     [[nodiscard]] bool isRunning() const { return displayLink_ != nullptr; }
 
 private:
     void start();
-    void update() const;
 
     std::unique_ptr<platform::DisplayLink> displayLink_;
     std::shared_ptr<QWidget> window_;

@@ -7,27 +7,28 @@
 
 namespace quor::toolkit {
 
-/// One monitor of the user's input, for the types of events in its mask, which is removed at the latest
-/// as this object ends.
+/// A monitor of the user's input, for the types of events in its mask. Removed when this object ends.
 ///
-/// Stop it before starting it again: a monitor that was started before stays installed otherwise, and
-/// nothing of this object removes it. Where none can be installed, its handler is just never called.
-/// Borrows the monitors, which must outlive it. Main thread only.
+/// Call `stop` before starting it again: otherwise the monitor that was started first stays installed
+/// for good. If the desktop doesn't allow a monitor, the handler is never called. Borrows the monitors, which
+/// must outlive it. Main thread only.
 class EventMonitor final {
 public:
-    EventMonitor(platform::EventMonitors& monitors, platform::EventMask mask); ///< Installs nothing yet.
+    /// Doesn't install a monitor yet.
+    EventMonitor(platform::EventMonitors& monitors, platform::EventMask mask);
     ~EventMonitor();
     EventMonitor(const EventMonitor&) = delete;
     EventMonitor& operator=(const EventMonitor&) = delete;
 
-    /// Monitors what goes to other applications.
+    /// Calls `handler` with the events that go to other applications.
     void startGlobal(platform::EventMonitors::GlobalHandler handler);
 
-    /// Monitors what goes to this application, before it gets there. What the handler gives is passed
-    /// on, nothing swallows the event.
+    /// Calls `handler` with the events that go to this application, before its windows get them. The event
+    /// that the handler returns is passed on; `nullopt` swallows the event.
     void startLocal(platform::EventMonitors::LocalHandler handler);
 
-    /// Harmless if none is started, and from within the handler, which may end this object as well.
+    /// Removes the monitor. Has no effect if none is started. The handler may call this, and may delete this
+    /// object.
     void stop();
 
 private:

@@ -5,9 +5,9 @@
 
 namespace quor::toolkit {
 
-/// The window onto a larger view, for `QAbstractScrollArea::setViewport`. A widget clips its children
-/// and its y axis points down already, so there is nothing to turn: an area that is shorter than its
-/// window lies at the top. Main thread only.
+/// The viewport of a scrolling view, for `QAbstractScrollArea::setViewport`: a content lower than the
+/// viewport lies at the top. Every widget clips its children and has its origin in the upper left corner, so
+/// this class adds only its name. Main thread only.
 class FlippedClipView : public QWidget {
     Q_OBJECT
 

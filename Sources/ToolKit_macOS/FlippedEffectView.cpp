@@ -16,10 +16,10 @@ FlippedEffectView::FlippedEffectView(QWidget* parent)
 
 void FlippedEffectView::paintEvent(QPaintEvent* event)
 {
-    constexpr double translucency = 0.85; // as much as keeps text readable on any desktop
+    constexpr double opacity = 0.85; // keeps text readable in front of any desktop
     QColor sidebar = palette().color(QPalette::Active, QPalette::Window);
     if (window()->testAttribute(Qt::WA_TranslucentBackground))
-        sidebar = platform::withAlpha(sidebar, translucency);
+        sidebar = platform::withAlpha(sidebar, opacity);
     QPainter painter(this);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(event->rect(), sidebar);

@@ -5,10 +5,9 @@
 
 namespace quor::toolkit {
 
-/// A container with the background of a sidebar, for panels. In a window that lets the desktop
-/// shine through (`Qt::WA_TranslucentBackground`) so does the panel, else it is opaque; it looks the
-/// same whether its window is active or not. A widget's y axis points down already, so there is
-/// nothing to turn. Main thread only.
+/// A panel with the background of a sidebar: translucent in a window with `Qt::WA_TranslucentBackground`,
+/// else opaque; the same in active and inactive windows. Its origin is the upper left corner. Has an
+/// empty geometry at first. Main thread only.
 class FlippedEffectView : public QWidget {
     Q_OBJECT
 

@@ -5,8 +5,8 @@
 
 namespace quor::toolkit {
 
-/// A plain container whose rows run from the top down. A widget's y axis points down already, so
-/// there is nothing to turn: the name tells what the kit's users rely on. Main thread only.
+/// A plain container with its origin in the upper left corner, for rows that are laid out from the top. As
+/// every widget has its origin there, this class adds only its name. Main thread only.
 class FlippedView : public QWidget {
     Q_OBJECT
 

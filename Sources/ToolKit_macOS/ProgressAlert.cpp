@@ -10,7 +10,7 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr int steps = 1000; // finer than the bar has pixels
+constexpr int steps = 1000; // more than the bar has pixels
 constexpr QSize barSize(200, 20);
 
 } // namespace
@@ -30,14 +30,13 @@ ProgressAlert::ProgressAlert(QObject* parent)
 void ProgressAlert::show(const QString& message, const QString& iconName, const QString& informativeText,
     const QString& buttonTitle, Handler handler, const std::optional<platform::Bundle>& images)
 {
-    AlertContent content;
-    content.message = message;
-    content.iconName = iconName;
-    content.informativeText = informativeText;
-    content.buttonTitle = buttonTitle;
-    content.accessoryView = progressBar_.get();
-    content.images = images;
-    WarningAlert::show(content, std::move(handler));
+    WarningAlert::show({.message = message,
+                           .iconName = iconName,
+                           .informativeText = informativeText,
+                           .buttonTitle = buttonTitle,
+                           .accessoryView = progressBar_.get(),
+                           .images = images},
+        std::move(handler));
 }
 
 void ProgressAlert::update(const QString& text, double progress)
@@ -49,8 +48,8 @@ void ProgressAlert::update(const QString& text, double progress)
         return;
     }
     progressBar_->setRange(0, steps);
-    const double known = progress > 0 ? std::min(progress, 1.0) : 0;
-    progressBar_->setValue(static_cast<int>(std::lround(known * steps)));
+    const double share = progress > 0 ? std::min(progress, 1.0) : 0; // also 0 for NaN
+    progressBar_->setValue(static_cast<int>(std::lround(share * steps)));
 }
 
 bool ProgressAlert::isIndeterminate() const

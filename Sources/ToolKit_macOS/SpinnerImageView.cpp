@@ -36,7 +36,7 @@ void SpinnerImageView::paintEvent(QPaintEvent* /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
     painter.translate(QRectF(rect()).center());
-    painter.rotate(-qRadiansToDegrees(angle_)); // a painter turns clockwise
+    painter.rotate(-qRadiansToDegrees(angle_)); // positive angles of a painter are clockwise
     const QSizeF size = image_.deviceIndependentSize();
     painter.drawImage(QPointF(-size.width() / 2, -size.height() / 2), image_);
 }

@@ -7,17 +7,18 @@
 
 namespace quor::toolkit {
 
-/// One of the kit's images, turned about its middle. Takes no clicks. Main thread only.
+/// A view of one of the kit's images, turned about its centre. Clicks go through to the widget below it.
+/// Main thread only.
 class SpinnerImageView final : public QWidget {
     Q_OBJECT
 
 public:
     explicit SpinnerImageView(CoreImageFactory::ImageName name, QWidget* parent = nullptr);
 
-    /// In device-independent pixels; empty without an image.
+    /// The image's size in device-independent pixels. Empty if there is no such image.
     [[nodiscard]] QSize sizeHint() const override;
 
-    /// In radians, counterclockwise as the eye sees it.
+    /// In radians, counterclockwise. 0 at first.
     [[nodiscard]] double angle() const { return angle_; }
     void setAngle(double radians);
 
@@ -26,7 +27,7 @@ protected:
 
 private:
     CoreImageFactory::ImageName name_;
-    QImage image_; // for the scale of the screen that it was last painted on
+    QImage image_; // for the pixel ratio of the screen that it was last painted on
     double angle_ = 0;
 };
 

@@ -50,9 +50,9 @@ void SyncSpinner::start(double targetAngle, double duration)
 {
     if (isSpinning())
         return;
-    constexpr double usual = 0.25; // seconds
+    constexpr double defaultDuration = 0.25; // seconds
     constexpr double longest = 86400;
-    const double seconds = duration > 0 ? std::min(duration, longest) : usual;
+    const double seconds = duration > 0 ? std::min(duration, longest) : defaultDuration;
     animation_.setStartValue(0.0);
     animation_.setEndValue(targetAngle);
     animation_.setDuration(std::max(static_cast<int>(std::lround(seconds * 1000)), 1));

@@ -10,8 +10,8 @@ namespace quor::toolkit {
 
 enum class SpinnerType { normal = 0, small = 1 };
 
-/// A mark that turns while work goes on. It is as large as its image, and turns only while it can
-/// be seen: hidden it costs nothing. Main thread only.
+/// A mark that turns while work goes on. As large as its image. While it is hidden the animation pauses,
+/// so that it costs nothing. Main thread only.
 class SyncSpinner final : public QWidget {
     Q_OBJECT
 
@@ -19,17 +19,17 @@ public:
     explicit SyncSpinner(SpinnerType type, QWidget* parent = nullptr);
 
     [[nodiscard]] SpinnerType type() const { return type_; }
-    /// Holds the image view. A widget's y axis points down already, so it turns nothing itself.
+    /// Contains the image view. Doesn't turn itself.
     [[nodiscard]] QWidget& rotationView() { return *rotationView_; }
     [[nodiscard]] SpinnerImageView& imageView() { return *imageView_; }
     [[nodiscard]] const SpinnerImageView& imageView() const { return *imageView_; }
 
-    /// Turns clockwise, once in `duration` seconds, over and over. What turns already goes on as it
-    /// does. A duration that is not above 0 counts as 0.25.
+    /// Turns clockwise until `stop`, once in `duration` seconds; 0.25 if that is not above 0. Ignored while
+    /// it turns already, in either direction.
     void startSpinning(double duration);
     /// The same, counterclockwise.
     void startSpinningReverse(double duration);
-    /// Stands upright from now on, until started again.
+    /// Ends the turning, and sets the angle to 0.
     void stop();
     [[nodiscard]] bool isSpinning() const { return animation_.state() != QAbstractAnimation::Stopped; }
 

@@ -2,6 +2,7 @@
 #include "ToolKit_macOS/WarningAlert.h"
 
 #include "Platform/Concurrency/MainQueue.h"
+#include "Platform/Lifetime/WhileAlive.h"
 
 #include <QApplication>
 #include <QPushButton>
@@ -37,7 +38,7 @@ QWidget* sheetWindow(QWidget* wanted)
 
 QIcon iconOf(const AlertContent& content)
 {
-    constexpr double largest = 64; // points
+    constexpr double largest = 64; // device-independent pixels
     const QImage image = content.images
         ? content.images->image(content.iconName, {largest, largest}, qApp->devicePixelRatio())
         : QImage();
@@ -59,12 +60,12 @@ WarningAlert::~WarningAlert()
 void WarningAlert::show(const AlertContent& content, Handler handler)
 {
     QWidget* window = sheetWindow(content.window);
-    const Handler before = forget();
+    const Handler previous = forget();
     completeHandler = std::move(handler);
     auto* alert = new Alert(window);
     alert_ = alert;
     fill(content);
-    alert->setEndedHandler([this](int tag) { finish(tag); });
+    alert->ended = [this](int tag) { finish(tag); };
     connect(alert, &QObject::destroyed, this, [this] {
         alert_ = nullptr;
         (void)forget();
@@ -97,36 +98,35 @@ void WarningAlert::fill(const AlertContent& content)
 
 void WarningAlert::finish(int tag)
 {
-    ending_ = true;
+    isEnding_ = true;
     if (!completeHandler)
         return;
-    const auto tell = [self = QPointer(this), alert = alert_, handler = completeHandler, tag] {
-        if (!self)
-            return;
+    const auto report = [this, alert = alert_, handler = completeHandler, tag] {
+        const QPointer self(this);
         handler(tag == 0, tag);
-        if (self && alert && self->alert_ == alert)
-            (void)self->forget();
+        if (self && alert && alert_ == alert)
+            (void)forget();
     };
-    // The handler may open something, which must not meet the closing sheet.
-    (void)platform::MainQueue::after(300ms, tell);
+    // The handler may open a window, which must not appear while the sheet is still there.
+    (void)platform::MainQueue::after(300ms, platform::whileAlive(*this, report));
 }
 
 void WarningAlert::close()
 {
-    if (!alert_ || ending_)
+    if (!alert_ || isEnding_)
         return;
-    // May hold the last reference to this object: let go at the very end.
+    // The handler may own this object, so it is destroyed last.
     const Handler handler = forget();
 }
 
 WarningAlert::Handler WarningAlert::forget()
 {
-    ending_ = false;
+    isEnding_ = false;
     if (Alert* alert = std::exchange(alert_, nullptr)) {
         disconnect(alert, nullptr, this, nullptr);
         alert->dismiss();
         alert->setAccessoryView(nullptr);
-        alert->deleteLater(); // a click on one of its buttons may have led here
+        alert->deleteLater(); // this may be called by a click on one of its buttons
     }
     return std::exchange(completeHandler, nullptr);
 }

@@ -13,53 +13,54 @@
 
 namespace quor::toolkit {
 
-/// What an alert shows, and how.
+/// What an alert shows, and how. Texts are shown without markup.
 struct AlertContent {
-    QString message;
-    /// An image of `images`, or of the desktop's icon theme; without one a warning sign is shown.
-    QString iconName;
-    QString informativeText;
-    QString buttonTitle; ///< of the first button, which has the tag 0
-    std::optional<QString> cancelTitle; ///< of a button with the tag 9999
-    std::vector<QString> otherTitles; ///< of buttons with the tags 1, 2 and so on
-    /// What the other buttons do besides ending the alert, in their order, each as long as its target
-    /// lives; only where both are given.
-    std::vector<QPointer<QObject>> targets;
-    std::vector<std::function<void()>> actions;
-    QWidget* accessoryView = nullptr; ///< stays the caller's, see `Alert::setAccessoryView`
-    /// Blocks in an event loop of its own until a button is chosen. Else the alert is a sheet on
-    /// `window`, or by itself over the whole application where there is no window at all.
+    QString message = {};
+    /// An image in `images`, else in the desktop's icon theme. A warning sign if neither has it.
+    QString iconName = {};
+    QString informativeText = {};
+    QString buttonTitle = {}; ///< of the first button, which has the tag 0
+    std::optional<QString> cancelTitle = {}; ///< of a button with the tag `Alert::cancelTag`
+    std::vector<QString> otherTitles = {}; ///< of buttons with the tags 1, 2 and so on
+    /// `actions[i]` is called when the button of `otherTitles[i]` is chosen, in addition to the handler, if
+    /// `targets[i]` still lives. Buttons without a target or without an action only end the alert.
+    std::vector<QPointer<QObject>> targets = {};
+    std::vector<std::function<void()>> actions = {};
+    QWidget* accessoryView = nullptr; ///< owned by the caller, see `Alert::setAccessoryView`
+    /// True: `show` runs an event loop of its own until a button is chosen. False: the alert is a sheet on
+    /// `window`, which it blocks; without any window it blocks the whole application's.
     bool modal = false;
-    /// Null for the active window, else the one that the focus is in, else the first to be seen.
+    /// Null for the active window, else the window with the focus, else the first visible one.
     QWidget* window = nullptr;
-    std::optional<platform::Bundle> images;
+    std::optional<platform::Bundle> images = {};
 };
 
-/// Shows an alert and tells how it ended, 0.3 seconds later, when it is surely off the screen.
+/// An object that shows an alert and reports how it ended, 0.3 seconds after a button was chosen: then the
+/// alert is off the screen for sure.
 ///
-/// The alert goes with this object, and with the window that it is a sheet on, untold: let
-/// `completeHandler` hold what nobody else does. Main thread only.
+/// The alert ends with this object, and with the window that it is a sheet on. The handler is destroyed
+/// then without being called, so it may own what has to live as long as the alert. Main thread only.
 class WarningAlert : public QObject {
     Q_OBJECT
 
 public:
-    /// Whether it was the first button, and the tag of the button.
-    using Handler = std::function<void(bool first, int tag)>;
+    /// Gets the tag of the chosen button, and whether it was the first button.
+    using Handler = platform::Callback<void(bool isFirst, int tag)>;
 
     explicit WarningAlert(QObject* parent = nullptr);
     ~WarningAlert() override;
 
-    /// Shows an alert, in place of one that is still on the screen; that one's handler never runs.
+    /// Shows an alert. One that is still on the screen is hidden, and its handler not called.
     void show(const AlertContent& content, Handler handler);
 
-    /// Takes the alert off the screen; the handler does not run for this. Does nothing once a
-    /// button was chosen.
+    /// Hides the alert, and doesn't call the handler. Has no effect after a button was chosen.
     void close();
 
-    /// The alert that is on the screen or ending; else null.
+    /// The alert on the screen, or one whose button was chosen less than 0.3 seconds ago. Null if there is
+    /// none.
     [[nodiscard]] Alert* alert() const { return alert_; }
 
-    /// Runs once; what it holds is let go afterwards.
+    /// The handler of the present alert. Destroyed after its call.
     Handler completeHandler;
 
 private:
@@ -67,8 +68,8 @@ private:
     void finish(int tag);
     [[nodiscard]] Handler forget();
 
-    QPointer<Alert> alert_; // a child of its window, which may take it along
-    bool ending_ = false; // a button was chosen
+    QPointer<Alert> alert_; // a child of its window, which may delete it
+    bool isEnding_ = false; // a button was chosen
 };
 
 } // namespace quor::toolkit
