@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Views/PlatformView.h"
 #include "Support/WaitFor.h"
-#include "ToolKit/Drawing/SystemFont.h"
-#include "ToolKit/Drawing/TextDrawing.h"
 #include "ToolKit/Views/PlatformToolTip.h"
 
 #include <QContextMenuEvent>
@@ -21,7 +19,7 @@ using quor::test::waitFor;
 
 namespace {
 
-/// Writes down its hooks; those of the mouse apart, for drawing comes when it comes.
+/// Records the calls of its hooks; those of the mouse apart from the others, which come at any time.
 struct Probe : public PlatformView {
     using PlatformView::PlatformView;
 
@@ -49,7 +47,7 @@ protected:
         window.show();
         waitFor([&] { return front.calls.contains(u"draw"_s) && back.calls.contains(u"draw"_s); });
     }
-    /// What `view` is told of the mouse by this.
+    /// The calls of the mouse hooks of `view` that `action` causes.
     QString by(Probe& view, const std::function<void()>& action)
     {
         view.mouse.clear();
@@ -78,7 +76,7 @@ TEST_F(PlatformViewTest, IsSetUpLaidOutAndDrawnOnRequestAndOnlyWithBounds)
     std::thread(request).join();
     QCoreApplication::processEvents();
     EXPECT_TRUE(front.viewNeedsLayout() && front.viewNeedsRedraw());
-    EXPECT_EQ(front.calls, QString()) << "another thread asks for nothing";
+    EXPECT_EQ(front.calls, QString()) << "another thread requests nothing";
     request();
     request();
     EXPECT_EQ(front.calls, QString()) << "not at once";
@@ -124,7 +122,7 @@ TEST_F(PlatformViewTest, FollowsThePointerOverItselfAndWhatItContains)
     EXPECT_EQ(by(front, [&] { window.hide(); }), u"ended "_s);
 }
 
-TEST_F(PlatformViewTest, MayGoAtAPress)
+TEST_F(PlatformViewTest, MayBeDeletedByAPress)
 {
     struct Mayfly : public Probe {
         using Probe::Probe;
@@ -151,11 +149,18 @@ TEST_F(PlatformViewTest, KeepsTheMenusBehindItForTheKeyboard)
     }
 }
 
-TEST(PlatformToolTip, SizesItselfToItsLines)
+TEST(PlatformToolTip, StacksItsTextsAndSizesItselfToThem)
 {
-    const auto sizeOf = [](const QString& text, double fontSize) {
-        return textSize(text, monospacedDigitFont(fontSize, QFont::Normal), false);
+    const auto sizeWithOnly = [](void (PlatformToolTip::*setText)(const QString&), const QString& text) {
+        PlatformToolTip tip;
+        tip.setContentPadding({});
+        (tip.*setText)(text);
+        return tip.size();
     };
+    const QSize headline = sizeWithOnly(&PlatformToolTip::setHeadline, u"Headline"_s);
+    const QSize label = sizeWithOnly(&PlatformToolTip::setLabel, u"**Two**\nlines"_s);
+    const QSize sublabel = sizeWithOnly(&PlatformToolTip::setSublabel, u"The widest of all three lines"_s);
+    EXPECT_GT(label.height(), 2 * headline.height()) << "two lines of a larger font";
     PlatformToolTip tip;
     tip.setLabelSpacing(3);
     tip.setLabel(u"**Two**\nlines"_s);
@@ -164,16 +169,15 @@ TEST(PlatformToolTip, SizesItselfToItsLines)
     tip.setSublabel(u"The widest of all three lines"_s);
     EXPECT_EQ(tip.accessibleName(), u"Headline\nTwo\nlines\nThe widest of all three lines"_s);
     tip.setContentPadding({1, 2, 3, 4});
-    const double small = sizeOf(u"x"_s, 10).height();
-    const double label = sizeOf(u"x\nx"_s, 12).height();
-    EXPECT_EQ(tip.labelPosition(), QPointF(1, 2 + std::ceil(small) + 3));
-    EXPECT_NEAR(tip.sublabelPosition().y(), tip.labelPosition().y() + std::ceil(label) + 3, 1);
-    EXPECT_NEAR(tip.height(), std::ceil(2 * small + label + 9) + 6, 1);
-    const int wide = 4 + static_cast<int>(std::ceil(sizeOf(tip.sublabel(), 10).width()));
+    EXPECT_EQ(tip.headlinePosition(), QPointF(1, 2));
+    EXPECT_EQ(tip.labelPosition(), QPointF(1, headline.height() + 5));
+    EXPECT_EQ(tip.sublabelPosition(), QPointF(1, headline.height() + label.height() + 8));
+    EXPECT_NEAR(tip.height(), headline.height() + label.height() + sublabel.height() + 15, 2);
+    EXPECT_EQ(tip.width(), sublabel.width() + 4);
     std::thread([&] { tip.setSublabelFontSize(20); }).join();
-    EXPECT_EQ(tip.width(), wide) << "another thread only leaves the value";
+    EXPECT_EQ(tip.width(), sublabel.width() + 4) << "another thread only stores the value";
     tip.updateLayout();
-    EXPECT_GT(tip.width(), 1.8 * wide);
+    EXPECT_GT(tip.width(), 1.8 * sublabel.width());
     tip.setContentPadding({std::nan(""), -1e300, 0, 0});
     EXPECT_TRUE(tip.size().isEmpty());
 }

@@ -18,7 +18,7 @@ namespace quor::toolkit {
 
 namespace {
 
-/// As a widget can take it.
+/// Rounds towards zero, to a length that a widget can have. NaN gives 0.
 int wholePixels(double length)
 {
     constexpr double largest = QWIDGETSIZE_MAX;
@@ -126,7 +126,7 @@ void PlatformToolTip::updateLayout()
     for (Line* line : {&headline_, &label_, &sublabel_}) {
         line->position = position;
         if (line->text.isEmpty()) {
-            // What would stand below a label stands at the top without one.
+            // Without a label, the sublabel is at the top.
             position.setY(contentPadding_.top());
             continue;
         }
@@ -169,7 +169,7 @@ void PlatformToolTip::draw(QPainter& context)
 void PlatformToolTip::changeEvent(QEvent* event)
 {
     PlatformView::changeEvent(event);
-    // The sizes stay, but the family is the user's.
+    // The font sizes are fixed, but the family is that of the desktop.
     if (event->type() == QEvent::FontChange)
         updateLayout();
 }

@@ -14,37 +14,37 @@ class AttributedString;
 
 namespace quor::toolkit {
 
-/// A tool tip of up to three lines, one below the other: a headline, a label, a sublabel. It sizes
-/// itself to them; its owner puts it into a container, at `position`.
+/// A tool tip with up to three texts, one below the other: a headline, a label, a sublabel. Resizes itself
+/// to them; its owner puts it into a container, at `position`.
 ///
-/// Texts may bear the marks of `MarkdownParser`; an empty one takes no room. Lengths are
-/// device-independent pixels. The setters of texts, font sizes, padding and radius lay the tip out
-/// anew and redraw it. Main thread only; on another thread they store the value, and the caller sees
-/// to it that nobody reads it meanwhile: the next layout finds it.
+/// Texts may contain the marks of `MarkdownParser`; an empty text takes no room. Lengths are
+/// device-independent pixels. The setters of texts, font sizes, padding and radius lay out and redraw the
+/// tip. Main thread only; on another thread the setters only store the value for the next layout, and the
+/// caller has to make sure that the main thread doesn't use the tip at the same time.
 class PlatformToolTip : public PlatformView {
     Q_OBJECT
 
 public:
     explicit PlatformToolTip(QWidget* parent = nullptr);
 
-    /// Added behind each line; counts from the next layout on. At first 0.
+    /// The room below each text. 0 at first. Takes effect with the next layout.
     [[nodiscard]] double labelSpacing() const { return labelSpacing_; }
     void setLabelSpacing(double spacing) { labelSpacing_ = spacing; }
 
-    /// Where the layout has put the upper left corners of the lines. The sublabel stands below the
-    /// label, so a tip without a label has room for a headline or a sublabel, not for both.
+    /// The upper left corners of the texts, as set by the last layout. Without a label, the sublabel is at
+    /// the top, where it overlaps a headline.
     [[nodiscard]] QPointF labelPosition() const { return label_.position; }
     [[nodiscard]] QPointF sublabelPosition() const { return sublabel_.position; }
     [[nodiscard]] QPointF headlinePosition() const { return headline_.position; }
 
-    /// At first 4 above and below, 9 to the left and right.
+    /// The room around the texts. At first 4 above and below, 9 on the left and right.
     [[nodiscard]] QMarginsF contentPadding() const { return contentPadding_; }
     void setContentPadding(const QMarginsF& padding);
-    /// At first 5.
+    /// Of the background. 5 at first.
     [[nodiscard]] double cornerRadius() const { return cornerRadius_; }
     void setCornerRadius(double radius);
 
-    /// At first 10, 12 and 10.
+    /// At first 10 for the sublabel, 12 for the label, 10 for the headline.
     [[nodiscard]] double sublabelFontSize() const { return sublabel_.fontSize; }
     void setSublabelFontSize(double size);
     [[nodiscard]] double labelFontSize() const { return label_.fontSize; }
@@ -59,18 +59,19 @@ public:
     [[nodiscard]] const QString& sublabel() const { return sublabel_.text; }
     void setSublabel(const QString& sublabel);
 
-    /// Until set, and after an invalid colour, those of a text field in the view's palette.
+    /// The colours of the background and of the texts. Until set, and after setting an invalid colour, those
+    /// of a text field in the view's palette.
     [[nodiscard]] QColor bgColor() const;
     void setBgColor(const QColor& color);
     [[nodiscard]] QColor titleColor() const;
     void setTitleColor(const QColor& color);
 
-    /// Places the lines and resizes the view, in whole pixels; it stays where it is. What the lines say
-    /// also becomes its accessible name.
+    /// Sets the positions of the texts, the size of the view in whole pixels, and its accessible name, which
+    /// are the texts without marks. The view stays where it is.
     void updateLayout();
 
-    /// The origin for a tip that speaks of (x, y) in `container`: above the point, and to the right of
-    /// it; below it or to the left where the container has no room for that.
+    /// Returns where in `container` to put the upper left corner of a tip about the point (x, y): above the
+    /// point and to its right, or below or to its left if the container has no room there.
     [[nodiscard]] QPoint position(double x, double y, const QWidget& container) const;
 
 protected:

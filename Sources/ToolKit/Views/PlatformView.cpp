@@ -32,7 +32,7 @@ void PlatformView::setInteractionEnabled(bool enabled)
 void PlatformView::setViewNeedsLayout(bool needed)
 {
     viewNeedsLayout_ = needed;
-    // Requests that wait are joined into one.
+    // Qt merges posted layout requests into one.
     if (needed && isMainThread())
         QCoreApplication::postEvent(this, new QEvent(QEvent::LayoutRequest));
 }
@@ -47,7 +47,7 @@ void PlatformView::setViewNeedsRedraw(bool needed)
 void PlatformView::updateTrackingAreas()
 {
     trackingArea_ = interactionEnabled_ ? std::optional(rect()) : std::nullopt;
-    // Unlike plain tracking of the mouse this also tells of moves over the widgets within.
+    // Unlike mouse tracking, hover events also come for moves over the widgets in this one.
     setAttribute(Qt::WA_Hover, interactionEnabled_);
     if (!isVisible())
         return;
@@ -67,7 +67,7 @@ void PlatformView::followBounds()
 
 void PlatformView::pointerMoved(QPointF point)
 {
-    // A drag is no hover.
+    // A drag is not a hover.
     if (interactionEnabled_ && QGuiApplication::mouseButtons() == Qt::NoButton)
         hover(point);
 }
@@ -84,7 +84,7 @@ bool PlatformView::event(QEvent* event)
     switch (event->type()) {
     case QEvent::Polish:
         QWidget::event(event);
-        // The constructor would be too early: a derived class is not there yet.
+        // In the constructor, the hook of the derived class would not be called.
         if (!std::exchange(isSetUp_, true))
             setup();
         return true;
@@ -121,14 +121,15 @@ void PlatformView::mousePressEvent(QMouseEvent* event)
 
 void PlatformView::contextMenuEvent(QContextMenuEvent* event)
 {
-    // A right click is a click, so no menu of a view behind may open at it; one asked for by a key may.
+    // The right button is taken as a click, so it must not open the context menu of a widget below this one.
+    // The menu key may.
     event->setAccepted(interactionEnabled_ && event->reason() == QContextMenuEvent::Mouse);
 }
 
 void PlatformView::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    // A window that goes takes no leave of the pointer.
+    // A window that is hidden gets no leave event.
     if (interactionEnabled_)
         hoverEnded();
 }

@@ -12,12 +12,12 @@ class QPainter;
 
 namespace quor::toolkit {
 
-/// The base of the kit's own views: it turns the events of mouse and layout into a few hooks.
+/// The base class of the kit's own views: it turns mouse and layout events into a few hooks, which derived
+/// classes override.
 ///
-/// A new view takes no part in the mouse: what lies behind it gets the clicks until
-/// `setInteractionEnabled(true)`, and so for the views within it. Lengths are device-independent
-/// pixels, y points down, and a point given to a hook is in the view's own coordinates. Main thread
-/// only, but for `setViewNeedsLayout` and `setViewNeedsRedraw`.
+/// Until `setInteractionEnabled(true)`, mouse events go through the view, and through the views in it, to the
+/// widget below. Lengths are device-independent pixels, y grows downwards, and the points passed to hooks are
+/// in the view's own coordinates. Main thread only, except `setViewNeedsLayout` and `setViewNeedsRedraw`.
 class PlatformView : public QWidget {
     Q_OBJECT
 
@@ -26,49 +26,52 @@ public:
 
     [[nodiscard]] bool isFlipped() const { return true; }
 
-    /// What bears the view's shadow (see `applyLightShadow`): a widget needs nothing beside itself.
+    /// The object that takes the view's shadow (see `applyLightShadow`): the view itself.
     [[nodiscard]] QWidget& layer() { return *this; }
 
-    /// What the view is being drawn with; null while it isn't.
+    /// The painter of the present call of `draw`. Null at any other time.
     [[nodiscard]] QPainter* cgContext() const { return context_; }
 
-    /// Kept for derived classes, at first true.
+    /// A setting for derived classes, which this class doesn't use. True at first.
     [[nodiscard]] bool isAnimated() const { return isAnimated_; }
     void setAnimated(bool isAnimated) { isAnimated_ = isAnimated; }
 
-    /// Whether the view takes mouse events at all. Setting it runs `updateTrackingAreas`.
+    /// Whether the view takes mouse events. False at first. The setter calls `updateTrackingAreas`.
     [[nodiscard]] bool interactionEnabled() const { return interactionEnabled_; }
     void setInteractionEnabled(bool enabled);
 
-    /// What was last asked for; it stays when it has been done. Setting it to true on the main thread
-    /// brings `layoutContent` or `draw` about, once the caller has returned to the event loop. Any
-    /// other thread only leaves the value.
+    /// The values that were last set; they stay true after the layout and after the drawing. Setting true on
+    /// the main thread makes the event loop call `layoutContent` or `draw` later. On any other thread, only
+    /// the value is stored.
     [[nodiscard]] bool viewNeedsLayout() const { return viewNeedsLayout_; }
     void setViewNeedsLayout(bool needed);
     [[nodiscard]] bool viewNeedsRedraw() const { return viewNeedsRedraw_; }
     void setViewNeedsRedraw(bool needed);
 
-    /// Where the pointer is followed; none without interaction.
+    /// The rectangle in which the pointer is followed. `nullopt` without interaction.
     [[nodiscard]] const std::optional<QRect>& trackingArea() const { return trackingArea_; }
 
-    /// Follows the pointer over the bounds as they are now, if interaction is enabled. In any case a
-    /// view that is shown is told where the pointer is, by `hover` or `hoverEnded`. A view that
-    /// follows the pointer comes here by itself when it is moved, resized or shown.
+    /// Follows the pointer in the present bounds, if interaction is enabled. If the view is visible, also
+    /// calls `hover` or `hoverEnded` for the pointer's present position, even without interaction. Called by
+    /// the view itself when it is moved, resized or shown with interaction enabled.
     virtual void updateTrackingAreas();
 
 protected:
-    // A hook that ends its own view calls `deleteLater`; one that a press has called may delete it too.
+    // A hook that ends its own view has to use `deleteLater`, unless it was called for a press.
 
-    /// Called once, before the view is first laid out, drawn or shown.
+    /// Called once, before the first layout, drawing or showing.
     virtual void setup() { }
-    /// Only called for bounds that are not empty, as the next one is.
+    /// Draws the view. Not called while the bounds are empty.
     virtual void draw(QPainter& /*context*/) { }
+    /// Sets the geometry of the views in this one. Not called while the bounds are empty.
     virtual void layoutContent() { }
-    /// Either button, left or right, has been pressed; a hover has been ended.
+    /// The left or the right button was pressed. Called after `hoverEnded`.
     virtual void mouseDown(QPointF /*point*/) { }
-    /// The pointer has come or moved, no button held, over the view or what it contains.
+    /// The pointer has entered the view or moved in it, also over a widget in the view. Not called while a
+    /// button is held.
     virtual void hover(QPointF /*point*/) { }
-    /// The pointer has left, or a press has come, or the view is out of sight; also where no hover was.
+    /// The pointer has left, a button was pressed, or the view was hidden. Also called without a hover
+    /// before.
     virtual void hoverEnded() { }
 
     bool event(QEvent* event) override;
