@@ -13,29 +13,31 @@
 
 namespace quor::toolkit {
 
-/// A calendar as it was when it was read or made: a folder with a file an item. Changes are the object's
-/// own until `EventStore::saveCalendar`. Two objects of one calendar have equal identifiers. Made by an
+/// A calendar as it was when it was read or made. Setters change only this object until
+/// `EventStore::saveCalendar`. Objects that describe the same calendar have equal identifiers. Made by an
 /// `EventStore`, held in shared pointers. Any thread.
 class EventCalendar final {
 public:
-    /// "<source's folder>/<calendar's folder>"; empty before the first save. A new title leaves it alone.
+    /// "<folder of the source>/<folder of the calendar>". Empty before the first save. A new title does not
+    /// change it.
     [[nodiscard]] QString calendarIdentifier() const { return get(&Fields::identifier); }
 
     [[nodiscard]] QString title() const { return get(&Fields::title); }
     void setTitle(const QString& title) { set(&Fields::title, title); }
 
-    /// Invalid where the calendar has none.
+    /// Invalid if the calendar has no colour.
     [[nodiscard]] QColor color() const { return get(&Fields::color); }
     void setColor(const QColor& color) { set(&Fields::color, color); }
 
-    /// None for a new calendar until it is set. A saved calendar keeps the source that it has.
+    /// Returns nullopt for a new calendar before `setSource`. A saved calendar stays where it is, whatever
+    /// source is set.
     [[nodiscard]] std::optional<EventSource> source() const { return get(&Fields::source); }
     void setSource(const EventSource& source) { set(&Fields::source, std::optional(source)); }
 
-    /// False where the folder may not be written.
+    /// Whether the permissions of the calendar's folder allow to write there.
     [[nodiscard]] bool allowsContentModifications() const { return get(&Fields::isWritable); }
 
-    /// A calendar holds events, reminders, or both: whatever is in it; an empty one both.
+    /// Whether the calendar holds items of that type now. An empty calendar allows both types.
     [[nodiscard]] bool allows(EntityType type) const
     {
         return get(type == EntityType::event ? &Fields::holdsEvents : &Fields::holdsReminders);

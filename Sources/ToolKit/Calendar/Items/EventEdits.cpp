@@ -29,7 +29,7 @@ bool clashes(const EventFields& current, const EventChange& change)
         || clash(current.recurrenceRule, base.recurrenceRule, wanted.recurrenceRule);
 }
 
-/// Writes what differs from the base.
+/// Writes the fields that differ from the base.
 void writeFields(icalcomponent* event, const EventChange& change)
 {
     const EventFields& base = change.base;
@@ -88,7 +88,7 @@ std::optional<EventFields> occurrenceFields(const ItemFile& file, const QString&
     return found;
 }
 
-/// What the change is about, as the file has it.
+/// Returns the file's values of the event or occurrence that the change is about.
 std::optional<EventFields> currentFields(const ItemFile& file, const EventChange& change)
 {
     if (change.occurrence)
@@ -116,7 +116,8 @@ void removeWhole(ItemFile& file, const QString& uid)
         file.remove(each);
 }
 
-/// Moves a date of a series as its start was moved, by the clock on the wall.
+/// Moves the dates of a series by the same distance as its start, in local time: a series moved from 9 to 10
+/// o'clock stays at 10 o'clock in summer and in winter.
 class SeriesShift final {
 public:
     SeriesShift(const EventFields& from, const EventFields& to, icalcomponent* event)
@@ -156,7 +157,7 @@ private:
     bool isDate_;
 };
 
-/// The rules of a master end before that moment.
+/// Makes the rules of a series end before that moment.
 void endRules(icalcomponent* master, const EventFields& fields, Date end)
 {
     const Date last = end - std::chrono::seconds(1);
@@ -170,7 +171,7 @@ void endRules(icalcomponent* master, const EventFields& fields, Date end)
     }
 }
 
-/// Keeps those dates for which `keeps` answers true.
+/// Removes the dates for which `keeps` returns false.
 template <class Keeps>
 void keepMoments(icalcomponent* event, icalproperty_kind kind, Keeps keeps)
 {
@@ -254,7 +255,7 @@ EventStoreResult removeItem(ItemFile& file, const EventChange& change)
     if (icalcomponent* const own = overrideOf(file, change.uid, *change.occurrence))
         file.remove(own);
     if (!master)
-        return std::nullopt; // others of the series may be in the file
+        return std::nullopt; // the file has only overrides of the series
     const auto first = readEvent(master);
     addMoment(master, ICAL_EXDATE_PROPERTY, *change.occurrence, first && first->isAllDay,
         first ? zoneFor(master, first->timeZone) : ItemZone());
@@ -272,7 +273,7 @@ EventStoreResult endSeries(ItemFile& file, const EventChange& change)
     if (*current != change.base)
         return conflict(change.uid);
     const Date end = *change.occurrence;
-    if (!master || !recurs(master)) { // the file has only some of the series
+    if (!master || !recurs(master)) { // the file has only overrides of the series
         dropOverrides(file, change.uid, [&](Date moment) { return moment >= end; });
         return std::nullopt;
     }
@@ -314,7 +315,7 @@ EventStoreResult beginSeries(ItemFile& file, const EventChange& change, const QS
     const auto base = readEvent(master);
     EventFields wanted = change.fields;
     if (change.fields.recurrenceRule == change.base.recurrenceRule && base)
-        wanted.recurrenceRule = base->recurrenceRule; // with the new count
+        wanted.recurrenceRule = base->recurrenceRule; // which has the new count
     return base ? saveSeries(file, {newUid, std::nullopt, *base, wanted, false}) : notFound(change.uid);
 }
 

@@ -5,11 +5,11 @@
 
 namespace quor::toolkit {
 
-/// Where calendars come from: a folder below the store's root, mostly one account of a synchroniser's.
-/// The source "local" is always there, and its folder is made with its first calendar.
+/// A group of calendars: a folder below the store's root, usually for one account of a synchroniser.
+/// The source "local" always exists. Its folder is made with its first calendar.
 struct EventSource {
     QString sourceIdentifier; ///< the folder's name
-    QString title; ///< what its file `displayname` says, else the folder's name
+    QString title; ///< the content of its file `displayname`, or the folder's name without one
 
     friend bool operator==(const EventSource&, const EventSource&) = default;
 };

@@ -12,7 +12,7 @@ namespace quor::toolkit {
 
 namespace {
 
-/// Whether libical read all lines.
+/// Whether libical could read all lines.
 bool isSound(icalcomponent* component)
 {
     for (auto* each = icalcomponent_get_first_property(component, ICAL_XLICERROR_PROPERTY); each;
@@ -29,7 +29,7 @@ bool isSound(icalcomponent* component)
     return true;
 }
 
-/// The masked components of a calendar itself.
+/// The masked components directly within a calendar, see `MaskedItems.h`.
 std::vector<icalproperty*> maskedParts(icalcomponent* calendar)
 {
     std::vector<icalproperty*> parts;
@@ -56,7 +56,7 @@ ItemFile::ItemFile()
 
 std::optional<ItemFile> ItemFile::parse(const QByteArray& bytes)
 {
-    // libical would stop at a zero byte, and what is behind it would be lost with the next edit.
+    // libical would stop at a zero byte, and the rest of the file would be lost with the next edit.
     const auto masked = bytes.contains('\0') ? std::nullopt : maskItems(bytes);
     if (!masked)
         return std::nullopt;
@@ -78,7 +78,7 @@ std::vector<icalcomponent*> ItemFile::calendars() const
     for (auto* each = icalcomponent_get_first_component(root_.get(), ICAL_ANY_COMPONENT); each;
          each = icalcomponent_get_next_component(root_.get(), ICAL_ANY_COMPONENT)) {
         if (icalcomponent_isa(each) != ICAL_VCALENDAR_COMPONENT)
-            return {}; // would be lost
+            return {}; // this component would be lost
         calendars.push_back(each);
     }
     return calendars;

@@ -20,37 +20,39 @@ struct FreeComponent {
 };
 using OwnedComponent = std::unique_ptr<icalcomponent, FreeComponent>;
 
-/// A parsed calendar file. Edits are made in the parsed components, so that whatever else the file holds is
-/// written again as it was.
+/// A parsed calendar file. Edits change the parsed components, so that everything else in the file is written
+/// again as it was.
 class ItemFile final {
 public:
     /// A calendar without items.
     ItemFile();
-    /// None for what is no calendar, or holds a line of those read here that cannot be read. Of these,
-    /// properties without a value, which some programs write, count as absent.
+    /// Returns nullopt if the bytes are no calendar file, or if the value of a property that this library
+    /// reads is malformed. Properties without a value, which some programs write, are ignored.
     [[nodiscard]] static std::optional<ItemFile> parse(const QByteArray& bytes);
 
-    /// Items without an identifier, or events without a start, are left alone and not listed.
+    /// Leaves out items without an identifier and events without a start.
     [[nodiscard]] FileRecords records() const;
-    [[nodiscard]] bool isEmpty() const; ///< no components but time zones
+    /// Whether the file has no components other than time zones.
+    [[nodiscard]] bool isEmpty() const;
     [[nodiscard]] QByteArray bytes() const;
-    /// A file with the components of that identifier alone.
+    /// Returns a copy with only the components that have that identifier, and the time zones.
     [[nodiscard]] ItemFile extract(const QString& uid) const;
 
-    /// The components of that kind with that identifier.
+    /// Returns the components of that kind with that identifier. Borrowed.
     [[nodiscard]] std::vector<icalcomponent*> components(icalcomponent_kind kind, const QString& uid) const;
-    /// A new one, in the first calendar.
+    /// Adds a component to the first calendar of the file, and returns it. Borrowed.
     icalcomponent* add(icalcomponent_kind kind, const QString& uid);
+    /// Removes and frees a component of this file.
     void remove(icalcomponent* component);
 
 private:
     explicit ItemFile(OwnedComponent root);
     [[nodiscard]] std::vector<icalcomponent*> calendars() const;
 
-    OwnedComponent root_; ///< a VCALENDAR, or libical's XROOT around several
+    OwnedComponent root_; ///< a VCALENDAR, or libical's XROOT that holds several of them
 };
 
-/// A change of a file's items, that can be made again on a newer state of it.
+/// A change of a file's items. Can be applied again to a newer state of the file, with the same result.
 using ItemEdit = std::function<std::optional<EventStoreError>(ItemFile&)>;
 
 } // namespace quor::toolkit

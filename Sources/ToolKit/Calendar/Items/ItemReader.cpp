@@ -17,7 +17,7 @@ icalproperty* property(icalcomponent* component, icalproperty_kind kind)
     return icalcomponent_get_first_property(component, kind);
 }
 
-/// The value of a property with a text, as people read it.
+/// The value of a text property, without escapes. Empty if the component does not have the property.
 QString text(icalcomponent* component, icalproperty_kind kind)
 {
     icalproperty* const found = property(component, kind);
@@ -55,7 +55,7 @@ icaltimetype timeOf(icalproperty* property)
     }
 }
 
-/// A length in seconds of what a DURATION says.
+/// The DURATION. A negative one has no length.
 std::optional<Seconds> durationOf(icalcomponent* component)
 {
     icalproperty* const found = property(component, ICAL_DURATION_PROPERTY);
@@ -130,7 +130,7 @@ std::shared_ptr<Recurrence> recurrenceOf(icalcomponent* event, const EventFields
     return recurrence;
 }
 
-/// A list, since looking up a zone moves the calendar's own iterator.
+/// Returns a list because the search for a zone moves the iterator that a calendar has within itself.
 std::vector<icalcomponent*> componentsOf(icalcomponent* calendar, icalcomponent_kind kind)
 {
     std::vector<icalcomponent*> found;
@@ -166,7 +166,7 @@ void readEvents(icalcomponent* calendar, std::vector<EventRecord>& events)
         }
     };
     visit(false);
-    visit(true); // in a file they may stand before what they override
+    visit(true); // an override may stand before its master event in the file
 }
 
 } // namespace
@@ -243,7 +243,7 @@ ReminderFields readReminder(icalcomponent* reminder)
     icalproperty* const completed = property(reminder, ICAL_COMPLETED_PROPERTY);
     icalproperty* const status = property(reminder, ICAL_STATUS_PROPERTY);
     const auto state = status ? icalproperty_get_status(status) : ICAL_STATUS_NONE;
-    // A cancelled one is nothing to be done either.
+    // A cancelled reminder needs no work either.
     fields.isCompleted = completed || state == ICAL_STATUS_COMPLETED || state == ICAL_STATUS_CANCELLED;
     if (completed)
         fields.completionDate = readMoment(completed);

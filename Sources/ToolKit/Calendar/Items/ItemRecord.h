@@ -11,23 +11,23 @@
 
 namespace quor::toolkit {
 
-/// How an event repeats, as its file tells.
+/// The recurrence of a series, as its file describes it.
 struct Recurrence {
     ItemZone zone;
-    icaltimetype first; ///< the master's start, in the zone
-    int days = 0; ///< length of an event of whole days
-    std::vector<QByteArray> rules;
+    icaltimetype first; ///< the start of the master event, in `zone`
+    int days = 0; ///< the length, if its events are whole days
+    std::vector<QByteArray> rules; ///< values of RRULE
     std::vector<Date> added; ///< RDATE
     std::vector<Date> removed; ///< EXDATE, sorted
-    std::map<Date, EventFields> overrides; ///< by the start that they replace
+    std::map<Date, EventFields> overrides; ///< by the start of the occurrence that each replaces
 };
 
-/// What is kept of an event. `fields` of a series are its first one's.
+/// An event that happens once, a series, or an override whose series is not in the file.
 struct EventRecord {
     QString uid;
-    EventFields fields;
-    std::optional<Date> occurrence; ///< of one whose series is not in the file
-    std::shared_ptr<const Recurrence> recurrence; ///< null: happens once
+    EventFields fields; ///< for a series, those of its first occurrence
+    std::optional<Date> occurrence; ///< for an override, the start of the occurrence that it replaces
+    std::shared_ptr<const Recurrence> recurrence; ///< null for all but a series
 };
 
 struct ReminderRecord {
@@ -35,7 +35,7 @@ struct ReminderRecord {
     ReminderFields fields;
 };
 
-/// What is kept of a file.
+/// The items of one file.
 struct FileRecords {
     std::vector<EventRecord> events;
     std::vector<ReminderRecord> reminders;

@@ -9,7 +9,8 @@
 
 namespace quor::toolkit {
 
-/// A rule of recurrence from its text; libical leaves the text within it to whoever had it made.
+/// A recurrence rule, parsed from the value of an RRULE. Owns the text that libical allocates within the
+/// rule.
 struct ItemRule {
     explicit ItemRule(const QByteArray& text)
         : value(icalrecurrencetype_from_string(text.constData()))

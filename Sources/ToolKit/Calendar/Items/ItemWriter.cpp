@@ -9,7 +9,7 @@ namespace quor::toolkit {
 
 namespace {
 
-/// Without what no calendar file may hold: control characters, which in a URI would begin other lines.
+/// Removes control characters. A line break in a URI would begin another property.
 QByteArray clean(const QString& text, bool isLine)
 {
     QString kept = text;
@@ -21,7 +21,7 @@ QByteArray clean(const QString& text, bool isLine)
     return kept.toUtf8();
 }
 
-/// The zone's definition under its plain name: libical would prefix it.
+/// Adds the zone's definition to the calendar under its plain name. libical itself would write a prefix.
 void defineZone(icalcomponent* component, const QString& name)
 {
     icalcomponent* const calendar = icalcomponent_get_parent(component);
@@ -38,7 +38,7 @@ void defineZone(icalcomponent* component, const QString& name)
     icaltimezone* const zone = icaltimezone_get_builtin_timezone(id.constData());
     icalcomponent* const definition = zone ? icaltimezone_get_component(zone) : nullptr;
     if (!definition)
-        return; // the name alone must do
+        return; // readers that know the name need no definition
     icalcomponent* const copy = icalcomponent_new_clone(definition);
     if (icalproperty* const own = icalcomponent_get_first_property(copy, ICAL_TZID_PROPERTY))
         icalproperty_set_tzid(own, id.constData());
@@ -70,7 +70,7 @@ void writeText(icalcomponent* component, icalproperty_kind kind, const QString& 
         property = icalproperty_new(kind);
         icalcomponent_add_property(component, property);
     }
-    icalproperty_remove_parameter_by_kind(property, ICAL_ALTREP_PARAMETER); // it tells the old text
+    icalproperty_remove_parameter_by_kind(property, ICAL_ALTREP_PARAMETER); // it refers to the old text
     icalproperty_set_value(property, value);
 }
 
@@ -106,13 +106,13 @@ void writeMoment(
 void writeTimes(icalcomponent* event, const EventFields& fields)
 {
     ItemZone zone = fields.isAllDay ? ItemZone() : zoneFor(event, fields.timeZone);
-    // The second of two equal hours, as the clock is set back, has no name in the zone.
-    const auto isNamed = [&](Date moment) {
+    // When the clock is set back, an hour happens twice. The second one cannot be written in the zone.
+    const auto isWritableInZone = [&](Date moment) {
         return std::chrono::abs(zone.moment(zone.local(moment, false)) - moment) < std::chrono::seconds(1);
     };
     const bool isSeries = !fields.recurrenceRule.isEmpty() || recurs(event);
     if (!fields.isAllDay && !zone.name().isEmpty() && !isSeries
-        && !(isNamed(fields.startDate) && isNamed(fields.endDate)))
+        && !(isWritableInZone(fields.startDate) && isWritableInZone(fields.endDate)))
         zone = ItemZone::utc();
     removeAll(event, ICAL_DURATION_PROPERTY);
     writeMoment(event, ICAL_DTSTART_PROPERTY, fields.startDate, fields.isAllDay, zone);
@@ -120,7 +120,7 @@ void writeTimes(icalcomponent* event, const EventFields& fields)
         writeMoment(event, ICAL_DTEND_PROPERTY, fields.endDate, false, zone);
         return;
     }
-    // Whole days: any moment of the last day means all of it, and one day is the least.
+    // An end within a day includes that whole day. The shortest event lasts one day.
     const Date within = std::max(fields.startDate, fields.endDate - std::chrono::seconds(1));
     icaltimetype end = zone.local(within, true);
     icaltime_adjust(&end, 1, 0, 0, 0);

@@ -7,21 +7,23 @@
 
 namespace quor::toolkit {
 
-// What puts values into a component, in place of those that it has. An empty text removes the property.
+// The functions `write...` set a property of a component, and replace all earlier ones of its kind.
 
+/// An empty text removes the property. Control characters, which no calendar file may hold, are left out.
 void writeText(icalcomponent* component, icalproperty_kind kind, const QString& text);
-/// A definition of the zone goes into the component's calendar where it lacks one.
+/// Adds a definition of the zone to the component's calendar if it has none.
 void writeMoment(
     icalcomponent* component, icalproperty_kind kind, Date moment, bool isDate, const ItemZone& zone);
-/// One more of its kind.
+/// Like `writeMoment`, but keeps earlier properties of that kind.
 void addMoment(
     icalcomponent* component, icalproperty_kind kind, Date moment, bool isDate, const ItemZone& zone);
-/// Start, end and whole days.
+/// Writes start, end and the flag for whole days.
 void writeTimes(icalcomponent* event, const EventFields& fields);
+/// Removes all properties of that kind.
 void removeAll(icalcomponent* component, icalproperty_kind kind);
-/// Tells other programs that it changed.
+/// Updates the stamps by which other programs notice a change.
 void touch(icalcomponent* component);
-/// The zone that a name means in an event's calendar.
+/// Returns the zone that a name means in the component's calendar. An empty name means floating time.
 [[nodiscard]] ItemZone zoneFor(icalcomponent* component, const QString& name);
 
 } // namespace quor::toolkit

@@ -30,7 +30,7 @@ icalcomponent* definition(icalcomponent* calendar, const QByteArray& name)
     return nullptr;
 }
 
-/// What a product's prefix stands before: "/vendor/20200101_1/Europe/Berlin".
+/// Removes the prefix of a product, as in "/vendor/20200101_1/Europe/Berlin".
 QByteArray withoutPrefix(const QByteArray& name)
 {
     if (!name.startsWith('/'))
@@ -83,7 +83,7 @@ ItemZone ItemZone::named(const QByteArray& name, icalcomponent* calendar)
     } else if (icalcomponent* const found = definition(calendar, name)) {
         zone.defined_ = std::shared_ptr<icaltimezone>(
             icaltimezone_new(), [](icaltimezone* each) { icaltimezone_free(each, 1); });
-        // The zone takes the copy, but not where it refuses it.
+        // On success the zone takes over the copy.
         icalcomponent* const copy = icalcomponent_new_clone(found);
         if (icaltimezone_set_component(zone.defined_.get(), copy)) {
             zone.name_ = QString::fromUtf8(name);

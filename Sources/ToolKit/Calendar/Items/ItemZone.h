@@ -13,28 +13,33 @@
 
 namespace quor::toolkit {
 
-/// The time zone of a moment in a calendar file. A name of the machine's zones means that zone, whatever a
-/// file says of it; another name what the file defines; one that nobody knows, and none, the machine's own.
+/// The time zone of a moment in a calendar file. A name that the machine knows means the machine's zone of
+/// that name, even if the file defines it differently. Any other name means the zone that the file defines.
+/// An unknown name, and no name (floating time), mean the machine's own zone.
 class ItemZone final {
 public:
-    ItemZone(); ///< none: floating
+    /// Floating time.
+    ItemZone();
     [[nodiscard]] static ItemZone utc();
-    /// `calendar` holds the definitions, and may be null.
+    /// `calendar` holds the definitions; null if there are none.
     [[nodiscard]] static ItemZone named(const QByteArray& name, icalcomponent* calendar);
     [[nodiscard]] static bool isMachineZone(const QString& name);
 
+    /// Empty for floating time and for an unknown name.
     [[nodiscard]] const QString& name() const { return name_; }
+    /// Returns a date that is not a number if `local` does not exist.
     [[nodiscard]] platform::Date moment(const icaltimetype& local) const;
-    /// Whole seconds; without a zone in it, but for UTC.
+    /// Returns whole seconds, or a date alone. Only a time in UTC carries its zone.
     [[nodiscard]] icaltimetype local(platform::Date moment, bool isDate) const;
 
 private:
     QString name_;
     QTimeZone zone_;
-    std::shared_ptr<icaltimezone> defined_;
+    std::shared_ptr<icaltimezone>
+        defined_; ///< the zone that the file defines; null for a zone of the machine
 };
 
-/// Whether a moment can be written: the years 1 to 9998.
+/// Whether the moment lies in the years 1 to 9998, so that it can be written in every zone.
 [[nodiscard]] bool isWritable(platform::Date date);
 
 } // namespace quor::toolkit

@@ -12,11 +12,11 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// Nobody nests components deeper, and libical walks them by recursion.
-constexpr std::size_t deepest = 20;
+// Far above what programs write. libical walks components by recursion, so there must be a limit.
+constexpr std::size_t deepestNesting = 20;
 constexpr char maskedLine[] = "X-QUOR-MASKED-LINE";
 
-constexpr std::array readParts{
+constexpr std::array readComponents{
     "DAYLIGHT"sv, "STANDARD"sv, "VCALENDAR"sv, "VEVENT"sv, "VTIMEZONE"sv, "VTODO"sv};
 constexpr std::array readProperties{"COMPLETED"sv, "DESCRIPTION"sv, "DTEND"sv, "DTSTAMP"sv, "DTSTART"sv,
     "DUE"sv, "DURATION"sv, "EXDATE"sv, "EXRULE"sv, "LAST-MODIFIED"sv, "LOCATION"sv, "PERCENT-COMPLETE"sv,
@@ -31,14 +31,14 @@ bool contains(const std::array<std::string_view, count>& sorted, const QByteArra
         sorted, std::string_view(name.constData(), static_cast<std::size_t>(name.size())));
 }
 
-/// A content line with its folds and its end.
+/// A content line. It may be folded: continued on further lines that begin with a blank.
 struct Line {
-    QByteArrayView raw;
-    QByteArray name; ///< in capitals; empty where there is none
-    QByteArray value; ///< in capitals, of BEGIN and END
+    QByteArrayView raw; ///< with all folds, and with the line break at the end
+    QByteArray name; ///< in capitals; empty if the line has no name
+    QByteArray value; ///< for BEGIN and END, in capitals; otherwise empty
 };
 
-/// Without the line breaks that a blank follows, and the one at the end.
+/// Returns the line without its folds and without the line break at the end.
 QByteArray unfolded(QByteArrayView raw)
 {
     QByteArray line = raw.toByteArray();
@@ -46,7 +46,7 @@ QByteArray unfolded(QByteArrayView raw)
     return line.trimmed();
 }
 
-/// Takes a content line off the text.
+/// Removes the first content line from the text, and returns it.
 Line takeLine(QByteArrayView& text)
 {
     qsizetype end = 0;
@@ -75,9 +75,10 @@ QByteArray masked(const char* name, QByteArrayView raw)
     return QByteArray(name) + ':' + raw.toByteArray().toBase64() + "\r\n";
 }
 
+/// Builds the text for libical, line by line.
 class Masking final {
 public:
-    /// False: this is no calendar.
+    /// Returns false if the file is no calendar file.
     [[nodiscard]] bool add(const Line& line)
     {
         if (line.name.isEmpty())
@@ -107,10 +108,10 @@ private:
         if (open_.empty() && line.value != "VCALENDAR")
             return false;
         open_.push_back(line.value);
-        if (!isForeign() && !contains(readParts, line.value))
+        if (!isForeign() && !contains(readComponents, line.value))
             foreignDepth_ = open_.size();
         (isForeign() ? foreign_ : text_) += line.raw;
-        return open_.size() <= deepest;
+        return open_.size() <= deepestNesting;
     }
 
     bool end(const Line& line)
@@ -129,11 +130,11 @@ private:
 
     QByteArray text_;
     std::vector<QByteArray> open_;
-    std::size_t foreignDepth_ = 0; ///< of the outermost component that is not read; 0: outside of such
+    std::size_t foreignDepth_ = 0; ///< depth of the outermost component that is not read; 0 outside of it
     QByteArray foreign_;
 };
 
-/// What a masked line stands for, each line in it ended as libical ends them.
+/// Returns what was masked, with the line breaks that libical writes.
 QByteArray original(QByteArrayView raw)
 {
     const QByteArray line = unfolded(raw);
@@ -161,7 +162,7 @@ QByteArray unmaskItems(QByteArrayView text)
 {
     QByteArray file;
     file.reserve(text.size());
-    std::vector<QByteArray> parts; // of each open component, what comes behind its properties
+    std::vector<QByteArray> parts; // for each open component, the masked components within it
     while (!text.isEmpty()) {
         const Line line = takeLine(text);
         if (line.name == maskedLine) {

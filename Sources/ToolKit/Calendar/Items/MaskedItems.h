@@ -7,18 +7,20 @@
 
 namespace quor::toolkit {
 
-// libical drops properties that are newer than it, does not write components with a name of their own, and
-// writes some values in another way than it read them. So it gets to see only what this library reads;
-// every other line, and every other component as a whole, stands for it in a property with encoded text,
-// and comes back byte for byte when the file is written.
+// libical drops properties that it does not know, does not write components of unknown names, and writes some
+// values differently than it read them. Therefore it gets only the lines that this library reads. Every other
+// line, and every other component as a whole, is masked: a property with the encoded text takes its place
+// while libical has the file, and the original comes back, byte for byte, when the file is written.
 
-/// The property that stands for a component.
+/// The property that takes the place of a component.
 inline constexpr char maskedPart[] = "X-QUOR-MASKED-PART";
 
-/// None for what is no calendar: components that do not match, are nested too deeply, or are no VCALENDAR
-/// at the top, lines without a name, and lines outside of any component.
+/// Returns the text for libical. Returns nullopt if the file is no calendar file: if BEGIN and END do not
+/// match, components are nested too deeply, a component at the top is no VCALENDAR, a line has no name, or a
+/// line stands outside of all components.
 [[nodiscard]] std::optional<QByteArray> maskItems(QByteArrayView file);
-/// As libical wrote it, with what was masked. Components stand behind the properties of what holds them.
+/// Returns the text that libical wrote, with all that was masked. Masked components follow the properties of
+/// the component that holds them.
 [[nodiscard]] QByteArray unmaskItems(QByteArrayView text);
 
 } // namespace quor::toolkit

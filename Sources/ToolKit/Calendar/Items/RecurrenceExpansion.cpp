@@ -15,13 +15,13 @@ namespace {
 using Seconds = std::chrono::duration<double>;
 using Iterator = std::unique_ptr<icalrecur_iterator, decltype(&icalrecur_iterator_free)>;
 
-// Steps of a rule that counts from its first event, and so has to be walked from there.
+// A rule with a count is walked from its first occurrence. This limits the walk.
 constexpr int mostSteps = 100'000;
 constexpr Seconds aDay{86'400};
 
-/// Rules that could search for centuries without a match, each step within libical and not to be stopped:
-/// by hour, minute or second, with conditions. Nobody makes appointments so; the first one is shown alone.
-bool isSearch(const icalrecurrencetype& rule)
+/// Whether libical may search for centuries, in one call that cannot be stopped, before it finds a match: a
+/// rule by hour, minute or second with conditions. Of such a series only the first occurrence is listed.
+bool isEndlessSearch(const icalrecurrencetype& rule)
 {
     if (rule.freq > ICAL_HOURLY_RECURRENCE)
         return false;
@@ -31,7 +31,7 @@ bool isSearch(const icalrecurrencetype& rule)
         || has(rule.by_set_pos);
 }
 
-/// Days of the month that none of the months has would be looked for until the end of time as well.
+/// Whether none of the rule's months has one of its days. libical would search for them forever.
 bool isImpossible(const icalrecurrencetype& rule)
 {
     if (rule.by_month[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.by_month_day[0] == ICAL_RECURRENCE_ARRAY_MAX)
@@ -45,8 +45,9 @@ bool isImpossible(const icalrecurrencetype& rule)
     return least > longest;
 }
 
-/// Nor is there a 300th Monday in a month.
-bool isBehindAll(const icalrecurrencetype& rule)
+/// Whether a period never has as many candidates as the rule's positions (BYSETPOS) require: there is no
+/// 300th Monday in a month. libical would search for them forever.
+bool isPositionImpossible(const icalrecurrencetype& rule)
 {
     if (rule.by_set_pos[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.freq == ICAL_YEARLY_RECURRENCE)
         return false;
@@ -65,7 +66,8 @@ bool isBehindAll(const icalrecurrencetype& rule)
     return true;
 }
 
-/// The end of the rule in the terms of its events, as libical compares without a look at zones.
+/// Converts the end of the rule to the zone and the kind of the events. libical compares the two without
+/// regard to zones.
 void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
 {
     if (icaltime_is_null_time(rule.until))
@@ -82,7 +84,8 @@ void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
     rule.until.zone = nullptr;
 }
 
-/// The last step of a rule by hour, minute or second before that moment: libical would take each step there.
+/// Returns the last step of a rule by hour, minute or second before `from`. libical would walk all the steps
+/// to it.
 icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, const icaltimetype& from)
 {
     const int unit = rule.freq == ICAL_SECONDLY_RECURRENCE ? 1
@@ -97,13 +100,13 @@ icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, 
     return next;
 }
 
-/// Calls `visit` for each start by the rule in [start, end), until it answers false.
+/// Calls `visit` with each start that the rule gives in [start, end), until `visit` returns false.
 template <class Visit>
 void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
 {
     ItemRule owned(text);
     icalrecurrencetype& rule = owned.value;
-    if (!owned.isValid() || isSearch(rule) || isImpossible(rule) || isBehindAll(rule)
+    if (!owned.isValid() || isEndlessSearch(rule) || isImpossible(rule) || isPositionImpossible(rule)
         || (rule.freq <= ICAL_HOURLY_RECURRENCE && recurrence.first.is_date))
         return;
     localiseEnd(rule, recurrence);
@@ -128,14 +131,14 @@ void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date
         if (icaltime_is_null_time(next))
             return;
         const Date moment = recurrence.zone.moment(next);
-        if (!(moment < end + aDay)) // the clock may be set back by some hours
+        if (!(moment < end + aDay)) // where the clock is set back, an earlier moment may follow
             return;
         if (moment >= start && moment < end && !visit(moment))
             return;
     }
 }
 
-/// Starts in [start, end) that nobody removed.
+/// The starts of the occurrences in [start, end), removed ones left out.
 std::set<Date> starts(const Recurrence& recurrence, Date start, Date end)
 {
     std::set<Date> found;

@@ -9,8 +9,8 @@
 
 namespace quor::toolkit {
 
-/// Turns an operation that answers through a closure, on whatever thread, into one to wait for: `start` is
-/// called with that closure.
+/// Starts an operation that returns its result through a closure, and returns a future for that result.
+/// `start` is called with the closure, which must be called once, on any thread.
 template <class Answer, class Start>
 QFuture<Answer> awaitedAnswer(Start start)
 {

@@ -7,7 +7,7 @@
 
 namespace quor::toolkit {
 
-/// The folder of the sources, in the file system's encoding. Empty for a user without a home.
+/// Returns the folder of the sources, in the file system's encoding. Empty if the user has no home folder.
 [[nodiscard]] QByteArray calendarRoot(const EventStoreOptions& options);
 
 } // namespace quor::toolkit

@@ -26,15 +26,15 @@ namespace quor::toolkit {
 ///         }
 ///     });
 ///
-/// Saving or deleting an event writes nothing by itself: one commit follows as soon as a second has passed
-/// without another, so that a burst of changes is written at once. Reads see the changes before. A store
-/// that ends within that second loses them. No operation tells its caller of a failure; all go to the error
-/// log. See `EventStoreClient` for threads and access.
+/// Saving or deleting an event does not write it at once. One commit follows when a second has passed without
+/// a further change, so that a burst of changes is written together. Reads see the changes before the commit.
+/// Changes are lost if the store ends within that second. Failures go to the error log, not to the caller.
+/// See `EventStoreClient` for threads and access.
 class CalendarStore final : public EventStoreClient {
 public:
     using Events = std::vector<std::shared_ptr<Event>>;
 
-    /// An entry of a list that reads as a tree of two levels.
+    /// An entry of `calendarSources`.
     struct CalendarSource {
         struct Calendar {
             std::shared_ptr<EventCalendar> calendar;
@@ -49,32 +49,34 @@ public:
     explicit CalendarStore(EventStoreOptions options = {});
     ~CalendarStore();
 
-    /// The events of that calendar in [startDate, endDate), read on the queue, behind what was saved before
-    /// this call. Answers on the main queue; without access or such a calendar at once, on the calling
-    /// thread, with an empty list.
+    /// Reads the events of that calendar in [startDate, endDate) on the queue, after all changes that were
+    /// saved before this call, and calls `completion` on the main queue. Without access or such a calendar,
+    /// calls it at once, on the calling thread, with an empty list.
     void eventsFor(const QString& calendarIdentifier, Date startDate, Date endDate,
         std::function<void(const Events&)> completion);
-    /// The same, to wait for.
+    /// The same, as a future.
     [[nodiscard]] QFuture<Events> eventsFor(const QString& calendarIdentifier, Date startDate, Date endDate);
 
-    /// Null if there is none that holds events. Reads on the calling thread.
+    /// Returns null if there is no such calendar, or if it holds reminders only. Reads on the calling thread.
     [[nodiscard]] std::shared_ptr<EventCalendar> calendar(const QString& identifier) const;
 
-    /// An event of that calendar, which is yet to be filled in and saved. Null if there is no such calendar.
+    /// Returns a new event of that calendar, for the caller to fill in and save. Returns null if there is no
+    /// such calendar.
     [[nodiscard]] std::shared_ptr<Event> newEvent(const QString& calendarIdentifier) const;
 
-    /// Of a series, this one event alone. The fields count as they are when the queue comes to it, mostly
-    /// at once.
+    /// Saves the event; of a series, that occurrence alone. Saves the values that the fields have when the
+    /// queue runs the save, which is mostly at once.
     void saveEvent(const std::shared_ptr<Event>& event);
+    /// Deletes the event; of a series, that occurrence alone.
     void deleteCalendarEvent(const std::shared_ptr<Event>& event);
 
-    /// Removes the calendar with all that is in it, for good, as soon as the queue comes to it.
+    /// Removes the calendar with all its items, on the queue, without waiting for the commit.
     void deleteCalendar(const QString& identifier);
 
-    /// Each source, with its calendars behind it.
+    /// Returns each source, followed by its calendars: a tree of two levels as a flat list.
     [[nodiscard]] std::vector<CalendarSource> calendarSources() const;
 
-    /// Writes a new, empty calendar, on the calling thread. Null if that failed.
+    /// Writes a new, empty calendar on the calling thread. Returns null on failure.
     std::shared_ptr<EventCalendar> createCalendar(
         const EventSource& source, const QString& title, const QColor& color);
 

@@ -17,83 +17,90 @@
 
 namespace quor::toolkit {
 
-/// The calendars and reminder lists of the desktop's user: folders of iCalendar files, shared with other
-/// calendar programs and with synchronisers (Documentation/calendars.md tells what lies on disk).
+/// The calendars and reminder lists of the desktop's user: folders of iCalendar files, which other calendar
+/// programs and synchronisers share. Documentation/calendars.md describes the files.
 ///
-/// Reads see what is on disk at that moment, whoever wrote it, and over it what was saved here without
-/// commit. Nothing but a commit writes files, each atomically, and a file that another program changed
-/// meanwhile is read anew and changed in the fields that were changed here: where both changed the same
-/// field, the save or the commit answers `conflict` and the other program's change stands.
+/// Reads return what is on disk at that moment, with the changes that were saved here and not committed. Only
+/// a commit writes files, each atomically. If another program has changed a file since it was read here, the
+/// changes made here are applied to the new content. If both changed the same field, the save or the commit
+/// fails with `conflict`, and the other program's change stays.
 ///
-/// Broken files, and files above 64 MiB, are skipped, told once in the error log, and never written.
-/// Without access reads are empty and changes answer `accessDenied`. Any thread, several at once.
-/// See `EventStoreChanges` for notices.
+/// Broken files and files above 64 MiB are skipped, reported once in the error log, and never written.
+/// Without access, reads return nothing and changes fail with `accessDenied`. Any thread, several at once.
+/// See `EventStoreChanges` for reports of changes.
 class EventStore final {
 public:
     using Result = EventStoreResult; ///< nullopt: success
     using AccessCompletion = std::function<void(bool granted, const Result& error)>;
-    /// None without access.
+    /// Called with nullopt without access.
     using ReminderCompletion = std::function<void(std::optional<std::vector<std::shared_ptr<Reminder>>>)>;
 
-    /// Costs nothing: the first read looks at the disk.
+    /// Does not read the disk. The first operation does.
     explicit EventStore(EventStoreOptions options = {});
-    /// What was not committed is lost. Completions that are due still come.
+    /// Changes that were not committed are lost. Requested completions are still called.
     ~EventStore();
     EventStore(const EventStore&) = delete;
     EventStore& operator=(const EventStore&) = delete;
 
-    /// `notDetermined` comes from an `authorization` of the options only.
+    /// Returns `notDetermined` only if `options.authorization` does.
     [[nodiscard]] static AuthorizationStatus authorizationStatus(
         EntityType type, const EventStoreOptions& options = {});
 
-    /// Answers on a thread of the store's own. Asks nobody: the user's preferences decide.
+    /// Calls `completion` on a thread that the store owns. Does not ask the user, see
+    /// `EventStoreOptions::authorization`. The error is always nullopt.
     void requestFullAccessToEvents(AccessCompletion completion);
     void requestFullAccessToReminders(AccessCompletion completion);
 
     /// "local" first, then the others by title.
     [[nodiscard]] std::vector<EventSource> sources();
-    /// By source, in the order of `sources`, and by title.
+    /// Sorted by source, in the order of `sources`, then by title.
     [[nodiscard]] std::vector<std::shared_ptr<EventCalendar>> calendars(EntityType type);
     [[nodiscard]] std::vector<std::shared_ptr<EventCalendar>> calendars(
         const EventSource& source, EntityType type);
 
+    /// These return objects that exist only in memory until they are saved.
     [[nodiscard]] std::shared_ptr<EventCalendar> newCalendar(EntityType type);
     [[nodiscard]] std::shared_ptr<Event> newEvent();
     [[nodiscard]] std::shared_ptr<Reminder> newReminder();
 
-    /// Makes a calendar, or writes its title and colour as far as they were changed here. `commit`: at once,
-    /// with all that is staged; else at the next commit, and a new calendar is seen by reads only then.
+    /// Creates the calendar, or writes its title and colour if they were changed here. With `commit` at once,
+    /// together with all uncommitted changes. Without it at the next commit; until then, reads do not return
+    /// a new calendar.
     Result saveCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit);
-    /// Removes the calendar with its items, here at the next commit unless `commit`. Files that are no items
-    /// of a calendar's stay, and their folder; and all of it where an item that moves to another calendar
-    /// could not be written there.
+    /// Removes the calendar with its items, at once with `commit`, otherwise at the next commit. Files of
+    /// other kinds stay, and with them the folder. The calendar stays as a whole if one of its items moves to
+    /// another calendar and could not be written there.
     Result removeCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit);
 
-    /// Of one event of a series, `thisEvent` changes it alone, and `futureEvents` it and those behind it,
-    /// which become a series of their own (with the whole series, from its first on, that one changes).
-    /// Without `commit` the change is staged: reads of this store see it. A failure changes nothing.
+    /// Saves or removes an event. For an occurrence of a series, `thisEvent` changes that occurrence alone.
+    /// `futureEvents` changes it and all later ones, which become a series of their own, or the whole series
+    /// if it is the first occurrence.
+    ///
+    /// Without `commit` the change is staged: reads of this store see it, and the next commit writes it. If
+    /// staging fails, nothing changes.
     Result saveEvent(const std::shared_ptr<Event>& event, EventSpan span, bool commit);
     Result removeEvent(const std::shared_ptr<Event>& event, EventSpan span, bool commit);
     Result saveReminder(const std::shared_ptr<Reminder>& reminder, bool commit);
     Result removeReminder(const std::shared_ptr<Reminder>& reminder, bool commit);
 
-    /// Writes what is staged. Answers the first failure, after trying everything: what met a conflict, or
-    /// is gone, is dropped; what could not be written for another reason stays staged for the next commit.
+    /// Writes all staged changes, and returns the first failure. Changes that fail with `conflict`,
+    /// `notFound` or `unreadable` are dropped. Changes that fail for any other reason stay staged for the
+    /// next commit.
     Result commit();
-    /// Drops what is staged.
+    /// Drops all staged changes.
     void reset();
-    /// Looks at all folders anew.
+    /// Lists all folders again.
     void refreshSourcesIfNecessary();
 
     [[nodiscard]] EventPredicate predicateForEvents(Date start, Date end,
         const std::optional<std::vector<std::shared_ptr<EventCalendar>>>& calendars = std::nullopt) const;
-    /// By start. Of a series, one for each time that it happens in the range, at most 10,000 of them.
+    /// Sorted by start. A series gives one event for each occurrence in the range, at most 10,000.
     [[nodiscard]] std::vector<std::shared_ptr<Event>> eventsMatching(const EventPredicate& predicate);
 
     [[nodiscard]] ReminderPredicate predicateForIncompleteReminders(std::optional<Date> start,
         std::optional<Date> end,
         const std::optional<std::vector<std::shared_ptr<EventCalendar>>>& calendars = std::nullopt) const;
-    /// Answers on a thread of the store's own.
+    /// Calls `completion` on a thread that the store owns.
     void fetchReminders(ReminderPredicate predicate, ReminderCompletion completion);
 
 private:

@@ -9,23 +9,23 @@
 
 namespace quor::toolkit {
 
-/// Notices of changes to the calendars of a root folder, whoever made them: a store of this process when it
-/// commits, another process, a synchroniser. Needs no `EventStore`. Changes that arrive together give one
-/// notice. The root is made where it is missing. A machine that can watch no more folders gives no notices.
+/// Reports changes to the calendars of a root folder, by this process or any other. Needs no `EventStore`.
+/// Changes that arrive together are reported once. Makes the root if it is missing. Where the machine can
+/// watch no more folders, nothing is reported.
 ///
 ///     EventStoreChanges changes(options);
 ///     subscription_ = changes.subscribe([] { ... });
 class EventStoreChanges final {
 public:
     explicit EventStoreChanges(const EventStoreOptions& options = {});
-    /// Ends all subscriptions; not from within a handler.
+    /// Ends all subscriptions. Must not be called from within a handler.
     ~EventStoreChanges();
     EventStoreChanges(const EventStoreChanges&) = delete;
     EventStoreChanges& operator=(const EventStoreChanges&) = delete;
 
-    /// Calls `changed` after each change that is made from now on, on a thread of this object's own, until
-    /// the subscription ends. Ending it waits for a call that is under way on that thread, unless it is
-    /// ended in that call. Any thread. The subscription may outlive this object.
+    /// Calls `changed` after each later change, on a thread that this object owns, until the subscription
+    /// ends. The end waits for a running call, except when it comes from within that call. Any thread. The
+    /// subscription may outlive this object.
     [[nodiscard]] platform::Subscription subscribe(std::function<void()> changed);
 
 private:

@@ -16,36 +16,36 @@
 
 namespace quor::toolkit {
 
-/// What `CalendarStore` and `ReminderStore` have in common: asking for access, notices of changes, and the
-/// queue that reads and writes run on, one at a time and in order.
+/// Base of `CalendarStore` and `ReminderStore`: access, reports of changes, and a queue on which reads and
+/// writes run one at a time and in order.
 ///
-/// There is no `EventStore` before `requestAccess`: until then everything that needs one does nothing, or
-/// answers with nothing. Refused access looks the same. Make, observe and end a store on the main thread;
-/// the rest may be called on any thread.
+/// There is no `EventStore` before `requestAccess`. Until then, and if access is refused, reads return
+/// nothing and writes have no effect. Create, observe and destroy a store on the main thread. All other
+/// functions may be called on any thread.
 ///
-/// A `QFuture` never needs the main thread to become ready, so even that may wait for one; better, go on
-/// with `.then(context, ...)`.
+/// A `QFuture` becomes ready without the main thread, so the main thread may wait for it. Prefer
+/// `.then(context, ...)`, which does not block.
 class EventStoreClient : public platform::Trackable {
 public:
-    /// Ends all observations: no handler is called any more.
+    /// Ends all observations. No handler is called after this.
     void stopObserving();
 
-    /// Calls `handler` on the main queue once for each burst of changes, whoever made them, as soon as
-    /// `debounceInterval` seconds have passed without a further one. Each call adds an observation.
+    /// Calls `handler` on the main queue once for each burst of changes, by this process or any other, when
+    /// `debounceInterval` seconds have passed without a further change. Each call adds an observation.
     void startObserving(double debounceInterval, std::function<void()> handler);
 
-    /// Looks at all folders anew, on the queue.
+    /// Lists all folders again, on the queue.
     void refreshSources();
 
-    /// Neither granted nor refused yet. Asks nobody.
+    /// Whether access is neither granted nor refused yet. Does not ask the user.
     [[nodiscard]] bool isAccessUndetermined() const;
     [[nodiscard]] bool hasFullAccess() const;
 
-    /// Makes a new `EventStore`, in place of an earlier one, and answers on the main queue whether access
-    /// is granted. What was read from the earlier one stays tied to it, and what was saved there without a
-    /// commit is lost.
+    /// Creates a new `EventStore`, which replaces an earlier one, and calls `completion` on the main queue.
+    /// Objects that were read from the earlier store keep their values. Changes that were saved there and not
+    /// committed are lost.
     void requestAccess(std::function<void(bool granted)> completion);
-    /// The same, to wait for.
+    /// The same, as a future.
     QFuture<bool> requestAccess();
 
 protected:
@@ -53,13 +53,14 @@ protected:
     /// Waits for the blocks on the queue.
     ~EventStoreClient();
 
-    /// None before access was requested. Whoever uses it holds it: it may be replaced at any moment.
+    /// Null before access was requested. Keep the result while you use it, since the store may be replaced at
+    /// any moment.
     [[nodiscard]] std::shared_ptr<EventStore> eventStore() const;
 
-    /// What weak references to this object are made of: gone as it ends. Its value is the `EventStore`.
+    /// Owns the `EventStore`. Blocks on the queue refer to it weakly, since it ends with this object.
     using Holder = SynchronizedAccess<std::shared_ptr<EventStore>>;
     [[nodiscard]] std::weak_ptr<Holder> holder() const { return holder_; }
-    /// What the holder has; none if it has gone.
+    /// Null if the holder has ended.
     [[nodiscard]] static std::shared_ptr<EventStore> eventStore(const std::weak_ptr<Holder>& holder);
 
     [[nodiscard]] platform::DispatchQueue& accessQueue() { return accessQueue_; }
@@ -72,7 +73,7 @@ private:
     const EntityType entityType_;
     const EventStoreOptions options_;
     std::shared_ptr<Holder> holder_ = std::make_shared<Holder>();
-    std::optional<EventStoreChanges> changes_; ///< from the first observation on
+    std::optional<EventStoreChanges> changes_; ///< exists from the first observation on
     std::vector<std::shared_ptr<Observation>> cancellables_;
     platform::DispatchQueue accessQueue_;
 };

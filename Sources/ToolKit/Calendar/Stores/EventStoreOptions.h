@@ -10,14 +10,13 @@
 
 namespace quor::toolkit {
 
-/// Which calendars an `EventStore` works on, and who says whether it may.
+/// The calendars that an `EventStore` works on, and the access to them.
 struct EventStoreOptions {
-    /// The folder of the sources. None: `$XDG_DATA_HOME/calendars`.
+    /// The folder of the sources. nullopt means `$XDG_DATA_HOME/calendars`.
     std::optional<QString> root;
 
-    /// Asked at each operation, on its thread. Empty: the user's preferences, where the standard defaults'
-    /// keys `calendarAccessDenied` and `reminderAccessDenied`, set to true, refuse access; it is granted
-    /// else.
+    /// Called by each operation, on its thread. If empty, the user's preferences decide: access is granted
+    /// unless `calendarAccessDenied` or `reminderAccessDenied` is true in the standard defaults.
     std::function<AuthorizationStatus(EntityType)> authorization;
 };
 

@@ -10,19 +10,19 @@
 
 namespace quor::toolkit {
 
-/// Which events to read: those that overlap [startDate, endDate), and those without length that lie in it.
+/// Selects events that overlap [startDate, endDate), and events without length that lie in it.
 struct EventPredicate {
     platform::Date startDate;
     platform::Date endDate;
-    std::optional<std::vector<QString>> calendarIdentifiers; ///< none: all calendars
+    std::optional<std::vector<QString>> calendarIdentifiers; ///< nullopt selects all calendars
 };
 
-/// Which reminders to read: those that are not completed and are due in [startDate, endDate). An absent end
-/// is open; where both are absent, reminders without a due date are meant too.
+/// Selects reminders that are not completed and are due in [startDate, endDate). A missing bound is open. If
+/// both are missing, reminders without a due date are selected too.
 struct ReminderPredicate {
     std::optional<platform::Date> startDate;
     std::optional<platform::Date> endDate;
-    std::optional<std::vector<QString>> calendarIdentifiers; ///< none: all calendars
+    std::optional<std::vector<QString>> calendarIdentifiers; ///< nullopt selects all calendars
 };
 
 } // namespace quor::toolkit

@@ -12,14 +12,14 @@
 
 namespace quor::toolkit {
 
-/// The user's reminders, to read: lists and what is due.
+/// The user's reminders, for reading.
 ///
 ///     ReminderStore store;
 ///     store.requestAccess([&](bool granted) {
 ///         store.remindersFor(start, end, std::nullopt, [](const ReminderStore::Reminders& due) { ... });
 ///     });
 ///
-/// See `EventStoreClient` for threads and access. Reads run on the calling thread or the event store's.
+/// See `EventStoreClient` for threads and access.
 class ReminderStore final : public EventStoreClient {
 public:
     using Calendars = std::vector<std::shared_ptr<EventCalendar>>;
@@ -27,15 +27,16 @@ public:
 
     explicit ReminderStore(EventStoreOptions options = {});
 
-    /// The calendars that hold reminders, by source.
+    /// Returns the calendars that hold reminders, by source. Reads on the calling thread.
     [[nodiscard]] Calendars reminderCalendars() const;
 
-    /// Reminders that are not completed and are due in [startDate, endDate), of all calendars if none are
-    /// named. Answers on a thread of the event store's own, which must not wait for the main thread nor end
-    /// this object; before access was requested at once, on the calling thread, with an empty list.
+    /// Reads the reminders that are not completed and are due in [startDate, endDate), in all calendars if
+    /// `calendars` is nullopt. Calls `completion` on a thread that the event store owns; there it must not
+    /// wait for the main thread, nor destroy this object. Before access was requested, calls it at once, on
+    /// the calling thread, with an empty list.
     void remindersFor(Date startDate, Date endDate, const std::optional<Calendars>& calendars,
         std::function<void(const Reminders&)> completion);
-    /// The same, to wait for.
+    /// The same, as a future.
     [[nodiscard]] QFuture<Reminders> remindersFor(
         Date startDate, Date endDate, const std::optional<Calendars>& calendars = std::nullopt);
 };
