@@ -20,7 +20,7 @@ void require(bool condition)
         std::abort();
 }
 
-/// The calendar of one fuzzing process.
+/// The folder of one fuzzing process.
 class Folder final {
 public:
     Folder() { require(QDir(root_.path()).mkpath(u"local/work"_s)); }
@@ -40,7 +40,7 @@ public:
     }
 
 private:
-    QTemporaryDir root_{u"/dev/shm/CalendarFuzzer-XXXXXX"_s}; // a disk would cost most of the runs
+    QTemporaryDir root_{u"/dev/shm/CalendarFuzzer-XXXXXX"_s}; // in memory: a disk would take most of the time
 };
 
 std::vector<std::shared_ptr<Event>> year(EventStore& store)
@@ -56,7 +56,7 @@ void editFirst(const Folder& folder, EventStore& store, const std::vector<std::s
     const QString title = u"Changed; by, us\\n\n"_s;
     event->setTitle(title);
     if (const auto failure = store.saveEvent(event, EventSpan::thisEvent, true)) {
-        // Two items of one identifier may disagree; nothing else may be in the way.
+        // The save fails if two items with one identifier disagree, but never for an unknown reason.
         require(failure->kind() != EventStoreError::Kind::failed);
         return;
     }

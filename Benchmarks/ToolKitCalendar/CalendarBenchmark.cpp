@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// A month out of a calendar of 10,000 events that lie in a file each, after the first scan, against walking
-// the same events by hand, parsed beforehand. Each round reads the twelve months of a year, one by one.
+// Reads a month from a calendar of 10,000 events in a file each, after the first scan, and compares that with
+// two floors, which walk the same events by hand. Each round reads the twelve months of a year, one by one.
 //
-// Ours looks whether anything changed on disk and opens the calendar's folder each time, finds events that
-// happen once by an index of their starts, parses and expands each series' rules anew, and makes objects that
-// can be saved. The floors look at no disk. Both walk all events and expand series with libical alone:
-// `components` keeps what libical parsed and reads times there, and the fields of what overlaps; `fields` had
-// everything read beforehand too, and merely compares two numbers and copies.
+// Our store checks the disk for changes and opens the calendar's folder for each read. It finds events that
+// happen once by an index of their starts, parses and expands the rules of each series, and creates objects
+// that can be saved. The floors do not touch the disk. Both walk all events and expand series with libical
+// alone. `components` keeps libical's components, and reads times from all of them and fields from those that
+// overlap. `fields` has times and fields read beforehand; it compares two numbers per event and copies.
 #include "CalendarByHand.h"
 #include "ToolKit/Calendar/Stores/EventStore.h"
 
@@ -47,7 +47,7 @@ Month month(std::size_t number)
     return {day(number % 12), day(number % 12 + 1)};
 }
 
-/// What people repeat; most of it ends some day. 2022 began on a Saturday.
+/// Rules as people use them; most of them end. 2022 began on a Saturday.
 QByteArray rule(int number, std::int64_t start)
 {
     const auto weekday = static_cast<std::size_t>((start - firstDay) / aDay % 7);
@@ -69,10 +69,10 @@ QByteArray rule(int number, std::int64_t start)
     }
 }
 
-/// Series are of a zone with summer time, the others of UTC.
+/// Series are in a zone with summer time, other events in UTC.
 QByteArray event(int number, bool recurs)
 {
-    // Spread over the years without order, on quarters of an hour of the working day, the same in each run.
+    // Scattered over the years, on quarter hours of the working day, the same in each run.
     const std::int64_t place = number * 2'654'435'761LL % (std::int64_t(years) * 365 * 40);
     const std::int64_t start = firstDay + place / 40 * aDay + 8 * 3600 + place % 40 * 900;
     const auto time = [&](const char* name, std::int64_t seconds) {
@@ -128,7 +128,7 @@ std::vector<std::shared_ptr<Event>> read(EventStore& store, const Month& range)
     return store.eventsMatching(store.predicateForEvents(range.start, range.end));
 }
 
-/// Whether both floors find what ours finds, in each month. Also does ours' first scan.
+/// Whether the store and both floors find the same events, in each month. Also makes the store's first scan.
 bool areEqual(Calendar& calendar)
 {
     const auto sorted = [](std::vector<EventFields> list) {
@@ -151,7 +151,7 @@ bool areEqual(Calendar& calendar)
 
 using Calendars = std::map<int, std::unique_ptr<Calendar>>;
 
-/// Made when it is asked for first.
+/// Makes the calendar at the first call.
 Calendar& calendar(Calendars& calendars, int recurringPercent)
 {
     auto& found = calendars[recurringPercent];
@@ -165,7 +165,7 @@ void readMonths(benchmark::State& state, Calendars& calendars, Read readMonth)
 {
     Calendar& found = calendar(calendars, int(state.range(0)));
     if (!areEqual(found))
-        state.SkipWithError("ours and the floors find different events");
+        state.SkipWithError("the store and the floors find different events");
     std::size_t count = 0;
     for ([[maybe_unused]] const auto _ : state) {
         for (std::size_t i = 0; i < 12; ++i) {
@@ -177,7 +177,7 @@ void readMonths(benchmark::State& state, Calendars& calendars, Read readMonth)
     state.counters["events"] = benchmark::Counter(double(count), benchmark::Counter::kAvgIterations);
 }
 
-/// A new store's first read, which reads and parses all files.
+/// The first read of a new store, which reads and parses all files.
 void firstScan(benchmark::State& state, Calendars& calendars)
 {
     const Calendar& found = calendar(calendars, int(state.range(0)));

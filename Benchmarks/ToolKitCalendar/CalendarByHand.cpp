@@ -22,7 +22,7 @@ std::time_t seconds(Date date)
     return static_cast<std::time_t>(platform::secondsSince1970(date));
 }
 
-/// Calls `visit` with the starts of those that overlap [start, end).
+/// Calls `visit` with the start of each occurrence that overlaps [start, end).
 template <class Visit>
 void expand(icalrecurrencetype rule, icaltimetype first, icaltimezone* zone, std::time_t length,
     std::time_t start, std::time_t end, Visit visit)
@@ -31,7 +31,7 @@ void expand(icalrecurrencetype rule, icaltimetype first, icaltimezone* zone, std
     if (!icaltime_is_null_time(rule.until))
         rule.until = icaltime_convert_to_zone(rule.until, zone);
     icalrecur_iterator* const iterator = icalrecur_iterator_new(rule, first);
-    if (rule.count == 0) { // else the rule counts from its first one
+    if (rule.count == 0) { // a rule with a count is walked from its first occurrence
         icaltimetype from = icaltime_from_timet_with_zone(start - aDay, 0, zone);
         from.zone = nullptr;
         if (icaltime_compare(from, first) > 0)

@@ -11,18 +11,19 @@
 
 namespace quor::benchmarks {
 
-/// A folder's events as somebody would read them with libical alone: parsed once, walked whole for each
-/// question. Knows no more than the benchmark needs: one event a file, shorter than a day, with an end, of
-/// UTC or of a zone of the machine's.
+/// The events of a folder, read with libical alone: parsed once, then all of them walked for each query.
+/// Supports only what the benchmark needs: one event per file, shorter than a day, with an end, in UTC or in
+/// a zone that the machine knows.
 class CalendarByHand final {
 public:
     using Fields = std::vector<toolkit::EventFields>;
 
     explicit CalendarByHand(const QString& folder);
 
-    /// Those that overlap [start, end), by start; times and fields are read in libical's components.
+    /// Returns the events that overlap [start, end), by start. Reads times and fields from libical's
+    /// components.
     [[nodiscard]] Fields walkComponents(platform::Date start, platform::Date end) const;
-    /// The same, with times, fields and rules that were read when the folder was.
+    /// The same, from times, fields and rules that the constructor read.
     [[nodiscard]] Fields walkFields(platform::Date start, platform::Date end) const;
 
 private:

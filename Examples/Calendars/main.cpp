@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Plans a month in a calendar of its own, in a temporary folder or in the one where yours are:
+// Plans a month in a calendar of its own, in a temporary folder or in the folder of your own calendars:
 //     example-calendars ~/.local/share/calendars
 #include <ToolKit/Calendar/Stores/CalendarStore.h>
 #include <ToolKit/Calendar/Stores/ReminderStore.h>
@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Sources and their calendars come as one list, each calendar behind its source.
+// The list has each source, followed by its calendars.
 void listCalendars(const CalendarStore& store, QTextStream& out)
 {
     for (const auto& entry : store.calendarSources()) {
@@ -50,11 +50,11 @@ void plan(
     event->setTitle(title);
     event->setStartDate(start);
     event->setEndDate(start + 45min);
-    event->setRecurrenceRule(rule); // for an event that happens once, none
+    event->setRecurrenceRule(rule); // empty for an event that happens once
     store.saveEvent(event);
 }
 
-// A reminder store only reads. The event store below it writes them, too, and tells of failures.
+// A `ReminderStore` only reads. An `EventStore` also writes reminders, and returns failures.
 std::optional<EventStoreError> remind(const EventStoreOptions& options, const QString& title, Date due)
 {
     EventStore store(options);
@@ -89,13 +89,13 @@ int main(int argc, char** argv)
     parser.setApplicationDescription(u"Plans a month in a calendar of its own."_s);
     parser.addHelpOption();
     parser.addPositionalArgument(
-        u"folder"_s, u"Where calendars are; a temporary one without it."_s, u"[folder]"_s);
+        u"folder"_s, u"The folder of the calendars. Default: a temporary one."_s, u"[folder]"_s);
     parser.process(application);
-    EventStoreOptions options; // as they are, they name the user's own calendars
+    EventStoreOptions options; // the defaults mean the user's own calendars
     options.root = parser.positionalArguments().value(0, folder.path());
     QTextStream out(stdout);
 
-    // Nothing is there before access was requested. Once it is granted, the answer comes at once.
+    // Without access, reads return nothing.
     CalendarStore store(options);
     const auto calendar = store.requestAccess().result() ? findOrCreate(store, u"Quor"_s) : nullptr;
     if (!calendar) {
@@ -109,8 +109,8 @@ int main(int argc, char** argv)
     plan(store, calendar->calendarIdentifier(), u"Review"_s, start + 10h, u"FREQ=WEEKLY;COUNT=4"_s);
     plan(store, calendar->calendarIdentifier(), u"Travel"_s, start + 15h, {});
 
-    // Both are written together, a second after the last of them. Whoever changes a calendar, this program
-    // or another one, the handler hears of it, once for a burst.
+    // Both events are written together, a second after the last change. The handler is called once for a
+    // burst of changes, by this program or any other.
     store.startObserving(0.1, [] { QCoreApplication::quit(); });
     QTimer::singleShot(10s, [] { QCoreApplication::exit(1); });
     if (QCoreApplication::exec() != 0) {
@@ -119,7 +119,7 @@ int main(int argc, char** argv)
     }
     store.stopObserving();
 
-    // A series comes as its single events.
+    // A series gives one event for each occurrence.
     for (const auto& event :
         store.eventsFor(calendar->calendarIdentifier(), start, start + 31 * 24h).result())
         out << text(event->startDate()) << "  " << event->title() << '\n';

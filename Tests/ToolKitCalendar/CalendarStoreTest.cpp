@@ -28,7 +28,7 @@ protected:
         event->setEndDate(start_ + std::chrono::hours(hours));
         store.saveEvent(event);
     }
-    /// What `store` sees; waits for what it was told to do before.
+    /// The titles that `store` reads, after all that it does on its queue.
     QStringList seen(CalendarStore& store) const
     {
         return titles(store.eventsFor(workID(), start_, end_).result());
@@ -75,7 +75,7 @@ TEST_F(CalendarStoreTest, AnswersWithNothingAtOnceWhereThereIsNothing)
     EXPECT_EQ(answers, 2);
     store.saveEvent(nullptr);
     store.eventsFor(workID(), start_, end_, count);
-    EXPECT_EQ(answers, 2) << "read on the queue, told on the main one";
+    EXPECT_EQ(answers, 2) << "the completion runs on a later turn of the main queue";
     EXPECT_TRUE(waitFor([&] { return answers == 3; }));
 
     for (const auto status : {AuthorizationStatus::notDetermined, AuthorizationStatus::denied}) {
@@ -126,7 +126,8 @@ TEST_F(CalendarStoreTest, ListsMakesAndRemovesCalendars)
     EXPECT_EQ(std::get<CalendarStore::CalendarSource::Source>(list[0].value).source, *work_->source());
     EXPECT_EQ(std::get<CalendarStore::CalendarSource::Calendar>(list[1].value).calendar->title(), u"Home"_s);
 
-    // A second request begins anew: what the first knew stays as it was, what it had not committed goes.
+    // A second request makes a new store: objects of the first keep their values, uncommitted changes are
+    // lost.
     const auto known = store->calendar(workID());
     save(*store, u"never committed"_s);
     ASSERT_EQ(seen(*store).size(), 1);

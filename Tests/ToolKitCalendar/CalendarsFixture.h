@@ -41,13 +41,13 @@ protected:
     const toolkit::Date end_ = start_ + std::chrono::hours(24);
     QTemporaryDir folder_;
     std::atomic<toolkit::AuthorizationStatus> status_ = toolkit::AuthorizationStatus::fullAccess;
-    std::atomic<std::thread::id> exempt_; ///< the thread that has access whatever the status
+    std::atomic<std::thread::id> exempt_; ///< this thread has access in spite of the status
     const toolkit::EventStoreOptions options_{folder_.path(), [this](auto) {
                                                   return exempt_ == std::this_thread::get_id()
                                                       ? toolkit::AuthorizationStatus::fullAccess
                                                       : status_.load();
                                               }};
-    toolkit::EventStore there_{{folder_.path(), {}}}; ///< somebody else's
+    toolkit::EventStore there_{{folder_.path(), {}}}; ///< another program's store
     const std::shared_ptr<toolkit::EventCalendar> work_ = newCalendar(QStringLiteral("Work"));
 };
 

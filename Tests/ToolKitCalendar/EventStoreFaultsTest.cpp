@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What others do to the files: edits at the same time, broken and foreign content, folders that go.
+// Files that other programs change at the same time, broken and foreign content, folders that disappear.
 #include "TestCalendars.h"
 
 #include <gmock/gmock.h>
@@ -48,7 +48,7 @@ TEST_F(Faults, TwoProgramsThatSaveOneEventLoseNothing)
     for (const char* part : {"SUMMARY:Ours", "LOCATION:theirs", "X-OWN;P=", "TRIGGER:-PT5M"})
         EXPECT_THAT(text.toStdString(), testing::HasSubstr(part));
 
-    // The same field: theirs stands, and we are told.
+    // The same field: their change stays, and our commit fails.
     ours[0]->setTitle(u"Again"_s);
     ASSERT_FALSE(store_.saveEvent(ours[0], EventSpan::thisEvent, false));
     calendars_.write(u"a.ics"_s, TestCalendars::event("a", "SUMMARY:Theirs\nDTSTART:20261102T090000Z"));
@@ -265,7 +265,7 @@ TEST_F(Faults, AnEventThatCannotMoveIsNotLostAndStopsNothingElse)
         listed(events(store_, "2026-11-01T00:00", "2026-12-01T00:00")), QStringList{u"A@11-02 09:00"_s});
     EXPECT_EQ(calendars_.files(), QStringList{u"a.ics"_s});
 
-    // A calendar goes with what is staged in it, and only when that is committed.
+    // A calendar is removed by the commit, not before, and with it what is staged in it.
     const auto calendar = store_.calendars(EntityType::event).at(0);
     writeFile(calendars_.path(u"local/team/color"_s), "#FF0000AA\n");
     calendar->setTitle(u"Team"_s);
@@ -275,5 +275,21 @@ TEST_F(Faults, AnEventThatCannotMoveIsNotLostAndStopsNothingElse)
     EXPECT_EQ(all().size(), 1u);
     ASSERT_FALSE(store_.commit());
     EXPECT_TRUE(all().empty());
+    EXPECT_FALSE(QFile::exists(calendars_.path(u"local/team"_s)));
+}
+
+TEST_F(Faults, FilesOfKilledWritersGoWithTheNextCommit)
+{
+    const QString leftover = calendars_.path(u"local/team/.quor-1z2y3x.new"_s);
+    const QString foreign = calendars_.path(u"local/team/.sync"_s);
+    ASSERT_TRUE(writeFile(leftover, "half a cal") && writeFile(foreign, "x"));
+    const auto event = newEvent(store_, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00");
+    EXPECT_TRUE(QFile::exists(leftover)) << "reads do not write";
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, true));
+    EXPECT_FALSE(QFile::exists(leftover));
+    EXPECT_TRUE(QFile::remove(foreign));
+    ASSERT_TRUE(writeFile(leftover, "half a cal"));
+    ASSERT_FALSE(store_.removeCalendar(event->calendar(), true));
+    EXPECT_TRUE(store_.calendars(EntityType::event).empty());
     EXPECT_FALSE(QFile::exists(calendars_.path(u"local/team"_s)));
 }

@@ -62,7 +62,7 @@ TEST_F(Recurrence, RulesAndZones)
             "2026-07-02T09:00", {u"A@07-02 07:00"_s}},
         {"DTSTART;TZID=Nowhere:20261102T090000", "2026-11-02T00:00", "2026-11-03T00:00",
             {u"A@11-02 08:00"_s}},
-        // Searches without end, and what nobody can tell.
+        // Rules without any match, and impossible dates.
         {"DTSTART:20000101T090000Z\nRRULE:FREQ=SECONDLY;BYMONTH=2;BYMONTHDAY=30", "2026-01-01T00:00",
             "2026-02-01T00:00", {}},
         {"DTSTART:20000101T090000Z\nRRULE:FREQ=DAILY;BYMONTH=2;BYMONTHDAY=30", "2026-01-01T00:00",
@@ -97,7 +97,7 @@ TEST_F(Recurrence, OneOfASeriesIsMovedAndRemoved)
     EXPECT_EQ(shown("2026-11-01T00:00", "2026-12-01T00:00"), expected);
     EXPECT_EQ(shownElsewhere("2026-11-01T00:00", "2026-12-01T00:00"), expected);
 
-    // The moved one again, then it alone is gone.
+    // The moved occurrence is changed again, then removed.
     all = events(store_, "2026-11-20T00:00", "2026-11-21T00:00");
     EXPECT_EQ(all.at(0)->occurrenceDate(), utc("2026-11-03T09:00"));
     all[0]->setTitle(u"C"_s);
@@ -124,7 +124,7 @@ TEST_F(Recurrence, FutureEventsBecomeASeriesOfTheirOwn)
     EXPECT_EQ(shownElsewhere("2026-10-23T00:00", "2026-12-01T00:00"),
         (QStringList{u"A@10-23 07:00"_s, u"A@10-24 07:00"_s, u"B@10-25 09:00"_s, u"B@10-26 09:00"_s,
             u"B@10-28 09:00"_s, u"B@10-29 09:00"_s}));
-    // From its first one on: all of it, with what was removed.
+    // From its first occurrence on: the whole series, with the removed occurrences.
     ASSERT_TRUE(all[5]->isRecurring());
     all[5]->setStartDate(utc("2026-10-25T10:00"));
     all[5]->setEndDate(utc("2026-10-25T10:30"));

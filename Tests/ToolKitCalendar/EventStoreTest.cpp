@@ -157,7 +157,7 @@ TEST(EventStore, ChangesAreNoticedWhoeverMakesThem)
             newEvent(store, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00"), EventSpan::thisEvent, true));
     }));
     EXPECT_TRUE(isNoticed([&] { QDir(calendars.path()).mkpath(u"new/calendar"_s); }));
-    // Folders of folders take a moment to be watched, which another notice tells.
+    // The new folder in the new folder is watched a moment later, when the next change is reported.
     EXPECT_TRUE(waitFor([&] {
         writeFile(calendars.path(u"new/calendar/displayname"_s), "N");
         return store.calendars(EntityType::event).at(1)->title() == u"N";
