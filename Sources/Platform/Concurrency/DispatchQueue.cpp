@@ -12,8 +12,8 @@
 
 namespace quor::platform {
 
-// Every block draws a ticket when it is submitted and runs when its number is up, whichever thread
-// runs it. Shared with whoever runs a block, who may outlive a queue that ends within that block.
+// Every block gets a ticket when it is submitted. It runs when its ticket is being served, on the worker or
+// on the thread that called sync. The threads share the state, as a block can destroy the queue.
 struct DispatchQueue::State {
     using Ticket = std::uint64_t;
     struct Waiting {
@@ -32,7 +32,7 @@ struct DispatchQueue::State {
         lock.unlock();
         if (block)
             block();
-        block = nullptr; // what it holds is let go of in its turn as well
+        block = nullptr; // destroys what the block captured before the next block runs
         lock.lock();
         occupant = {};
         ++serving;
@@ -51,7 +51,7 @@ struct DispatchQueue::State {
             auto block = std::move(waiting.front().block);
             waiting.pop_front();
             run(lock, std::move(block));
-            // Nobody is woken to see that it is not their turn.
+            // The other threads need not wake up if the next block is this worker's again.
             if (waiting.empty() || waiting.front().ticket != serving)
                 changed.notify_all();
         }
@@ -60,7 +60,7 @@ struct DispatchQueue::State {
     const QByteArray label;
     std::mutex mutex;
     std::condition_variable changed;
-    std::deque<Waiting> waiting; // for the worker; a thread within sync waits by itself
+    std::deque<Waiting> waiting; // the async blocks
     std::thread::id occupant;
     Ticket issued = 0;
     Ticket serving = 0;
@@ -91,7 +91,7 @@ DispatchQueue::~DispatchQueue()
 
 void DispatchQueue::async(std::function<void()> block)
 {
-    const auto state = state_; // the block may end this queue, even before this call returns
+    const auto state = state_; // the block may destroy this queue, even before this call returns
     {
         const std::lock_guard lock(state->mutex);
         state->waiting.push_back({state->issued++, std::move(block)});
@@ -103,10 +103,11 @@ void DispatchQueue::async(std::function<void()> block)
 
 void DispatchQueue::runInTurn(std::function<void()> block) noexcept
 {
-    const auto state = state_; // the block may end this queue
+    const auto state = state_; // the block may destroy this queue
     std::unique_lock lock(state->mutex);
     if (state->occupant == std::this_thread::get_id())
-        qFatal("%s: sync from within the queue's own block would never return", state->label.constData());
+        qFatal("%s: a block of this queue called sync on the queue, which would never return",
+            state->label.constData());
     const auto ticket = state->issued++;
     state->changed.wait(lock, [&state, ticket] { return state->serving == ticket; });
     state->run(lock, std::move(block));

@@ -12,31 +12,30 @@
 
 namespace quor::platform {
 
-/// A private queue: blocks run one at a time, in the order of submission.
+/// A serial queue: runs blocks one at a time, in the order of submission.
 ///
 ///     value_ = queue_.sync([&] { return count_; }); // every access to count_ goes through queue_
 ///
-/// Since no two blocks overlap, a queue guards what only its blocks touch. `async` blocks run on one
-/// worker thread, started by the first of them; `sync` blocks run on the calling thread, so a queue
-/// that is only used for `sync` has no thread at all. A block must not throw.
-///
-/// All operations may be called on any thread.
+/// Since no two blocks overlap, data that only the blocks of one queue use needs no other lock. `async`
+/// blocks run on one worker thread, which the first of them starts. `sync` blocks run on the calling
+/// thread, so a queue that is only used for `sync` has no thread. A block must not throw. An empty block
+/// has no effect. Any thread.
 class DispatchQueue final {
 public:
-    /// `label` names the queue in error messages and its thread in debuggers.
+    /// `label` is shown in error messages and, shortened to 15 bytes, as the name of the thread.
     explicit DispatchQueue(QByteArray label = QByteArrayLiteral("DispatchQueue"));
 
-    /// Returns when every block submitted has run. From within one of the queue's own blocks it
-    /// returns at once instead, and the blocks behind that one still run.
+    /// Waits until all submitted blocks have run. If one of the queue's own blocks destroys the queue,
+    /// the destructor returns at once, and the blocks that were submitted still run.
     ~DispatchQueue();
     DispatchQueue(const DispatchQueue&) = delete;
     DispatchQueue& operator=(const DispatchQueue&) = delete;
 
-    /// Runs `block` later, behind all that was submitted before.
+    /// Submits `block` and returns without waiting for it.
     void async(std::function<void()> block);
 
-    /// Runs `block` behind all that was submitted before, and returns what it returned. From within
-    /// one of the queue's own blocks this could never return: a fatal error.
+    /// Submits `block`, waits until it has run, and returns its result. Ends the process with an error
+    /// message if called from one of the queue's own blocks, as the call would wait for itself.
     template <typename Block>
     std::invoke_result_t<Block&> sync(Block&& block);
 
@@ -46,7 +45,7 @@ private:
     void runInTurn(std::function<void()> block) noexcept;
 
     std::shared_ptr<State> state_;
-    std::thread worker_; ///< guarded by the state's mutex
+    std::thread worker_; ///< Guarded by the state's mutex.
 };
 
 template <typename Block>

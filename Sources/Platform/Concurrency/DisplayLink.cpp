@@ -13,7 +13,7 @@ namespace quor::platform {
 
 namespace {
 
-// Screens that are not real tell odd rates.
+// Virtual screens report rates such as 0.
 std::chrono::nanoseconds frameOf(double refreshRate)
 {
     constexpr double leastRate = 1;

@@ -13,11 +13,11 @@ class QScreen;
 
 namespace quor::platform {
 
-/// Calls back once for every refresh of a screen, on a thread of its own, while it is started.
+/// A timer that calls back at the refresh rate of a screen, on a thread of its own.
 ///
-/// The pace is the screen's refresh rate, also when that changes; once the screen has gone, its last one.
-/// It is not in step with the picture on the screen. A callback that takes longer than a frame has those
-/// in between left out. Without a start there is no thread. Main thread, but for the callback.
+/// It follows changes of the rate, and keeps the last rate when the screen is removed. Calls are not
+/// synchronized with the moments at which the screen shows a picture. While a callback takes longer than
+/// a frame, the calls that it misses are left out. Main thread, except for the callback.
 class DisplayLink final {
 public:
     explicit DisplayLink(const QScreen& screen);
@@ -25,15 +25,18 @@ public:
     DisplayLink(const DisplayLink&) = delete;
     DisplayLink& operator=(const DisplayLink&) = delete;
 
-    /// What is called; to be set while this is stopped. It may not throw, nor touch what only
-    /// the main thread may.
+    /// Sets the closure to call. Only while stopped. It runs on the thread of this object and must not
+    /// throw.
     void setOutputCallback(std::function<void()> callback);
 
     [[nodiscard]] bool isRunning() const { return thread_.joinable(); }
-    void start(); ///< The first call comes a frame later. Harmless while it runs, or without a callback.
 
-    /// Returns when no call is under way and none will follow, so the callback may not wait for the
-    /// thread that stops. Harmless while it is stopped.
+    /// Starts the thread. The first call comes one frame later. Has no effect while running, or without a
+    /// callback.
+    void start();
+
+    /// Waits for a call that is under way; after that there are no more calls. So the callback must not
+    /// wait for the thread that calls this. Has no effect while stopped.
     void stop();
 
 private:
@@ -42,7 +45,7 @@ private:
 
     QMetaObject::Connection rateChange_;
     std::function<void()> callback_;
-    std::mutex mutex_; ///< Guards the next three.
+    std::mutex mutex_; ///< Guards the next three members.
     std::condition_variable ending_;
     std::chrono::nanoseconds frame_{};
     bool isEnding_ = false;

@@ -14,7 +14,7 @@ namespace quor::platform {
 
 namespace {
 
-constexpr std::chrono::milliseconds longestDelay(std::numeric_limits<int>::max()); // a timer's
+constexpr std::chrono::milliseconds longestDelay(std::numeric_limits<int>::max()); // the limit of QTimer
 
 } // namespace
 
@@ -22,8 +22,8 @@ struct WorkItem::Pending {
     QTimer timer;
     std::function<void()> work;
 
-    // The timer's connection keeps this object alive, so taking the work also ends the timer:
-    // a cancelled item must not wake the process later.
+    // Also stops the timer, as a cancelled item must not wake the process later, and breaks the connection
+    // that keeps this object alive.
     std::function<void()> take()
     {
         timer.stop();
@@ -62,7 +62,7 @@ void MainQueue::sync(const std::function<void()>& work)
         return;
     if (application->thread() == QThread::currentThread())
         return work();
-    // Work that the queue drops takes the promise with it, which ends the wait too.
+    // If the queue drops the work, it destroys the promise, which ends the wait too.
     auto promise = std::make_shared<std::promise<void>>();
     const auto done = promise->get_future();
     async([&work, promise = std::move(promise)] {
@@ -80,7 +80,7 @@ WorkItem MainQueue::after(std::chrono::milliseconds delay, std::function<void()>
     pending->timer.setTimerType(Qt::PreciseTimer);
     QObject::connect(&pending->timer, &QTimer::timeout, QCoreApplication::instance(), [pending] {
         // NOLINTNEXTLINE(performance-unnecessary-copy-initialization)
-        const auto alive = pending; // taking the work ends the connection that holds this closure
+        const auto alive = pending; // take() breaks the connection that holds this closure
         if (const auto run = alive->take())
             run();
     });

@@ -22,15 +22,15 @@ public:
 
     void remove(Token token)
     {
-        Node gone; // let go of behind the lock: what the closure holds may come back here
+        Node removed; // destroyed after the lock is released, as the closure's captures may call this object
         const std::lock_guard lock(mutex_);
-        gone = observers_.extract(token);
+        removed = observers_.extract(token);
     }
 
     void notify(Key key) const
     {
         for (const auto token : tokens(key)) {
-            // Looked up at its turn: an earlier observer may have taken this one out.
+            // Looked up only now, as an earlier observer may have removed this one.
             if (const auto changed = closure(token))
                 changed();
         }
@@ -127,7 +127,7 @@ Subscription Operation::observe(Key key, std::function<void()> changed)
 
 void Operation::didChangeValueForKey(Key key)
 {
-    const auto observers = observers_; // an observer may let go of this operation
+    const auto observers = observers_; // an observer may release the last reference to this operation
     observers->notify(key);
 }
 

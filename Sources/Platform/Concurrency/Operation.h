@@ -9,19 +9,17 @@
 
 namespace quor::platform {
 
-/// One piece of work with a beginning, an end, and the wish to be cancelled.
+/// One piece of work that can be observed and cancelled, usually run by an `OperationQueue`.
 ///
-/// Override `main()` for work that is done when it returns. For work that ends later than that,
-/// override `isAsynchronous()` to answer true, and `start()`, `isExecuting()` and `isFinished()` to
-/// keep the two states yourself; call `didChangeValueForKey` after each change of one. Such an
-/// operation is over when it announces `isFinished`, on whatever thread, and not when `start()`
-/// returns.
+/// For work that is done when a function returns, override `main()`. For work that ends later, override
+/// `isAsynchronous()` to return true, and override `start()`, `isExecuting()` and `isFinished()`. The
+/// subclass then keeps these two states itself and calls `didChangeValueForKey` after each change of one,
+/// on any thread. Such an operation has finished when it announces `isFinished`, not when `start()` returns.
 ///
-/// Held by `std::shared_ptr`; a queue keeps it until it has finished. All operations may be called on
-/// any thread.
+/// Always owned by a `std::shared_ptr`; a queue shares it until it has finished. Any thread.
 class Operation {
 public:
-    /// What observers can follow.
+    /// The states that can be observed.
     enum class Key { isExecuting, isFinished };
 
     Operation();
@@ -29,15 +27,16 @@ public:
     Operation(const Operation&) = delete;
     Operation& operator=(const Operation&) = delete;
 
-    /// Runs `main()` between the two changes of `isExecuting`, then finishes; a cancelled operation
-    /// finishes at once. A queue calls this, on a thread of its own. A second call does nothing.
+    /// Runs `main()` and finishes. `isExecuting` is true while `main()` runs. A cancelled operation
+    /// finishes without running `main()`. Called once by the queue, on a thread of the queue; further
+    /// calls have no effect.
     virtual void start();
 
-    /// The work. It should look at `isCancelled()` now and then. Must not throw.
+    /// Does the work. Long work should return early once `isCancelled()` is true. Must not throw.
     virtual void main();
 
-    /// Asks the operation to end early. Before its start this keeps `main()` from running; the
-    /// operation still goes through `start()`, and so finishes. Afterwards it is up to `main()`.
+    /// Requests the operation to end early. If it has not started, `main()` will not run, but `start()`
+    /// must still be called for the operation to finish. If it has started, `main()` decides.
     virtual void cancel();
 
     [[nodiscard]] virtual bool isCancelled() const;
@@ -45,13 +44,13 @@ public:
     [[nodiscard]] virtual bool isFinished() const;
     [[nodiscard]] virtual bool isAsynchronous() const;
 
-    /// Calls `changed` after each announced change of `key`, on the thread that announces it, for as
-    /// long as the result lives. A call under way on another thread may outlast the result.
+    /// Calls `changed` after each announced change of `key`, on the thread that announces it, until the
+    /// returned subscription ends. A call that is under way on another thread at that moment continues.
     Subscription observe(Key key, std::function<void()> changed);
 
 protected:
-    /// Tells the observers of `key`. After `isFinished` the operation may be gone: touch nothing of
-    /// it behind this call unless you hold it.
+    /// Calls the observers of `key`. When `isFinished` is announced, an observer can release the last
+    /// reference to this operation, so do not use its members after that call.
     void didChangeValueForKey(Key key);
 
 private:

@@ -31,7 +31,7 @@ private:
 
 } // namespace
 
-// Shared by the queue, its threads and the operations that run, so that each of them may end last.
+// Shared by the queue, its threads and the running operations, any of which can live longest.
 struct OperationQueue::State : std::enable_shared_from_this<State> {
     struct Running {
         std::shared_ptr<Operation> operation;
@@ -53,7 +53,7 @@ struct OperationQueue::State : std::enable_shared_from_this<State> {
             run(operation);
     }
 
-    /// The next operation, with a slot of its own; none when the queue ends.
+    /// Waits for the next operation, and counts it as running. Returns null when the queue ends.
     std::shared_ptr<Operation> begin()
     {
         std::unique_lock lock(mutex);
@@ -68,7 +68,7 @@ struct OperationQueue::State : std::enable_shared_from_this<State> {
 
     void run(const std::shared_ptr<Operation>& operation)
     {
-        // The closure holds this state, and so the operation, until the end is announced.
+        // The closure shares this state, which keeps the operation alive until it has finished.
         auto subscription = operation->observe(
             Operation::Key::isFinished, [state = shared_from_this(), started = operation.get()] {
                 if (started->isFinished())
@@ -79,7 +79,7 @@ struct OperationQueue::State : std::enable_shared_from_this<State> {
             const std::lock_guard lock(mutex);
             isLate = isEnding;
             const auto index = indexOf(operation.get());
-            if (index < running.size()) // else it has been finished by somebody else meanwhile
+            if (index < running.size()) // otherwise it has been finished on another thread meanwhile
                 running[index].finished = std::move(subscription);
         }
         if (isLate)
@@ -89,10 +89,11 @@ struct OperationQueue::State : std::enable_shared_from_this<State> {
             end(operation.get());
     }
 
-    /// Frees the operation's slot. Harmless a second time.
+    /// Counts the operation as running no more. A second call has no effect.
     void end(const Operation* operation)
     {
-        Running ended; // let go of behind the lock: its end may run code of the operation's owner
+        Running
+            ended; // destroyed after the lock is released, as the operation's destructor may call the queue
         const std::lock_guard lock(mutex);
         const auto index = indexOf(operation);
         if (index == running.size())
@@ -186,7 +187,7 @@ void OperationQueue::waitUntilAllAreFinished()
     const auto isOwn
         = [](const std::thread& thread) { return thread.get_id() == std::this_thread::get_id(); };
     if (std::any_of(threads_.begin(), threads_.end(), isOwn))
-        qFatal("OperationQueue: an operation waits for its own queue, which would never end");
+        qFatal("OperationQueue: an operation waits for its own queue, which would never return");
     state_->changed.wait(lock, [this] { return state_->isIdle(); });
 }
 

@@ -10,46 +10,45 @@
 
 namespace quor::platform {
 
-/// Runs operations on threads of its own, in the order in which they were added, so many at a time.
+/// Starts operations in the order in which they were added, on threads of its own, with a limit on how
+/// many run at the same time.
 ///
-/// An operation takes a slot from its start until it has finished; for an asynchronous one that is
-/// when it says so. Threads start with the first operation that needs them, at most `width()` of
-/// them, and end with the queue.
-///
-/// All operations may be called on any thread.
+/// An operation counts against the limit from its start until it has finished. Threads are created when
+/// operations need them, at most `width()`, and end with the queue. Any thread.
 class OperationQueue final {
 public:
-    /// `width`: how many operations run at a time, at least 1.
+    /// `width` is the number of operations that may run at the same time. Values below 1 mean 1.
     explicit OperationQueue(int width = static_cast<int>(std::thread::hardware_concurrency()));
 
-    /// Cancels every operation and returns once each has been through its `start()`; one that is
-    /// asynchronous and still executing then lives on by itself until it has finished. May run within
-    /// one of the queue's own operations.
+    /// Cancels all operations, and waits until `start()` has returned for each of them. An asynchronous
+    /// operation that has not finished by then stays alive until it has. One of the queue's own operations
+    /// may destroy the queue; the destructor then does not wait for that operation.
     ~OperationQueue();
     OperationQueue(const OperationQueue&) = delete;
     OperationQueue& operator=(const OperationQueue&) = delete;
 
-    /// Adds an operation that has not been started and stands in no queue.
+    /// Adds an operation, which must not have been started or added to a queue before.
     void add(std::shared_ptr<Operation> operation);
+    /// Adds an operation that calls `work`.
     void add(std::function<void()> work);
 
-    /// Cancels what runs and what waits. What waits still goes through `start()`, in its turn.
+    /// Cancels all operations that run or wait. For waiting ones `start()` is still called, in their order.
     void cancelAll();
 
-    /// Returns when nothing runs or waits any more. While the queue is suspended with operations
-    /// waiting, that is not before it is resumed. From within one of the queue's own operations it
-    /// could never return: a fatal error.
+    /// Waits until no operation runs or waits. While the queue is suspended and operations wait, it does
+    /// not return. Ends the process with an error message if called from one of the queue's own operations
+    /// on its thread, as the call would wait for itself.
     void waitUntilAllAreFinished();
 
     [[nodiscard]] int width() const;
-    /// A smaller width stops nothing that runs already.
+    /// Operations that run already continue even if the new width is smaller.
     void setWidth(int width);
 
     [[nodiscard]] bool isSuspended() const;
-    /// While suspended no operation is started; those that run go on.
+    /// While suspended, the queue starts no operations. Operations that run already continue.
     void setSuspended(bool suspended);
 
-    /// How many operations run or wait.
+    /// The number of operations that run or wait.
     [[nodiscard]] int operationCount() const;
 
 private:
@@ -58,7 +57,7 @@ private:
     void startThreads();
 
     std::shared_ptr<State> state_;
-    std::vector<std::thread> threads_; ///< guarded by the state's mutex
+    std::vector<std::thread> threads_; ///< Guarded by the state's mutex.
 };
 
 } // namespace quor::platform

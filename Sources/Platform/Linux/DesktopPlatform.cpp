@@ -15,7 +15,7 @@ namespace quor::platform {
 
 namespace {
 
-// Qt would abort if it could not.
+// Qt aborts the process if the display cannot be opened.
 bool defaultDisplayOpens()
 {
     auto* connection = xcb_connect(nullptr, nullptr);
@@ -41,7 +41,7 @@ std::optional<QString> chooseDesktopPlatform(int argc, const char* const* argv)
     if (!qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
         return std::nullopt;
     return display.isEmpty() ? u"there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set"_s
-                             : u"the display %1 cannot be opened"_s.arg(display);
+                             : u"the X display %1 (from DISPLAY) cannot be opened"_s.arg(display);
 }
 
 } // namespace quor::platform

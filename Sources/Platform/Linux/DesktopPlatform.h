@@ -7,13 +7,14 @@
 
 namespace quor::platform {
 
-/// Settles which of Qt's platforms is used; call it before making the QApplication, with the
-/// arguments of `main`. The result says why there can be none, for the user to read; Qt itself would
-/// abort.
+/// Chooses the Qt platform of this process. Call it before creating the QApplication, with the arguments of
+/// `main`. Returns `nullopt` on success. If there is no display that Qt could open, returns the reason as a
+/// text for the user; creating the QApplication would then abort the process.
 ///
-/// The user's own choice (`QT_QPA_PLATFORM`, `-platform`) stands. Otherwise it is X wherever there is
-/// an X server that can be reached, in a Wayland session too, since windows cannot place themselves under
-/// Wayland. Where it chooses, it sets `QT_QPA_PLATFORM`, which child processes inherit.
+/// A choice of the user (`QT_QPA_PLATFORM`, `-platform`) is kept and not checked. Otherwise the platform is
+/// X if the X server in `DISPLAY` can be reached, even in a Wayland session, since windows cannot choose
+/// their position under Wayland. If this function chooses X it sets `QT_QPA_PLATFORM`, which child processes
+/// inherit.
 [[nodiscard]] std::optional<QString> chooseDesktopPlatform(int argc, const char* const* argv);
 
 } // namespace quor::platform

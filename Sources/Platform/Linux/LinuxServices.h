@@ -17,11 +17,11 @@
 
 namespace quor::platform {
 
-/// The real desktop: every service that an application is given, built and ended in the right order.
+/// Owns all services that an application gets on a Linux desktop.
 ///
-/// Made by `main` after the QApplication, and outlives whatever it is handed to. A `main` calls, in
-/// this order: `chooseDesktopPlatform`, `SessionBus::sessionAddress`, the QApplication, this,
-/// `sessionBus().claim`. Main thread only.
+/// `main` creates it after the QApplication. It must outlive every user of the services. The order in a
+/// `main` is: call `chooseDesktopPlatform`; call `SessionBus::sessionAddress` to see whether there is a bus;
+/// create the QApplication; create this; call `sessionBus().claim`. Main thread only.
 class LinuxServices final {
 public:
     LinuxServices() = default;

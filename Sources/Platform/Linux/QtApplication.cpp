@@ -13,13 +13,14 @@ namespace quor::platform {
 
 namespace {
 
-void takeKeyboard(QWindow& window)
+bool takeKeyboard(QWindow& window)
 {
-    if (auto* connection = x11Connection())
-        activateWindow(connection, xcb_window_t(window.winId()));
+    auto* connection = x11Connection();
+    return connection && activateWindow(connection, xcb_window_t(window.winId()));
 }
 
-/// Waits for a window that is shown to be seen, and gives it the keyboard then, unless it is hidden before.
+/// Gives a window the keyboard as soon as it is on the screen. Deletes itself then, or when the window is
+/// hidden or destroyed before.
 class ActivationWhenExposed final : public QObject {
 public:
     explicit ActivationWhenExposed(QWindow& window)
@@ -50,7 +51,7 @@ private:
 
 void QtApplication::terminate()
 {
-    // Not quit(), which asks each window and so could be refused.
+    // Not quit(), which a window could refuse.
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [] { QCoreApplication::exit(); }, Qt::QueuedConnection);
 }
@@ -58,10 +59,9 @@ void QtApplication::terminate()
 void QtApplication::activate(QWidget& window)
 {
     auto* native = window.isVisible() ? window.window()->windowHandle() : nullptr;
-    auto* connection = x11Connection();
-    if (!native || !connection)
+    if (!native || !x11Connection())
         window.activateWindow();
-    else if (!activateWindow(connection, xcb_window_t(native->winId())))
+    else if (!takeKeyboard(*native))
         new ActivationWhenExposed(*native);
 }
 

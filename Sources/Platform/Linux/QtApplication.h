@@ -5,10 +5,10 @@
 
 namespace quor::platform {
 
-/// The application object over Qt's. Needs a QCoreApplication.
+/// The running application on top of Qt's application object, which must exist.
 class QtApplication final : public Application {
 public:
-    /// Holds also when it is called before the event loop runs: the loop then ends at once.
+    /// May be called before the event loop runs: the loop then ends as soon as it starts.
     void terminate() override;
 
     void activate(QWidget& window) override;

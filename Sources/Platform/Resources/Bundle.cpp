@@ -26,8 +26,8 @@ namespace {
 
 using Colors = QHash<QString, DynamicColor>;
 
-// Kept at most, in bytes, and what an image takes beside its pixels. Absent ones are kept too, under
-// whatever names others send.
+// In bytes. The overhead bounds the number of missing images in the cache, whose names can come from other
+// processes.
 constexpr qsizetype imageCacheSize = qsizetype(4) << 20;
 constexpr qsizetype imageOverhead = 256;
 
@@ -79,7 +79,7 @@ Colors readColors(const QString& path)
     return colors;
 }
 
-/// Read at the size at which it is shown, which keeps a vector image crisp.
+// The reader scales, not the caller, so that vector images stay crisp.
 QImage readImage(const QString& path, QSizeF size, qreal devicePixelRatio)
 {
     QImageReader reader(path);
@@ -124,7 +124,7 @@ public:
         const QString base = path + "/Images/"_L1 + key.name;
         QImage image;
         for (const auto suffix : {".svg"_L1, ".png"_L1}) {
-            // Asked first: a reader of a missing file tries every format that it knows.
+            // Checked first, since a reader of a missing file tries every format that it knows.
             if (image.isNull() && QFile::exists(base + suffix))
                 image = readImage(base + suffix, key.size, key.devicePixelRatio);
         }

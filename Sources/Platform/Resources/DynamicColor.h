@@ -7,7 +7,7 @@
 
 namespace quor::platform {
 
-/// A colour that has one value on light ground and another on dark.
+/// A colour with one value for the light and another for the dark colour scheme.
 struct DynamicColor {
     QColor light;
     QColor dark;

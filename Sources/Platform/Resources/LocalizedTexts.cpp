@@ -16,7 +16,7 @@ namespace quor::platform {
 
 namespace {
 
-/// "de-Latn-CH" stands for itself, then for "de-Latn", then for "de".
+// Adds "de-Latn-CH", then "de-Latn", then "de".
 void addWithParents(QStringList& languages, QString language)
 {
     while (!language.isEmpty()) {
@@ -40,7 +40,7 @@ icu::Formattable formattable(const Bundle::Argument& argument)
     return {unicodeString(std::get<QString>(argument))};
 }
 
-/// The language's rules, in the user's region where that is of the same language.
+// The user's locale has the rules of a region, so it is preferred if it is of the text's language.
 icu::Locale localeFor(const QString& language)
 {
     const QString user = QLocale().bcp47Name();

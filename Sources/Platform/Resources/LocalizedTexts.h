@@ -13,21 +13,20 @@
 
 namespace quor::platform {
 
-/// The texts of one bundle, in the user's languages.
+/// The texts of one bundle, looked up in the languages of the current default `QLocale`, then in English.
 ///
-/// A language's table is read when a text is first looked for in it, and kept; a change of the default
-/// locale counts from the next text on. One thread at a time.
+/// Each language's file is read on first use and kept in memory. Not synchronized: one thread at a time.
 class LocalizedTexts final {
 public:
     struct Text {
         QString string;
-        QString language; ///< of the table that had it; empty if none had
+        QString language; ///< The language in which the text was found; empty if it was not found.
     };
 
-    /// `folder`: the bundle's.
+    /// Reads from the bundle's folder. Has no texts if `folder` is empty or does not exist.
     explicit LocalizedTexts(QString folder);
 
-    /// The key itself where no table has it.
+    /// Returns the text of `key` in the first language that has it, otherwise `key` without a language.
     [[nodiscard]] Text text(const QString& key);
 
 private:
@@ -37,16 +36,16 @@ private:
     void followLocale();
 
     QString folder_;
-    std::optional<QLocale> locale_; ///< that `languages_` is for
-    QStringList languages_; ///< those looked in, best first
-    QHash<QString, Table> tables_; ///< by language
+    std::optional<QLocale> locale_; ///< The locale from which `languages_` was made.
+    QStringList languages_; ///< In order of preference.
+    QHash<QString, Table> tables_; ///< By language.
 };
 
-/// The object in the JSON file at `path`; an empty one if there is none.
+/// Returns the object in a JSON file, or an empty object if the file is missing or malformed. Any thread.
 [[nodiscard]] QJsonObject readJsonObject(const QString& path);
 
-/// `text` as an ICU message, with the arguments filled in by the rules of its language; unfilled if it
-/// is malformed. Any thread.
+/// Reads `text` as an ICU message and returns it with the arguments filled in by the rules of its
+/// language. Returns the text unchanged if it has no language or is malformed. Any thread.
 [[nodiscard]] QString formatMessage(
     const LocalizedTexts::Text& text, const std::vector<Bundle::Argument>& arguments);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Services/Appearance.h"
 
+#include "Platform/Lifetime/Callback.h"
+
 #include <utility>
 
 namespace quor::platform {
@@ -36,11 +38,8 @@ void Appearance::apply(std::optional<ColorScheme> own, ColorScheme desktop)
 
 Subscription Appearance::observe(std::function<void()> changed)
 {
-    const auto connection
-        = connect(this, &Appearance::effectiveAppearanceChanged, this, [changed = std::move(changed)] {
-              if (changed)
-                  changed();
-          });
+    const auto connection = connect(this, &Appearance::effectiveAppearanceChanged, this,
+        [changed = Callback<void()>(std::move(changed))] { changed(); });
     return Subscription([connection] { disconnect(connection); });
 }
 

@@ -12,28 +12,28 @@ namespace quor::platform {
 
 enum class ColorScheme { light, dark };
 
-/// Whether this application is light or dark: what the desktop says, unless the application has
-/// chosen for itself.
+/// The colour scheme of this application: the desktop's scheme, unless the application has set its own.
 ///
-/// The desktop's part is fed in through `setDesktopScheme` by whoever listens to the desktop. One
-/// object an application, made before the windows. Main thread only, `effectiveAppearance` too.
+/// The object that listens to the desktop reports the desktop's scheme through `setDesktopScheme`. An
+/// application creates one `Appearance`, before its windows. Main thread only.
 class Appearance final : public QObject {
     Q_OBJECT
 
 public:
     explicit Appearance(QObject* parent = nullptr);
 
-    /// The application's own choice, else the desktop's.
+    /// Returns the application's own scheme if it has set one, otherwise the desktop's.
     [[nodiscard]] ColorScheme effectiveAppearance() const;
 
-    /// The application's own choice; none leaves it to the desktop.
+    /// The application's own scheme; `nullopt` (the initial value) to follow the desktop.
     [[nodiscard]] std::optional<ColorScheme> appearance() const { return own_; }
     void setAppearance(std::optional<ColorScheme> scheme);
 
+    /// Sets the desktop's scheme, which is light at first.
     void setDesktopScheme(ColorScheme scheme);
 
-    /// Calls `changed` after each change of the effective appearance, for as long as the result
-    /// lives. The result may outlive this object.
+    /// Calls `changed` after each change of `effectiveAppearance`, until the returned subscription ends.
+    /// The subscription may outlive this object.
     Subscription observe(std::function<void()> changed);
 
 Q_SIGNALS:

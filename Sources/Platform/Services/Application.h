@@ -5,16 +5,18 @@ class QWidget;
 
 namespace quor::platform {
 
-/// The running application as an object that can be asked to end, and to take the keyboard. Main thread only.
+/// The running application. Main thread only.
 class Application {
 public:
     virtual ~Application() = default;
 
-    /// Ends the event loop, and with it the process, once the current event is done.
+    /// Ends the event loop, and with it the process, after the current event has been handled. Windows
+    /// cannot refuse this.
     virtual void terminate() = 0;
 
-    /// Gives the keyboard to a shown top-level window of this process, also where the user was busy
-    /// elsewhere. Where the desktop has yet to bring the window up, it gets the keyboard then.
+    /// Gives the keyboard to `window`, even while the user is working in another application. `window`
+    /// must be a top-level window of this process for which `show()` was called. If the desktop has not
+    /// yet put it on the screen, it gets the keyboard as soon as the desktop does.
     virtual void activate(QWidget& window) = 0;
 };
 

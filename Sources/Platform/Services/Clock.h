@@ -5,7 +5,7 @@
 
 namespace quor::platform {
 
-/// A moment, in seconds since 1970-01-01 00:00:00 UTC, as a double on the wire.
+/// A moment, in seconds since 1970-01-01 00:00:00 UTC. Stored and exchanged as a `double`.
 using Date = std::chrono::sys_time<std::chrono::duration<double>>;
 
 [[nodiscard]] inline double secondsSince1970(Date date)
@@ -17,8 +17,8 @@ using Date = std::chrono::sys_time<std::chrono::duration<double>>;
     return Date(std::chrono::duration<double>(seconds));
 }
 
-/// Where "now" comes from. Injected, so that whoever draws or logs the time can be run at any moment.
-/// The wall clock may jump either way; nothing may assume that it only rises. Any thread.
+/// The source of the current time, which tests replace by a clock of their own. The time can jump in
+/// both directions, for instance when the user sets the wall clock. Any thread.
 class Clock {
 public:
     virtual ~Clock() = default;

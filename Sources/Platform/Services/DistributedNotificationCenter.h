@@ -8,31 +8,32 @@
 
 namespace quor::platform {
 
-/// What an observer is told: the name alone. Nothing else travels with a notification.
+/// A notification, as passed to observers. It consists of its name only.
 struct Notification {
     QString name;
 };
 
-/// Named signals without payload between the processes of one desktop session.
+/// Exchanges named signals without payload between the processes of one desktop session.
 ///
-/// A post reaches every observer of that exact name, in the poster's own process too, and is lost
-/// where nobody observes. Posts of one process arrive in the order in which it made them; handlers
-/// run on the main thread, from the event loop. Main thread only.
+/// A post reaches every observer of exactly its name, including observers in the posting process. A post
+/// without observers is lost. The posts of one process arrive in the order in which they were made.
+/// Handlers run on the main thread, from the event loop. Main thread only.
 class DistributedNotificationCenter {
 public:
     using Handler = std::function<void(const Notification&)>;
-    /// Names one registration. Never reused within a process.
+    /// Identifies one registration at its notification centre, which never uses a token twice.
     enum class ObserverToken : std::uint64_t {};
 
     virtual ~DistributedNotificationCenter() = default;
 
     virtual void post(const QString& name) = 0;
 
-    /// Calls `handler` at each post of `name` until the token is removed or the centre goes.
+    /// Calls `handler` for each post of `name`, until the returned token is passed to `removeObserver` or
+    /// this object is destroyed. A handler may add and remove observers and destroy this object.
     [[nodiscard]] virtual ObserverToken addObserver(const QString& name, Handler handler) = 0;
 
-    /// Ends the registration: its handler is not called again, not even for posts already on their
-    /// way. A token that is not registered does nothing. May be called from within a handler.
+    /// Ends the registration. Its handler is not called again, not even for posts that have been made
+    /// but not delivered. A token that is not registered is ignored.
     virtual void removeObserver(ObserverToken token) = 0;
 };
 

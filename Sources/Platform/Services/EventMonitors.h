@@ -11,10 +11,10 @@
 
 namespace quor::platform {
 
-/// The value is the number of the type's bit in an `EventMask`.
+/// A kind of input event. The value is the number of the type's bit in an `EventMask`.
 enum class EventType : unsigned { leftMouseDown = 1, leftMouseUp = 2, rightMouseDown = 3, rightMouseUp = 4 };
 
-/// Types of events; 10 is a press of the left or of the right button.
+/// A set of event types.
 using EventMask = std::uint64_t;
 
 [[nodiscard]] constexpr EventMask eventMask(EventType type)
@@ -24,36 +24,39 @@ using EventMask = std::uint64_t;
 
 struct InputEvent {
     EventType type = EventType::leftMouseDown;
-    QPointF screenLocation; ///< Device-independent pixels, as `QCursor::pos()` tells it.
+    QPointF screenLocation; ///< In the coordinates of `QCursor::pos()`.
     Qt::KeyboardModifiers modifiers;
-    QPointer<QWindow> window; ///< The top-level window that it is for; null if that is not ours.
+    QPointer<QWindow> window; ///< The top-level window that gets the event; null if another process owns it.
 };
 
-/// Handlers that are shown the user's input before, or although, it is not meant for them.
+/// Lets an application watch the user's mouse buttons: global monitors see what other applications get,
+/// local monitors see, and may swallow, what this application gets.
 ///
-/// Events come in the order in which they happened, each to all monitors of its type, in the order of
-/// their installation. A handler may add and remove monitors, its own too: a removed one is not called
-/// again, a new one sees the next event. It may not throw. Main thread only.
+/// Each event is passed to all monitors of its type, in the order in which they were added. A handler
+/// may add and remove monitors, including its own: a removed monitor is not called again, a new one
+/// gets the next event. A handler must not throw. Main thread only.
 class EventMonitors {
 public:
-    /// Names one monitor. Never reused within a process.
+    /// Identifies one monitor of this object, which never uses a token twice.
     enum class Token : std::uint64_t {};
 
     using GlobalHandler = std::function<void(const InputEvent&)>;
-    /// Gives the event that the monitors behind it see, none to swallow it. What the window gets, if
-    /// nobody swallows it, stays as it is.
+    /// Returns the event for the monitors that were added later, or `nullopt` to swallow it: then neither
+    /// they nor the window get it. A changed event is not passed to the window, which gets the original.
     using LocalHandler = std::function<std::optional<InputEvent>(const InputEvent&)>;
 
     virtual ~EventMonitors() = default;
 
-    /// Shows `handler` the events that go to other applications. None where the desktop does not tell.
+    /// Calls `handler` for each event of the types in `mask` that goes to another application. Returns
+    /// `nullopt` if the desktop does not report such events; `handler` is then never called.
     [[nodiscard]] virtual std::optional<Token> addGlobalMonitor(EventMask mask, GlobalHandler handler) = 0;
 
-    /// Shows `handler` the events for the windows of this application, before these get them. With a
-    /// swallowed press go the double click and the release of the same button.
+    /// Calls `handler` for each event of the types in `mask` that goes to a window of this application,
+    /// before the window gets it. If a press is swallowed, the double click and the release that follow
+    /// it are kept from the window too. Always returns a token.
     [[nodiscard]] virtual std::optional<Token> addLocalMonitor(EventMask mask, LocalHandler handler) = 0;
 
-    /// A token that is not installed does nothing.
+    /// Removes a monitor of either kind. A token that was removed before is ignored.
     virtual void removeMonitor(Token token) = 0;
 };
 

@@ -12,8 +12,8 @@ class StatusBar;
 class WindowServer;
 class Workspace;
 
-/// What an application needs of the desktop, as references to parts that its `main` has built.
-/// Copy it freely; the parts must outlive every copy.
+/// The services of the desktop that an application uses, as references to objects that its `main` has
+/// created. Cheap to copy; the objects must outlive every copy.
 struct PlatformServices {
     Application& application;
     Clock& clock;

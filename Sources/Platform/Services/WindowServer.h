@@ -10,33 +10,34 @@ class QWindow;
 
 namespace quor::platform {
 
-/// What a window that opens like a menu asks of the window system, and Qt does not offer.
-///
-/// Nothing is set up before the first call, so a program that opens no such window pays nothing.
-/// Main thread only.
+/// The functions of the window system that a window which opens like a menu needs, and that Qt does not
+/// offer. Implementations connect to nothing before the first call. Main thread only.
 class WindowServer {
 public:
     virtual ~WindowServer() = default;
 
-    /// Whether a translucent window is mixed with what lies behind it, rather than with black.
+    /// Whether translucent windows show what lies below them. Without compositing they show black there.
     [[nodiscard]] virtual bool isCompositing() = 0;
 
-    /// Calls `changed` after each change of `isCompositing`, for as long as the result lives, which may
-    /// not outlive this object.
+    /// Calls `changed` after each change of `isCompositing`, until the returned subscription ends, which
+    /// must happen before this object is destroyed.
     virtual Subscription observeCompositing(std::function<void()> changed) = 0;
 
-    /// Has the window on all virtual desktops and in no list of windows, and its content painted anew as
-    /// a whole when it is resized. To be called on a top-level window that has its place and size and was
-    /// not shown yet; it becomes native by this.
+    /// Puts a window on all virtual desktops, keeps it out of task bars and pagers, and has its whole
+    /// content repainted when it is resized. Call it once, on a top-level window that has its geometry
+    /// and was not shown yet. Creates the native window.
     virtual void prepareMenuWindow(QWidget& window) = 0;
 
-    /// Has every key go to `window`, which must be shown, while the active window stays what it is.
-    /// False where that cannot be, or not now because somebody else has the keys: then try again.
+    /// Sends all keys to `window`, which must be shown, without changing the active window. Returns false
+    /// if the window system cannot do that, or if another program holds the keyboard at the moment;
+    /// in that case a later call can succeed.
     [[nodiscard]] virtual bool grabKeyboard(QWindow& window) = 0;
+
+    /// Ends the grab of `window`: the keys go to the active window again when this returns.
     virtual void releaseKeyboard(QWindow& window) = 0;
 
-    /// Whether presses in the windows of other applications can go unseen, as in a Wayland session,
-    /// where the X server shows only those of its own clients.
+    /// Whether global event monitors can miss presses in windows of other applications. This is so in a
+    /// Wayland session, where the X server reports only presses in windows of its own clients.
     [[nodiscard]] virtual bool missesPresses() const = 0;
 };
 

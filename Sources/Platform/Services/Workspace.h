@@ -9,10 +9,10 @@
 
 namespace quor::platform {
 
-/// One application of the session.
+/// A reference to an application of the session, by value. The application may have ended.
 struct RunningApplication {
-    QString bundleIdentifier; ///< Empty if it is not known.
-    std::uint64_t window = 0; ///< Native window of it that was in front; 0 if none is known.
+    QString bundleIdentifier; ///< Empty if not known.
+    std::uint64_t window = 0; ///< The native window that had the keyboard; 0 if not known.
 
     friend bool operator==(const RunningApplication&, const RunningApplication&) = default;
 };
@@ -22,19 +22,21 @@ class Workspace {
 public:
     virtual ~Workspace() = default;
 
-    /// Those that run now, in no particular order; empty where the session cannot be asked.
+    /// Returns the applications that run now, in no particular order and without their windows. Returns
+    /// an empty list if the session does not answer.
     [[nodiscard]] virtual std::vector<RunningApplication> runningApplications() const = 0;
 
-    /// The one that has the keyboard, with the window that has it; none if no window has, or the desktop
-    /// does not tell. May be this one.
+    /// Returns the application that has the keyboard, with the window that has it. This can be the
+    /// calling application. Returns `nullopt` if no window has the keyboard, or if the desktop does not
+    /// report which one does.
     [[nodiscard]] virtual std::optional<RunningApplication> frontmostApplication() const = 0;
 
-    /// Gives the keyboard to the application: to its `window`, else to the foremost of its windows.
-    /// Nothing happens if it has none any more.
+    /// Gives the keyboard to `application.window`; if that window is gone or not given, to the foremost
+    /// window of the application with this bundle identifier. Has no effect if there is no such window.
     virtual void activate(const RunningApplication& application) = 0;
 };
 
-/// Whether an application with exactly this bundle identifier runs.
+/// Whether an application with exactly this bundle identifier runs. False if the session does not answer.
 [[nodiscard]] bool isApplicationRunning(const Workspace& workspace, const QString& bundleIdentifier);
 
 } // namespace quor::platform

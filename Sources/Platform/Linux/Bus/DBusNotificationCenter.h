@@ -13,10 +13,11 @@ class SessionBus;
 
 /// Distributed notifications as signals on the session bus: path
 /// `/com/quor_app/DistributedNotifications`, interface `com.quor_app.DistributedNotifications`,
-/// member `Posted`, the name as the one argument.
+/// member `Posted`, with the notification's name as the only argument.
 ///
-/// The bus filters by name: one match rule for each observed name, however many observers it has.
-/// Without a connection posts are lost and nothing arrives. Borrows the bus. Main thread only.
+/// There is one match rule for each observed name, so the bus delivers only observed notifications. Without
+/// a connection, posts are lost and none arrive. Borrows the bus, which must outlive this object. Main
+/// thread only.
 class DBusNotificationCenter final : public DistributedNotificationCenter {
 public:
     explicit DBusNotificationCenter(SessionBus& bus);

@@ -5,7 +5,6 @@
 #include "Platform/Linux/X11/X11Connection.h"
 #include "Platform/Linux/X11/X11Focus.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QDBusReply>
 
@@ -19,29 +18,22 @@ namespace quor::platform {
 namespace {
 
 constexpr std::chrono::milliseconds answerLimit = 1s;
-constexpr auto shortLimit = 100ms; // where the user waits for something that does without the answer
+constexpr auto shortLimit = 100ms; // for calls on which the user waits, and whose answer is not essential
 
-QDBusMessage busRequest(const QString& method, const QVariantList& arguments = {})
-{
-    constexpr auto busService = "org.freedesktop.DBus"_L1;
-    auto request = QDBusMessage::createMethodCall(busService, "/org/freedesktop/DBus"_L1, busService, method);
-    request.setArguments(arguments);
-    return request;
-}
-
-// Connections bear unique names, applications chosen ones.
-QStringList chosenNames(const QDBusConnection& bus, std::chrono::milliseconds limit)
+// The well-known names. The names of connections, which begin with a colon, are left out.
+QStringList wellKnownNames(const QDBusConnection& bus, std::chrono::milliseconds limit)
 {
     const QDBusReply<QStringList> reply
-        = bus.call(busRequest(u"ListNames"_s), QDBus::Block, int(limit.count()));
+        = bus.call(SessionBus::callOfBus(u"ListNames"_s), QDBus::Block, int(limit.count()));
     QStringList names = reply.value();
     names.removeIf([](const QString& name) { return name.startsWith(u':'); });
     return names;
 }
 
-QDBusPendingReply<uint> askForOwner(const QDBusConnection& bus, const QString& name)
+QDBusPendingReply<uint> requestOwner(const QDBusConnection& bus, const QString& name)
 {
-    return bus.asyncCall(busRequest(u"GetConnectionUnixProcessID"_s, {name}), int(shortLimit.count()));
+    return bus.asyncCall(
+        SessionBus::callOfBus(u"GetConnectionUnixProcessID"_s, {name}), int(shortLimit.count()));
 }
 
 } // namespace
@@ -54,7 +46,7 @@ DBusWorkspace::DBusWorkspace(SessionBus& bus)
 std::vector<RunningApplication> DBusWorkspace::runningApplications() const
 {
     std::vector<RunningApplication> applications;
-    for (const auto& name : chosenNames(bus_.connection(), answerLimit))
+    for (const auto& name : wellKnownNames(bus_.connection(), answerLimit))
         applications.push_back({name});
     return applications;
 }
@@ -72,11 +64,11 @@ std::optional<RunningApplication> DBusWorkspace::frontmostApplication() const
 QString DBusWorkspace::nameOwnedBy(std::uint32_t process) const
 {
     const auto bus = bus_.connection();
-    auto names = chosenNames(bus, shortLimit);
+    auto names = wellKnownNames(bus, shortLimit);
     names.sort();
-    std::vector<QDBusPendingReply<uint>> owners; // all asked before the first answer is waited for
+    std::vector<QDBusPendingReply<uint>> owners; // all requests are sent before the first reply is awaited
     for (const auto& name : names)
-        owners.push_back(askForOwner(bus, name));
+        owners.push_back(requestOwner(bus, name));
     for (qsizetype i = 0; i < names.size(); ++i) {
         auto& owner = owners[std::size_t(i)];
         owner.waitForFinished();
@@ -95,7 +87,7 @@ void DBusWorkspace::activate(const RunningApplication& application)
         return;
     if (application.bundleIdentifier.isEmpty())
         return;
-    auto owner = askForOwner(bus_.connection(), application.bundleIdentifier);
+    auto owner = requestOwner(bus_.connection(), application.bundleIdentifier);
     owner.waitForFinished();
     const auto window = owner.isValid() ? windowOfProcess(connection, owner.value()) : std::nullopt;
     if (window)

@@ -17,9 +17,9 @@ constexpr auto signalPath = "/com/quor_app/DistributedNotifications"_L1;
 constexpr auto signalInterface = "com.quor_app.DistributedNotifications"_L1;
 constexpr auto signalMember = "Posted"_L1;
 
-// Qt writes the argument into the match rule without escaping it, where an apostrophe would end it,
-// and in Latin-1, where the bus library aborts on anything but ASCII. Other names are left to the
-// channel to compare; the bus then sends it the posts of all names.
+// Qt writes the argument into the match rule without escaping, so that an apostrophe would end it, and in
+// Latin-1, but the bus library aborts on bytes that are not ASCII. For names with such characters the rule
+// has no argument: the bus then sends the posts of all names, and the channel compares.
 QStringList argumentMatch(const QString& name)
 {
     const bool survives
@@ -73,8 +73,7 @@ void NotificationChannel::posted(const QString& name)
         if (next == observers_.end() || next->first > last)
             return;
         token = next->first;
-        if (const auto handler = next->second) // a copy, since it may remove itself
-            handler(notification);
+        next->second(notification);
     }
 }
 

@@ -26,7 +26,7 @@ constexpr auto settingKey = "color-scheme"_L1;
 
 std::optional<ColorScheme> schemeFromSetting(QVariant value)
 {
-    // Reading wraps the value twice, the change signal once.
+    // The answer to Read wraps the value in two variants, the signal in one.
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
     if (value == 1U)
@@ -49,8 +49,8 @@ PortalAppearance::PortalAppearance(SessionBus& bus, Appearance& appearance)
 void PortalAppearance::askPortal(SessionBus& bus)
 {
     auto connection = bus.connection();
-    // From whichever service: naming it would cost a round trip to find its owner. And as a whole: Qt
-    // connects no slot that takes a variant before something else has registered that type.
+    // No service name, as Qt would then wait for the bus to name its owner. The slot takes the whole message,
+    // as Qt connects no slot with a QDBusVariant until that type has been registered elsewhere.
     connection.connect({}, portalPath, settingsInterface, u"SettingChanged"_s, {settingGroup, settingKey},
         u"ssv"_s, this, SLOT(settingChanged(QDBusMessage)));
 
@@ -85,7 +85,7 @@ bool PortalAppearance::eventFilter(QObject* watched, QEvent* event)
 
 void PortalAppearance::apply()
 {
-    // A palette that the application was given does not speak for the desktop.
+    // With this attribute the palette is the application's own, not the desktop's.
     if (!QCoreApplication::testAttribute(Qt::AA_SetPalette))
         paletteScheme_ = colorSchemeOf(QApplication::palette());
     appearance_.setDesktopScheme(portalScheme_.value_or(paletteScheme_));

@@ -13,10 +13,12 @@ namespace quor::platform {
 
 class SessionBus;
 
-/// Tells an `Appearance` whether the desktop is light or dark: by the settings portal where it knows,
-/// else by the palette that the desktop gives the application. Follows both; never waits for the portal.
+/// Keeps the desktop's colour scheme in an `Appearance` up to date. The scheme is the settings portal's if
+/// the portal has one, otherwise the scheme of the palette that the desktop gave the application. Does not
+/// wait for the portal: until its first answer, the palette decides.
 ///
-/// Borrows both arguments, which must outlive it. Needs a QApplication. Main thread only.
+/// Borrows the bus and the appearance, which must outlive this object. Needs a QApplication. Main thread
+/// only.
 class PortalAppearance final : public QObject {
     Q_OBJECT
 
@@ -34,8 +36,8 @@ private:
     void apply();
 
     Appearance& appearance_;
-    std::optional<ColorScheme> portalScheme_; ///< None while the portal has no say.
-    ColorScheme paletteScheme_ = ColorScheme::light; ///< Of the palette that the desktop gave last.
+    std::optional<ColorScheme> portalScheme_; ///< Empty while the portal reports no scheme.
+    ColorScheme paletteScheme_ = ColorScheme::light; ///< The scheme of the desktop's last palette.
 };
 
 } // namespace quor::platform

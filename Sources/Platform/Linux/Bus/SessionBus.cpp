@@ -14,11 +14,9 @@ namespace quor::platform {
 
 namespace {
 
-constexpr auto busService = "org.freedesktop.DBus"_L1;
-constexpr auto busPath = "/org/freedesktop/DBus"_L1;
 constexpr std::chrono::milliseconds claimLimit = 5s;
 
-// Of the bus's own interface: flags of RequestName, and what it answers.
+// Flags and replies of the bus's method RequestName.
 constexpr uint doNotQueue = 4;
 enum RequestNameReply : uint { primaryOwner = 1, alreadyOwner = 4 };
 
@@ -31,7 +29,7 @@ QDBusConnection connectTo(const QString& address, const QString& name)
 
 QString SessionBus::sessionAddress()
 {
-    // An address that asks for a bus to be launched is none.
+    // With an autolaunch address, connecting would start a bus.
     auto given = qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS");
     if (!given.isEmpty() && !given.startsWith("autolaunch:"_L1))
         return given;
@@ -56,13 +54,20 @@ SessionBus::~SessionBus()
 
 SessionBus::Claim SessionBus::claim(const QString& name)
 {
-    auto request = QDBusMessage::createMethodCall(busService, busPath, busService, u"RequestName"_s);
-    request << name << doNotQueue;
+    const auto request = callOfBus(u"RequestName"_s, {name, doNotQueue});
     const QDBusReply<uint> reply = connection_.call(request, QDBus::Block, int(claimLimit.count()));
     if (!reply.isValid())
         return Claim::failed;
     const bool isOwner = reply.value() == primaryOwner || reply.value() == alreadyOwner;
     return isOwner ? Claim::claimed : Claim::taken;
+}
+
+QDBusMessage SessionBus::callOfBus(const QString& method, const QVariantList& arguments)
+{
+    constexpr auto service = "org.freedesktop.DBus"_L1; // also the name of the interface
+    auto call = QDBusMessage::createMethodCall(service, "/org/freedesktop/DBus"_L1, service, method);
+    call.setArguments(arguments);
+    return call;
 }
 
 } // namespace quor::platform

@@ -45,7 +45,7 @@ void LocalMonitors::remove(EventMonitors::Token token)
     listen();
 }
 
-// A release whose press was swallowed is waited for when nobody monitors any more.
+// Also listens without monitors while a release is still to be swallowed.
 void LocalMonitors::listen()
 {
     const bool listens = !monitors_.isEmpty() || swallowed_;
@@ -73,7 +73,7 @@ bool LocalMonitors::eventFilter(QObject* watched, QEvent* event)
 
 bool LocalMonitors::swallows(QWindow& window, const QMouseEvent& event)
 {
-    // Comes on top of a press of its own, which the monitors have seen.
+    // Qt sends a double click after a press of its own, which the monitors have seen.
     if (event.type() == QEvent::MouseButtonDblClick)
         return swallowed_.testFlag(event.button());
     const auto type = typeOf(event);
@@ -91,7 +91,7 @@ bool LocalMonitors::swallows(QWindow& window, const QMouseEvent& event)
         swallowed_.setFlag(button, isDown && isSwallowed);
         listen();
     }
-    // Qt would go on with a window that a handler has ended.
+    // If a handler has destroyed the window, Qt must not deliver the event to it.
     return isSwallowed || belongsToSwallowed || !target;
 }
 

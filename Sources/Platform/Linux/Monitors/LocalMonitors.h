@@ -11,8 +11,8 @@ class QMouseEvent;
 
 namespace quor::platform {
 
-/// The monitors of what goes to this application's own windows. Qt shows an event to the application's
-/// filters for the window first and then for each widget; it is taken for the window, once.
+/// The local monitors, fed by an event filter on the application. Qt passes an event to such a filter for the
+/// window first, then for each widget; the monitors get it once, for the window.
 class LocalMonitors final : public QObject {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ private:
 
     MonitorList<EventMonitors::LocalHandler> monitors_;
     bool listens_ = false;
-    Qt::MouseButtons swallowed_; ///< Buttons whose press the window has not got.
+    Qt::MouseButtons swallowed_; ///< The buttons that are down and whose press was swallowed.
 };
 
 } // namespace quor::platform

@@ -10,8 +10,8 @@
 
 namespace quor::platform {
 
-/// Monitors of one kind, in the order of their installation. Handlers may change the list that calls
-/// them, and end it.
+/// The monitors of one kind, in the order in which they were added. A handler may change the list, and
+/// destroy it, while the list is visited.
 template <class Handler>
 class MonitorList final {
 public:
@@ -42,8 +42,8 @@ public:
         monitors_.erase(found);
     }
 
-    /// Calls `visit` with each handler for the type, until it answers false. The list may be gone
-    /// afterwards.
+    /// Calls `visit` with each handler for `type`, until it returns false. Monitors that are added meanwhile
+    /// are not visited. A handler may have destroyed the list when this returns.
     template <class Visit>
     void visit(EventType type, Visit visit) const
     {

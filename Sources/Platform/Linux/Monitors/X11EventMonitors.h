@@ -11,11 +11,11 @@ namespace quor::platform {
 class LocalMonitors;
 class X11GlobalMonitors;
 
-/// The user's input: what goes to this application as Qt delivers it, what goes to others as the X server
-/// tells it. Without X there are no global monitors.
+/// Monitors of mouse buttons on X: local ones by a filter on Qt's events, global ones by the X server's raw
+/// events. Without X, or with an X server without raw events, `addGlobalMonitor` returns `nullopt`.
 ///
-/// Listens to neither before there is a monitor of its kind. Needs a QGuiApplication. May be ended
-/// within a handler. Main thread only.
+/// Listens only while there are monitors. Needs a QGuiApplication. A handler may destroy this object. Main
+/// thread only.
 class X11EventMonitors final : public EventMonitors {
 public:
     X11EventMonitors();

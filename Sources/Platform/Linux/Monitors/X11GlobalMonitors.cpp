@@ -20,7 +20,7 @@ namespace {
 constexpr std::uint32_t rawButtons
     = XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_PRESS | XCB_INPUT_XI_EVENT_MASK_RAW_BUTTON_RELEASE;
 
-// Raw events name the button of the device; the user may have exchanged them.
+// Raw events have the device's button number, before the user's mapping (for instance for left-handed use).
 std::uint32_t mappedButton(xcb_connection_t* connection, std::uint32_t button)
 {
     const auto reply
@@ -97,7 +97,7 @@ void X11GlobalMonitors::close()
         return;
     undecided_.clear();
     pressReceivers_ = {};
-    auto* connection = x11Connection(); // which has gone if the application has
+    auto* connection = x11Connection(); // null if the application object has been destroyed
     if (!connection)
         return;
     QCoreApplication::instance()->removeNativeEventFilter(this);
@@ -115,41 +115,41 @@ bool X11GlobalMonitors::nativeEventFilter(const QByteArray& eventType, void* mes
     case XCB_CLIENT_MESSAGE:
         if (static_cast<xcb_client_message_event_t*>(message)->window != mailbox_)
             return false;
-        messageCame();
+        handleMessage();
         return true;
     case XCB_BUTTON_PRESS:
-    case XCB_BUTTON_RELEASE: // where Qt does without the extension
-        ownEventCame((generic->response_type & 0x7f) == XCB_BUTTON_PRESS,
+    case XCB_BUTTON_RELEASE: // if Qt does not use the extension
+        handleOwnEvent((generic->response_type & 0x7f) == XCB_BUTTON_PRESS,
             static_cast<xcb_button_press_event_t*>(message)->time);
         return false;
     case XCB_GE_GENERIC:
         if (static_cast<xcb_ge_generic_event_t*>(message)->extension == inputOpcode_)
-            inputEventCame(message);
+            handleInputEvent(message);
         return false;
     default:
         return false;
     }
 }
 
-// Raw and other button events begin alike.
-void X11GlobalMonitors::inputEventCame(const void* message)
+// Raw and ordinary button events have the members that are used here at the same offsets.
+void X11GlobalMonitors::handleInputEvent(const void* message)
 {
     const auto& event = *static_cast<const xcb_input_button_press_event_t*>(message);
     switch (event.event_type) {
     case XCB_INPUT_RAW_BUTTON_PRESS:
     case XCB_INPUT_RAW_BUTTON_RELEASE:
-        rawEventCame(event.event_type == XCB_INPUT_RAW_BUTTON_PRESS, event.detail, event.time);
+        handleRawEvent(event.event_type == XCB_INPUT_RAW_BUTTON_PRESS, event.detail, event.time);
         break;
     case XCB_INPUT_BUTTON_PRESS:
     case XCB_INPUT_BUTTON_RELEASE:
-        ownEventCame(event.event_type == XCB_INPUT_BUTTON_PRESS, event.time);
+        handleOwnEvent(event.event_type == XCB_INPUT_BUTTON_PRESS, event.time);
         break;
     default:
         break;
     }
 }
 
-void X11GlobalMonitors::rawEventCame(bool isDown, std::uint32_t button, std::uint32_t time)
+void X11GlobalMonitors::handleRawEvent(bool isDown, std::uint32_t button, std::uint32_t time)
 {
     const auto type = typeOf(isDown, mappedButton(connection_, button));
     if (!type)
@@ -167,7 +167,7 @@ void X11GlobalMonitors::rawEventCame(bool isDown, std::uint32_t button, std::uin
     xcb_flush(connection_);
 }
 
-void X11GlobalMonitors::ownEventCame(bool isDown, std::uint32_t time)
+void X11GlobalMonitors::handleOwnEvent(bool isDown, std::uint32_t time)
 {
     for (auto& raw : undecided_) {
         if (raw.time == time && platform::isDown(raw.event.type) == isDown)
@@ -175,7 +175,7 @@ void X11GlobalMonitors::ownEventCame(bool isDown, std::uint32_t time)
     }
 }
 
-void X11GlobalMonitors::messageCame()
+void X11GlobalMonitors::handleMessage()
 {
     if (undecided_.empty())
         return;
@@ -183,17 +183,17 @@ void X11GlobalMonitors::messageCame()
     undecided_.pop_front();
     const auto receiver = raw.isOurs ? Receiver::us : Receiver::others;
     auto& pressReceiver = pressReceivers_.at(buttonIndex(raw.event.type));
-    // Whoever got the press gets the release, wherever that is.
+    // The application that got the press also gets the release, wherever the pointer is.
     const auto known = isDown(raw.event.type) ? Receiver::unknown : pressReceiver;
     pressReceiver = isDown(raw.event.type) ? receiver : Receiver::unknown;
     if ((known == Receiver::unknown ? receiver : known) == Receiver::us)
         return;
-    // From the event loop, where a handler may do anything.
+    // Handlers run from the event loop, not within Qt's handling of an X event.
     QMetaObject::invokeMethod(
-        this, [this, event = raw.event] { tell(event); }, Qt::QueuedConnection);
+        this, [this, event = raw.event] { notify(event); }, Qt::QueuedConnection);
 }
 
-void X11GlobalMonitors::tell(const InputEvent& event)
+void X11GlobalMonitors::notify(const InputEvent& event)
 {
     monitors_.visit(event.type, [event](const EventMonitors::GlobalHandler& handler) {
         handler(event);

@@ -15,11 +15,12 @@ struct xcb_connection_t;
 
 namespace quor::platform {
 
-/// The monitors of what goes to other applications, by the raw button events of the X server.
+/// The global monitors, fed by raw button events of the X server.
 ///
-/// The server tells a raw event to whoever asks, without place and whoever gets the button event that it
-/// becomes, and tells it first. So it waits here until a message that this object then sends to
-/// itself has come back through the server: by then the button event has come as well, if it was for us.
+/// The server reports a raw event to every client that selects them, before it sends the ordinary button
+/// event to the client that gets it. A raw event has no position and does not say who gets the button event.
+/// So this object keeps a raw event back, sends a message to its own window through the server, and decides
+/// when that message arrives: if the button event goes to this application, it has arrived by then.
 class X11GlobalMonitors final : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -27,32 +28,33 @@ public:
     X11GlobalMonitors() = default;
     ~X11GlobalMonitors() override;
 
-    /// False where there are no raw events to be had.
+    /// Adds a monitor. Returns false without X, or if the X server does not offer raw events.
     [[nodiscard]] bool add(EventMonitors::Token token, EventMask mask, EventMonitors::GlobalHandler handler);
-    void remove(EventMonitors::Token token);
+    void remove(EventMonitors::Token token); ///< Ignores a token that is not in use.
 
 private:
     enum class Receiver { unknown, us, others };
     struct RawEvent {
         InputEvent event;
-        std::uint32_t time; ///< The server's, in milliseconds.
-        bool isOurs; ///< It happened over a window of ours, or the button event has come.
+        std::uint32_t time; ///< The server's time, in milliseconds.
+        bool isOurs; ///< The pointer is over a window of this application, or the button event has arrived.
     };
 
     [[nodiscard]] bool open();
     void close();
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
-    void inputEventCame(const void* message);
-    void rawEventCame(bool isDown, std::uint32_t button, std::uint32_t time);
-    void ownEventCame(bool isDown, std::uint32_t time);
-    void messageCame();
-    void tell(const InputEvent& event);
+    void handleInputEvent(const void* message);
+    void handleRawEvent(bool isDown, std::uint32_t button, std::uint32_t time);
+    void handleOwnEvent(bool isDown, std::uint32_t time);
+    void handleMessage();
+    void notify(const InputEvent& event);
 
-    xcb_connection_t* connection_ = nullptr; ///< Qt's; null while closed.
-    std::uint32_t mailbox_ = 0; ///< A window of ours that the messages go to.
+    xcb_connection_t* connection_ = nullptr; ///< Qt's connection; null while there are no monitors.
+    std::uint32_t mailbox_ = 0; ///< The window to which the messages are sent.
     std::uint8_t inputOpcode_ = 0;
-    std::deque<RawEvent> undecided_;
-    std::array<Receiver, 2> pressReceivers_{}; ///< Of the last press of the left and the right button.
+    std::deque<RawEvent> undecided_; ///< One for each message that is under way.
+    std::array<Receiver, 2>
+        pressReceivers_{}; ///< Who got the last press of the left and of the right button.
     MonitorList<EventMonitors::GlobalHandler> monitors_;
 };
 

@@ -17,7 +17,7 @@ template <class Request>
 unsigned send(xcb_connection_t* connection, Request request, int flags)
 {
     static_assert(sizeof(Request) % 4 == 0);
-    // The library takes the two in front for itself.
+    // xcb_send_request uses the two elements before the one that it is given.
     std::array<iovec, 3> parts{{{}, {}, {&request, sizeof request}}};
     xcb_protocol_request_t protocol{};
     protocol.count = 1;
@@ -47,7 +47,7 @@ std::optional<std::uint8_t> negotiateInputExtension(xcb_connection_t* connection
     request.major_version = 2;
     request.minor_version = 2;
     const auto sequence = send(connection, request, XCB_REQUEST_CHECKED);
-    // Where Qt has agreed on a later version already, the server refuses, and nothing changes.
+    // If Qt has negotiated a later version already, the server reports an error and keeps that version.
     xcb_generic_error_t* error = nullptr;
     const auto reply = x11Reply(
         static_cast<xcb_input_xi_query_version_reply_t*>(xcb_wait_for_reply(connection, sequence, &error)));

@@ -8,14 +8,15 @@
 
 namespace quor::platform {
 
-// The two requests of the X server's input extension that are needed here, by hand: the library for all
-// of it would be loaded at the start of every program that links this one.
+// Two requests of the X server's input extension, without libxcb-xinput, which every program that links this
+// library would load at its start.
 
-/// The extension's opcode, once the server has agreed to speak a version of it that has raw events also
-/// while somebody holds the pointer; none if it does not. Waits for the server.
+/// Negotiates the version and returns the extension's opcode. Returns `nullopt` if the server does not
+/// support version 2.1, the first one that reports raw events during pointer grabs. Waits for the server.
 [[nodiscard]] std::optional<std::uint8_t> negotiateInputExtension(xcb_connection_t* connection);
 
-/// Has the events in the mask come to this connection, of all pointers, for the window; 0 ends it.
+/// Selects the events in `mask` (bits of `xcb_input_xi_event_mask_t`) of all pointers for a window. They
+/// replace the events that this connection selected before; 0 selects none.
 void selectPointerEvents(
     xcb_connection_t* connection, std::uint8_t opcode, xcb_window_t window, std::uint32_t mask);
 

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace quor::platform {
 
-// Some other platforms offer the native interface too.
+// The platform's name is checked, as other platforms can offer the native interface with a null connection.
 xcb_connection_t* x11Connection()
 {
     return QGuiApplication::platformName() == "xcb"_L1

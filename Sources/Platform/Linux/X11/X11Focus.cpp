@@ -13,7 +13,8 @@ namespace quor::platform {
 
 namespace {
 
-// Having been killed, a window manager leaves what it said of itself: the window it named tells.
+// A window manager that was killed leaves its properties on the root window. The window that it names as its
+// own, however, does not survive.
 bool windowManagerActivates(xcb_connection_t* connection)
 {
     constexpr auto check = "_NET_SUPPORTING_WM_CHECK";
@@ -36,14 +37,14 @@ std::optional<xcb_window_t> focusedWindow(xcb_connection_t* connection)
 
 bool setFocus(xcb_connection_t* connection, xcb_window_t window)
 {
-    // As the focus goes with its window, the keyboard is back where it is without any focus.
+    // When the window is unmapped, the focus returns to what the server has at its start: the pointer.
     const auto cookie
         = xcb_set_input_focus_checked(connection, XCB_INPUT_FOCUS_POINTER_ROOT, window, XCB_CURRENT_TIME);
     const auto error = x11Reply(xcb_request_check(connection, cookie));
     return !error;
 }
 
-// Programs on other machines count their processes for themselves.
+// Process numbers of another machine mean nothing here.
 bool isOfThisMachine(xcb_connection_t* connection, xcb_window_t window)
 {
     constexpr std::uint32_t longestName = 64; // in units of four bytes
@@ -83,8 +84,8 @@ bool activateWindow(xcb_connection_t* connection, xcb_window_t window)
         return false;
     if (!windowManagerActivates(connection))
         return attributes->map_state == XCB_MAP_STATE_VIEWABLE && setFocus(connection, window);
-    // Applications may be refused the keyboard as long as the user is busy elsewhere; this is by the user's
-    // wish, as a pager's is.
+    // Window managers may refuse requests by applications while the user works elsewhere, but not requests by
+    // the user, as pagers send them.
     constexpr std::uint32_t byUser = 2;
     x11AskWindowManager(connection, window, "_NET_ACTIVE_WINDOW", {byUser, XCB_CURRENT_TIME});
     return true;
@@ -92,7 +93,7 @@ bool activateWindow(xcb_connection_t* connection, xcb_window_t window)
 
 std::optional<std::uint32_t> processOfWindow(xcb_connection_t* connection, xcb_window_t window)
 {
-    // The focus may be with a window within the one that says it.
+    // The focus can be in a child of the window that has the property.
     for (std::optional each(window); each; each = parentOf(connection, *each)) {
         const auto process = x11Values(connection, *each, "_NET_WM_PID");
         if (!process.empty())

@@ -8,20 +8,24 @@
 
 namespace quor::platform {
 
-// Which window has the keyboard. Asked of the window manager where one runs that can tell, else of the
-// X server. Windows of other programs may go at any moment: each of these bears that.
+// Functions for the active window, the window that has the keyboard. They use `_NET_ACTIVE_WINDOW` if a
+// window manager runs that supports it, otherwise the X server's input focus. A window of another process can
+// be destroyed at any time, so each function accepts windows that no longer exist. All wait for the server.
 
-/// None while no window has the keyboard, or whichever is under the pointer.
+/// Returns the active window. Returns `nullopt` if there is none, or if the focus follows the pointer.
 [[nodiscard]] std::optional<xcb_window_t> activeWindow(xcb_connection_t* connection);
 
-/// Gives the keyboard to a top-level window, whoever has it. False if the window is not there or, without
-/// a window manager, not to be seen.
+/// Makes a top-level window the active one, even while the user works in another application. Returns false
+/// if the window does not exist or, without a window manager, is not viewable. With a window manager the
+/// change comes later.
 bool activateWindow(xcb_connection_t* connection, xcb_window_t window);
 
-/// The process on this machine that a window is from, as far as it says so.
+/// Returns the process that `window` or one of its parents names in `_NET_WM_PID`. Returns `nullopt` if none
+/// does, or if that process runs on another machine.
 [[nodiscard]] std::optional<std::uint32_t> processOfWindow(xcb_connection_t* connection, xcb_window_t window);
 
-/// The foremost of the windows that the window manager knows of this process.
+/// Returns the topmost managed window of a process. Returns `nullopt` if it has none, or without a window
+/// manager.
 [[nodiscard]] std::optional<xcb_window_t> windowOfProcess(
     xcb_connection_t* connection, std::uint32_t process);
 

@@ -35,7 +35,7 @@ void setOnAllDesktops(WId window)
     if (!connection)
         return;
     constexpr std::array allDesktops{0xffffffffU};
-    // The property is for a window manager that comes later, the message for the one that runs.
+    // The property is read when the window is shown. While it is shown, the window manager expects a message.
     setCardinals(connection, window, "_NET_WM_DESKTOP", allDesktops);
     constexpr std::uint32_t byApplication = 1;
     x11AskWindowManager(connection, xcb_window_t(window), "_NET_WM_DESKTOP", {allDesktops[0], byApplication});
@@ -57,7 +57,7 @@ void setTopStrut(WId window, const TopStrut& strut)
     auto* connection = x11Connection();
     if (!connection)
         return;
-    // left, right, top, bottom; then where along the edge each of them starts and ends
+    // The widths at the left, right, top and bottom edge, then the start and end of each of the four.
     std::array<std::uint32_t, 12> values{};
     values[2] = std::uint32_t(strut.height);
     values[8] = std::uint32_t(strut.startX);

@@ -7,22 +7,21 @@
 
 namespace quor::platform {
 
-// What Qt cannot say about a window to the X server. Each does nothing where the application does not
-// run through X.
+// Properties of a native window that Qt does not offer. Without X, these functions have no effect.
 
-/// Has a resized window painted anew as a whole, and until then leaves the pixels on the screen as they
-/// are, where the server would else move the old content with the window's left edge.
+/// Has the whole window repainted after it is resized, instead of letting the server move the old content
+/// with the window's left edge.
 void forgetContentOnResize(WId window);
 
-/// Has the window on every virtual desktop. To be said each time after it was shown, since window
-/// managers forget it as it is hidden. Said before, it holds from the first moment.
+/// Puts the window on all virtual desktops. Call it before the window is shown, so that it never appears on
+/// one desktop only, or after each time it was shown, since window managers forget it when it is hidden.
 void setOnAllDesktops(WId window);
 
-/// Keeps the window out of lists of windows and pictures of the desktops. To be said before it is shown.
+/// Keeps the window out of task bars and pagers. Call it before the window is shown.
 void setOutOfWindowLists(WId window);
 
-/// Tells the window manager what room the window reserves, by `_NET_WM_STRUT` and
-/// `_NET_WM_STRUT_PARTIAL`.
+/// Sets the area that the window reserves at the edge of the screen (`_NET_WM_STRUT` and
+/// `_NET_WM_STRUT_PARTIAL`).
 void setTopStrut(WId window, const TopStrut& strut);
 
 } // namespace quor::platform

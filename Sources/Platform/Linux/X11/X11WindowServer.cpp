@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Linux/X11/X11WindowServer.h"
 
+#include "Platform/Lifetime/Callback.h"
 #include "Platform/Linux/X11/X11Connection.h"
 #include "Platform/Linux/X11/X11Window.h"
 
@@ -24,7 +25,7 @@ bool isWaylandSession()
     return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
 }
 
-// Of the first screen, as there is only one that Qt knows.
+// A compositor owns this selection of its screen. Qt supports a single X screen.
 xcb_atom_t compositorSelection(xcb_connection_t* connection)
 {
     return x11Atom(connection, "_NET_WM_CM_S0");
@@ -52,11 +53,8 @@ bool X11WindowServer::isCompositing()
 Subscription X11WindowServer::observeCompositing(std::function<void()> changed)
 {
     watchCompositor();
-    const auto connection
-        = connect(this, &X11WindowServer::compositingChanged, this, [changed = std::move(changed)] {
-              if (changed)
-                  changed();
-          });
+    const auto connection = connect(this, &X11WindowServer::compositingChanged, this,
+        [changed = Callback<void()>(std::move(changed))] { changed(); });
     return Subscription([connection] { disconnect(connection); });
 }
 
@@ -70,7 +68,8 @@ void X11WindowServer::watchCompositor()
         return;
     firstEvent_ = extension->first_event;
     selection_ = compositorSelection(connection);
-    // A window of its own: for the root window Qt asks too, and one answer would take the other's place.
+    // A window of its own, since a selection has one registration for each window, and Qt uses the root
+    // window.
     watcher_ = xcb_generate_id(connection);
     xcb_create_window(connection, 0, watcher_, x11Root(connection), -1, -1, 1, 1, 0,
         XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, 0, nullptr);
@@ -114,7 +113,7 @@ void X11WindowServer::releaseKeyboard(QWindow& window)
     if (!connection)
         return;
     window.setKeyboardGrabEnabled(false);
-    xcb_flush(connection); // the keys are the user's again, whatever is done before the loop turns
+    xcb_flush(connection); // now, as the caller may block before the event loop flushes
 }
 
 bool X11WindowServer::missesPresses() const

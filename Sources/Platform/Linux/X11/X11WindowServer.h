@@ -10,9 +10,8 @@
 
 namespace quor::platform {
 
-/// The window system as the X server and its compositor offer it. A compositor runs while somebody
-/// owns the selection that is named for it. Where the application does not run through X there are no
-/// keys to be had, and every window is taken for composited under Wayland, for opaque elsewhere.
+/// The window system on X. Without X, `grabKeyboard` fails, `isCompositing` is true under Wayland and false
+/// on other platforms, and observers of it are not called.
 class X11WindowServer final : public QObject, public WindowServer, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -34,9 +33,9 @@ private:
     void watchCompositor();
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-    std::uint32_t watcher_ = 0; ///< A window of ours that is told of owners of the selection.
-    std::uint32_t selection_ = 0;
-    std::uint8_t firstEvent_ = 0;
+    std::uint32_t watcher_ = 0; ///< A window of this object that gets the selection's events; 0 until needed.
+    std::uint32_t selection_ = 0; ///< The selection that a running compositor owns.
+    std::uint8_t firstEvent_ = 0; ///< The number of the first event of the XFixes extension.
 };
 
 } // namespace quor::platform
