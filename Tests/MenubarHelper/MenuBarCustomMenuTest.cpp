@@ -8,6 +8,7 @@
 #include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
@@ -47,6 +48,12 @@ protected:
         menu->adjustedStopHandler = menu->adjustStartHandler;
         menu->searchTermChangedHandler = [this](const QString& term) { terms.push_back(term); };
     }
+    static void setFontSize(int pixels)
+    {
+        QFont font(u"DejaVu Sans"_s);
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+    }
     void show(const std::vector<MenuEntry>& rows)
     {
         reload(rows);
@@ -75,8 +82,20 @@ protected:
         QApplication::sendEvent(window.focusWidget(), &event);
     }
 
+    /// Sets the application's font before any widget is created, and restores it.
+    struct Font {
+        Font() { setFontSize(13); }
+        ~Font() { QApplication::setFont(before); }
+        QFont before = QApplication::font();
+    };
+    struct Window : QWidget {
+        void keyPressEvent(QKeyEvent* event) override { escapes += event->key() == Qt::Key_Escape; }
+        int escapes = 0;
+    };
+
+    Font font;
     test::TestClock clock;
-    QWidget window;
+    Window window;
     QPointer<MenuBarCustomMenu> menu = new MenuBarCustomMenu(true, 300, clock, &window);
     toolkit::CustomTableView& table = menu->tableView();
     MenuSearchView& field = menu->searchView();
@@ -111,7 +130,7 @@ TEST_F(MenuBarCustomMenuTest, IsAsWideAsItsWidestRowNeeds)
             const std::array widths{cell.sizeHint().width(), MenuAdjustTimerView().sizeHint().width(),
                 MenuStopPastTimerView(clock).sizeHint().width(), 0, 0};
             if (const int width = widths.at(row.value.index()); width > 0)
-                widest = std::max(widest, width + MenuRowMeasurer::sideRoom);
+                widest = std::max(widest, width + 52);
         }
         for (const int minWidth : {60, 300}) {
             MenuBarCustomMenu measured(true, minWidth, clock);
@@ -125,22 +144,16 @@ TEST_F(MenuBarCustomMenuTest, IsAsWideAsItsWidestRowNeeds)
 TEST_F(MenuBarCustomMenuTest, IsAsHighAsItsRowsUpToTheScreen)
 {
     reload({search, entry(u"A"_s), separator});
-    EXPECT_EQ(
-        menu->height(), 12 + 3 * 6 + MenuSearchView().sizeHint().height() + 4 + menu->cellHeight() + 10);
+    EXPECT_EQ(menu->height(), 83);
     show(std::vector<MenuEntry>(100'000, entry(u"A"_s)));
     EXPECT_EQ(menu->height(), qRound(0.9 * QGuiApplication::primaryScreen()->availableGeometry().height()));
     press(Qt::Key_End);
     EXPECT_EQ(table.rowAtPoint(QPoint(20, menu->height() - 12)), 99'999);
 
     reload({search, entry(u"A"_s)});
-    const QFont before = QApplication::font();
-    const int height = menu->height();
-    QFont large = before;
-    large.setPointSizeF(2 * before.pointSizeF());
-    QApplication::setFont(large);
-    EXPECT_TRUE(test::waitFor([&] { return menu->height() > height; }));
-    EXPECT_EQ(menu->height(), 12 + 2 * 6 + MenuSearchView().sizeHint().height() + 4 + menu->cellHeight());
-    QApplication::setFont(before);
+    EXPECT_EQ(menu->height(), 67);
+    setFontSize(26);
+    EXPECT_TRUE(test::waitFor([&] { return menu->height() == 97; })) << menu->height();
 }
 
 TEST_F(MenuBarCustomMenuTest, ThePointerSelectsWhatMayBe)
@@ -224,8 +237,11 @@ TEST_F(MenuBarCustomMenuTest, KeysWalkTheRowsWhileTheFieldEdits)
     EXPECT_EQ(field.text(), u"a b"_s);
     EXPECT_EQ(field.cursorPosition(), 1);
     EXPECT_EQ(table.selectedRow(), 3);
+    EXPECT_EQ(window.escapes, 0);
     press(Qt::Key_Escape);
-    EXPECT_FALSE(window.isVisible());
+    table.setFocus();
+    press(Qt::Key_Escape);
+    EXPECT_EQ(window.escapes, 2) << "the window decides what Escape does";
 }
 
 TEST_F(MenuBarCustomMenuTest, AReloadGivesTheTableTheKeysAndLosesNoText)
@@ -281,6 +297,7 @@ TEST_F(MenuBarCustomMenuTest, ACompositionIsLeftAlone)
     reload({search, entry(u"B"_s)});
     EXPECT_TRUE(field.hasFocus());
     EXPECT_THAT(chosen, testing::IsEmpty());
+    EXPECT_EQ(window.escapes, 0);
     compose({}, u"蚊"_s);
     EXPECT_EQ(field.text(), u"蚊"_s);
 }
@@ -310,17 +327,23 @@ TEST_F(MenuBarCustomMenuTest, AFieldOutOfSightKeepsWhatIsTyped)
 
 TEST_F(MenuBarCustomMenuTest, RowsAreDescribedOnTheScreenAndOff)
 {
-    std::vector rows(200, separator);
-    rows[0] = running;
-    for (const std::size_t row : {std::size_t(1), rows.size() - 1})
-        rows[row] = MenuEntry{MenuEntry::AdjustStart{u"run"_s, 1'700'000'000}};
+    const MenuEntry adjust{MenuEntry::AdjustStart{u"run"_s, 1'700'000'000}};
+    const MenuEntry stop{MenuEntry::StopPast{u"run"_s}};
+    std::vector rows{running, search, adjust, stop};
+    rows.resize(200, separator);
+    rows.insert(rows.end(), {adjust, stop});
     show(rows);
-    const auto description = menu->describeRow(table, 0);
-    EXPECT_EQ(description.text, u"Running"_s);
-    EXPECT_EQ(description.isChecked, true);
-    const QString shown = menu->describeRow(table, 1).text;
-    EXPECT_EQ(shown, qobject_cast<MenuTimerRow*>(table.viewAtRow(1))->labelField().text());
-    EXPECT_EQ(menu->describeRow(table, int(rows.size()) - 1).text, shown);
+    const auto describe = [&](int row) { return table.delegate()->describeRow(table, row); };
+    EXPECT_EQ(describe(0).text, u"Running"_s);
+    EXPECT_EQ(describe(0).isChecked, true);
+    EXPECT_EQ(describe(1).text, u"Search"_s);
+    EXPECT_EQ(describe(100).role, QAccessible::Separator);
+    for (const int row : {2, 3}) {
+        const QString shown = qobject_cast<MenuTimerRow*>(table.viewAtRow(row))->labelField().text();
+        EXPECT_EQ(describe(row).text, shown);
+        EXPECT_EQ(describe(198 + row).text, shown);
+    }
+    EXPECT_EQ(describe(9999).text, QString());
 }
 
 } // namespace

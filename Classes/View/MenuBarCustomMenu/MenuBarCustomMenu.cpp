@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
 
+#include "Platform/Lifetime/WhileAlive.h"
 #include "Platform/Services/Screen.h"
 #include "View/MenuBarCustomMenu/Controls/MenuScrollBar.h"
 #include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
 
 #include <QEvent>
+#include <QPointer>
 #include <QShowEvent>
 
 #include <algorithm>
@@ -21,21 +23,29 @@ constexpr double shareOfScreen = 0.9;
 constexpr int rowSpacing = 6;
 constexpr int rowsAtFirst = 5;
 
+/// Returns the task of an entry whose timer runs, else null.
+const QString* runningTask(const MenuEntry* item)
+{
+    const auto* entry = item ? std::get_if<MenuEntry::Entry>(&item->value) : nullptr;
+    const auto* stop = entry ? std::get_if<MenuEntry::Entry::Action::Stop>(&entry->action.value) : nullptr;
+    return stop ? &stop->taskID : nullptr;
+}
+
 } // namespace
 
 MenuBarCustomMenu::MenuBarCustomMenu(
     bool showSearch, double minWidth, const platform::Clock& clock, QWidget* parent)
     : QWidget(parent)
-    , clock_(clock)
-    , showSearch_(showSearch)
     , minWidth_(int(std::lround(minWidth)))
     , measurer_(*this, clock)
     , tableView_(this)
-    , typingRelay_(tableView_, searchView_)
+    , rowProvider_(dataList, measurer_, showSearch ? &searchView_ : nullptr, clock)
+    , keyboard_(tableView_, searchView_)
     , delayedSearchAction_(searchDelay)
 {
     setUpTable();
     setUpSearch();
+    connectRows();
     resize(minWidth_, rowsAtFirst * measurer_.cellHeight());
 }
 
@@ -47,9 +57,8 @@ MenuBarCustomMenu::~MenuBarCustomMenu()
 void MenuBarCustomMenu::setUpTable()
 {
     tableView_.setFrameShape(QFrame::NoFrame);
-    tableView_.setVerticalScrollBar(new MenuScrollBar); // the table's
-    // A click leaves the caret where it is.
-    tableView_.setFocusPolicy(Qt::TabFocus);
+    tableView_.setVerticalScrollBar(new MenuScrollBar); // owned by the table
+    tableView_.setFocusPolicy(Qt::TabFocus); // a click leaves the caret where it is
     tableView_.viewport()->setBackgroundRole(QPalette::NoRole);
     tableView_.viewport()->setAutoFillBackground(false);
     tableView_.setAllowsTypeSelect(true);
@@ -59,42 +68,47 @@ void MenuBarCustomMenu::setUpTable()
     tableView_.setIntercellSpacing(rowSpacing);
     constexpr int inset = EmphasizedRowView::listInset;
     tableView_.setContentInsets({inset, inset, inset, inset});
-    tableView_.setDataSource(this);
-    tableView_.setDelegate(this);
-    tableView_.setKeyDelegate(this);
+    tableView_.setDataSource(&rowProvider_);
+    tableView_.setDelegate(&rowProvider_);
 }
 
 void MenuBarCustomMenu::setUpSearch()
 {
     searchView_.setObjectName(QLatin1String(MenuSearchView::staticMetaObject.className()));
     searchView_.hide();
-    searchView_.keyHandler = [this](QKeyEvent& event) { return handleSearchKey(event); };
-    connect(&searchView_, &QLineEdit::textChanged, this, &MenuBarCustomMenu::searchTextChanged);
+    connect(&searchView_, &QLineEdit::textChanged, this, [this] {
+        tableView_.ignorePointerUntilItMoves();
+        delayedSearchAction_.run(platform::whileAlive(*this, [this] { search(); }));
+    });
+}
+
+void MenuBarCustomMenu::connectRows()
+{
+    rowProvider_.entryClicked = [this](const MenuEntry& entry) { entryClicked(entry); };
+    rowProvider_.startAdjusted
+        = [this](const QString& taskID, int minutes) { adjustStartHandler(taskID, minutes); };
+    rowProvider_.stopAdjusted
+        = [this](const QString& taskID, int minutes) { adjustedStopHandler(taskID, minutes); };
+    keyboard_.arrowPressed = [this](int row, int minutes) {
+        if (const QString* taskID = runningTask(rowProvider_.entryAt(row)))
+            adjustStartHandler(QString(*taskID), minutes); // a copy, as the handler may replace the rows
+    };
 }
 
 void MenuBarCustomMenu::reload()
 {
     const bool hadSelection = tableView_.selectedRow() >= 0;
-    const auto isSearch
-        = [](const MenuEntry& row) { return std::holds_alternative<MenuEntry::Search>(row.value); };
-    const auto search
-        = showSearch_ ? std::find_if(dataList.begin(), dataList.end(), isSearch) : dataList.end();
-    searchRow_ = search == dataList.end() ? -1 : int(search - dataList.begin());
-    typingRelay_.setFieldRow(searchRow_);
-
-    const bool wasTyping = searchView_.hasFocus() && !searchView_.text().isEmpty();
-    width_ = measurer_.measure(dataList, minWidth_); // before the table asks for the heights
+    keyboard_.setSearchRow(rowProvider_.searchRow());
+    width_ = measurer_.measure(dataList, minWidth_); // first, as the table asks for the rows' heights
     tableView_.reloadData();
     const QPointer<MenuBarCustomMenu> self(this);
     resizeToFit();
     if (!self)
         return;
-    // The pointer may lie over a row that came to it; it was not moved there.
+    // New rows may have come under the pointer, which selects only when it is moved.
     if (!hadSelection)
         tableView_.deselectAll();
-    giveFocus(!hadSelection);
-    if (wasTyping && tableView_.hasFocus())
-        typingRelay_.setInterruptsTyping(true);
+    keyboard_.giveTo(hadSelection ? MenuKeyboard::Receiver::table : MenuKeyboard::Receiver::searchField);
 }
 
 void MenuBarCustomMenu::resizeToFit()
@@ -108,29 +122,15 @@ void MenuBarCustomMenu::resizeToFit()
     const double highest = screen ? shareOfScreen * screen->visibleFrame.height() : 0;
     const double height = std::min<double>(tableView_.sizeHint().height(), highest);
     resize(*width_, int(std::lround(height)));
-    if (const auto handler = resizedHandler)
-        handler();
-}
-
-void MenuBarCustomMenu::giveFocus(bool toSearch)
-{
-    const QWidget* focus = window()->focusWidget();
-    const bool isControlOfRow = focus && focus != &searchView_ && focus != &tableView_
-        && tableView_.isAncestorOf(focus) && focus->isVisibleTo(&tableView_);
-    if (isControlOfRow || typingRelay_.isComposing())
-        return;
-    const bool showsSearch = searchRow_ >= 0 && tableView_.viewAtRow(searchRow_) == &searchView_;
-    QWidget& receiver = toSearch && showsSearch ? static_cast<QWidget&>(searchView_) : tableView_;
-    receiver.setFocus(Qt::OtherFocusReason);
+    resizedHandler();
 }
 
 void MenuBarCustomMenu::cleanup()
 {
     tableView_.setDelegate(nullptr);
     tableView_.setDataSource(nullptr);
-    tableView_.setKeyDelegate(nullptr);
+    keyboard_.detach();
     disconnect(&searchView_, nullptr, this, nullptr);
-    searchView_.keyHandler = nullptr;
     resizedHandler = nullptr;
     entryClicked = nullptr;
     adjustStartHandler = nullptr;
@@ -138,23 +138,13 @@ void MenuBarCustomMenu::cleanup()
     searchTermChangedHandler = nullptr;
     adjustedStopTimePerTaskID.clear();
     delayedSearchAction_.cancel();
-    std::vector<MenuEntry>().swap(dataList);
-}
-
-void MenuBarCustomMenu::searchTextChanged()
-{
-    tableView_.ignorePointerUntilItMoves();
-    delayedSearchAction_.run([self = QPointer(this)] {
-        if (self)
-            self->search();
-    });
+    dataList = std::vector<MenuEntry>(); // which frees the memory, unlike clear()
 }
 
 void MenuBarCustomMenu::search()
 {
     tableView_.deselectAll();
-    if (const auto handler = searchTermChangedHandler)
-        handler(searchView_.text().toLower());
+    searchTermChangedHandler(searchView_.text().toLower());
 }
 
 void MenuBarCustomMenu::resizeEvent(QResizeEvent* event)
@@ -167,11 +157,11 @@ void MenuBarCustomMenu::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (event->spontaneous())
-        return; // its window was only out of sight
+        return; // its window was only hidden by the window manager
     const QPointer<MenuBarCustomMenu> self(this);
     resizeToFit();
     if (self)
-        giveFocus(true);
+        keyboard_.giveTo(MenuKeyboard::Receiver::searchField);
 }
 
 void MenuBarCustomMenu::changeEvent(QEvent* event)
@@ -181,7 +171,7 @@ void MenuBarCustomMenu::changeEvent(QEvent* event)
     if (!isFont || tableView_.numberOfRows() == 0)
         return;
     width_.reset();
-    // The rows take the font later than this.
+    // The rows take the new font only after this event.
     QMetaObject::invokeMethod(
         this,
         [this] {

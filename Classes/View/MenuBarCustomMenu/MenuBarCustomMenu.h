@@ -2,131 +2,90 @@
 #pragma once
 
 #include "InterAppCommBridge/MenuEntry.h"
+#include "Platform/Lifetime/Callback.h"
 #include "Platform/Services/Clock.h"
-#include "Platform/Views/Table/TableViewDataSource.h"
-#include "Platform/Views/Table/TableViewDelegate.h"
 #include "ToolKit/Deferred/DelayedAction.h"
 #include "ToolKit_macOS/CustomTableView.h"
-#include "ToolKit_macOS/CustomTableViewKeyDelegate.h"
 #include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
+#include "View/MenuBarCustomMenu/MenuKeyboard.h"
 #include "View/MenuBarCustomMenu/MenuRowMeasurer.h"
-#include "View/MenuBarCustomMenu/MenuTypingRelay.h"
+#include "View/MenuBarCustomMenu/MenuRowProvider.h"
 
 #include <QWidget>
 
-#include <functional>
 #include <map>
 #include <optional>
 #include <vector>
 
 namespace quor::helper {
 
-/// The content of the pop-up menu: one scrolling column of rows, which the pointer selects by moving
-/// and the arrow keys by walking, while the caret stays in the search field. It decides nothing: rows
-/// come in through `dataList`, choices leave through the handlers.
+/// The content of the pop-up menu: one scrolling column of rows. The pointer selects the row below it, the
+/// arrow keys walk through the rows, and the caret stays in the search field meanwhile. The menu makes no
+/// decisions: rows come in through `dataList`, and choices leave through the handlers.
 ///
 ///     menu.dataList = rows;
-///     menu.reload(); // sizes the menu, and tells so through resizedHandler
+///     menu.reload(); // sizes the menu, and calls resizedHandler
 ///
-/// The menu draws no ground of its own. A handler may end the menu, replace its rows or call
-/// `cleanup`; one that is not set does nothing. Main thread only.
-class MenuBarCustomMenu final : public QWidget,
-                                public platform::TableViewDataSource,
-                                public platform::TableViewDelegate,
-                                public toolkit::CustomTableViewKeyDelegate {
+/// It paints no background, and leaves Escape to its window. A handler may delete the menu, replace its
+/// rows or call `cleanup`. Main thread only.
+class MenuBarCustomMenu final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Without `showSearch` a `search` row takes no room. `minWidth` in device-independent pixels.
+    /// Without `showSearch` a `Search` row takes no room. `minWidth` is in device-independent pixels.
     /// `clock` must outlive the menu.
     MenuBarCustomMenu(
         bool showSearch, double minWidth, const platform::Clock& clock, QWidget* parent = nullptr);
     ~MenuBarCustomMenu() override;
 
-    /// After each resize, also one that led to the same size.
-    std::function<void()> resizedHandler;
-    /// A row was chosen by click or key; any kind of row.
-    std::function<void(const MenuEntry& entry)> entryClicked;
-    std::function<void(const QString& taskID, int minutes)> adjustStartHandler;
-    std::function<void(const QString& taskID, int minutes)> adjustedStopHandler;
-    /// In lower case, 0.2 seconds after the last change of the text.
-    std::function<void(const QString& term)> searchTermChangedHandler;
+    /// Called after each `reload` and `resizeToFit`, also if the size is the same as before.
+    platform::Callback<void()> resizedHandler;
+    /// A row of any kind was chosen, by a click or a key.
+    platform::Callback<void(const MenuEntry& entry)> entryClicked;
+    /// The start of the task's timer is to be moved; 0 minutes: to the end of the entry before.
+    platform::Callback<void(const QString& taskID, int minutes)> adjustStartHandler;
+    /// The task's timer is to be stopped so many minutes from now; negative is the past.
+    platform::Callback<void(const QString& taskID, int minutes)> adjustedStopHandler;
+    /// The text of the search field in lower case, 0.2 seconds after its last change.
+    platform::Callback<void(const QString& term)> searchTermChangedHandler;
 
-    /// Takes effect with `reload`, which must follow before the event loop turns.
+    /// Takes effect with `reload`, which must follow before control returns to the event loop.
     std::vector<MenuEntry> dataList;
-    /// For whoever keeps moments per task while the menu is there; emptied by `cleanup`.
+    /// Storage for the owner, which the menu only empties in `cleanup`.
     std::map<QString, double> adjustedStopTimePerTaskID;
 
-    /// Shows `dataList`. The selection stays by index, text, caret and a composition in the search
-    /// field stay as they are. The keyboard goes to the search field if no row was selected, else to
-    /// the table, whose typed text still lands in the field; a composition or a row's own control
-    /// keeps it.
+    /// Shows `dataList`. The selected row number stays, as do text, caret and composition of the search
+    /// field. The keyboard goes to the search field if no row was selected, else to the table, where typed
+    /// text still lands in the field; a control of a row that has the keyboard keeps it.
     void reload();
-    /// Sizes the menu to its rows: as wide as they need from `minWidth` to 500, and as high up to 0.9
-    /// of the main screen's visible frame.
+    /// Sizes the menu to its rows: from `minWidth` to 500 wide, and at most 0.9 times as high as the main
+    /// screen's visible frame.
     void resizeToFit();
-    /// Drops the handlers, the rows, and what is pending. The menu stays on the screen as it is, and
-    /// reacts to nothing.
+    /// Clears the handlers and the rows, and cancels a pending search. The menu looks as before, and reacts
+    /// to nothing any more.
     void cleanup();
 
     [[nodiscard]] MenuSearchView& searchView() { return searchView_; }
     [[nodiscard]] toolkit::CustomTableView& tableView() { return tableView_; }
-    /// The height of an `entry` row, as of the last resize.
-    [[nodiscard]] double cellHeight() const { return measurer_.cellHeight(); }
-
-    // The table's questions.
-    [[nodiscard]] int numberOfRows(const platform::TableView& table) const override;
-    [[nodiscard]] QWidget* viewForRow(platform::TableView& table, int row) override;
-    [[nodiscard]] platform::TableRowView* rowViewForRow(platform::TableView& table, int row) override;
-    [[nodiscard]] int heightOfRow(const platform::TableView& table, int row) const override;
-    [[nodiscard]] bool shouldSelectRow(const platform::TableView& table, int row) const override;
-    [[nodiscard]] QString typeSelectString(const platform::TableView& table, int row) const override;
-    [[nodiscard]] platform::TableViewRowDescription describeRow(
-        const platform::TableView& table, int row) const override;
-    void didClickRow(platform::TableView& table, int row) override;
-    void pointerDidHoverRow(platform::TableView& table, int row) override;
-
-    void tableViewDidPressEnter(toolkit::CustomTableView& table, int row) override;
-    void tableViewDidPressSpace(toolkit::CustomTableView& table, int row) override;
-    void tableViewDidMoveLeft(toolkit::CustomTableView& table, int row) override;
-    void tableViewDidMoveRight(toolkit::CustomTableView& table, int row) override;
-    void tableViewDidDoubleClick(toolkit::CustomTableView& table, int row) override; ///< nothing
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    [[nodiscard]] const MenuEntry* entryAt(int row) const;
-    [[nodiscard]] QWidget* viewFor(const MenuEntry::Entry& entry);
-    [[nodiscard]] QWidget* viewFor(const MenuEntry::AdjustStart& entry);
-    [[nodiscard]] QWidget* viewFor(const MenuEntry::StopPast& entry);
-    [[nodiscard]] QWidget* viewFor(const MenuEntry::Separator& entry);
-    [[nodiscard]] QWidget* viewForSearch(int row);
-
     void setUpTable();
     void setUpSearch();
-    void giveFocus(bool toSearch);
-    void choose(int row);
-    void adjustStart(int row, int minutes);
-    void searchTextChanged();
+    void connectRows();
     void search();
 
-    [[nodiscard]] bool handleSearchKey(QKeyEvent& event);
-    [[nodiscard]] bool handleKeyOfEmptySearch(int key);
-    void walkFromSearch(platform::TableViewStep step);
-
-    const platform::Clock& clock_;
-    const bool showSearch_;
     const int minWidth_;
     MenuRowMeasurer measurer_;
-    std::optional<int> width_; ///< that the rows want; absent while they are not measured
-    int searchRow_ = -1; ///< the first one; -1 for none
+    std::optional<int> width_; ///< that the rows need; absent until they are measured
     toolkit::CustomTableView tableView_;
-    MenuSearchView searchView_; ///< while shown, inside the table's widgets: ends before them
-    MenuTypingRelay typingRelay_;
+    MenuSearchView searchView_; ///< a child of the table's widgets while shown, so it must be destroyed first
+    MenuRowProvider rowProvider_;
+    MenuKeyboard keyboard_;
     toolkit::DelayedAction delayedSearchAction_;
 };
 

@@ -13,15 +13,15 @@ const platform::Bundle& menuResources()
     return resources;
 }
 
-QString filledText(const QString& key, const QString& filling)
+QString filledText(const QString& key, const QString& value)
 {
-    return menuResources().localizedString(key).replace("%@"_L1, filling);
+    return menuResources().localizedString(key).replace("%@"_L1, value);
 }
 
 QString timeText(double seconds)
 {
     using platform::DateFormatter;
-    // One for all rows, since loading a language's rules takes longer than showing a row.
+    // Shared, since creating one loads the rules of a language, which takes longer than showing a row.
     static const DateFormatter formatter(DateFormatter::Style::none, DateFormatter::Style::short_);
     return formatter.string(platform::dateFromSeconds(seconds));
 }

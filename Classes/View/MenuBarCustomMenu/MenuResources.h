@@ -3,16 +3,16 @@
 
 #include "Platform/Resources/Bundle.h"
 
-/// The application's own resources, as the menu uses them. Looked for when first asked for. Main
-/// thread only.
+/// The texts and images of the menu. Main thread only.
 namespace quor::helper {
 
+/// The application's own bundle, which is loaded at the first call.
 [[nodiscard]] const platform::Bundle& menuResources();
 
-/// The text of `key` with `filling` in the place of its one "%@".
-[[nodiscard]] QString filledText(const QString& key, const QString& filling);
+/// Returns the localized text of `key` with `value` in place of its "%@".
+[[nodiscard]] QString filledText(const QString& key, const QString& value);
 
-/// A moment as hours and minutes, in the user's language and zone; `seconds` since 1970.
+/// Returns a moment as hours and minutes in the user's language and time zone; `seconds` since 1970.
 [[nodiscard]] QString timeText(double seconds);
 
 } // namespace quor::helper

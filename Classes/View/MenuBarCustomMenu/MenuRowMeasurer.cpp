@@ -20,7 +20,7 @@ int MenuRowMeasurer::measure(const std::vector<MenuEntry>& rows, int atLeast)
 {
     adjustStartSize_.reset();
     stopPastSize_.reset();
-    cellHeight_ = prototypeCellView_.metrics().height(); // of every entry
+    cellHeight_ = prototypeCellView_.metrics().height(); // all entries are of one height
     int widest = atLeast;
     for (auto row = rows.begin(); row != rows.end() && widest < maxWidth; ++row)
         widest = std::max(widest, widthOf(*row, widest - sideRoom) + sideRoom);

@@ -12,19 +12,20 @@
 
 namespace quor::helper {
 
-/// How wide a menu must be for its rows, and how high each row is. One cell serves all measuring, and
-/// only rows that may be wider than those before are laid out. Device-independent pixels. Main thread
-/// only.
+/// Measures how wide a menu must be for its rows, and how high each kind of row is, in device-independent
+/// pixels. One cell measures all entries, and only those that may be wider than the entries before. Main
+/// thread only.
 class MenuRowMeasurer final {
 public:
     static constexpr int maxWidth = 500;
-    static constexpr int sideRoom = 52; ///< around the rows, on both sides together
+    static constexpr int sideRoom = 52; ///< beside the rows, left and right together
 
-    /// `parent` lends its font to the measuring cell and owns it; `clock` must outlive this object.
+    /// `parent` becomes the parent of the measuring cell, so that the cell has its font. `parent` and
+    /// `clock` must outlive this object.
     MenuRowMeasurer(QWidget& parent, const platform::Clock& clock);
 
-    /// How wide a menu must be for the rows: `atLeast`, more for a wider row with the room around it,
-    /// but then at most `maxWidth`. Sets `cellHeight`, and measures the other kinds anew.
+    /// Returns the width of a menu with these rows: that of the widest row and `sideRoom`, at most
+    /// `maxWidth`, but never less than `atLeast`. The heights below are those at the last measuring.
     [[nodiscard]] int measure(const std::vector<MenuEntry>& rows, int atLeast);
 
     [[nodiscard]] int cellHeight() const { return cellHeight_; }
@@ -32,7 +33,7 @@ public:
     [[nodiscard]] int stopPastHeight() const { return stopPastSize().height(); }
 
 private:
-    /// 0 for a row that is surely no wider than `widest`.
+    /// Returns 0 for a row that is certainly not wider than `widest`.
     [[nodiscard]] int widthOf(const MenuEntry& row, int widest);
     [[nodiscard]] const QSize& adjustStartSize() const;
     [[nodiscard]] const QSize& stopPastSize() const;
@@ -40,7 +41,7 @@ private:
     const platform::Clock& clock_;
     MenuCellView& prototypeCellView_;
     int cellHeight_ = 16;
-    // Of a fresh view, since the last measuring; made when first asked for.
+    // Absent since the last measuring until they are needed.
     mutable std::optional<QSize> adjustStartSize_;
     mutable std::optional<QSize> stopPastSize_;
 };

@@ -22,7 +22,7 @@ MenuTypingRelay::MenuTypingRelay(platform::TableView& table, QLineEdit& field)
 void MenuTypingRelay::setFieldRow(int row)
 {
     fieldRow_ = row;
-    // Without it, input methods and dead keys would hand over the letters that they are to change.
+    // Otherwise input methods and dead keys send the table the single letters before they combine them.
     table_.setAttribute(Qt::WA_InputMethodEnabled, row >= 0);
 }
 
@@ -57,7 +57,7 @@ bool MenuTypingRelay::relayKey(QKeyEvent& event)
 {
     if (relaysKey_ || !isTyping(event))
         return false;
-    const QScopedValueRollback relays(relaysKey_, true); // what the field does not want comes back
+    const QScopedValueRollback relays(relaysKey_, true); // a key that the field ignores goes to the table
     focusField();
     QCoreApplication::sendEvent(&field_, &event);
     return true;
@@ -74,13 +74,13 @@ bool MenuTypingRelay::isTyping(const QKeyEvent& event) const
     if (event.key() == Qt::Key_Backspace)
         return !field_.text().isEmpty();
     if (text.at(0) == QLatin1Char(' '))
-        return interruptsTyping_; // else it chooses the selected row
+        return interruptsTyping_; // otherwise it chooses the selected row
     return text.at(0).isPrint() || text.at(0).isHighSurrogate();
 }
 
 void MenuTypingRelay::relayInput(QInputMethodEvent& event)
 {
-    // Giving the keyboard away would end a composition, so it stays here until there is a text.
+    // The table keeps the keyboard until text is committed, since a change of focus ends a composition.
     if (!composing_ && !interruptsTyping_)
         field_.end(false);
     QCoreApplication::sendEvent(&field_, &event);
@@ -102,7 +102,7 @@ void MenuTypingRelay::relayQuery(QInputMethodQueryEvent& event)
 void MenuTypingRelay::focusField()
 {
     table_.scrollRowToVisible(fieldRow_);
-    // Where a text was interrupted, it goes on at its caret; else behind its end.
+    // An interrupted text continues at its caret. Otherwise the field moves the caret to the end.
     field_.setFocus(interruptsTyping_ ? Qt::ActiveWindowFocusReason : Qt::OtherFocusReason);
 }
 

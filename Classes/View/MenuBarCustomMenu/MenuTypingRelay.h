@@ -14,23 +14,23 @@ class TableView;
 
 namespace quor::helper {
 
-/// Lets a user type into the search field of a list while the list has the keyboard: text, deletions,
-/// pasting and the compositions of input methods go to the field, and the keyboard follows them. Off
-/// until there is a row of the field. Main thread only.
+/// Lets the user type into the search field of a list while the list has the keyboard: text, Backspace,
+/// pasting and the compositions of input methods go to the field, which then gets the keyboard. Inactive
+/// until `setFieldRow` names a row. Main thread only.
 class MenuTypingRelay final : public QObject {
     Q_OBJECT
 
 public:
-    /// Both must outlive the relay.
+    /// Borrows both, which must outlive the relay.
     MenuTypingRelay(platform::TableView& table, QLineEdit& field);
 
-    /// The row that shows the field; -1 for none, which leaves the typing to the table.
+    /// The row that shows the field; -1 if no row does, and then the table keeps what is typed.
     void setFieldRow(int row);
 
-    /// An input method is at work on text that it has not handed over yet.
+    /// Returns true while an input method composes a text that it has not committed yet.
     [[nodiscard]] bool isComposing() const { return composing_; }
-    /// The table gets the keyboard in the middle of a text: a space belongs to the text until the
-    /// keyboard goes elsewhere.
+    /// Call this when the table gets the keyboard while the user is typing a text: until the table loses
+    /// the keyboard, a space then belongs to the text and does not choose the selected row.
     void setInterruptsTyping(bool interrupts) { interruptsTyping_ = interrupts; }
 
     bool eventFilter(QObject* watched, QEvent* event) override;

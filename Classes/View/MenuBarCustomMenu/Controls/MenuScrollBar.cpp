@@ -19,7 +19,7 @@ constexpr int margin = 2;
 MenuScrollBar::MenuScrollBar(QWidget* parent)
     : QScrollBar(Qt::Vertical, parent)
 {
-    setAttribute(Qt::WA_OpaquePaintEvent, false); // the ground shows through
+    setAttribute(Qt::WA_OpaquePaintEvent, false); // the menu's background shows through
 }
 
 QSize MenuScrollBar::sizeHint() const
@@ -31,8 +31,7 @@ void MenuScrollBar::paintEvent(QPaintEvent* /*event*/)
 {
     QStyleOptionSlider option;
     initStyleOption(&option);
-    // Where the style takes hold of it.
-    const QRectF slider
+    const QRectF slider // where the style lets the user grab it
         = style()->subControlRect(QStyle::CC_ScrollBar, &option, QStyle::SC_ScrollBarSlider, this);
     const bool isBusy = isSliderDown() || underMouse();
     const QColor ink = platform::withAlpha(palette().color(QPalette::WindowText), isBusy ? 0.55 : 0.3);

@@ -5,7 +5,7 @@
 
 namespace quor::helper {
 
-/// The scroll bar of the menu: no more than a slim handle on the menu's own ground. Main thread only.
+/// The scroll bar of the menu: a slim handle on the menu's background, without a groove. Main thread only.
 class MenuScrollBar final : public QScrollBar {
     Q_OBJECT
 

@@ -28,8 +28,7 @@ MenuSearchView::MenuSearchView(QWidget* parent)
     setAccessibleName(title);
     setFrame(false);
     setClearButtonEnabled(true);
-    // The bezel is painted below the text.
-    QPalette clear;
+    QPalette clear; // paintEvent draws the background
     clear.setColor(QPalette::Base, Qt::transparent);
     setPalette(clear);
     followDesktop();
@@ -66,8 +65,8 @@ void MenuSearchView::focusInEvent(QFocusEvent* event)
 {
     QLineEdit::focusInEvent(event);
     switch (event->reason()) {
-    case Qt::MouseFocusReason: // puts the caret itself
-    case Qt::PopupFocusReason: // had the keyboard before
+    case Qt::MouseFocusReason: // the click sets the caret
+    case Qt::PopupFocusReason: // the caret stays where it was before
     case Qt::ActiveWindowFocusReason:
         return;
     default:
@@ -78,7 +77,7 @@ void MenuSearchView::focusInEvent(QFocusEvent* event)
 
 void MenuSearchView::keyPressEvent(QKeyEvent* event)
 {
-    if (keyHandler && keyHandler(*event))
+    if (keyHandler(*event))
         event->accept();
     else
         QLineEdit::keyPressEvent(event);
@@ -101,7 +100,7 @@ void MenuSearchView::paintEvent(QPaintEvent* event)
         painter.setPen(platform::withAlpha(ink, 0.25));
         painter.setBrush(platform::withAlpha(ink, 0.07));
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
-        // A ring and its handle.
+        // The magnifying glass: a ring and its handle.
         const QRectF glass = glassFrame();
         const qreal ring = glass.width() * 0.7;
         painter.setPen(QPen(platform::withAlpha(ink, 0.6), glass.width() / 7, Qt::SolidLine, Qt::RoundCap));

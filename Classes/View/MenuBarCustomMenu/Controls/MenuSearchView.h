@@ -1,30 +1,27 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QLineEdit>
+#include "Platform/Lifetime/Callback.h"
 
-#include <functional>
+#include <QLineEdit>
 
 namespace quor::helper {
 
-/// The search field of the menu. It gets the keyboard with the caret behind the last character, so
-/// that typing goes on; clicks and a context menu leave caret and selection as a field does. Each
-/// change of the text is told at once (`textChanged`). Main thread only.
+/// The search field of the menu. When it gets the keyboard, it puts the caret after the last character
+/// instead of selecting the text, except by a click, after a pop-up menu, or with its window. Emits
+/// `textChanged` at each change of the text. Main thread only.
 class MenuSearchView final : public QLineEdit {
     Q_OBJECT
 
 public:
     explicit MenuSearchView(QWidget* parent = nullptr);
 
-    int tag = -1; ///< its row in the list
+    /// Called with each key press first. If it returns true, the key has been handled.
+    platform::Callback<bool(const QKeyEvent& event)> keyHandler;
 
-    /// Asked before the field edits; true: the key is used up.
-    std::function<bool(QKeyEvent&)> keyHandler;
-
-    /// Takes the user's font and direction as they stand now; happens by itself when it is shown.
+    /// Adopts the user's present menu font and layout direction. Called automatically when it is shown.
     void followDesktop();
 
-    /// The fitting size.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

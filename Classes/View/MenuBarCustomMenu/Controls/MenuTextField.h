@@ -7,12 +7,13 @@
 
 namespace quor::helper {
 
-/// A `MenuLine` as a widget: a label without styled text, read out as any label is. Main thread only.
+/// A label that shows a `MenuLine`: plain text, which screen readers read as that of any label. Main
+/// thread only.
 class MenuTextField final : public QLabel {
     Q_OBJECT
 
 public:
-    /// `alpha`: of the text's colour.
+    /// `alpha` is the opacity of the text, from 0 to 1.
     explicit MenuTextField(double alpha, QWidget* parent = nullptr);
 
     void setLine(const QString& text, const QFont& font);

@@ -11,23 +11,19 @@
 namespace quor::helper {
 
 MenuTimerButton::MenuTimerButton(int tag, const QString& title, QWidget* parent)
-    : QAbstractButton(parent)
+    : MenuButton(parent)
     , tag_(tag)
 {
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
-    // It is part of the row's ground and takes the colour of the row's text.
-    setBackgroundRole(QPalette::NoRole);
-    setForegroundRole(QPalette::NoRole);
     setTitle(title);
 }
 
 void MenuTimerButton::setTitle(const QString& title)
 {
     title_ = title;
-    // Not as the button's text, in which an ampersand would make a short cut.
-    setAccessibleName(title);
+    setAccessibleName(title); // and not setText, where an ampersand makes a short cut
     updateGeometry();
     update();
 }
@@ -61,11 +57,11 @@ void MenuTimerButton::paintEvent(QPaintEvent* /*event*/)
     const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal radius = bezel_ == Bezel::regularSquare ? squareRadius : frame.height() / 2;
     const QColor ink = palette().color(foregroundRole());
-    const double fill = isDown() ? 0.3 : underMouse() ? 0.16 : 0.08;
+    const double fillAlpha = isDown() ? 0.3 : underMouse() ? 0.16 : 0.08;
 
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(platform::withAlpha(ink, fill));
+    painter.setBrush(platform::withAlpha(ink, fillAlpha));
     painter.setPen(
         hasFocus() ? QPen(palette().color(QPalette::Highlight), 2) : QPen(platform::withAlpha(ink, 0.3), 1));
     painter.drawRoundedRect(frame, radius, radius);
@@ -87,7 +83,7 @@ void MenuTimerButton::keyPressEvent(QKeyEvent* event)
     case Qt::Key_Right:
     case Qt::Key_Up:
     case Qt::Key_Down:
-        event->ignore(); // the row's
+        event->ignore(); // so the row handles them
         break;
     default:
         QAbstractButton::keyPressEvent(event);

@@ -1,24 +1,24 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QAbstractButton>
+#include "View/MenuBarCustomMenu/Controls/MenuButton.h"
 
 namespace quor::helper {
 
-/// A small button of a timer row. Reached by Tab, pressed by space or Return as well, and never
-/// focused by a click. Its title is cut where the room is short. Main thread only.
-class MenuTimerButton final : public QAbstractButton {
+/// A small button of a timer row. Tab gives it the keyboard, a click does not; space and Return press it. A
+/// title that is too wide ends in an ellipsis. Main thread only.
+class MenuTimerButton final : public MenuButton {
     Q_OBJECT
 
 public:
     enum class Bezel { roundRect, regularSquare };
 
-    /// `tag`: minutes.
+    /// `tag` is the number of minutes that the button stands for.
     MenuTimerButton(int tag, const QString& title, QWidget* parent);
 
     [[nodiscard]] int tag() const { return tag_; }
     [[nodiscard]] const QString& title() const { return title_; }
-    /// An ampersand is one, and no short cut.
+    /// An ampersand is shown as such and makes no keyboard short cut.
     void setTitle(const QString& title);
     void setBezel(Bezel bezel);
 

@@ -34,8 +34,9 @@ QFont smallButtonFont()
 {
     constexpr double size = 11;
     constexpr double usualMenuSize = 13;
-    constexpr double most = 1.5; // more, and a row of buttons would not fit into the widest menu
-    return toolkit::systemFont(size * std::clamp(menuFontSize() / usualMenuSize, 1.0, most), QFont::Normal);
+    constexpr double largestFactor = 1.5; // so that a row of buttons fits into the widest menu
+    const double factor = std::clamp(menuFontSize() / usualMenuSize, 1.0, largestFactor);
+    return toolkit::systemFont(size * factor, QFont::Normal);
 }
 
 } // namespace quor::helper

@@ -3,15 +3,16 @@
 
 #include <QFont>
 
-/// The fonts of a menu: the user's general font in sizes that follow their menu font, as it stands at
-/// each call, digits of equal width. Main thread only.
+/// The fonts of a menu: the user's general font, in sizes that follow the size of the user's menu font at
+/// the moment of the call. Main thread only.
 namespace quor::helper {
 
+/// Rows: as large as the menu font, with digits of equal width.
 [[nodiscard]] QFont menuFont();
-/// Of headings, and of what is said beside controls.
+/// Headings and labels of controls: 0.9 times the menu font, with digits of equal width.
 [[nodiscard]] QFont smallMenuFont();
-/// 11 device-independent pixels, up to half as large again where the menu font is larger
-/// than the usual 13.
+/// Buttons: 11 device-independent pixels, and proportionally more for a menu font that is larger than the
+/// usual 13 pixels, up to 16.5.
 [[nodiscard]] QFont smallButtonFont();
 
 } // namespace quor::helper

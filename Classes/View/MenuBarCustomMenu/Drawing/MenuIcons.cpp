@@ -14,9 +14,9 @@ using platform::TemplateImage;
 
 namespace {
 
-constexpr int mostKnown = 128;
-constexpr qsizetype longestName = 255; // of a file
-constexpr int widestShape = 3; // times the height
+constexpr int cacheSize = 128; // icons
+constexpr qsizetype longestFileName = 255;
+constexpr int largestAspectRatio = 3; // width to height
 
 struct Key {
     QString name;
@@ -31,23 +31,24 @@ struct Key {
     }
 };
 
-/// What could be the name of a file; anything else would be warned about, or lead elsewhere.
-bool isName(const QString& name)
+/// Returns whether the name can be that of a file in a folder. Qt warns about other names, and a path would
+/// lead out of the folder.
+bool isFileName(const QString& name)
 {
     const auto isOdd = [](QChar unit) { return unit == u'/' || unit.category() == QChar::Other_Control; };
-    return !name.isEmpty() && name.size() <= longestName && std::none_of(name.begin(), name.end(), isOdd);
+    return !name.isEmpty() && name.size() <= longestFileName && std::none_of(name.begin(), name.end(), isOdd);
 }
 
 bool hasColors(const QImage& image)
 {
-    constexpr int slack = 16;
-    // Premultiplied, since what is nearly transparent has lost its true colour.
+    constexpr int tolerance = 16;
+    // Premultiplied, since rounding distorts the colour of pixels that are nearly transparent.
     const QImage pixels = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < pixels.height(); ++y) {
         const auto* const line = reinterpret_cast<const QRgb*>(pixels.constScanLine(y));
         const bool isColored = std::any_of(line, line + pixels.width(), [](QRgb pixel) {
             const auto [least, most] = std::minmax({qRed(pixel), qGreen(pixel), qBlue(pixel)});
-            return most - least > slack;
+            return most - least > tolerance;
         });
         if (isColored)
             return true;
@@ -57,7 +58,7 @@ bool hasColors(const QImage& image)
 
 TemplateImage load(const Key& key)
 {
-    const QSizeF room(widestShape * key.height, key.height);
+    const QSizeF room(largestAspectRatio * key.height, key.height);
     const QImage own = menuResources().image(key.name, room, key.devicePixelRatio);
     if (!own.isNull())
         return {own, true};
@@ -72,8 +73,8 @@ TemplateImage load(const Key& key)
 
 TemplateImage icon(const QString& name, int height, qreal devicePixelRatio)
 {
-    static QCache<Key, TemplateImage> known(mostKnown);
-    if (!isName(name))
+    static QCache<Key, TemplateImage> known(cacheSize);
+    if (!isFileName(name))
         return {};
     const Key key{name, QIcon::themeName(), height, devicePixelRatio};
     if (const TemplateImage* found = known.object(key))

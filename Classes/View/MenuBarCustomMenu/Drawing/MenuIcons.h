@@ -5,14 +5,14 @@
 
 #include <QString>
 
-/// Images by the names that the main application sends: first those of the application's own resources,
-/// then those of the desktop's icon theme. Unknown names are remembered too, so looking a name up again
-/// is cheap. Main thread only.
+/// The icons of rows, by the names that the main application sends. A name is looked up in the
+/// application's own resources first, then in the desktop's icon theme. Results are cached, also those for
+/// unknown names. Main thread only.
 namespace quor::helper::MenuIcons {
 
-/// Returns the icon at this height, in device-independent pixels; its width follows from its proportions.
-/// An icon of our own is a template, and so is an icon of the desktop without colours of its own. The
-/// pixels are null for an unknown name.
+/// Returns the icon at this height, in device-independent pixels, and at most three times as wide. All icons
+/// of our own are templates, and so are those of the desktop that are grey throughout. The pixels are null
+/// for an unknown name.
 [[nodiscard]] platform::TemplateImage icon(const QString& name, int height, qreal devicePixelRatio);
 
 } // namespace quor::helper::MenuIcons

@@ -13,7 +13,7 @@ namespace quor::helper {
 
 namespace {
 
-// Shaping takes time by the length, and no menu has room for more.
+// The time for shaping grows with the length, and no menu has room for more.
 constexpr qsizetype longestText = 512;
 
 } // namespace
@@ -43,18 +43,18 @@ void MenuLine::draw(
     QPainter& painter, const QRectF& frame, const QColor& color, Qt::LayoutDirection layout) const
 {
     const QFontMetricsF metrics(font_);
-    if (cutFor_ != frame.width()) {
-        cutFor_ = frame.width();
+    if (frameWidth_ != frame.width()) {
+        frameWidth_ = frame.width();
         const bool fits = width() <= frame.width();
-        cut_ = fits ? text_ : metrics.elidedText(text_, Qt::ElideRight, frame.width());
-        cutWidth_ = fits ? width() : metrics.horizontalAdvance(cut_);
+        shownText_ = fits ? text_ : metrics.elidedText(text_, Qt::ElideRight, frame.width());
+        shownWidth_ = fits ? width() : metrics.horizontalAdvance(shownText_);
     }
-    const double left = layout == Qt::RightToLeft ? frame.right() - cutWidth_ : frame.left();
+    const double left = layout == Qt::RightToLeft ? frame.right() - shownWidth_ : frame.left();
     const double top = frame.top() + (frame.height() - metrics.height()) / 2;
     painter.setFont(font_);
     painter.setPen(platform::withAlpha(color, color.alphaF() * alpha_));
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    painter.drawText(alignedToDevicePixels(painter, {left, top + metrics.ascent()}), cut_);
+    painter.drawText(alignedToDevicePixels(painter, {left, top + metrics.ascent()}), shownText_);
 }
 
 } // namespace quor::helper

@@ -10,34 +10,34 @@ class QPainter;
 
 namespace quor::helper {
 
-/// One line of text in a menu. Of a very long text only the beginning is kept, and line breaks show
-/// as blanks. Reads in the direction of its own first letters, whatever the layout's. Main thread only.
+/// One line of text in a menu. Line breaks become blanks, and only the first 512 characters of a text are
+/// kept. The direction of the text follows from its own letters, not from the layout. Main thread only.
 class MenuLine final {
 public:
     MenuLine() = default;
-    /// `alpha`: of the colour that it is drawn in.
+    /// `alpha` is the opacity of the text, from 0 to 1.
     MenuLine(const QString& text, const QFont& font, double alpha = 1);
 
     [[nodiscard]] const QString& text() const { return text_; }
     [[nodiscard]] const QFont& font() const { return font_; }
-    [[nodiscard]] double alpha() const { return alpha_; }
 
-    /// Both rounded up to whole device-independent pixels. The width is measured when first asked for.
+    /// In device-independent pixels, rounded up. The first call measures the text.
     [[nodiscard]] int width() const;
+    /// The height of a line in the font, rounded up, in device-independent pixels.
     [[nodiscard]] int height() const;
 
-    /// In the middle of the height and at the leading edge of `layout`; cut with an ellipsis at its
-    /// end if it is wider than the frame.
+    /// Draws the text vertically centred at the leading edge of `frame`, which is the right one in a
+    /// right-to-left layout. A text wider than the frame ends in an ellipsis.
     void draw(QPainter& painter, const QRectF& frame, const QColor& color, Qt::LayoutDirection layout) const;
 
 private:
     QString text_;
     QFont font_;
     double alpha_ = 1;
-    mutable int width_ = -1; ///< not measured yet
-    mutable QString cut_; ///< as it was drawn last
-    mutable double cutWidth_ = 0;
-    mutable double cutFor_ = -1; ///< the width of the frame
+    mutable int width_ = -1; ///< -1 until it is measured
+    mutable QString shownText_; ///< what the last `draw` showed, and its width
+    mutable double shownWidth_ = 0;
+    mutable double frameWidth_ = -1; ///< of the last `draw`
 };
 
 } // namespace quor::helper

@@ -5,29 +5,28 @@
 
 namespace quor::helper {
 
-/// A row of the menu. Always drawn as in the view that has the keyboard, since the search field has
-/// it while the list is walked; and with the menu's own mark, a bar with round corners in the user's
-/// accent colour, in place of the table's.
+/// A row of the menu. A selected row is always drawn like one in a view that has the keyboard, since the
+/// search field has it while the user walks through the rows. The selection is a bar with round corners in
+/// the user's accent colour.
 ///
-/// It keeps `sideMargin` free on both sides of its view. A list that gives its table content insets of
-/// `EmphasizedRowView::listInset` on both sides has 16 of its 52 device-independent pixels left for a
-/// scroll bar. Main thread only.
+/// Main thread only.
 class EmphasizedRowView final : public platform::TableRowView {
     Q_OBJECT
 
 public:
-    static constexpr int sideMargin = 12;
-    static constexpr int listInset = 6;
+    static constexpr int sideMargin
+        = 12; ///< free on each side of the row's view, in device-independent pixels
+    static constexpr int listInset = 6; ///< for the table around the rows, on each side
 
     explicit EmphasizedRowView(QWidget* parent = nullptr);
 
     [[nodiscard]] bool isEmphasized() const override { return true; }
-    void setEmphasized(bool emphasized) override; ///< ignored
+    void setEmphasized(bool emphasized) override; ///< Has no effect.
     [[nodiscard]] platform::TableViewSelectionStyle selectionHighlightStyle() const override
     {
         return platform::TableViewSelectionStyle::none;
     }
-    void setSelectionHighlightStyle(platform::TableViewSelectionStyle style) override; ///< ignored
+    void setSelectionHighlightStyle(platform::TableViewSelectionStyle style) override; ///< Has no effect.
 
 protected:
     void drawSelection(QPainter& painter) const override;

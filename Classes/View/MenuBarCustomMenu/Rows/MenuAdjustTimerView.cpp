@@ -23,15 +23,19 @@ MenuAdjustTimerView::MenuAdjustTimerView(QWidget* parent)
     });
 }
 
+QString MenuAdjustTimerView::labelText(double startTime)
+{
+    return filledText(u"MenubarRewindStartTime"_s, timeText(startTime));
+}
+
 void MenuAdjustTimerView::update()
 {
-    setLabel(filledText(u"MenubarRewindStartTime"_s, timeText(startTime)));
+    setLabel(labelText(startTime));
 }
 
 void MenuAdjustTimerView::buttonClicked(const MenuTimerButton& button)
 {
-    if (const auto handler = adjustHandler) // which may end the view
-        handler(button.tag());
+    adjustHandler(button.tag());
 }
 
 } // namespace quor::helper

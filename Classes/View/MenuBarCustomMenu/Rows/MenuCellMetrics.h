@@ -4,6 +4,7 @@
 #include "InterAppCommBridge/MenuEntry.h"
 #include "View/MenuBarCustomMenu/Drawing/MenuIcons.h"
 #include "View/MenuBarCustomMenu/Drawing/MenuLine.h"
+#include "View/MenuBarCustomMenu/Drawing/TextWidthBound.h"
 
 #include <QRect>
 #include <QSize>
@@ -12,50 +13,50 @@
 
 namespace quor::helper {
 
-/// What a `MenuCellView` shows of its entry, and where. The one place that knows how large a row is,
-/// so that rows are measured without a widget.
+/// The layout of a `MenuCellView`: which parts it shows of an entry, where they are, and how large the cell
+/// is. It needs no widget, so that thousands of rows can be measured.
 ///
-/// Sizes are device-independent pixels. Every entry is as high as a line in the menu's font, headings
-/// too, so `height()` holds for all rows of a list. It follows the user's font: made anew when that
-/// changes. Main thread only.
+/// Sizes are device-independent pixels. All entries, headings too, are as high as a line in the menu font.
+/// Create a new object when the user's menu font changes. Main thread only.
 class MenuCellMetrics final {
 public:
-    /// Of the menu font as it stands now.
+    /// For the menu font at this moment.
     MenuCellMetrics();
 
     struct Parts {
-        platform::TemplateImage icon; ///< without pixels if the entry names none, or one that is nowhere
+        platform::TemplateImage icon; ///< without pixels if the entry names no icon, or an unknown one
         MenuLine label;
         MenuLine hotKey;
     };
     struct Frames {
         QRectF icon;
         QRectF label;
-        QRectF hotKey; ///< both empty where there is none
+        QRectF hotKey; ///< like `icon`, empty if there is no such part
     };
 
+    /// The height of every entry.
     [[nodiscard]] int height() const { return height_; }
 
     [[nodiscard]] Parts parts(const MenuEntry::Entry& entry, qreal devicePixelRatio) const;
-    /// Where the parts lie from left to right; the label gives way where the room is short.
+    /// Returns the frames of the parts in a cell of this size, in a left-to-right layout. The label is
+    /// narrowed if there is not enough room.
     [[nodiscard]] Frames frames(const Parts& parts, const QSizeF& size) const;
+    /// Returns the size in which nothing is narrowed.
     [[nodiscard]] QSize fittingSize(const Parts& parts) const;
-
     [[nodiscard]] QSize fittingSize(const MenuEntry::Entry& entry) const;
-    /// False if the entry is surely no wider than `width`, told without shaping its text. To measure
-    /// thousands of rows, ask this first, with the largest width so far.
+    /// Returns false only if `fittingSize(entry)` is not wider than `width`. Much faster than that, as it
+    /// does not lay out the text: to find the widest of thousands of entries, call this first with the
+    /// largest width so far.
     [[nodiscard]] bool mayBeWiderThan(const MenuEntry::Entry& entry, int width) const;
 
 private:
-    class Advances;
-
-    /// Small and narrow icons stand in the middle of a square, so that labels line up.
+    /// Returns the width for an icon, which is at least its height, so that the labels of most rows line up.
     [[nodiscard]] int iconRoom(const QSizeF& icon) const;
 
     QFont font_;
     QFont titleFont_;
     int height_ = 0;
-    mutable std::shared_ptr<Advances> advances_; ///< of single letters, learnt as they come
+    mutable std::shared_ptr<TextWidthBound> widthBound_; ///< null until it is needed
 };
 
 } // namespace quor::helper

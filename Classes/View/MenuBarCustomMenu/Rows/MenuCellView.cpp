@@ -11,8 +11,8 @@ MenuCellView::MenuCellView(QWidget* parent)
     , clickArea_(this)
 {
     connect(&clickArea_, &QAbstractButton::clicked, this, [this] {
-        if (const auto handler = clicked) // which may end the cell
-            handler();
+        if (built_)
+            clicked(MenuEntry::Entry(*built_)); // a copy, as the handler may change or delete the cell
     });
 }
 
@@ -21,7 +21,7 @@ void MenuCellView::rebuild()
     if (!data)
         return;
     if (built_ && built_->action != data->action)
-        clickArea_.forgetPress();
+        clickArea_.cancelPress();
     built_ = data;
     parts_ = metrics_.parts(*data, devicePixelRatioF());
     clickArea_.setAccessibleName(parts_.label.text());
@@ -47,7 +47,7 @@ void MenuCellView::paintEvent(QPaintEvent* /*event*/)
     if (!built_)
         return;
     if (!parts_.icon.pixels.isNull() && parts_.icon.pixels.devicePixelRatio() != devicePixelRatioF())
-        parts_ = metrics_.parts(*built_, devicePixelRatioF()); // it is on another screen now
+        parts_ = metrics_.parts(*built_, devicePixelRatioF()); // the cell has moved to another screen
     const auto placed = [this](const QRectF& frame) {
         return layoutDirection() == Qt::LeftToRight
             ? frame

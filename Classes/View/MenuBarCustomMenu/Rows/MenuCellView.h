@@ -2,44 +2,45 @@
 #pragma once
 
 #include "InterAppCommBridge/MenuEntry.h"
+#include "Platform/Lifetime/Callback.h"
 #include "View/MenuBarCustomMenu/Controls/MenuClickArea.h"
 #include "View/MenuBarCustomMenu/Rows/MenuCellMetrics.h"
 
 #include <QWidget>
 
-#include <functional>
 #include <optional>
 
 namespace quor::helper {
 
-/// An `entry` row of the menu: icon, label, and a hot key at the trailing end, mirrored in a
-/// right-to-left layout. The parts are painted and are no widgets, so a rebuild costs little.
+/// An `Entry` row of the menu: icon, label, and a hot key at the trailing end, mirrored in a right-to-left
+/// layout. It paints its parts, which are no widgets, so that a rebuild is cheap.
 ///
 ///     cell->data = entry;
 ///     cell->rebuild();
 ///
-/// Text and icon take the colour that goes with the ground below: on an `EmphasizedRowView` that is
-/// selected, that for selected text. `sizeHint()` is the fitting size; its height is the same for
-/// every entry (16 with a menu font of 13 pixels, more with a larger one). Main thread only.
+/// Text and icon have the text colour of the row behind the cell, also while that is selected. The height
+/// of `sizeHint()` is the same for all entries: 16 with a menu font of 13 pixels, more with a larger one.
+/// Main thread only.
 class MenuCellView final : public QWidget {
     Q_OBJECT
 
 public:
     explicit MenuCellView(QWidget* parent = nullptr);
 
+    /// The entry to show from the next `rebuild` on.
     std::optional<MenuEntry::Entry> data;
-    /// On a click anywhere in the cell, headings too, but not if the entry's action has changed
-    /// between press and release. May end the cell.
-    std::function<void()> clicked;
+    /// The cell was clicked anywhere, which includes headings; gets the entry that it shows. Not called if
+    /// the action of the entry has changed between press and release. May delete the cell.
+    platform::Callback<void(const MenuEntry::Entry& entry)> clicked;
 
-    /// Shows `data` from now on; nothing happens without.
+    /// Shows `data`; has no effect if that is absent.
     void rebuild();
 
-    /// Above all else, over the whole cell. Takes no focus.
+    /// Covers the whole cell, above all other children.
     [[nodiscard]] MenuClickArea& clickArea() { return clickArea_; }
 
     [[nodiscard]] const MenuCellMetrics& metrics() const { return metrics_; }
-    /// What is shown.
+    /// The parts of the entry that is shown.
     [[nodiscard]] const MenuCellMetrics::Parts& parts() const { return parts_; }
 
     [[nodiscard]] QSize sizeHint() const override;
@@ -53,7 +54,7 @@ private:
     [[nodiscard]] QColor tint(const QColor& textColor) const;
 
     MenuCellMetrics metrics_;
-    std::optional<MenuEntry::Entry> built_;
+    std::optional<MenuEntry::Entry> built_; ///< what is shown
     MenuCellMetrics::Parts parts_;
     MenuClickArea clickArea_;
 };

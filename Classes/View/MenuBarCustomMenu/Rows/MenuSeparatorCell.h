@@ -5,8 +5,7 @@
 
 namespace quor::helper {
 
-/// A line between groups of rows, from edge to edge, in the middle of the height that the list gives
-/// it. Main thread only.
+/// A horizontal line between groups of rows, as wide as the cell and vertically centred. Main thread only.
 class MenuSeparatorCell final : public QWidget {
     Q_OBJECT
 

@@ -38,19 +38,23 @@ void MenuStopPastTimerView::buttonClicked(const MenuTimerButton& button)
     if (button.tag() != 0) {
         adjustedStopTime_ += button.tag();
         showStopTime();
-    } else if (const auto handler = stopHandler) { // which may end the view
-        handler(adjustedStopTime_);
+    } else {
+        stopHandler(adjustedStopTime_);
     }
+}
+
+QString MenuStopPastTimerView::labelText(platform::Date stopTime)
+{
+    return filledText(u"MenubarStopTimerInPast"_s, timeText(platform::secondsSince1970(stopTime)));
 }
 
 void MenuStopPastTimerView::showStopTime()
 {
-    const double seconds = 60.0 * adjustedStopTime_;
-    setLabel(filledText(
-        u"MenubarStopTimerInPast"_s, timeText(platform::secondsSince1970(clock_.now()) + seconds)));
+    const std::chrono::duration<double> fromNow = std::chrono::minutes(adjustedStopTime_);
+    setLabel(labelText(clock_.now() + fromNow));
     stopButton_->setTitle(adjustedStopTime_ == 0
             ? menuResources().localizedString(u"MenubarStopNow"_s)
-            : filledText(u"MenubarStopPast"_s, relativeTimeFormatter_.localizedString(seconds)));
+            : filledText(u"MenubarStopPast"_s, relativeTimeFormatter_.localizedString(fromNow.count())));
 }
 
 } // namespace quor::helper

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Lifetime/Callback.h"
 #include "Platform/Services/Clock.h"
 #include "Platform/Text/RelativeDateTimeFormatter.h"
 #include "View/MenuBarCustomMenu/Rows/MenuTimerRow.h"
 
-#include <functional>
-
 namespace quor::helper {
 
-/// The row that picks a moment near now and stops the timer there. The moment shown is that of the
-/// last click; it does not tick. What was picked outlives the row's leaving the screen, with the view.
-/// Main thread only.
+/// The row that lets the user pick a moment near now, and stops the timer at that moment. The label does not
+/// follow the clock: it shows the moment as of the last click. The choice stays while the table keeps the
+/// view, also off the screen. Main thread only.
 class MenuStopPastTimerView final : public MenuTimerRow {
     Q_OBJECT
 
@@ -19,10 +18,13 @@ public:
     /// `clock` must outlive the view.
     explicit MenuStopPastTimerView(const platform::Clock& clock, QWidget* parent = nullptr);
 
-    /// Minutes from now; negative is the past. May end the view.
-    std::function<void(int minutes)> stopHandler;
+    /// The timer is to be stopped so many minutes from now; negative is the past. May delete the view.
+    platform::Callback<void(int minutes)> stopHandler;
 
-    /// Minutes from now; no bound in either direction.
+    /// Returns the text of the label for a moment.
+    [[nodiscard]] static QString labelText(platform::Date stopTime);
+
+    /// The chosen minutes from now, without bounds in either direction.
     [[nodiscard]] int adjustedStopTime() const { return adjustedStopTime_; }
     [[nodiscard]] MenuTimerButton& stopButton() { return *stopButton_; }
 

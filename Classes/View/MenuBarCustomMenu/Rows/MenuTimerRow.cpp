@@ -19,7 +19,7 @@ constexpr int spacing = 5;
 constexpr double labelAlpha = 0.5;
 constexpr double delimiterAlpha = 0.3;
 
-/// "-5" would be read out as a number alone.
+/// Returns a name for screen readers, which read "-5" as a mere number.
 QString spokenMinutes(int minutes)
 {
     return menuResources().localizedString(
@@ -67,6 +67,15 @@ void MenuTimerRow::addButton(const Item& item)
     buttonStackView_->addWidget(button, 0, Qt::AlignVCenter);
 }
 
+void MenuTimerRow::setTaskID(const QString& taskID)
+{
+    if (taskID == taskID_)
+        return;
+    taskID_ = taskID;
+    for (MenuTimerButton* const button : buttons_)
+        button->cancelPress();
+}
+
 void MenuTimerRow::setLabel(const QString& text)
 {
     labelField_.setLine(text, smallMenuFont());
@@ -97,13 +106,13 @@ void MenuTimerRow::keyPressEvent(QKeyEvent* event)
     }
     if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
         yieldFocus();
-    QWidget::keyPressEvent(event); // leaves it to the table
+    QWidget::keyPressEvent(event); // which passes the key on to the table
 }
 
-void MenuTimerRow::focusNeighbour(int by)
+void MenuTimerRow::focusNeighbour(int offset)
 {
     const auto focused = std::find(buttons_.begin(), buttons_.end(), focusWidget());
-    const auto target = (focused - buttons_.begin()) + by;
+    const auto target = (focused - buttons_.begin()) + offset;
     if (focused != buttons_.end() && target >= 0 && target < std::ssize(buttons_))
         buttons_[std::size_t(target)]->setFocus(Qt::TabFocusReason);
 }
