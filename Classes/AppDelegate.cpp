@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "AppDelegate.h"
 
+#include "Platform/Lifetime/WhileAlive.h"
 #include "Platform/Services/Application.h"
 #include "ToolKit/Logging/Logger.h"
 #include "View/Menu/MenubarMenuRenderer.h"
-
-#include <QPointer>
 
 #include <utility>
 
@@ -25,24 +24,21 @@ AppDelegate::~AppDelegate()
 
 void AppDelegate::applicationDidFinishLaunching()
 {
-    notificationObserver_ = interAppCommBridge_.registerForNotification(
-        InterAppNotification::helperKill, [self = QPointer(this)](const platform::Notification&) {
-            if (self)
-                self->killMyself();
-        });
+    notificationObserver_ = interAppCommBridge_.registerForNotification(InterAppNotification::helperKill,
+        platform::whileAlive(*this, [this](const platform::Notification&) { killMyself(); }));
 }
 
 void AppDelegate::openQuorClicked()
 {
     const auto* menu = helperMenubarManager_.menubarMenuRenderer();
-    if (menu && menu->openQuorHandler)
+    if (menu)
         menu->openQuorHandler();
 }
 
 void AppDelegate::quitQuorClicked()
 {
     const auto* menu = helperMenubarManager_.menubarMenuRenderer();
-    if (menu && menu->quitQuorHandler)
+    if (menu)
         menu->quitQuorHandler();
 }
 

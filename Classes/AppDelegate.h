@@ -12,23 +12,24 @@
 
 namespace quor::helper {
 
-/// The helper as an application: owns the manager, and ends the process when the main application says
-/// so. Borrows the services, which must outlive it. Main thread only.
+/// The helper as an application: owns the manager, and ends the process when the main application asks for
+/// it. Main thread only.
 class AppDelegate final : public QObject {
     Q_OBJECT
 
 public:
+    /// The services must outlive the delegate.
     explicit AppDelegate(const platform::PlatformServices& services);
     ~AppDelegate() override;
 
-    /// From here on the main application can end the helper.
+    /// Registers for the notification by which the main application ends the helper.
     void applicationDidFinishLaunching();
-    /// Nothing to save: what lasts is the main application's.
+    /// Has no effect, since the helper stores nothing that outlives the process.
     void applicationWillTerminate() const { }
-    /// For the same reason there is no state to restore that could be tampered with.
+    /// True, as there is no stored state that others could manipulate.
     [[nodiscard]] bool applicationSupportsSecureRestorableState() const { return true; }
 
-    /// As if the user had chosen to show, or to quit, the main application in the menu.
+    /// Like the rows of the menu that show and quit the main application.
     void openQuorClicked();
     void quitQuorClicked();
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "HelperMenubarManager.h"
 
+#include "Platform/Lifetime/WhileAlive.h"
 #include "Platform/Preferences/DataHome.h"
 #include "Platform/Services/Application.h"
 #include "Platform/Services/StatusBar.h"
@@ -10,7 +11,6 @@
 #include "View/StatusItem/MenubarStatusItemRenderer.h"
 
 #include <QFile>
-#include <QPointer>
 
 #include <utility>
 
@@ -18,26 +18,12 @@ namespace quor::helper {
 
 using Action = GroupStorage::Action;
 
-namespace {
-
-// A closure for an owner that may go first: without it, calling does nothing.
-template <typename Function>
-auto whileAlive(HelperMenubarManager* manager, Function function)
-{
-    return [weak = QPointer(manager), function = std::move(function)](const auto&... arguments) {
-        if (weak)
-            function(*weak, arguments...);
-    };
-}
-
-} // namespace
-
 HelperMenubarManager::HelperMenubarManager(const platform::PlatformServices& services)
     : services_(services)
     , interAppCommBridge_(services.notificationCenter)
 {
     notificationObserver_ = interAppCommBridge_.registerForNotification(InterAppNotification::updatedHelper,
-        whileAlive(this, [](auto& manager, const platform::Notification&) { manager.handleUpdate(); }));
+        platform::whileAlive(*this, [this](const platform::Notification&) { handleUpdate(); }));
     setUpLogging();
     interAppCommBridge_.groupStorage.setAction({Action::None{}});
     interAppCommBridge_.postNotification(InterAppNotification::updatedMain);
@@ -57,7 +43,7 @@ void HelperMenubarManager::setUpLogging() const
         return;
     toolkit::FileErrorLogger::setup(QFile::decodeName(*dataHome) + u'/'
         + interAppCommBridge_.helperItemBundleID + QStringLiteral("/logs"));
-    toolkit::FileErrorLogger::setEnabled(enableLogging); // off, it empties the folder too
+    toolkit::FileErrorLogger::setEnabled(enableLogging); // false also empties the folder
 }
 
 void HelperMenubarManager::removeObserver()
@@ -115,24 +101,25 @@ void HelperMenubarManager::refresh()
 
 void HelperMenubarManager::connectMenu()
 {
+    using platform::whileAlive;
     auto& menu = *menubarMenuRenderer_;
-    menu.requestMenuEntries = whileAlive(
-        this, [](auto& manager, const QString& searchTerm) { manager.requestMenuEntries(searchTerm); });
-    menu.stopTimer = whileAlive(this, [](auto& manager, const QString& taskID, double delta) {
-        manager.send({Action::StopTimer{taskID, delta}});
+    menu.requestMenuEntries
+        = whileAlive(*this, [this](const QString& searchTerm) { requestMenuEntries(searchTerm); });
+    menu.stopTimer = whileAlive(*this, [this](const QString& taskID, double delta) {
+        send({Action::StopTimer{taskID, delta}});
     });
-    menu.adjustTimer = whileAlive(this, [](auto& manager, const QString& taskID, double delta) {
-        manager.send({Action::AdjustTimer{taskID, delta}});
+    menu.adjustTimer = whileAlive(*this, [this](const QString& taskID, double delta) {
+        send({Action::AdjustTimer{taskID, delta}});
     });
-    menu.startTimer = whileAlive(
-        this, [](auto& manager, const QString& taskID) { manager.send({Action::StartTimer{taskID}}); });
-    menu.openQuorHandler = whileAlive(this, [](auto& manager) {
-        manager.closeMenu();
-        manager.send({Action::OpenQuor{}});
+    menu.startTimer
+        = whileAlive(*this, [this](const QString& taskID) { send({Action::StartTimer{taskID}}); });
+    menu.openQuorHandler = whileAlive(*this, [this] {
+        closeMenu();
+        send({Action::OpenQuor{}});
     });
-    menu.quitQuorHandler = whileAlive(this, [](auto& manager) {
-        manager.closeMenu();
-        manager.send({Action::QuitQuor{}});
+    menu.quitQuorHandler = whileAlive(*this, [this] {
+        closeMenu();
+        send({Action::QuitQuor{}});
     });
 }
 

@@ -19,32 +19,35 @@ namespace quor::helper {
 class MenubarMenuRenderer;
 class MenubarStatusItemRenderer;
 
-/// The helper's middle: each notification of the main application becomes a read of the suite and a
-/// drawing, each action of the user a write to the suite and a notification.
+/// Connects the main application with the status item and its menu. For each notification from the main
+/// application it reads the suite and updates the item or the menu; each action of the user it writes to the
+/// suite, and notifies the main application.
 ///
-/// Creating it registers for notifications, drops an action that an earlier run left, asks the main
-/// application to publish and shows the status item, empty as yet. Borrows the services, which must
-/// outlive it. Main thread only.
+/// Main thread only.
 class HelperMenubarManager final : public QObject {
     Q_OBJECT
 
 public:
+    /// Registers for notifications, clears an action that is left from an earlier run, asks the main
+    /// application to publish its data, and shows the status item, which is empty until then. The services
+    /// must outlive the manager.
     explicit HelperMenubarManager(const platform::PlatformServices& services);
     ~HelperMenubarManager() override;
 
-    /// Creates the status item and its two renderers, or removes them. Harmless where it is so already.
+    /// Creates the status item and its two renderers, or removes them. Has no effect if that is the case
+    /// already.
     void showStatusItem(bool show);
 
-    /// Reads the pending action, carries out what is the helper's, and refreshes.
+    /// Reads the pending action, performs and clears it if it is for the helper, and refreshes.
     void handleUpdate();
 
-    /// Reads the display settings and the record, and renders them.
+    /// Reads the display settings and the data of the status item, and renders them.
     void refresh();
 
-    /// Hears no more notifications.
+    /// Ends the registration for notifications.
     void removeObserver();
 
-    /// None while there is no status item.
+    /// Null while the status item is not shown, as are the two below.
     [[nodiscard]] MenubarMenuRenderer* menubarMenuRenderer() const { return menubarMenuRenderer_.get(); }
     [[nodiscard]] MenubarStatusItemRenderer* statusItemRenderer() const { return statusItemRenderer_.get(); }
     [[nodiscard]] platform::StatusItem* statusItem() const { return statusItem_.get(); }

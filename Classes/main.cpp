@@ -36,20 +36,20 @@ int main(int argc, char** argv)
     QApplication::setApplicationDisplayName(u"Quor"_s);
     QApplication::setDesktopFileName(bundleIdentifier);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setCursorFlashTime(0); // a caret that blinks would wake the process while the menu is open
+    QApplication::setCursorFlashTime(0); // a blinking caret would wake the process while the menu is open
     platform::LinuxServices desktop;
     switch (desktop.sessionBus().claim(bundleIdentifier)) {
     case platform::SessionBus::Claim::claimed:
         break;
     case platform::SessionBus::Claim::taken:
-        say(u"another one is running already"_s);
+        say(u"the helper is running already"_s);
         return EXIT_SUCCESS;
     case platform::SessionBus::Claim::failed:
         say(u"the session bus does not answer"_s);
         return EXIT_FAILURE;
     }
     QObject::connect(&desktop.sessionBus(), &platform::SessionBus::disconnected, &application, [] {
-        say(u"the session bus has gone"_s);
+        say(u"the connection to the session bus is lost"_s);
         QApplication::exit(EXIT_FAILURE);
     });
 

@@ -39,15 +39,15 @@ protected:
         desktop.frontmost = editor;
         menu->requestMenuEntries = [this](const QString& term) { steps += u"request "_s + term; };
         menu->stopTimer
-            = [this](const QString& task, double delta) { steps += told(u"stop "_s + task, delta); };
+            = [this](const QString& task, double delta) { steps += sent(u"stop "_s + task, delta); };
         menu->adjustTimer
-            = [this](const QString& task, double delta) { steps += told(u"adjust "_s + task, delta); };
-        menu->startTimer = [this](const QString& task) { steps += told(u"start "_s + task, 0); };
-        menu->quitQuorHandler = [this] { steps += told(u"quit"_s, 0); };
+            = [this](const QString& task, double delta) { steps += sent(u"adjust "_s + task, delta); };
+        menu->startTimer = [this](const QString& task) { steps += sent(u"start "_s + task, 0); };
+        menu->quitQuorHandler = [this] { steps += sent(u"quit"_s, 0); };
         menu->openQuorHandler = [this] {
             menu->forgetPreviousActiveApp();
             menu->closeWindow();
-            steps += told(u"show"_s, 0);
+            steps += sent(u"show"_s, 0);
         };
     }
     ~MenubarMenuRendererTest() override
@@ -55,8 +55,8 @@ protected:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    // A choice and whether the window still stood when it went out.
-    [[nodiscard]] QString told(const QString& what, double delta) const
+    /// Returns what was sent, and whether the window was still open then.
+    [[nodiscard]] QString sent(const QString& what, double delta) const
     {
         return u"%1 %2 %3"_s.arg(what).arg(delta).arg(menu->customWindow() ? u"open" : u"closed");
     }
@@ -145,11 +145,26 @@ TEST_F(MenubarMenuRendererTest, OpensUnderTheItemInPlaceAndSizeBeforeItShows)
     EXPECT_EQ(menu->customWindow()->size(), list().size());
 }
 
-TEST_F(MenubarMenuRendererTest, OpensUnaskedToo)
+TEST_F(MenubarMenuRendererTest, OpensForRowsWithoutARequestAndAfterACancelledOne)
 {
+    for (const bool cancels : {false, true}) {
+        if (cancels) {
+            press();
+            type(u"d"_s);
+            QTest::keyClick(bar(), Qt::Key_Escape);
+            EXPECT_TRUE(isClosed()) << "nothing of the request stays";
+        }
+        menu->showEntries(rows());
+        ASSERT_TRUE(waitFor([&] { return menu->customWindow()->isActiveWindow(); }));
+        EXPECT_EQ(menu->customWindow()->pos(), QPoint(49, 62)) << "below the button";
+        EXPECT_EQ(list().searchView().text(), QString());
+        menu->closeWindow();
+        EXPECT_TRUE(isClosed());
+        EXPECT_FALSE(desktop.steps.contains(givenBack)) << "nobody asked while the editor had the keyboard";
+    }
+    desktop.window.hide();
     menu->showEntries(rows());
-    ASSERT_TRUE(menu->customWindow());
-    EXPECT_EQ(menu->customWindow()->pos(), QPoint(40 + 9, 40 + 22)) << "below the button";
+    EXPECT_TRUE(isClosed()) << "there is no item to hang below";
 }
 
 TEST_F(MenubarMenuRendererTest, ClosesAndGivesTheKeyboardBack)
@@ -217,7 +232,17 @@ TEST_F(MenubarMenuRendererTest, GivesTheSearchFieldWhatIsTypedBeforeItIsThere)
     EXPECT_FALSE(desktop.windowServer.keyboard);
 }
 
-TEST_F(MenubarMenuRendererTest, LetsGoOfTheKeyboardWhereNoMenuComes)
+TEST_F(MenubarMenuRendererTest, ChoosesARowByKeysThatAreTypedBeforeItIsThere)
+{
+    press();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Return, Qt::Key_Return})
+        QTest::keyClick(bar(), key);
+    menu->showEntries(rows());
+    EXPECT_TRUE(waitFor([&] { return isClosed(); }));
+    EXPECT_THAT(steps, ElementsAre(u"request "_s, u"start T1 0 open"_s));
+}
+
+TEST_F(MenubarMenuRendererTest, ReleasesTheKeyboardIfNoMenuComes)
 {
     const struct {
         const char* what;

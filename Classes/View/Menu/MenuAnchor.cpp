@@ -17,8 +17,8 @@ MenuAnchor::MenuAnchor(QWidget& button)
     button.window()->installEventFilter(this);
     for (auto change : {&QGuiApplication::screenAdded, &QGuiApplication::screenRemoved,
              &QGuiApplication::primaryScreenChanged})
-        connect(qGuiApp, change, this, &MenuAnchor::noticeScreens);
-    follow(screenOf(button));
+        connect(qGuiApp, change, this, &MenuAnchor::screensWillNotify);
+    observe(screenOf(button));
 }
 
 QRectF MenuAnchor::frameOf(const QWidget& button)
@@ -40,10 +40,10 @@ bool MenuAnchor::eventFilter(QObject* watched, QEvent* event)
     case QEvent::Resize:
     case QEvent::Show:
     case QEvent::Hide:
-        notice();
+        willNotify();
         break;
     case QEvent::ScreenChangeInternal:
-        noticeScreens();
+        screensWillNotify();
         break;
     default:
         break;
@@ -51,35 +51,35 @@ bool MenuAnchor::eventFilter(QObject* watched, QEvent* event)
     return QObject::eventFilter(watched, event);
 }
 
-void MenuAnchor::follow(QScreen* screen)
+void MenuAnchor::observe(QScreen* screen)
 {
     for (const auto& change : std::exchange(screenChanges_, {}))
         disconnect(change);
     if (screen)
-        screenChanges_ = {connect(screen, &QScreen::geometryChanged, this, &MenuAnchor::noticeScreens),
-            connect(screen, &QScreen::availableGeometryChanged, this, &MenuAnchor::noticeScreens),
-            connect(screen, &QScreen::logicalDotsPerInchChanged, this, &MenuAnchor::noticeScreens)};
+        screenChanges_ = {connect(screen, &QScreen::geometryChanged, this, &MenuAnchor::screensWillNotify),
+            connect(screen, &QScreen::availableGeometryChanged, this, &MenuAnchor::screensWillNotify),
+            connect(screen, &QScreen::logicalDotsPerInchChanged, this, &MenuAnchor::screensWillNotify)};
 }
 
-void MenuAnchor::noticeScreens()
+void MenuAnchor::screensWillNotify()
 {
-    screensNoticed_ = true;
-    notice();
+    haveScreensChanged_ = true;
+    willNotify();
 }
 
-// Later, when the bar has followed the screen too.
-void MenuAnchor::notice()
+// Deferred, until the status bar has adapted itself to the screen.
+void MenuAnchor::willNotify()
 {
-    if (!std::exchange(noticed_, true))
-        QMetaObject::invokeMethod(this, &MenuAnchor::tell, Qt::QueuedConnection);
+    if (!std::exchange(isNotifyPending_, true))
+        QMetaObject::invokeMethod(this, &MenuAnchor::notify, Qt::QueuedConnection);
 }
 
-void MenuAnchor::tell()
+void MenuAnchor::notify()
 {
-    noticed_ = false;
+    isNotifyPending_ = false;
     const QPointer self(this);
-    if (std::exchange(screensNoticed_, false)) {
-        follow(button_ ? screenOf(*button_) : nullptr);
+    if (std::exchange(haveScreensChanged_, false)) {
+        observe(button_ ? screenOf(*button_) : nullptr);
         Q_EMIT screensChanged();
     }
     if (self)

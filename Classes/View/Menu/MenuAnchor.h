@@ -12,40 +12,41 @@ class QWidget;
 
 namespace quor::helper {
 
-/// Where the status item's button stands on the desktop, and word of every move of it: of the button, of
-/// its window, of the window's screen or of all screens.
+/// Observes where the status item's button is on the desktop: notifies of moves of the button, its window,
+/// the window's screen and all screens, as long as it exists.
 ///
-/// Several changes in a row are told once, from the event loop. Watches for as long as it lives. Main
-/// thread only.
+/// Several changes at once are reported by one signal, from the event loop. Main thread only.
 class MenuAnchor final : public QObject {
     Q_OBJECT
 
 public:
+    /// The button must be in its window already. It may be deleted first, which ends the observation.
     explicit MenuAnchor(QWidget& button);
 
-    /// The button's place in the status bar, in the coordinates of `QScreen`.
+    /// Returns the frame of the button's area in the status bar, in the coordinates of `QScreen`.
     [[nodiscard]] static QRectF frameOf(const QWidget& button);
 
-    /// The screen of the button's window; null while the button is nowhere to be seen.
+    /// Returns the screen of the button's window; null while the button is not visible.
     [[nodiscard]] static QScreen* screenOf(const QWidget& button);
 
 Q_SIGNALS:
     void moved();
-    void screensChanged(); ///< Told before `moved`, where the room on a screen may be another than before.
+    /// The size or the resolution of the screen may have changed. Emitted before `moved`.
+    void screensChanged();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void follow(QScreen* screen);
-    void noticeScreens();
-    void notice();
-    void tell();
+    void observe(QScreen* screen);
+    void screensWillNotify();
+    void willNotify();
+    void notify();
 
     QPointer<QWidget> button_;
     QList<QMetaObject::Connection> screenChanges_;
-    bool noticed_ = false;
-    bool screensNoticed_ = false;
+    bool isNotifyPending_ = false;
+    bool haveScreensChanged_ = false; ///< since the last `notify`
 };
 
 } // namespace quor::helper

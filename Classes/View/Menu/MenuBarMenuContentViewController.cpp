@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/Menu/MenuBarMenuContentViewController.h"
 
+#include "Platform/Lifetime/WhileAlive.h"
 #include "View/Menu/MenuEffectView.h"
 #include "View/Menu/MenuWindow.h"
 #include "View/MenuBarCustomMenu/MenuBarCustomMenu.h"
@@ -20,10 +21,8 @@ MenuBarMenuContentViewController::MenuBarMenuContentViewController(
 {
     auto* view = new MenuEffectView(windowServer);
     customMenu_ = new MenuBarCustomMenu(true, minWidth, clock, view);
-    customMenu_->resizedHandler = [self = QPointer(this)] {
-        if (self && self->customMenu_)
-            self->window_.setContentSize(self->customMenu_->size());
-    };
+    customMenu_->resizedHandler
+        = platform::whileAlive(*this, [this] { window_.setContentSize(customMenu_->size()); });
     window.setContentView(view);
     connect(&window, &MenuWindow::willDisappear, this, &MenuBarMenuContentViewController::viewWillDisappear);
     connect(&window, &MenuWindow::cancelled, this, &MenuBarMenuContentViewController::cancelOperation);
@@ -31,8 +30,7 @@ MenuBarMenuContentViewController::MenuBarMenuContentViewController(
 
 void MenuBarMenuContentViewController::viewWillDisappear()
 {
-    if (customMenu_)
-        customMenu_->cleanup();
+    customMenu_->cleanup();
 }
 
 void MenuBarMenuContentViewController::cancelOperation()

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QObject>
-#include <QPointer>
 
 namespace quor::platform {
 class Clock;
@@ -14,28 +13,28 @@ namespace quor::helper {
 class MenuBarCustomMenu;
 class MenuWindow;
 
-/// What the menu's window holds: the list of rows on a ground that looks like a menu's.
-///
-/// Creating it puts its view into the window, which owns both from then on and is as large as the list.
-/// Main thread only.
+/// The content of the menu's window: the list of rows on the background of a menu. The window always has the
+/// size of the list. Main thread only.
 class MenuBarMenuContentViewController final : public QObject {
     Q_OBJECT
 
 public:
+    /// Puts its view into the window, which owns this object and the view. The other arguments must outlive
+    /// the window.
     MenuBarMenuContentViewController(
         MenuWindow& window, platform::WindowServer& windowServer, const platform::Clock& clock);
 
     [[nodiscard]] MenuBarCustomMenu& customMenu() const { return *customMenu_; }
 
-    /// The list lets go of everything; it is not shown again.
+    /// Cleans up the list, which must not be used any more.
     void viewWillDisappear();
 
-    /// What Escape does where nobody else wants it: closes the window.
+    /// Closes the window: what Escape does in a menu, wherever the keyboard is in it.
     void cancelOperation();
 
 private:
     MenuWindow& window_;
-    QPointer<MenuBarCustomMenu> customMenu_;
+    MenuBarCustomMenu* customMenu_; ///< owned by the window
 };
 
 } // namespace quor::helper

@@ -15,10 +15,11 @@ namespace quor::helper {
 namespace {
 
 constexpr double radius = 8;
-constexpr double groundOpacity = 0.95; // what lies behind is guessed, and does not disturb reading
+constexpr double backgroundOpacity = 0.95; // what is behind shows faintly, and does not disturb reading
 constexpr double edgeOpacity = 0.22;
-constexpr double highContrast = 19; // of 21; ordinary palettes stay below
+constexpr double highContrast = 19; // of at most 21; ordinary palettes have less
 
+/// Relative luminance as defined by WCAG 2, as is the contrast ratio below.
 double luminance(const QColor& color)
 {
     const auto linear = [](float value) {
@@ -27,9 +28,9 @@ double luminance(const QColor& color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-double contrast(const QColor& a, const QColor& b)
+double contrast(const QColor& color, const QColor& other)
 {
-    const auto [low, high] = std::minmax({luminance(a), luminance(b)});
+    const auto [low, high] = std::minmax({luminance(color), luminance(other)});
     return (high + 0.05) / (low + 0.05);
 }
 
@@ -48,9 +49,9 @@ MenuEffectView::MenuEffectView(platform::WindowServer& windowServer, QWidget* pa
 
 void MenuEffectView::paintEvent(QPaintEvent*)
 {
-    const auto ground = palette().color(QPalette::Window);
+    const auto background = palette().color(QPalette::Window);
     const auto text = palette().color(QPalette::WindowText);
-    const bool plain = contrast(ground, text) >= highContrast;
+    const bool plain = contrast(background, text) >= highContrast;
     const double edge = 1 / devicePixelRatioF(); // one device pixel
     const QRectF frame = QRectF(rect()).adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2);
     const double corner = composited_ ? radius : 0;
@@ -59,9 +60,10 @@ void MenuEffectView::paintEvent(QPaintEvent*)
     painter.setRenderHint(QPainter::Antialiasing, composited_);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     if (!composited_)
-        painter.fillRect(rect(), ground);
+        painter.fillRect(rect(), background);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(composited_ && !plain ? platform::withAlpha(ground, groundOpacity) : ground);
+    painter.setBrush(
+        composited_ && !plain ? platform::withAlpha(background, backgroundOpacity) : background);
     painter.drawRoundedRect(frame, corner, corner);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setPen(QPen(plain ? text : platform::withAlpha(text, edgeOpacity), edge));

@@ -11,15 +11,16 @@ class WindowServer;
 
 namespace quor::helper {
 
-/// The ground that a menu stands on: rounded and a little translucent where a compositor mixes windows,
-/// else opaque and square, in the colours of the palette with a thin edge. Follows compositors that come
-/// and go. Under a palette of high contrast it is opaque, with an edge in the colour of the text.
+/// The background of a menu, in the colours of the palette, with a thin edge. It has round corners and is
+/// slightly translucent while a compositor runs, else it is opaque and square. With a palette of high
+/// contrast it is always opaque, and the edge has the colour of the text.
 ///
-/// Its window must have an alpha channel. The window server must outlive it. Main thread only.
+/// Its window must have an alpha channel. Main thread only.
 class MenuEffectView final : public QWidget {
     Q_OBJECT
 
 public:
+    /// `windowServer` must outlive the view.
     explicit MenuEffectView(platform::WindowServer& windowServer, QWidget* parent = nullptr);
 
 protected:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/Menu/MenuKeyCatcher.h"
 
-#include "Platform/Services/EventMonitors.h"
+#include "Platform/Lifetime/WhileAlive.h"
 #include "Platform/Services/WindowServer.h"
 
 #include <QCoreApplication>
@@ -20,9 +20,9 @@ namespace quor::helper {
 namespace {
 
 constexpr auto limit = 2s;
-// As somebody holds the keys down by which the window manager was told to open the menu.
-constexpr auto untilFree = 10ms;
-constexpr platform::EventMask presses = 10; // left and right
+// Grabbing fails while another client holds the keyboard, as the window manager does until the user releases
+// the short cut that opens the menu.
+constexpr auto grabInterval = 10ms;
 
 bool isText(const QEvent& event)
 {
@@ -37,9 +37,8 @@ bool isText(const QEvent& event)
 
 } // namespace
 
-MenuKeyCatcher::MenuKeyCatcher(platform::WindowServer& windowServer, platform::EventMonitors& eventMonitors)
+MenuKeyCatcher::MenuKeyCatcher(platform::WindowServer& windowServer)
     : windowServer_(windowServer)
-    , pressesElsewhere_(eventMonitors, presses)
 {
     connect(&grabAgain_, &QTimer::timeout, this, &MenuKeyCatcher::grab);
 }
@@ -52,25 +51,15 @@ MenuKeyCatcher::~MenuKeyCatcher()
 void MenuKeyCatcher::start(QWidget& window)
 {
     limit_.cancel();
-    limit_ = platform::MainQueue::after(limit, [self = QPointer(this)] {
-        if (self && self->limitReached)
-            self->limitReached();
-    });
+    limit_ = platform::MainQueue::after(limit, platform::whileAlive(*this, [this] { limitReached(); }));
     if (window_ == &window || !window.windowHandle())
         return;
     letGo();
-    keys_.clear(); // what an earlier request has left
+    keys_.clear();
     window_ = &window;
     window.setAttribute(Qt::WA_InputMethodEnabled);
     window.installEventFilter(this);
     window.windowHandle()->installEventFilter(this);
-    pressesElsewhere_.startGlobal([self = QPointer(this)](const platform::InputEvent&) {
-        if (!self)
-            return;
-        self->drop();
-        if (const auto tell = self->pressedElsewhere)
-            tell();
-    });
     grab();
 }
 
@@ -80,13 +69,12 @@ void MenuKeyCatcher::grab()
     if (!window || windowServer_.grabKeyboard(*window))
         grabAgain_.stop();
     else if (!grabAgain_.isActive())
-        grabAgain_.start(untilFree);
+        grabAgain_.start(grabInterval);
 }
 
 void MenuKeyCatcher::letGo()
 {
     grabAgain_.stop();
-    pressesElsewhere_.stop();
     auto* window = window_.data();
     if (!window)
         return;
@@ -102,15 +90,14 @@ void MenuKeyCatcher::letGo()
 void MenuKeyCatcher::handOver(QWidget& receiver)
 {
     limit_.cancel();
+    const QPointer self(this);
     const QPointer target(&receiver);
-    handingOver_ = true;
-    // Before the keys are free, so that none overtakes them.
     for (const auto& key : std::exchange(keys_, {})) {
-        if (target && handingOver_) // a key may have closed the menu
+        if (self && target) // an earlier key may have closed the menu
             QCoreApplication::sendEvent(target, key.get());
     }
-    handingOver_ = false;
-    letGo();
+    if (self)
+        letGo(); // last, so that keys which are typed now come after the kept ones
 }
 
 void MenuKeyCatcher::keepTextOnly()
@@ -124,7 +111,6 @@ void MenuKeyCatcher::drop()
 {
     limit_.cancel();
     keys_.clear();
-    handingOver_ = false;
     letGo();
 }
 
@@ -144,8 +130,7 @@ bool MenuKeyCatcher::eventFilter(QObject* watched, QEvent* event)
         return QObject::eventFilter(watched, event);
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
         drop();
-        if (const auto tell = escapePressed)
-            tell();
+        escapePressed();
     } else {
         keys_.emplace_back(event->clone());
     }

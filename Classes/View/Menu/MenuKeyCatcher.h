@@ -2,58 +2,56 @@
 #pragma once
 
 #include "Platform/Concurrency/MainQueue.h"
-#include "ToolKit_macOS/EventMonitor.h"
+#include "Platform/Lifetime/Callback.h"
 
 #include <QEvent>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 
-#include <functional>
 #include <memory>
 #include <vector>
 
 class QWidget;
 
 namespace quor::platform {
-class EventMonitors;
 class WindowServer;
-} // namespace quor::platform
+}
 
 namespace quor::helper {
 
-/// Keeps what the user types from the moment the menu is asked for until its window has the keyboard, so
-/// that no letter goes to the program that was in front, and none is lost.
+/// Keeps what the user types between the request for the menu and the moment when its window has the
+/// keyboard. So no letter goes to the application in front, and none is lost.
 ///
-/// The keys are not kept from the user for long: catching ends when they are handed over, on Escape, with
-/// a press in another application, and after two seconds; what was typed until then can be handed over
-/// later still. Main thread only.
+/// While it catches keys, it takes the keyboard from all applications; `limitReached` is called after two
+/// seconds to end that. Main thread only.
 class MenuKeyCatcher final : public QObject {
     Q_OBJECT
 
 public:
-    MenuKeyCatcher(platform::WindowServer& windowServer, platform::EventMonitors& eventMonitors);
-    ~MenuKeyCatcher() override; ///< Drops what it holds.
+    /// `windowServer` must outlive the catcher.
+    explicit MenuKeyCatcher(platform::WindowServer& windowServer);
+    ~MenuKeyCatcher() override; ///< Like `drop`.
 
-    std::function<void()> escapePressed; ///< Catching has ended, and what was typed is dropped.
-    std::function<void()> pressedElsewhere; ///< The same.
-    std::function<void()> limitReached; ///< It still catches: hand over, keep the text or drop.
+    /// Escape was pressed. Called after `drop`; may delete the catcher.
+    platform::Callback<void()> escapePressed;
+    /// Two seconds have passed since `start`, and keys are still caught. The handler must end that by
+    /// `handOver`, `keepTextOnly` or `drop`.
+    platform::Callback<void()> limitReached;
 
-    /// Has the keys come through this window, which must be shown. Where it catches already, what was
-    /// typed stays and the time begins anew.
+    /// Begins to catch keys, by way of this window, which must be shown. If it catches keys already, those
+    /// are kept and the two seconds start again; else keys that are left from before are dropped.
     void start(QWidget& window);
-    /// Whether there is, or may yet be, something to hand over.
-    [[nodiscard]] bool holdsKeys() const { return window_ || !keys_.empty(); }
 
-    /// Ends catching and sends the receiver all keys, in their order, as if they were pressed now, and
-    /// the text that input methods have made of keys, dead ones for instance.
+    /// Stops catching, and sends the receiver all kept keys in their order as if they were pressed now. Text
+    /// from input methods, as from dead keys, is among them. The keys may delete the receiver or the catcher.
     void handOver(QWidget& receiver);
 
-    /// Ends catching. Of what was typed, text stays to be handed over; commands, as Return, do not wait for
-    /// rows that the user has not seen.
+    /// Stops catching. Keeps typed text for a later `handOver`, but no commands such as Return: the user
+    /// cannot mean rows that come so late.
     void keepTextOnly();
 
-    /// Ends catching; what was typed is dropped.
+    /// Stops catching, and drops what was typed.
     void drop();
 
 protected:
@@ -65,12 +63,10 @@ private:
     [[nodiscard]] bool takesKey(QObject* watched, const QEvent& event);
 
     platform::WindowServer& windowServer_;
-    toolkit::EventMonitor pressesElsewhere_;
-    QPointer<QWidget> window_;
+    QPointer<QWidget> window_; ///< null while no keys are caught
     QTimer grabAgain_;
     platform::WorkItem limit_;
-    std::vector<std::unique_ptr<QEvent>> keys_; ///< Of keys and of input methods.
-    bool handingOver_ = false; ///< Until done, or dropped in between.
+    std::vector<std::unique_ptr<QEvent>> keys_; ///< key events and events of input methods
 };
 
 } // namespace quor::helper

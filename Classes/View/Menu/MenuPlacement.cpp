@@ -10,7 +10,7 @@ QPoint menuPosition(const QRectF& anchor, const QSize& window, const std::option
     double left = anchor.left();
     const double rightEnd = screen ? screen->visibleFrame.right() : 0;
     if (rightEnd < left + window.width()) {
-        // At a fractional scale the anchor may reach a pixel over the corner of the screen.
+        // At a fractional scale, rounding may put the anchor's edge one pixel outside the screen.
         const double right = screen ? std::min(anchor.right(), screen->frame.right()) : anchor.right();
         left = right - window.width();
         if (screen)

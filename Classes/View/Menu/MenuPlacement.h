@@ -11,12 +11,12 @@
 
 namespace quor::helper {
 
-/// The top left corner of a menu's window of this size: below its anchor and aligned with its left edge,
-/// or with its right edge where it would cross the right end of the room that the screen leaves free.
-/// It never begins left of the screen.
+/// Returns the top left corner of a menu's window of the size `window`. The window hangs below `anchor`,
+/// aligned with its left edge, or with its right edge if it would cross the right edge of the screen's
+/// visible frame otherwise. It never begins to the left of the screen.
 ///
-/// All in the coordinates of `QScreen`, y down. `screen` is the anchor's; without one the window ends at
-/// the anchor's right edge.
+/// All values are in the coordinates of `QScreen`. `screen` is the one that the anchor is on; without a
+/// screen the right edges are aligned.
 [[nodiscard]] QPoint menuPosition(
     const QRectF& anchor, const QSize& window, const std::optional<platform::Screen>& screen);
 

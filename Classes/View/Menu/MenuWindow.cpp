@@ -16,7 +16,7 @@ MenuWindow::MenuWindow()
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_QuitOnClose, false);
-    setWindowTitle(QGuiApplication::applicationDisplayName()); // which screen readers say
+    setWindowTitle(QGuiApplication::applicationDisplayName()); // for screen readers
 }
 
 void MenuWindow::setContentView(QWidget* view)
@@ -38,26 +38,26 @@ void MenuWindow::place()
     const QRect frame(placement ? placement(contentSize_) : pos(), contentSize_);
     if (frame == geometry() || frame.isEmpty())
         return;
-    matchSizeSteps(frame.size());
+    adjustBaseSize(frame.size());
     setGeometry(frame);
 }
 
-// Where scaled, Qt tells the window manager to size windows in steps of several pixels. They are to take
-// nothing from this size, so they are counted from a small one that all steps lead to this from.
-void MenuWindow::matchSizeSteps(const QSize& size)
+// At a fractional scale, Qt makes the window manager restrict the sizes of a window to its base size plus a
+// number of steps, which are some pixels large. This base size differs from `size` by a whole number of
+// steps.
+void MenuWindow::adjustBaseSize(const QSize& size)
 {
-    constexpr int manySteps = 24; // at any scale in quarters
+    constexpr int multipleOfSteps = 24; // for all scales that are multiples of a quarter
     const double scale = devicePixelRatioF();
     if (windowHandle() && std::floor(scale) != scale)
-        windowHandle()->setBaseSize({size.width() % manySteps, size.height() % manySteps});
+        windowHandle()->setBaseSize({size.width() % multipleOfSteps, size.height() % multipleOfSteps});
 }
 
 bool MenuWindow::event(QEvent* event)
 {
     const bool done = QWidget::event(event);
     if (event->type() == QEvent::WindowActivate) {
-        // A window manager that took the window into its frame meanwhile can leave Qt with a wrong idea of
-        // where it is.
+        // Qt's idea of the window's position can be wrong after the window manager has put it into a frame.
         place();
         Q_EMIT didBecomeKey();
     } else if (event->type() == QEvent::WindowDeactivate) {
@@ -68,7 +68,7 @@ bool MenuWindow::event(QEvent* event)
 
 void MenuWindow::showEvent(QShowEvent*)
 {
-    matchSizeSteps(size()); // the window manager has not seen it before
+    adjustBaseSize(size());
 }
 
 void MenuWindow::resizeEvent(QResizeEvent* event)
@@ -94,7 +94,7 @@ void MenuWindow::closeEvent(QCloseEvent* event)
 
 void MenuWindow::hideEvent(QHideEvent* event)
 {
-    if (!event->spontaneous()) // as where a window manager shows the bare desktop for a while
+    if (!event->spontaneous()) // spontaneous: the window manager hides it for a while
         Q_EMIT willDisappear();
 }
 

@@ -1,40 +1,41 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QWidget>
+#include "Platform/Lifetime/Callback.h"
 
-#include <functional>
+#include <QWidget>
 
 namespace quor::helper {
 
-/// The window of a menu: without frame, above others, with an alpha channel, as large as its content, and
-/// always where `placement` wants it. Size and place change in one step, and before it is shown.
+/// The window of a menu: frameless, above other windows, with an alpha channel, as large as its content, and
+/// at the position that `placement` returns. Size and position change in one step, also before it is shown.
 ///
-/// It can be closed once, by whatever means; then it is of no further use. Main thread only.
+/// Once closed it must not be shown again. Main thread only.
 class MenuWindow final : public QWidget {
     Q_OBJECT
 
 public:
     MenuWindow();
 
-    /// The top left corner for a window of that size, in the coordinates of `QScreen`; empty leaves the
-    /// window where it is.
-    std::function<QPoint(const QSize& size)> placement;
+    /// Returns the top left corner for a window of this size, in the coordinates of `QScreen`. While it is
+    /// empty, the window stays where it is.
+    platform::Callback<QPoint(const QSize& size)> placement;
 
-    /// The view fills the window, which owns it.
+    /// Takes ownership of the view, which fills the window from now on.
     void setContentView(QWidget* view);
 
+    /// Resizes and places the window.
     void setContentSize(const QSize& size);
 
-    /// Asks `placement` anew.
+    /// Moves the window to where `placement` now puts it.
     void place();
 
 Q_SIGNALS:
-    void didBecomeKey(); ///< It has the keyboard.
-    void didResignKey();
-    void cancelled(); ///< Escape was pressed, and nothing in the window wanted it.
-    void willClose(); ///< Told once.
-    void willDisappear(); ///< It was shown, and is not from now on.
+    void didBecomeKey(); ///< The window has got the keyboard.
+    void didResignKey(); ///< The window has lost the keyboard.
+    void cancelled(); ///< Escape was pressed, and no widget of the window has handled it.
+    void willClose(); ///< The user or the program closes the window, which is still visible. Emitted once.
+    void willDisappear(); ///< The window was hidden, but not by the window manager.
 
 protected:
     bool event(QEvent* event) override;
@@ -45,7 +46,7 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private:
-    void matchSizeSteps(const QSize& size);
+    void adjustBaseSize(const QSize& size);
 
     QWidget* contentView_ = nullptr;
     QSize contentSize_;

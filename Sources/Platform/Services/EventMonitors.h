@@ -14,13 +14,17 @@ namespace quor::platform {
 /// A kind of input event. The value is the number of the type's bit in an `EventMask`.
 enum class EventType : unsigned { leftMouseDown = 1, leftMouseUp = 2, rightMouseDown = 3, rightMouseUp = 4 };
 
-/// A set of event types.
+/// A set of event types: the sum of their `eventMask`.
 using EventMask = std::uint64_t;
 
 [[nodiscard]] constexpr EventMask eventMask(EventType type)
 {
     return EventMask(1) << unsigned(type);
 }
+
+/// Presses of the left and of the right button.
+inline constexpr EventMask mouseDownMask
+    = eventMask(EventType::leftMouseDown) | eventMask(EventType::rightMouseDown);
 
 struct InputEvent {
     EventType type = EventType::leftMouseDown;
