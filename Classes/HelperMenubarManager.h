@@ -47,9 +47,8 @@ public:
     /// Ends the registration for notifications.
     void removeObserver();
 
-    /// Null while the status item is not shown, as are the two below.
+    /// Null while the status item is not shown, as is the one below.
     [[nodiscard]] MenubarMenuRenderer* menubarMenuRenderer() const { return menubarMenuRenderer_.get(); }
-    [[nodiscard]] MenubarStatusItemRenderer* statusItemRenderer() const { return statusItemRenderer_.get(); }
     [[nodiscard]] platform::StatusItem* statusItem() const { return statusItem_.get(); }
 
 private:

@@ -125,6 +125,29 @@ TEST_F(HelperMenubarManagerTest, OpensTheMenuForAPressAndForOpenMenu)
     }
 }
 
+TEST_F(HelperMenubarManagerTest, ShowsAndQuitsTheMainApplicationAndClosesTheMenu)
+{
+    const struct {
+        void (AppDelegate::*choose)();
+        QString action;
+    } cases[] = {
+        {&AppDelegate::openQuorClicked, u" data\n{\"openQuor\":{}}"_s},
+        {&AppDelegate::quitQuorClicked, u" data\n{\"quitQuor\":{}}"_s},
+    };
+    AppDelegate delegate(desktop.services());
+    desktop.frontmost = platform::RunningApplication{u"org.example.Editor"_s, 7};
+    for (const auto& [choose, action] : cases) {
+        desktop.eventMonitors.fireLocal(
+            {platform::EventType::leftMouseDown, {}, {}, desktop.window.windowHandle()});
+        desktop.post(updatedHelper); // the rows
+        ASSERT_TRUE(button().isHighlighted());
+        desktop.steps.clear();
+        (delegate.*choose)();
+        EXPECT_THAT(desktop.steps, ElementsAre(updatedMain + action)) << "and activates no application";
+        EXPECT_FALSE(button().isHighlighted());
+    }
+}
+
 TEST_F(HelperMenubarManagerTest, RemovesAndShowsTheStatusItem)
 {
     HelperMenubarManager manager(desktop.services());

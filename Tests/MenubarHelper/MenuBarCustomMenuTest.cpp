@@ -163,7 +163,7 @@ TEST_F(MenuBarCustomMenuTest, ThePointerSelectsWhatMayBe)
         point(row);
         EXPECT_EQ(table.selectedRow(), selected);
     }
-    // New rows: the one under the pointer is meant, unless the user types meanwhile.
+    // New rows: the one under the resting pointer is selected, unless the user is typing.
     point(4);
     const QPoint pointer = centre(4);
     reload({search, MenuEntry{MenuEntry::StopPast{}}, entry(u"A"_s), entry(u"B"_s), entry(u"C"_s)});
@@ -275,7 +275,7 @@ TEST_F(MenuBarCustomMenuTest, AReloadGivesTheTableTheKeysAndLosesNoText)
     EXPECT_TRUE(field.hasFocus());
     EXPECT_TRUE(field.text().endsWith(u'か'));
 
-    table.selectRow(9); // beyond
+    table.selectRow(9); // a row that does not exist
     reload({entry(u"B"_s), entry(u"C"_s)});
     EXPECT_TRUE(table.hasFocus());
     type("c");
@@ -317,7 +317,7 @@ TEST_F(MenuBarCustomMenuTest, AFieldOutOfSightKeepsWhatIsTyped)
     EXPECT_EQ(field.text(), u"AbdC"_s);
     press(Qt::Key_Down);
     ASSERT_TRUE(test::waitFor([&] { return terms.size() > 1; }));
-    EXPECT_EQ(table.selectedRow(), -1); // a search begins without
+    EXPECT_EQ(table.selectedRow(), -1); // a search clears the selection
 
     type("e");
     menu->cleanup();

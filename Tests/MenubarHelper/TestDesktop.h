@@ -24,8 +24,8 @@
 
 namespace quor::test {
 
-/// A desktop whose every step a test can see: posts arrive at once, and each is written down together
-/// with the action that the suite holds at that moment.
+/// A desktop that records what the helper does in `steps`. Posts arrive at once, and are recorded together
+/// with the action that the suite contains at that moment.
 class TestDesktop final : public platform::Application,
                           public platform::DistributedNotificationCenter,
                           public platform::StatusItemHost,
@@ -118,7 +118,7 @@ public:
     QList<platform::StatusItem*> items;
     QStringList steps;
     std::vector<platform::RunningApplication> running{{QStringLiteral("com.quor-app.Quor3-macOS")}};
-    std::optional<platform::RunningApplication> frontmost; ///< The one activated last, or as set.
+    std::optional<platform::RunningApplication> frontmost; ///< as set by the test, or by the last activation
     QPointer<QWidget> activated;
     std::map<ObserverToken, std::pair<QString, Handler>> observers;
     std::uint64_t lastToken = 0;

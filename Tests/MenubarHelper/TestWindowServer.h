@@ -10,7 +10,7 @@
 
 namespace quor::test {
 
-/// A window system that a test drives, and that tells what was asked of it.
+/// A window system that a test controls, and that records what the code under test asks for.
 class TestWindowServer final : public platform::WindowServer {
 public:
     [[nodiscard]] bool isCompositing() override { return composited; }
@@ -32,8 +32,8 @@ public:
 
     bool composited = false;
     bool wayland = false;
-    int refusals = 0; ///< So many grabs fail first.
-    QPointer<QWindow> keyboard; ///< Where all keys go.
+    int refusals = 0; ///< how many grabs fail before one succeeds
+    QPointer<QWindow> keyboard; ///< the window that has grabbed all keys
     QRect preparedFrame;
     std::function<void()> compositingChanged;
 };

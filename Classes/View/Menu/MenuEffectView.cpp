@@ -62,8 +62,7 @@ void MenuEffectView::paintEvent(QPaintEvent*)
     if (!composited_)
         painter.fillRect(rect(), background);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(
-        composited_ && !plain ? platform::withAlpha(background, backgroundOpacity) : background);
+    painter.setBrush(composited_ && !plain ? platform::withAlpha(background, backgroundOpacity) : background);
     painter.drawRoundedRect(frame, corner, corner);
     painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     painter.setPen(QPen(plain ? text : platform::withAlpha(text, edgeOpacity), edge));

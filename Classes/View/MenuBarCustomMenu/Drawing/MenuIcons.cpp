@@ -16,7 +16,6 @@ namespace {
 
 constexpr int cacheSize = 128; // icons
 constexpr qsizetype longestFileName = 255;
-constexpr int largestAspectRatio = 3; // width to height
 
 struct Key {
     QString name;

@@ -10,9 +10,12 @@
 /// unknown names. Main thread only.
 namespace quor::helper::MenuIcons {
 
-/// Returns the icon at this height, in device-independent pixels, and at most three times as wide. All icons
-/// of our own are templates, and so are those of the desktop that are grey throughout. The pixels are null
-/// for an unknown name.
+/// The largest width of an icon, relative to its height.
+inline constexpr int largestAspectRatio = 3;
+
+/// Returns the icon at this height, which is in device-independent pixels. All icons of our own are
+/// templates, and so are those of the desktop that are grey throughout. The pixels are null for an unknown
+/// name.
 [[nodiscard]] platform::TemplateImage icon(const QString& name, int height, qreal devicePixelRatio);
 
 } // namespace quor::helper::MenuIcons

@@ -15,7 +15,6 @@ namespace {
 
 constexpr int spacing = 6;
 constexpr double titleAlpha = 0.5;
-constexpr double iconAspectLimit = 3; // width to height
 
 } // namespace
 
@@ -88,7 +87,7 @@ bool MenuCellMetrics::mayBeWiderThan(const MenuEntry::Entry& entry, int width) c
     const int label = widthBound_->of(entry.label, room);
     if (label > room || !entry.iconName)
         return label > room;
-    if (label + int((spacing + iconAspectLimit * height_) * unit) <= room)
+    if (label + (spacing + MenuIcons::largestAspectRatio * height_) * unit <= room)
         return false; // without loading the icon
     const QSizeF icon = MenuIcons::icon(*entry.iconName, height_, qGuiApp->devicePixelRatio()).size();
     const int iconWidth = icon.isEmpty() ? 0 : (spacing + iconRoom(icon)) * unit;
