@@ -135,7 +135,7 @@ TEST_F(HelperMenubarManagerTest, ShowsAndQuitsTheMainApplicationAndClosesTheMenu
         {&AppDelegate::quitQuorClicked, u" data\n{\"quitQuor\":{}}"_s},
     };
     AppDelegate delegate(desktop.services());
-    desktop.frontmost = platform::RunningApplication{u"org.example.Editor"_s, 7};
+    desktop.frontmost = platform::RunningApplication{u"org.example.Editor"_s, 1'000'000};
     for (const auto& [choose, action] : cases) {
         desktop.eventMonitors.fireLocal(
             {platform::EventType::leftMouseDown, {}, {}, desktop.window.windowHandle()});

@@ -20,7 +20,8 @@ using Action = MenuEntry::Entry::Action;
 
 namespace {
 
-const platform::RunningApplication editor{u"org.example.Editor"_s, 7};
+// The window of the editor must not be one of our own.
+const platform::RunningApplication editor{u"org.example.Editor"_s, 1'000'000};
 const QString givenBack = u"activate "_s + editor.bundleIdentifier;
 const QPointF elsewhere(700, 700);
 
