@@ -91,16 +91,6 @@ void Alert::setInformativeText(const QString& text)
     setAccessibleDescription(text);
 }
 
-QString Alert::messageText() const
-{
-    return message_->text();
-}
-
-QString Alert::informativeText() const
-{
-    return informative_->text();
-}
-
 void Alert::setAccessoryView(QWidget* view)
 {
     if (accessory_ && accessory_->parentWidget() == this) {

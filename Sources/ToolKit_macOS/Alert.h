@@ -34,8 +34,6 @@ public:
     void setAlertIcon(const QIcon& icon);
     void setMessageText(const QString& text);
     void setInformativeText(const QString& text);
-    [[nodiscard]] QString messageText() const;
-    [[nodiscard]] QString informativeText() const;
 
     /// A view below the texts, in place of the one before; null for none. The caller keeps ownership: when
     /// the view is replaced, or this alert ends, the view becomes hidden and has no parent.

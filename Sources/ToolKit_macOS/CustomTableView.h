@@ -30,7 +30,6 @@ public:
     /// The context menu, borrowed and held weakly; null for none. It opens by a right click, by the menu key
     /// and by a click with Control, and its row is selected, unless the row already is.
     void setMenu(QMenu* menu);
-    [[nodiscard]] QMenu* menu() const { return menu_; }
 
     /// The row of the context menu that is open, or was closed less than 0.2 seconds ago; -1 if it was opened
     /// beside the rows. Returns `nullopt` at any other time.

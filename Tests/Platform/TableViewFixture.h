@@ -14,7 +14,7 @@
 
 namespace quor::test {
 
-/// Rows of labels that remembers what the table told it; row `searchRow` is a text field.
+/// Rows of labels that record the calls of the table. Row `searchRow` is a text field.
 class LabelRows final : public platform::TableViewDataSource, public platform::TableViewDelegate {
 public:
     using Table = platform::TableView;
@@ -42,11 +42,7 @@ public:
         return !barred.contains(row) && row != searchRow;
     }
     QString typeSelectString(const Table& /*table*/, int row) const override { return text(row); }
-    void didClickRow(Table& table, int row) override
-    {
-        clicks.push_back(row);
-        EXPECT_EQ(table.clickedRow(), row);
-    }
+    void didClickRow(Table& /*table*/, int row) override { clicks.push_back(row); }
     void pointerDidHoverRow(Table& /*table*/, int row) override { hovers.push_back(row); }
     void pointerDidLeave(Table& /*table*/) override { hovers.push_back(left); }
 

@@ -53,7 +53,7 @@ TEST(TableViewGeometry, PlacesRowsWithinInsetsAndViewport)
     EXPECT_TRUE(geometry.visibleRows().empty());
 }
 
-TEST(TableViewRowSet, AgreesWithASetOfNumbersWhateverIsDoneToIt)
+TEST(TableViewRowSet, AgreesWithASetOfNumbersAfterAnyChanges)
 {
     std::mt19937 random(7);
     for (int round = 0; round < 200; ++round) {

@@ -101,7 +101,7 @@ TEST_F(AlertTest, EndsWithoutAnAnswerLetGoWhatTheHandlerHolds)
     const std::function<void()> ends[]{[&] { alert->close(); }, [&] { alert->show(content, {}); },
         [&] { delete alert->alert(); }, [&] { alert.reset(); }};
     for (const auto& end : ends) {
-        alert->show(content, [held](bool, int) { FAIL() << "nobody answered"; });
+        alert->show(content, [held](bool, int) { FAIL() << "no button was chosen"; });
         EXPECT_EQ(held.use_count(), 2);
         end();
         EXPECT_EQ(held.use_count(), 1);
@@ -141,7 +141,7 @@ TEST_F(AlertTest, ProgressMovesStandsAndStaysWithinItsScale)
         = {{-1, true, 0}, {0.5, false, 0.5}, {7, false, 1}, {std::nan(""), false, 0}, {-0.001, true, 0}};
     for (const auto& entry : cases) {
         alert.update(QString::number(entry.progress), entry.progress);
-        EXPECT_EQ(alert.alert()->informativeText(), QString::number(entry.progress));
+        EXPECT_EQ(alert.alert()->accessibleDescription(), QString::number(entry.progress));
         EXPECT_EQ(alert.isIndeterminate(), entry.moves) << entry.progress;
         EXPECT_DOUBLE_EQ(alert.value(), entry.value) << entry.progress;
     }

@@ -13,12 +13,12 @@ using quor::test::waitFor;
 namespace {
 
 struct Reports final : CustomTableViewKeyDelegate {
-    void tableViewDidPressEnter(CustomTableView&, int row) override { told.emplace_back('e', row); }
-    void tableViewDidPressSpace(CustomTableView&, int row) override { told.emplace_back('s', row); }
-    void tableViewDidMoveLeft(CustomTableView&, int row) override { told.emplace_back('l', row); }
-    void tableViewDidMoveRight(CustomTableView&, int row) override { told.emplace_back('r', row); }
-    void tableViewDidDoubleClick(CustomTableView&, int row) override { told.emplace_back('d', row); }
-    std::vector<std::pair<char, int>> told;
+    void tableViewDidPressEnter(CustomTableView&, int row) override { calls.emplace_back('e', row); }
+    void tableViewDidPressSpace(CustomTableView&, int row) override { calls.emplace_back('s', row); }
+    void tableViewDidMoveLeft(CustomTableView&, int row) override { calls.emplace_back('l', row); }
+    void tableViewDidMoveRight(CustomTableView&, int row) override { calls.emplace_back('r', row); }
+    void tableViewDidDoubleClick(CustomTableView&, int row) override { calls.emplace_back('d', row); }
+    std::vector<std::pair<char, int>> calls;
 };
 
 class CustomTableViewTest : public quor::test::TableFixture<CustomTableView> {
@@ -42,8 +42,8 @@ TEST_F(CustomTableViewTest, ReportsKeysAndDoubleClicksWithTheSelectedRow)
         for (const Qt::Key key : {Qt::Key_Enter, Qt::Key_Space, Qt::Key_Left, Qt::Key_Right})
             press(key);
         QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, middleOf(3));
-        EXPECT_EQ(reports.told,
-            (decltype(reports.told){{'e', -1}, {'e', 0}, {'s', 0}, {'l', 0}, {'r', 0}, {'d', 3}}));
+        EXPECT_EQ(reports.calls,
+            (decltype(reports.calls){{'e', -1}, {'e', 0}, {'s', 0}, {'l', 0}, {'r', 0}, {'d', 3}}));
     }
     EXPECT_EQ(table.keyDelegate(), nullptr) << "held weakly";
     press(Qt::Key_Space);

@@ -25,7 +25,7 @@ TEST(EventMonitorTest, MonitorsItsTypesFromStartToStopOrEnd)
     desktop.fireGlobal({});
     EXPECT_EQ(seen, 2);
 
-    // What was started first nobody removes any more.
+    // The monitor that is started first stays installed for good.
     monitor->startLocal([](const InputEvent& event) { return event; });
     monitor->startLocal([&](const InputEvent&) {
         monitor.reset();

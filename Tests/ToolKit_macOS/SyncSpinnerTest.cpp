@@ -19,6 +19,7 @@ TEST(SyncSpinner, TurnsEitherWayWhileItIsSeenUntilStopped)
     SyncSpinner spinner(SpinnerType::normal);
     EXPECT_GT(spinner.width(), SyncSpinner(SpinnerType::small).width());
     EXPECT_FALSE(spinner.imageView().size().isEmpty());
+    EXPECT_EQ(spinner.imageView().parentWidget(), &spinner.rotationView());
     EXPECT_NE(spinner.accessibleName(), QStringLiteral("SyncSpinner")) << "a word, not its key";
     spinner.startSpinning(0.2);
     QElapsedTimer time;

@@ -18,7 +18,7 @@ namespace quor::toolkit {
 
 namespace {
 
-/// Rounds towards zero, to a length that a widget can have. NaN gives 0.
+/// Rounds towards zero, to a length that a widget can have. NaN becomes 0.
 int wholePixels(double length)
 {
     constexpr double largest = QWIDGETSIZE_MAX;

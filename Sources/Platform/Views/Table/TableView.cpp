@@ -182,11 +182,6 @@ int TableView::rowForView(const QWidget* view) const
     return -1;
 }
 
-int TableView::hoveredRow() const
-{
-    return hover_->row();
-}
-
 void TableView::ignorePointerUntilItMoves()
 {
     hover_->ignorePointerUntilItMoves();
@@ -321,13 +316,8 @@ void TableView::mouseDoubleClickEvent(QMouseEvent* event)
 void TableView::clickRow(int row)
 {
     TableViewDelegate* notified = delegate();
-    if (!notified || row < 0 || row >= numberOfRows())
-        return;
-    const QPointer<TableView> self(this); // a click may close the window, and with it this table
-    clickedRow_ = row;
-    notified->didClickRow(*this, row);
-    if (self)
-        clickedRow_ = -1;
+    if (notified && row >= 0 && row < numberOfRows())
+        notified->didClickRow(*this, row);
 }
 
 void TableView::wheelEvent(QWheelEvent* event)

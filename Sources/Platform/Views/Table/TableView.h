@@ -20,8 +20,8 @@ class TableViewHover;
 class TableViewRows;
 
 /// A scrolling column of rows, each shown by a widget. Only the rows on the screen have widgets, which are
-/// reused when rows come and go: a million rows cost what a screenful costs, and one number per row for
-/// the heights, unless all rows have the same height.
+/// reused when rows come and go. So a million rows cost what a screenful costs, plus one number per row for
+/// the heights, or none after `setUniformRowHeight`.
 ///
 ///     list.setDataSource(&rows); // both are held weakly, and may end before the list
 ///     list.setDelegate(&rows);
@@ -58,15 +58,12 @@ public:
     /// The height of every row; the delegate is not asked for heights then. `nullopt` at first. Takes effect
     /// with the next reload.
     void setUniformRowHeight(std::optional<int> height) { uniformRowHeight_ = height; }
-    [[nodiscard]] std::optional<int> uniformRowHeight() const { return uniformRowHeight_; }
     /// Added to each row's height, half of it above the row's view. 0 at first. Takes effect with the next
     /// reload.
     void setIntercellSpacing(int spacing);
-    [[nodiscard]] int intercellSpacing() const { return spacing_; }
     /// Free room around the rows, which scrolls with them. Left and right change sides in a right-to-left
     /// layout.
     void setContentInsets(const QMargins& insets);
-    [[nodiscard]] QMargins contentInsets() const { return insets_; }
     void setSelectionHighlightStyle(TableViewSelectionStyle style);
     [[nodiscard]] TableViewSelectionStyle selectionHighlightStyle() const { return style_; }
 
@@ -121,15 +118,9 @@ public:
     bool walk(TableViewStep step, bool byExtendingSelection = false);
     /// Whether typing selects the row that begins with the typed text. On at first.
     void setAllowsTypeSelect(bool allows) { allowsTypeSelect_ = allows; }
-    [[nodiscard]] bool allowsTypeSelect() const { return allowsTypeSelect_; }
 
-    /// The clicked row, during `TableViewDelegate::didClickRow`. Returns -1 at any other time.
-    [[nodiscard]] int clickedRow() const { return clickedRow_; }
-    /// The row under the pointer, as last passed to `TableViewDelegate::pointerDidHoverRow`. Returns -1 if
-    /// no row is under the pointer, or while the pointer is ignored (see `ignorePointerUntilItMoves`).
-    [[nodiscard]] int hoveredRow() const;
-    /// Reports no hover for a pointer that rests, as is done after each walk, so that rows that scroll
-    /// under it don't take the selection from the keyboard.
+    /// Reports no hover until the pointer moves. The table does this after each `walk`: a row that is
+    /// scrolled under a resting pointer must not take the selection from the keyboard.
     void ignorePointerUntilItMoves();
     /// Reports a click on the row to the delegate, as a screen reader may ask for. Ignored if there is no
     /// such row.
@@ -178,7 +169,6 @@ private:
     std::unique_ptr<TableViewRows> rows_;
     std::unique_ptr<TableViewHover> hover_;
     int pressedRow_ = -1;
-    int clickedRow_ = -1;
     bool allowsTypeSelect_ = true;
     bool isLayingOut_ = false;
 };

@@ -44,8 +44,8 @@ public:
     [[nodiscard]] virtual TableRowView* rowViewForRow(TableView& table, int row);
 
     /// In device-independent pixels, without the spacing; a negative height is taken as 0. Called for every
-    /// row in each reload, unless the table has a `uniformRowHeight()`, so it has to be fast. 20 unless
-    /// overridden.
+    /// row in each reload, unless `TableView::setUniformRowHeight` was called, so it has to be fast. 20
+    /// unless overridden.
     [[nodiscard]] virtual int heightOfRow(const TableView& table, int row) const;
 
     /// Whether the user may select the row. Not called when the program selects it. True unless overridden.
@@ -62,8 +62,7 @@ public:
     virtual void selectionDidChange(TableView& table);
 
     /// The left button was pressed and released on the row, also if the row must not be selected. A widget
-    /// in the row that handles clicks itself gets them instead. Meanwhile `TableView::clickedRow()` is `row`.
-    /// May delete the table.
+    /// in the row that handles clicks itself gets them instead. May delete the table.
     virtual void didClickRow(TableView& table, int row);
 
     /// The pointer is over `row`, or over no row if that is -1. Called for each move while no button is

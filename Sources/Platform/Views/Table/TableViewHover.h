@@ -30,9 +30,6 @@ public:
     /// rows. `globalPosition` is in screen coordinates.
     void pointerActedAt(const QPoint& globalPosition);
 
-    /// The row that was last reported. Returns -1 if there was none, or while the pointer is ignored.
-    [[nodiscard]] int row() const { return row_; }
-
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -45,7 +42,7 @@ private:
     TableView& table_;
     QPointer<QWindow> window_;
     std::optional<QPoint> position_; // of the pointer, in screen coordinates
-    int row_ = -1;
+    int row_ = -1; // as last reported
     bool hasMoved_ = false; // since the pointer entered the window, or the window came under it
     bool isFollowing_ = false; // the pointer is over the rows, and not ignored
     bool owesLeave_ = false; // the pointer has been over the rows since the last reported leave
