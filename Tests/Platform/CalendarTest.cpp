@@ -57,17 +57,16 @@ TEST(Calendar, FollowsTheUserUntilItIsSet)
     set.setFirstWeekday(99);
     QLocale::setDefault(QLocale(u"de_AT"_s));
     for (const auto& [variable, name] : {std::pair("Europe/Vienna", "Europe/Vienna"),
-             {":Asia/Kabul", "Asia/Kabul"}, {"ABC-5:45", "GMT+05:45"}, {"no/such", "GMT"}}) {
+             {":Asia/Kabul", "Asia/Kabul"}, {"ABC-5:45", "GMT+05:45"}, {"no/such", "UTC"}}) {
         qputenv("TZ", variable);
         EXPECT_EQ(following.timeZoneName(), name) << variable;
     }
     zoneBefore.isNull() ? qunsetenv("TZ") : qputenv("TZ", zoneBefore);
-    EXPECT_EQ(following.monthNames().first(), u"Jänner"_s);
+    EXPECT_EQ(following.dateFormat(u"j"_s), u"HH 'Uhr'"_s);
     EXPECT_EQ(std::pair(following.firstWeekday(), following.minimumDaysInFirstWeek()), std::pair(2, 4));
     EXPECT_EQ(std::pair(set.firstWeekday(), set.minimumDaysInFirstWeek()), std::pair(7, 1));
     EXPECT_EQ(set.timeZoneName(), "Asia/Tokyo");
-    EXPECT_EQ(set.weekdayNames(Calendar::Width::abbreviated).first(), u"Sun"_s);
-    EXPECT_EQ(set.eraNames(Calendar::Width::abbreviated), QStringList({u"BC"_s, u"AD"_s}));
+    EXPECT_EQ(set.dateFormat(u"j"_s), u"h\u202Fa"_s);
     EXPECT_EQ(set.difference({Calendar::Unit::second}, Date(), dateFromSeconds(1e11)), std::nullopt);
     QLocale::setDefault(before);
 }
@@ -80,13 +79,13 @@ TEST(Calendar, ReachesTheEndsOfEachKind)
              "islamic-umalqura", "iso8601", "japanese", "persian", "roc", "nonsense"}) {
         Calendar calendar;
         calendar.setIdentifier(name);
-        for (const double seconds : {-Calendar::furthest, -6e10, 0.0, 6e10, Calendar::furthest}) {
+        for (const double seconds : {-furthestSeconds, -6e10, 0.0, 6e10, furthestSeconds}) {
             const Date date = dateFromSeconds(seconds);
             const auto components = calendar.components(date);
             ASSERT_TRUE(components);
             // Far away, ICU itself does not find back by the moon.
             const auto found = calendar.date(*components);
-            EXPECT_TRUE(found && (*found == date || std::fabs(seconds) == Calendar::furthest))
+            EXPECT_TRUE(found && (*found == date || std::fabs(seconds) == furthestSeconds))
                 << name << ' ' << seconds;
         }
     }

@@ -13,10 +13,8 @@ TEST(NumberFormatter, WritesAsManyDigitsAsToldHoweverLong)
 {
     NumberFormatter formatter(QLocale::English);
     EXPECT_EQ(formatter.string(1e300).size(), 401) << "longer than any buffer made for ordinary numbers";
-    const NumberFormatter copy = formatter;
     formatter.setMinimumFractionDigits(4);
     EXPECT_EQ(formatter.string(1), u"1.0000") << "the maximum moves along";
-    EXPECT_EQ(copy.string(1), u"1");
     EXPECT_EQ(NumberFormatter(QLocale(u"de_CH"_s)).string(1234567), u"1’234’567");
 }
 

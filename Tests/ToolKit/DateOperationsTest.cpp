@@ -211,10 +211,10 @@ TEST_F(DateOperationsTest, SaysHowFarAway)
 
 TEST_F(DateOperationsTest, TakesAnyMoment)
 {
-    for (const double seconds : {Calendar::furthest, 1e13, 1e300, double(INFINITY), double(NAN)}) {
+    for (const double seconds : {quor::platform::furthestSeconds, 1e13, 1e300, double(INFINITY), double(NAN)}) {
         for (const double sign : {1.0, -1.0}) {
             const Date odd = dateFromSeconds(sign * seconds);
-            const bool hasPlace = seconds == Calendar::furthest;
+            const bool hasPlace = seconds == quor::platform::furthestSeconds;
             for (const Operation operation : operations) {
                 const double result = secondsSince1970(operation(odd));
                 EXPECT_TRUE(result == sign * seconds || std::isnan(seconds)

@@ -93,17 +93,6 @@ void Calendar::setMinimumDaysInFirstWeek(std::optional<int> days)
     set(std::move(settings));
 }
 
-QLocale Calendar::locale() const
-{
-    return engine_->locale();
-}
-
-QByteArray Calendar::identifier() const
-{
-    const auto calendar = engine_->borrow();
-    return calendar ? QByteArray(calendar->getType()) : QByteArray();
-}
-
 QByteArray Calendar::timeZoneName() const
 {
     const auto calendar = engine_->borrow();
@@ -146,7 +135,7 @@ std::optional<Date> Calendar::date(Unit unit, qint64 value, Date date) const
     const auto calendar = engine_->borrow();
     const auto moment = arithmetic::milliseconds(date);
     const auto reached = calendar && moment ? arithmetic::add(*calendar, unit, value, *moment) : std::nullopt;
-    // What is finer than ICU counts.
+    // ICU counts in milliseconds; the fraction below them is added back.
     return reached ? std::optional(dateOf(*reached) + (date - dateOf(*moment))) : std::nullopt;
 }
 
@@ -177,7 +166,7 @@ std::optional<Calendar::Range> Calendar::daysOfMonth(Date date) const
     if (!calendar || !moment)
         return std::nullopt;
     UErrorCode status = U_ZERO_ERROR;
-    // ICU looks at the first midnight of the month, and where that is skipped must not fall before it.
+    // ICU computes from the first midnight of the month. If clocks skip it, the next moment must be taken.
     calendar->setSkippedWallTimeOption(UCAL_WALLTIME_NEXT_VALID);
     calendar->setTime(*moment, status);
     const int first = calendar->getActualMinimum(UCAL_DATE, status);
@@ -214,6 +203,11 @@ bool Calendar::isSameDay(Date first, Date second) const
     };
     const auto firstDay = day(first);
     return firstDay && firstDay == day(second);
+}
+
+QString Calendar::dateFormat(const QString& skeleton) const
+{
+    return engine_->dateFormat(skeleton);
 }
 
 } // namespace quor::platform

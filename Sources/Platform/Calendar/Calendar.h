@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Calendar/Date.h"
 #include "Platform/Calendar/DateComponents.h"
-#include "Platform/Services/Clock.h"
 
 #include <QByteArray>
 #include <QLocale>
 #include <QString>
-#include <QStringList>
 #include <QTimeZone>
 
 #include <initializer_list>
@@ -16,33 +15,29 @@
 
 namespace quor::platform {
 
-/// Moments as days, weeks, months and years, in a calendar, a time zone and the habits of a region.
+/// A calendar system, a time zone and the conventions of a region: turns moments into days, weeks, months and
+/// years, and computes with them.
 ///
-/// Starts as the user's, and follows: the default locale (or what `LC_TIME` says, until the program
-/// sets a default) and the machine's time zone, each as it stands at the call; a change of the
-/// machine's zone file counts within a second. What is set stays. A value, cheap to copy: a copy is
-/// set on its own. Const operations may run on any threads at once, without waiting for each other.
+/// A new calendar follows the user: the default locale (until the program sets one, the locale that the
+/// environment names for dates) and the user's time zone, both as they are at each call. What is set stays. A
+/// value, cheap to copy; changing a copy does not change the original. Const operations may run on any
+/// threads at once, without waiting for each other.
 ///
-/// Moments up to `furthest` seconds from 1970 have a place in a calendar. Of others, and of NaN, every
-/// operation gives an absent result or false.
+/// A calendar covers the moments up to `furthestSeconds` from 1970. For others, and for NaN, every operation
+/// returns nullopt or false.
 class Calendar final {
 public:
     enum class Unit { year, month, weekOfYear, day, hour, minute, second };
 
-    /// Which of the moments that one reading of the clock may name. Where clocks are put back there
-    /// are two; where they are put forward there is none, and `first` is the moment after the gap,
-    /// `last` the last second before it.
+    /// Which moment to take where clocks are changed. If clocks are put back, one time of day occurs twice:
+    /// `first` is the first occurrence, `last` the second. If clocks are put forward, times of day are
+    /// skipped: `first` is the moment after the gap, `last` the last second before it.
     enum class Reading { first, last };
-
-    enum class Width { wide, abbreviated, narrow };
 
     struct Range {
         int first = 0;
         int count = 0;
     };
-
-    /// 250,000 years to both sides: so far, milliseconds are exact.
-    static constexpr double furthest = 8e12;
 
     Calendar();
     ~Calendar();
@@ -51,64 +46,58 @@ public:
     Calendar& operator=(const Calendar& other);
     Calendar& operator=(Calendar&& other) noexcept;
 
-    /// Absent, as at the start: the user's.
+    /// Nullopt, the initial value of each setting, means the user's.
     void setLocale(const std::optional<QLocale>& locale);
     void setTimeZone(const std::optional<QTimeZone>& timeZone);
-    /// An ICU name of a calendar: "gregorian", "buddhist", "hebrew"; the usual one of the locale's region
-    /// where it is absent or unknown.
+    /// The calendar system by its name in ICU: "gregorian", "buddhist", "hebrew". Nullopt, and a name that
+    /// ICU does not know, mean the usual one of the locale's region.
     void setIdentifier(const std::optional<QByteArray>& identifier);
-    /// 1 is Sunday, 7 is Saturday, brought into that range; the region's where absent.
+    /// From 1 for Sunday to 7 for Saturday; values outside are clamped. Nullopt means the region's.
     void setFirstWeekday(std::optional<int> weekday);
-    /// How many days of a week lie in the year that counts it as its first: 4 by ISO 8601, from 1 to 7.
+    /// How many days of a week must lie in a year for the week to be the first of that year: 4 by ISO 8601.
+    /// Values outside 1 to 7 are clamped. Nullopt means the region's.
     void setMinimumDaysInFirstWeek(std::optional<int> days);
 
-    [[nodiscard]] QLocale locale() const;
-    [[nodiscard]] QByteArray identifier() const;
-    /// By the name that ICU knows; "GMT+05:30" and such for a zone that has none.
+    /// The zone's name, or "GMT+05:30" and the like for a zone without a name.
     [[nodiscard]] QByteArray timeZoneName() const;
     [[nodiscard]] int firstWeekday() const;
     [[nodiscard]] int minimumDaysInFirstWeek() const;
 
-    /// All fields.
+    /// All fields of a moment.
     [[nodiscard]] std::optional<DateComponents> components(Date date) const;
 
-    /// The moment of these components. What lies outside its range rolls over: month 13 is January of
-    /// the next year, day 0 the last day of the month before, minute 60 the next hour. The day is told by
-    /// `day`, else by `weekdayOrdinal` and `weekday`, else by `weekOfYear`, `yearForWeekOfYear` (or
-    /// `year`) and `weekday`; fields of the other ways are ignored. Left out, a month or day is the first,
-    /// an hour, minute or second is 0, the era is the current one. Absent with no year at all, and out of
-    /// range.
+    /// The moment with these components. A value outside the range of its field rolls over: month 13 is
+    /// January of the next year, day 0 the last day of the month before, minute 60 the next hour. `day`
+    /// decides the day if it is set, else `weekdayOrdinal` and `weekday`, else `weekOfYear`,
+    /// `yearForWeekOfYear` (or `year`) and `weekday`; the other fields of these are ignored. A missing month
+    /// or day is the first, a missing hour, minute or second is 0, a missing era the current one. Returns
+    /// nullopt without any year, and if the moment is out of range.
     [[nodiscard]] std::optional<Date> date(
         const DateComponents& components, Reading reading = Reading::first) const;
 
-    /// The same time of day so many units later, or earlier; the month's last day where it has fewer
-    /// days; later by the gap where clocks skip that time. Hours and less are spans of time. Fractions of
-    /// a second stay.
+    /// Adds `value` units, or subtracts them if it is negative. Years to days keep the time of day; a day
+    /// that the reached month does not have becomes the month's last, and a skipped time of day moves later
+    /// by the length of the gap. Hours to seconds are spans of time. Fractions of a second stay.
     [[nodiscard]] std::optional<Date> date(Unit unit, qint64 value, Date date) const;
 
-    /// The whole units that can be added to `from` without passing `to`, each of the rest that the ones
-    /// before it leave: largest first. All are negative or zero where `to` is the earlier. Only the
-    /// asked fields are there; absent if a number is too large for an `int`.
+    /// How many whole units can be added to `from` without passing `to`. List the units from the largest to
+    /// the smallest: each counts in what the ones before it leave. All counts are 0 or negative if `to` is
+    /// the earlier. The result has only the fields of `units`. Returns nullopt if a count does not fit an
+    /// `int`.
     [[nodiscard]] std::optional<DateComponents> difference(
         std::initializer_list<Unit> units, Date from, Date to) const;
 
-    /// The days of the month that `date` lies in.
+    /// The days of the month that contains `date`.
     [[nodiscard]] std::optional<Range> daysOfMonth(Date date) const;
-    /// Of any date.
+    /// The numbers that weekdays have in this calendar system.
     [[nodiscard]] Range weekdays() const;
 
-    /// By the region; from and to the hour that it says.
+    /// Whether the region's weekend, which may begin and end within a day, contains `date`.
     [[nodiscard]] bool isWeekend(Date date) const;
     [[nodiscard]] bool isSameDay(Date first, Date second) const;
 
-    /// Names in the locale's language, standing for themselves, as at the head of a column: from the
-    /// calendar's first month, from Sunday, from the first era.
-    [[nodiscard]] QStringList monthNames(Width width = Width::wide) const;
-    [[nodiscard]] QStringList weekdayNames(Width width = Width::wide) const;
-    [[nodiscard]] QStringList eraNames(Width width = Width::wide) const;
-
-    /// The locale's pattern for the fields that an ICU skeleton asks for: "h a" or "HH 'Uhr'" for "j".
-    /// Kept. Empty if there is none.
+    /// The locale's pattern for the fields of an ICU skeleton: "h a" or "HH 'Uhr'" for "j". Cached. Returns
+    /// an empty text if ICU has no pattern.
     [[nodiscard]] QString dateFormat(const QString& skeleton) const;
 
 private:
@@ -117,7 +106,7 @@ private:
 
     void set(Settings settings);
 
-    std::shared_ptr<Engine> engine_; ///< never null, but after a move; shared by copies
+    std::shared_ptr<Engine> engine_; ///< null only after a move; shared by copies
 };
 
 } // namespace quor::platform

@@ -15,7 +15,7 @@ using Unit = Calendar::Unit;
 
 constexpr double secondLength = 1000;
 constexpr double dayLength = 86'400 * secondLength;
-constexpr double furthest = Calendar::furthest * secondLength;
+constexpr double furthest = furthestSeconds * secondLength;
 
 struct UnitFacts {
     UCalendarDateFields field;
@@ -158,8 +158,8 @@ std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate 
 std::optional<UDate> milliseconds(Date date)
 {
     const double seconds = secondsSince1970(date);
-    return std::fabs(seconds) <= Calendar::furthest ? std::optional(std::floor(seconds * secondLength))
-                                                    : std::nullopt;
+    return std::fabs(seconds) <= furthestSeconds ? std::optional(std::floor(seconds * secondLength))
+                                                 : std::nullopt;
 }
 
 std::optional<DateComponents> components(icu::Calendar& calendar, UDate moment)

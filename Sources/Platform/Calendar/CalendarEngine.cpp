@@ -1,6 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Calendar/CalendarEngine.h"
 
+#include "Platform/Calendar/ICUTimeZone.h"
+#include "Platform/Calendar/TimeZones.h"
+#include "Platform/Calendar/UserDateLocale.h"
+#include "Platform/Services/Clock.h"
+#include "Platform/Text/ICUText.h"
+
 #include <unicode/dtptngen.h>
 
 #include <algorithm>
@@ -23,7 +29,7 @@ Calendar::Engine::Loan::~Loan()
 Calendar::Engine::Engine(Settings settings)
     : settings_(std::move(settings))
     , locale_(settings_.locale ? *settings_.locale : userDateLocale())
-    , zone_(settings_.timeZone ? icuZoneName(*settings_.timeZone) : machineZone_.icuName())
+    , zone_(settings_.timeZone ? *settings_.timeZone : userTimeZone())
 {
     makePrototype();
 }
@@ -40,20 +46,6 @@ Calendar::Engine::Loan Calendar::Engine::borrow()
     return {*this, std::move(calendar), generation_};
 }
 
-QLocale Calendar::Engine::locale()
-{
-    const std::lock_guard lock(mutex_);
-    followUser();
-    return locale_;
-}
-
-icu::Locale Calendar::Engine::icuLocale()
-{
-    const std::lock_guard lock(mutex_);
-    followUser();
-    return localeWithCalendar();
-}
-
 QString Calendar::Engine::dateFormat(const QString& skeleton)
 {
     const std::lock_guard lock(mutex_);
@@ -65,13 +57,10 @@ QString Calendar::Engine::dateFormat(const QString& skeleton)
     const std::unique_ptr<icu::DateTimePatternGenerator> generator(
         icu::DateTimePatternGenerator::createInstance(localeWithCalendar(), status));
     QString format;
-    if (U_SUCCESS(status)) {
-        const icu::UnicodeString wanted(
-            reinterpret_cast<const char16_t*>(skeleton.utf16()), static_cast<int32_t>(skeleton.size()));
-        const icu::UnicodeString pattern = generator->getBestPattern(wanted, status);
-        if (U_SUCCESS(status))
-            format = QString(reinterpret_cast<const QChar*>(pattern.getBuffer()), pattern.length());
-    }
+    if (U_SUCCESS(status))
+        format = qtText(generator->getBestPattern(icuText(skeleton), status));
+    if (U_FAILURE(status))
+        format.clear();
     return *formats_.insert(skeleton, format);
 }
 
@@ -91,7 +80,7 @@ void Calendar::Engine::followUser()
         hasChanged = true;
     }
     if (!settings_.timeZone) {
-        const QByteArray& zone = machineZone_.icuName();
+        const QTimeZone zone = userTimeZone();
         hasChanged = hasChanged || zone != zone_;
         zone_ = zone;
     }
@@ -106,8 +95,7 @@ void Calendar::Engine::makePrototype()
     formats_.clear();
     UErrorCode status = U_ZERO_ERROR;
     prototype_.reset(icu::Calendar::createInstance(
-        icu::TimeZone::createTimeZone(icu::UnicodeString::fromUTF8(zone_.constData())), localeWithCalendar(),
-        status));
+        icuTimeZone(zone_, SystemClock().now()).release(), localeWithCalendar(), status));
     if (U_FAILURE(status))
         prototype_.reset();
     if (!prototype_)
@@ -122,8 +110,8 @@ void Calendar::Engine::makePrototype()
 
 icu::Locale Calendar::Engine::localeWithCalendar() const
 {
+    icu::Locale locale = icuLocale(locale_);
     UErrorCode status = U_ZERO_ERROR;
-    icu::Locale locale = icu::Locale::forLanguageTag(locale_.bcp47Name().toStdString(), status);
     if (settings_.identifier)
         locale.setKeywordValue("calendar", settings_.identifier->constData(), status);
     return locale;

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "Platform/Calendar/Calendar.h"
-#include "Platform/Calendar/UserCalendarSettings.h"
 
 #include <QHash>
 
@@ -24,13 +23,14 @@ struct Calendar::Settings {
     std::optional<int> minimumDaysInFirstWeek;
 };
 
-/// ICU's calendars for one `Calendar` and its copies: as many as threads use it at once.
+/// A pool of ICU calendars for one `Calendar` and its copies: as many as threads use at the same time.
 ///
-/// They cost much to make, and hold the moment that they work on, so each is lent to one caller at a
-/// time and kept for the next. All are made anew when the user's settings change. Any thread.
+/// An ICU calendar is expensive to create and holds the moment that it computes with. So each is lent to one
+/// caller at a time and kept for the next. When the user's settings change, all are replaced. Any thread.
 class Calendar::Engine final {
 public:
-    /// One of ICU's calendars, for the time being; none if ICU has no data. Its engine must outlive it.
+    /// An ICU calendar, returned to the pool at the end of the loan. False if ICU has no data. The engine
+    /// must outlive it.
     class Loan final {
     public:
         Loan(Engine& engine, std::unique_ptr<icu::Calendar> calendar, int generation);
@@ -54,27 +54,25 @@ public:
 
     [[nodiscard]] const Settings& settings() const { return settings_; }
     [[nodiscard]] Loan borrow();
-    [[nodiscard]] QLocale locale();
-    /// With the calendar as a keyword.
-    [[nodiscard]] icu::Locale icuLocale();
     [[nodiscard]] QString dateFormat(const QString& skeleton);
 
 private:
     void giveBack(std::unique_ptr<icu::Calendar> calendar, int generation);
-    void followUser(); ///< with the lock held, as all below
+
+    // With the lock held:
+    void followUser();
     void makePrototype();
     [[nodiscard]] icu::Locale localeWithCalendar() const;
 
     const Settings settings_;
-    std::mutex mutex_; ///< guards what follows
-    QLocale default_; ///< that `locale_` was found for
+    std::mutex mutex_; ///< guards all members below
+    QLocale default_; ///< the default locale that `locale_` was derived from
     QLocale locale_;
-    MachineZone machineZone_;
-    QByteArray zone_;
-    std::unique_ptr<icu::Calendar> prototype_;
+    QTimeZone zone_;
+    std::unique_ptr<icu::Calendar> prototype_; ///< null if ICU has no data
     std::vector<std::unique_ptr<icu::Calendar>> idle_;
-    QHash<QString, QString> formats_; ///< by skeleton
-    int generation_ = 0; ///< counts changes of the user's settings
+    QHash<QString, QString> formats_; ///< patterns by skeleton
+    int generation_ = 0; ///< incremented when the user's settings change
 };
 
 } // namespace quor::platform

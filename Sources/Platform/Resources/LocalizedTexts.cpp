@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Resources/LocalizedTexts.h"
 
+#include "Platform/Text/ICUText.h"
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QStringList>
@@ -26,18 +28,13 @@ void addWithParents(QStringList& languages, QString language)
     }
 }
 
-icu::UnicodeString unicodeString(const QString& string)
-{
-    return {reinterpret_cast<const char16_t*>(string.utf16()), static_cast<int32_t>(string.size())};
-}
-
 icu::Formattable formattable(const Bundle::Argument& argument)
 {
     if (const auto* integer = std::get_if<qint64>(&argument))
         return {static_cast<int64_t>(*integer)};
     if (const auto* real = std::get_if<double>(&argument))
         return {*real};
-    return {unicodeString(std::get<QString>(argument))};
+    return {icuText(std::get<QString>(argument))};
 }
 
 // The user's locale has the rules of a region, so it is preferred if it is of the text's language.
@@ -111,13 +108,13 @@ QString formatMessage(const LocalizedTexts::Text& text, const std::vector<Bundle
     for (const auto& argument : arguments)
         values.push_back(formattable(argument));
     UErrorCode status = U_ZERO_ERROR;
-    const icu::MessageFormat message(unicodeString(text.string), localeFor(text.language), status);
+    const icu::MessageFormat message(icuText(text.string), localeFor(text.language), status);
     icu::UnicodeString filled;
     icu::FieldPosition ignored;
     message.format(values.data(), static_cast<int32_t>(values.size()), filled, ignored, status);
     if (U_FAILURE(status))
         return text.string;
-    return QString(reinterpret_cast<const QChar*>(filled.getBuffer()), filled.length());
+    return qtText(filled);
 }
 
 } // namespace quor::platform

@@ -1,21 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Calendar/Date.h"
+
 #include <chrono>
 
 namespace quor::platform {
-
-/// A moment, in seconds since 1970-01-01 00:00:00 UTC. Stored and exchanged as a `double`.
-using Date = std::chrono::sys_time<std::chrono::duration<double>>;
-
-[[nodiscard]] inline double secondsSince1970(Date date)
-{
-    return date.time_since_epoch().count();
-}
-[[nodiscard]] inline Date dateFromSeconds(double seconds)
-{
-    return Date(std::chrono::duration<double>(seconds));
-}
 
 /// The source of the current time, which tests replace by a clock of their own. The time can jump in
 /// both directions, for instance when the user sets the wall clock. Any thread.

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Services/Clock.h"
+#include "Platform/Calendar/Date.h"
 
 #include <QLocale>
 #include <QString>
@@ -12,39 +12,38 @@
 
 namespace quor::platform {
 
-/// Moments as the user's language and region write them, in their calendar, with 12 or 24 hours.
+/// Writes moments as the user's language and region do, in their calendar, with 12 or 24 hours.
 ///
-/// Follows the default locale and the machine's time zone as they stand at each call, unless others
-/// are set; where the default is the system's, the one that it names for times (LC_TIME). The
-/// language's rules are loaded by the first call that needs them, and kept. A value: a copy formats
-/// alike and shares nothing. One object on one thread at a time.
+/// Unless a locale or a zone is set, follows the user's locale for dates and the user's time zone, as they
+/// are at each call. The first call loads the rules of the language; they are kept. Use an object on one
+/// thread at a time.
 class DateFormatter final {
 public:
+    /// How long a date or a time is written, from "14.11.23" or "22:13" (`short_`) to "Dienstag, 14. November
+    /// 2023" or "22:13:20 Koordinierte Weltzeit" (`full`); `none` leaves it out.
     enum class Style { none, short_, medium, long_, full };
 
-    /// Neither date nor time.
-    explicit DateFormatter(Style dateStyle = Style::none, Style timeStyle = Style::none);
+    DateFormatter(Style dateStyle, Style timeStyle);
     ~DateFormatter();
-    DateFormatter(const DateFormatter& other);
-    DateFormatter& operator=(const DateFormatter& other);
+    DateFormatter(const DateFormatter&) = delete;
+    DateFormatter& operator=(const DateFormatter&) = delete;
 
-    [[nodiscard]] Style dateStyle() const;
-    [[nodiscard]] Style timeStyle() const;
-    void setDateStyle(Style style);
-    void setTimeStyle(Style style);
+    /// Nullopt, the initial value of both, means the user's.
+    void setLocale(const std::optional<QLocale>& locale) { locale_ = locale; }
+    void setTimeZone(const std::optional<QTimeZone>& timeZone) { timeZone_ = timeZone; }
 
-    /// Absent, as at the start: the user's.
-    void setLocale(const std::optional<QLocale>& locale);
-    void setTimeZone(const std::optional<QTimeZone>& timeZone);
-
-    /// Empty without a style, and for what is not finite or too far away for a calendar. A time may
-    /// hold a narrow blank that does not break (U+202F).
+    /// Returns an empty text if both styles are `none`, for NaN, and for a moment beyond `furthestSeconds`.
+    /// In front of "AM" and "PM" stands a narrow no-break space (U+202F).
     [[nodiscard]] QString string(Date date) const;
 
 private:
-    class Format;
+    struct Format;
 
-    std::unique_ptr<Format> format_; ///< never null
+    const Style dateStyle_;
+    const Style timeStyle_;
+    std::optional<QLocale> locale_;
+    std::optional<QTimeZone> timeZone_;
+    mutable std::unique_ptr<Format> format_; ///< null before the first call
 };
 
 } // namespace quor::platform

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QLocale>
 #include <QString>
 
@@ -9,36 +10,40 @@
 
 namespace quor::platform {
 
-/// Decimal numbers as the user's language writes and reads them, grouping included.
+/// Writes and reads decimal numbers as the user's language does, with separators between groups of digits.
 ///
-/// Rounds half to even. What rounds to zero has no sign. The language's rules are loaded by the first
-/// call that needs them, and kept. A value: a copy formats alike and shares nothing. One object on
-/// one thread at a time.
+/// Rounds half to even; what rounds to zero has no sign. The first call loads the rules of the language; they
+/// are kept. Use an object on one thread at a time.
 class NumberFormatter final {
 public:
-    /// Up to 3 fraction digits, as many as the number has.
+    /// Writes from 0 to 3 fraction digits.
     explicit NumberFormatter(const QLocale& locale = QLocale());
     ~NumberFormatter();
-    NumberFormatter(const NumberFormatter& other);
-    NumberFormatter& operator=(const NumberFormatter& other);
+    NumberFormatter(const NumberFormatter&) = delete;
+    NumberFormatter& operator=(const NumberFormatter&) = delete;
 
-    [[nodiscard]] int minimumFractionDigits() const;
-    [[nodiscard]] int maximumFractionDigits() const;
-    /// Negative counts as 0; the other limit moves along where the two would cross.
+    [[nodiscard]] int minimumFractionDigits() const { return minimum_; }
+    [[nodiscard]] int maximumFractionDigits() const { return maximum_; }
+    /// Clamped to 0 at least. Setting one limit beyond the other sets the other to the same value.
     void setMinimumFractionDigits(int digits);
     void setMaximumFractionDigits(int digits);
 
-    /// Empty for what is infinite or not a number.
+    /// Returns an empty text for infinity and NaN.
     [[nodiscard]] QString string(double value) const;
 
-    /// The number that the whole text says; none if any of it is left over, blanks too, or if it is
-    /// no finite number.
+    /// The number that the whole text says. Returns nullopt if a part of the text, be it a blank, is left
+    /// over, and if the number is not finite.
     [[nodiscard]] std::optional<double> number(const QString& text) const;
 
 private:
     class Format;
 
-    std::unique_ptr<Format> format_; ///< never null
+    [[nodiscard]] Format& format() const;
+
+    const QByteArray locale_;
+    int minimum_ = 0;
+    int maximum_ = 3;
+    mutable std::unique_ptr<Format> format_; ///< null before the first call
 };
 
 } // namespace quor::platform

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Text/RegularExpression.h"
 
+#include "Platform/Text/ICUText.h"
+
 #include <unicode/regex.h>
 
 #include <utility>
@@ -11,12 +13,6 @@ namespace {
 
 // A step is ten thousand states tried, about 0.1 ms; the limit holds for all matches of one call.
 constexpr int32_t mostSteps = 2000;
-
-/// A view of `text` for ICU, without a copy.
-icu::UnicodeString viewOf(const QString& text)
-{
-    return {false, reinterpret_cast<const char16_t*>(text.utf16()), static_cast<int32_t>(text.size())};
-}
 
 RegularExpression::Match matchOf(const icu::RegexMatcher& matcher, UErrorCode& status)
 {
@@ -54,7 +50,7 @@ std::optional<RegularExpression> RegularExpression::compile(const QString& patte
 {
     UErrorCode status = U_ZERO_ERROR;
     UParseError where;
-    std::unique_ptr<icu::RegexPattern> compiled(icu::RegexPattern::compile(viewOf(pattern), where, status));
+    std::unique_ptr<icu::RegexPattern> compiled(icu::RegexPattern::compile(icuText(pattern), where, status));
     if (U_FAILURE(status))
         return std::nullopt;
     return RegularExpression(std::make_shared<const Pattern>(Pattern{std::move(compiled)}));
@@ -63,7 +59,7 @@ std::optional<RegularExpression> RegularExpression::compile(const QString& patte
 std::vector<RegularExpression::Match> RegularExpression::matches(const QString& text) const
 {
     UErrorCode status = U_ZERO_ERROR;
-    const auto input = viewOf(text);
+    const auto input = icuText(text);
     const auto matcher = pattern_->search(input, status);
     std::vector<Match> matches;
     while (matcher && matcher->find(status))
@@ -74,19 +70,19 @@ std::vector<RegularExpression::Match> RegularExpression::matches(const QString& 
 QString RegularExpression::replaceAll(const QString& text, const QString& replacement) const
 {
     UErrorCode status = U_ZERO_ERROR;
-    const auto input = viewOf(text);
+    const auto input = icuText(text);
     const auto matcher = pattern_->search(input, status);
     if (!matcher)
         return text;
     // ICU's own loop takes a search that was cut off for one that has ended.
-    const auto with = viewOf(replacement);
+    const auto with = icuText(replacement);
     icu::UnicodeString replaced;
     while (matcher->find(status))
         matcher->appendReplacement(replaced, with, status);
     if (U_FAILURE(status))
         return text;
     matcher->appendTail(replaced);
-    return QString(reinterpret_cast<const QChar*>(replaced.getBuffer()), replaced.length());
+    return qtText(replaced);
 }
 
 } // namespace quor::platform

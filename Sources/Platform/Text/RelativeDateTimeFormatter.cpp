@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Text/RelativeDateTimeFormatter.h"
 
+#include "Platform/Text/ICUText.h"
+
 #include <QByteArray>
 
 #include <unicode/ureldatefmt.h>
@@ -80,100 +82,47 @@ UDisplayContext icuContext(FormattingContext context)
 
 } // namespace
 
-class RelativeDateTimeFormatter::Format {
-public:
-    Format() = default;
-    Format(const Format& other)
-        : dateTimeStyle(other.dateTimeStyle)
-        , unitsStyle(other.unitsStyle)
-        , context(other.context)
-        , locale(other.locale)
-    {
-    }
-
-    void forget() { format_.reset(); }
-
-    QString string(double count, URelativeDateTimeUnit unit)
-    {
-        const URelativeDateTimeFormatter* const format = get();
-        const auto formatted
-            = dateTimeStyle == DateTimeStyle::numeric ? ureldatefmt_formatNumeric : ureldatefmt_format;
-        QString text(64, Qt::Uninitialized);
-        UErrorCode status = U_ZERO_ERROR;
-        const auto write = [&] {
-            status = U_ZERO_ERROR;
-            return format ? formatted(format, count, unit, reinterpret_cast<UChar*>(text.data()),
-                       int32_t(text.size()), &status)
-                          : 0;
-        };
-        text.resize(write());
-        if (status == U_BUFFER_OVERFLOW_ERROR)
-            write();
-        return U_SUCCESS(status) ? text : QString();
-    }
-
-    DateTimeStyle dateTimeStyle = DateTimeStyle::numeric;
-    UnitsStyle unitsStyle = UnitsStyle::full;
-    FormattingContext context = FormattingContext::unknown;
-    std::optional<QLocale> locale;
-
-private:
-    /// Null if ICU has no data.
-    const URelativeDateTimeFormatter* get()
-    {
-        QByteArray language = locale.value_or(QLocale()).bcp47Name().toLatin1();
-        if (format_ && language == language_)
-            return format_.get();
-        UErrorCode status = U_ZERO_ERROR;
-        format_.reset(ureldatefmt_open(
-            language.constData(), nullptr, icuStyle(unitsStyle), icuContext(context), &status));
-        language_ = std::move(language);
-        return format_.get();
-    }
-
-    std::unique_ptr<URelativeDateTimeFormatter, CloseFormat> format_;
-    QByteArray language_; ///< what `format_` is for
+struct RelativeDateTimeFormatter::Format {
+    QByteArray language; ///< that `icuFormat` was made for
+    std::unique_ptr<URelativeDateTimeFormatter, CloseFormat> icuFormat; ///< null if ICU has no data
 };
 
-RelativeDateTimeFormatter::RelativeDateTimeFormatter()
-    : format_(std::make_unique<Format>())
-{
-}
+RelativeDateTimeFormatter::RelativeDateTimeFormatter() = default;
 
 RelativeDateTimeFormatter::~RelativeDateTimeFormatter() = default;
 
-RelativeDateTimeFormatter::RelativeDateTimeFormatter(const RelativeDateTimeFormatter& other)
-    : format_(std::make_unique<Format>(*other.format_))
-{
-}
-
-RelativeDateTimeFormatter& RelativeDateTimeFormatter::operator=(const RelativeDateTimeFormatter& other)
-{
-    if (this != &other)
-        format_ = std::make_unique<Format>(*other.format_);
-    return *this;
-}
-
 void RelativeDateTimeFormatter::setDateTimeStyle(DateTimeStyle style)
 {
-    format_->dateTimeStyle = style;
+    dateTimeStyle_ = style;
 }
 
 void RelativeDateTimeFormatter::setUnitsStyle(UnitsStyle style)
 {
-    format_->unitsStyle = style;
-    format_->forget();
+    unitsStyle_ = style;
+    format_.reset();
 }
 
 void RelativeDateTimeFormatter::setFormattingContext(FormattingContext context)
 {
-    format_->context = context;
-    format_->forget();
+    context_ = context;
+    format_.reset();
 }
 
 void RelativeDateTimeFormatter::setLocale(const std::optional<QLocale>& locale)
 {
-    format_->locale = locale;
+    locale_ = locale;
+}
+
+const RelativeDateTimeFormatter::Format& RelativeDateTimeFormatter::format() const
+{
+    const QByteArray language = locale_.value_or(QLocale()).bcp47Name().toLatin1();
+    if (!format_ || format_->language != language) {
+        UErrorCode status = U_ZERO_ERROR;
+        format_ = std::make_unique<Format>(Format{language,
+            decltype(Format::icuFormat)(ureldatefmt_open(
+                language.constData(), nullptr, icuStyle(unitsStyle_), icuContext(context_), &status))});
+    }
+    return *format_;
 }
 
 QString RelativeDateTimeFormatter::localizedString(double interval) const
@@ -181,9 +130,14 @@ QString RelativeDateTimeFormatter::localizedString(double interval) const
     if (!std::isfinite(interval))
         return {};
     const Unit& unit = largestThatFits(interval);
-    const double count = std::trunc(interval / unit.seconds);
-    // A negative zero would be in the past.
-    return format_->string(count == 0 ? 0 : count, unit.unit);
+    const double truncated = std::trunc(interval / unit.seconds);
+    const double count = truncated == 0 ? 0 : truncated; // a negative zero would be in the past
+    const auto& icuFormat = format().icuFormat;
+    const auto write
+        = dateTimeStyle_ == DateTimeStyle::numeric ? ureldatefmt_formatNumeric : ureldatefmt_format;
+    return textFromICU([&](UChar* buffer, int32_t capacity, UErrorCode* status) {
+        return icuFormat ? write(icuFormat.get(), count, unit.unit, buffer, capacity, status) : 0;
+    });
 }
 
 } // namespace quor::platform

@@ -9,45 +9,53 @@
 
 namespace quor::platform {
 
-/// A span of time as the user's language says it, seen from now: "5 min. ago", "in 2 hr.".
+/// Writes a span of time from now as the user's language says it: "5 min. ago", "in 2 hr.".
 ///
-/// Told in the largest unit that the span fills once, the rest cut: 90 minutes are "1 hr.". Units are
-/// seconds, minutes, hours, days, weeks, months of 30 days, years of 365. Less than a second, and
-/// nothing, lie ahead: "in 0 sec.". The language's rules are loaded by the first call that needs
-/// them, and kept. A value: a copy formats alike and shares nothing. One object on one thread at a
-/// time.
+/// Uses the largest unit of which the span holds at least one, and drops the rest: 90 minutes are "1 hr.".
+/// The units are seconds, minutes, hours, days, weeks, months of 30 days and years of 365 days. Spans of less
+/// than a second lie in the future: "in 0 sec.". The first call loads the rules of the language; they are
+/// kept. Use an object on one thread at a time.
 class RelativeDateTimeFormatter final {
 public:
     enum class DateTimeStyle {
         numeric, ///< "1 day ago"
-        named, ///< "yesterday", where the language has a word
+        named, ///< "yesterday", if the language has a word
     };
     enum class UnitsStyle {
         full, ///< "5 minutes ago"
         short_, ///< "5 min. ago"
-        abbreviated, ///< "5m ago", where the language has it
+        abbreviated, ///< "5m ago", if the language has such a form
     };
+    /// Where the text will stand; decides in some languages whether it begins with a capital.
     enum class FormattingContext { unknown, standalone, listItem, beginningOfSentence, middleOfSentence };
 
-    /// Numeric, full units, in an unknown context.
+    /// Numeric, with full units, in an unknown context.
     RelativeDateTimeFormatter();
     ~RelativeDateTimeFormatter();
-    RelativeDateTimeFormatter(const RelativeDateTimeFormatter& other);
-    RelativeDateTimeFormatter& operator=(const RelativeDateTimeFormatter& other);
+    RelativeDateTimeFormatter(const RelativeDateTimeFormatter&) = delete;
+    RelativeDateTimeFormatter& operator=(const RelativeDateTimeFormatter&) = delete;
 
     void setDateTimeStyle(DateTimeStyle style);
     void setUnitsStyle(UnitsStyle style);
     void setFormattingContext(FormattingContext context);
-    /// Absent, as at the start: the default locale, as it stands at each call.
+    /// Nullopt, the initial value, means the default locale as it is at each call.
     void setLocale(const std::optional<QLocale>& locale);
 
-    /// `interval` in seconds from now, negative for the past. Empty for what is not finite.
+    /// The text for `interval` seconds from now; a negative interval lies in the past. Returns an empty text
+    /// for infinity and NaN.
     [[nodiscard]] QString localizedString(double interval) const;
 
 private:
-    class Format;
+    struct Format;
 
-    std::unique_ptr<Format> format_; ///< never null
+    /// Loads the rules if they are not loaded, or are those of another language.
+    [[nodiscard]] const Format& format() const;
+
+    DateTimeStyle dateTimeStyle_ = DateTimeStyle::numeric;
+    UnitsStyle unitsStyle_ = UnitsStyle::full;
+    FormattingContext context_ = FormattingContext::unknown;
+    std::optional<QLocale> locale_;
+    mutable std::unique_ptr<Format> format_; ///< null before the first call and after a change of the style
 };
 
 } // namespace quor::platform

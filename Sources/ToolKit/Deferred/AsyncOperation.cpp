@@ -10,12 +10,12 @@ AsyncOperation::AsyncOperation()
 {
 }
 
-std::function<void()> AsyncOperation::finishHandler() const
+platform::Callback<void()> AsyncOperation::finishHandler() const
 {
     return finishHandler_;
 }
 
-void AsyncOperation::setFinishHandler(std::function<void()> finishHandler)
+void AsyncOperation::setFinishHandler(platform::Callback<void()> finishHandler)
 {
     finishHandler_ = std::move(finishHandler);
 }
@@ -35,7 +35,7 @@ void AsyncOperation::start()
 void AsyncOperation::main()
 {
     if (isCancelled())
-        finish(); // cancelled since the start looked: without work nobody else would end it
+        finish(); // cancelled after `start` asked; without work, nothing else would end the operation
     else
         work();
 }
@@ -51,9 +51,8 @@ void AsyncOperation::end()
 {
     if (isEnding_.exchange(true))
         return;
-    const auto self = weak_from_this().lock(); // the handler may let go of this operation
-    if (const auto handler = finishHandler())
-        handler();
+    const auto self = weak_from_this().lock(); // the handler may release this operation
+    finishHandler()();
     set(isExecuting_, Key::isExecuting, false);
     set(isFinished_, Key::isFinished, true);
 }

@@ -11,7 +11,7 @@ namespace quor::toolkit {
 
 namespace {
 
-// Upwards, so that nothing runs early, and within what a timer of the event loop can hold.
+// Rounded up, so that nothing runs early, and clamped to what a timer of the event loop can hold.
 std::chrono::milliseconds timerInterval(double seconds)
 {
     const double longest = std::numeric_limits<int>::max();

@@ -7,28 +7,25 @@
 
 namespace quor::toolkit {
 
-/// A one-shot delay that can be started anew: of a burst of calls only the last one's closure runs,
+/// A delay that each call of `run` restarts: of a burst of calls only the closure of the last one runs,
 /// `delay` seconds after that call.
 ///
-///     search_.run([self = QPointer(this)] {
-///         if (self)
-///             self->search();
-///     });
+///     search_.run(platform::whileAlive(*this, [this] { search(); }));
 ///
-/// Its end withdraws nothing: a pending closure still runs. An owner that wants it gone calls
-/// `cancel` first. Main thread only; closures run on the main queue.
+/// Destroying a `DelayedAction` does not withdraw a pending closure: it still runs. An owner that does not
+/// want that calls `cancel` first. Main thread only; closures run on the main queue.
 class DelayedAction final {
 public:
-    /// `delay` in seconds; 0, less, or not a number means the main queue's next turn.
+    /// `delay` is in seconds. 0, a negative number and NaN mean the next turn of the main queue.
     explicit DelayedAction(double delay);
     DelayedAction(const DelayedAction&) = delete;
     DelayedAction& operator=(const DelayedAction&) = delete;
 
-    /// Forgets the pending closure, if any, and puts this one in its place. A closure may call
-    /// `run` again, or end this object.
+    /// Replaces the pending closure, if any, and restarts the delay. A closure may call `run` again and may
+    /// delete this object.
     void run(std::function<void()> action);
 
-    /// Forgets the pending closure. Harmless when nothing is pending.
+    /// Withdraws the pending closure. Has no effect if none is pending.
     void cancel();
 
     [[nodiscard]] double delay() const { return delay_; }

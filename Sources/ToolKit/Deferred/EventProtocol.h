@@ -15,10 +15,11 @@
 
 namespace quor::toolkit {
 
-/// Whether the caller is on the main thread: the application object's.
+/// Whether the caller is on the main thread, which is that of the application object. True if there is no
+/// application object.
 [[nodiscard]] bool isMainThread();
 
-/// Base of a class that publishes events to targets which it holds weakly.
+/// Base class of a class that publishes events to targets, which it holds weakly.
 ///
 ///     enum class FormEvent { internalNeedsRender, ... };
 ///     class Form : public EventProtocol<Form, FormEvent> { ... };
@@ -26,9 +27,9 @@ namespace quor::toolkit {
 ///     form.add(*this, &Presenter::needsRender, Form::Event::internalNeedsRender, 0.1);
 ///     void Presenter::needsRender(Form& sender, const std::any& payload);
 ///
-/// A target needs no clean-up: it may end at any moment, also within a call (see `WeakReference` for
-/// what can be a target; a publisher can). `EventType` is hashed by `std::hash`, which an enumeration
-/// has. Everything is for the main thread, but `trigger`, and calls come on the main thread only.
+/// A target needs no clean-up: it may end at any moment, also during a call. What a `WeakReference` can hold
+/// can be a target, and so can a publisher. `EventType` is hashed by `std::hash`, as an enumeration is. Main
+/// thread only, except for `trigger`. Targets are called on the main thread only.
 template <class Publisher, class EventType>
 class EventProtocol : public platform::Trackable {
 public:
@@ -36,12 +37,14 @@ public:
     using TargetActions = std::vector<std::shared_ptr<TargetAction<Publisher>>>;
     using Actions = std::unordered_map<Event, TargetActions>;
 
+    /// The entries of each event, in the order in which they were added.
     [[nodiscard]] const Actions& actions() const { return actions_; }
     void setActions(Actions actions) { actions_.swap(actions); }
 
-    /// Calls `action` on `target` at each `trigger` of `event`; with a `delay` above 0, in seconds,
-    /// once for a burst, that long after its last. `action` is a member of the target, or anything
-    /// called with (target, sender, payload). Added twice, a target is called twice.
+    /// From now on each `trigger` of `event` calls `action` on `target`. With a `delay` above 0, in seconds,
+    /// a burst of triggers calls it once, `delay` after the last. `action` is a member function of the
+    /// target, or any closure that takes (target, sender, payload). A target that is added twice is called
+    /// twice.
     template <class Target, class Action>
     requires std::invocable<Action&, Target&, Publisher&, const std::any&>
     void add(Target& target, Action action, const Event& event, double delay = 0)
@@ -50,8 +53,8 @@ public:
             std::make_shared<TargetActionWrapper<Publisher, Target>>(target, std::move(action), delay));
     }
 
-    /// Takes `target` out of all events. It must be told as the type it was added as. A delayed
-    /// call that is pending still comes, if the target lives.
+    /// Removes `target` from all events. The static type of `target` must be the one with which it was added.
+    /// A delayed call that is pending still takes place if the target exists then.
     template <class Target>
     void remove(const Target& target)
     {
@@ -59,6 +62,7 @@ public:
         for (auto& [event, list] : actions_)
             moveOut(list, removed, isOf(target));
     }
+    /// Removes `target` from one event only.
     template <class Target>
     void remove(const Target& target, const Event& event)
     {
@@ -67,19 +71,20 @@ public:
             moveOut(found->second, removed, isOf(target));
     }
 
-    /// Calls the targets of `event` in the order they were added; an empty payload means none. On
-    /// the main thread before it returns, from any other thread (which must keep this object alive
-    /// for the call) in a later turn of the main queue, if this object still lives then.
+    /// Calls the targets of `event` in the order in which they were added; an empty `payload` means that
+    /// there is none. Any thread: on the main thread the targets are called before this returns; from another
+    /// thread, which must keep this object alive during this call, in a later turn of the main queue, if this
+    /// object exists then.
     ///
-    /// Who is called is settled before the first call; whoever ends before its turn is left out, and
-    /// the pass ends with this object.
+    /// Targets that are added during the calls are not called, targets that end before their turn are left
+    /// out, and the calls stop if this object ends.
     void trigger(const Event& event, std::any payload = {})
     {
         if (!isMainThread()) {
-            platform::MainQueue::async([life = life(), this, event, payload = std::move(payload)]() mutable {
-                if (!life.expired())
+            platform::MainQueue::async(
+                platform::whileAlive(*this, [this, event, payload = std::move(payload)]() mutable {
                     trigger(event, std::move(payload));
-            });
+                }));
             return;
         }
         const auto found = actions_.find(event);
@@ -96,7 +101,8 @@ public:
         }
     }
 
-    /// Entries of `event`, with those whose target has gone since its last `trigger`.
+    /// The number of entries of `event`. Entries whose target has ended count until the next `trigger` of
+    /// `event`.
     [[nodiscard]] std::size_t numberOfTargets(const Event& event) const
     {
         const auto found = actions_.find(event);
@@ -117,8 +123,9 @@ private:
         };
     }
 
-    // Entries end only when the lists are in order again: what an action holds may come back here as
-    // it is let go of.
+    // Moves entries to `removed` instead of deleting them, since deleting an action may delete an object that
+    // removes targets from these same lists. The caller deletes `removed` when the lists are consistent
+    // again.
     template <class Condition>
     static void moveOut(TargetActions& list, TargetActions& removed, Condition condition)
     {

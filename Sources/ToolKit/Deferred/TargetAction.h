@@ -5,8 +5,7 @@
 
 namespace quor::toolkit {
 
-/// One entry of a publisher's list: somebody who may be gone, and what to call there.
-/// Main thread only.
+/// One entry in a publisher's list: a target, held weakly, and what to call on it. Main thread only.
 template <class Publisher>
 class TargetAction {
 public:
@@ -14,8 +13,9 @@ public:
 
     [[nodiscard]] virtual bool isAlive() const = 0;
 
-    /// Calls the target, now or later; nothing once it has gone. An empty payload means none. The
-    /// call may remove this entry, end the target, or end the sender.
+    /// Calls the target, at once or after the delay of the entry. Has no effect after the target has ended.
+    /// An empty `payload` means that there is none. The call may remove this entry, and delete the target or
+    /// the sender.
     virtual void perform(Publisher& sender, const std::any& payload) = 0;
 };
 

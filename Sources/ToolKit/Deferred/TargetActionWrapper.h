@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Lifetime/WeakReference.h"
+#include "Platform/Lifetime/WhileAlive.h"
 #include "ToolKit/Deferred/DelayedAction.h"
 #include "ToolKit/Deferred/TargetAction.h"
 
@@ -17,9 +17,9 @@ namespace quor::toolkit {
 /// The readable name of a type, as in "quor::Presenter".
 [[nodiscard]] QString typeDescription(const std::type_info& type);
 
-/// The entry of a target of one type, held weakly. With a delay above 0 (seconds) a burst of calls
-/// reaches the target once, with the last sender and payload, that long after the last call; whether
-/// target and sender still live is asked when the time has come. Main thread only.
+/// The entry of a target of one type. With a `delay` above 0, in seconds, the target is called once for a
+/// burst of calls: with the last sender and payload, `delay` after the last call, and only if target and
+/// sender both exist then. Main thread only.
 template <class Publisher, class Target>
 class TargetActionWrapper final : public TargetAction<Publisher> {
 public:
@@ -46,15 +46,14 @@ public:
             call(target_, action_, sender, payload);
             return;
         }
-        // Holds no entry: one that is removed meanwhile ends, and its pending call still comes.
-        delayedAction_->run(
-            [target = target_, action = action_, life = sender.life(), sender = &sender, payload] {
-                if (!life.expired())
-                    call(target, action, *sender, payload);
-            });
+        // Copies, since the pending call still takes place after this entry has been removed and deleted.
+        delayedAction_->run(platform::whileAlive<platform::Trackable>(
+            sender, [target = target_, action = action_, sender = &sender, payload] {
+                call(target, action, *sender, payload);
+            }));
     }
 
-    /// The name of the target's type; "nil" once the target has gone.
+    /// The name of the target's type, or "nil" after the target has ended.
     [[nodiscard]] QString debugDescription() const
     {
         return isAlive() ? typeDescription(typeid(Target)) : QStringLiteral("nil");

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Formatting/DistanceReader.h"
 
+#include "Platform/Text/ICUText.h"
 #include "ToolKit/Formatting/ICULocale.h"
 
 #include <unicode/normalizer2.h>
@@ -29,7 +30,7 @@ QString folded(const QString& text)
     const auto* normalizer = icu::Normalizer2::getNFKCCasefoldInstance(status);
     if (U_FAILURE(status))
         return {};
-    const auto normal = normalizer->normalize({text.utf16(), static_cast<int32_t>(text.size())}, status);
+    const auto normal = normalizer->normalize(platform::icuText(text), status);
     if (U_FAILURE(status))
         return {};
     QString result;
@@ -83,7 +84,7 @@ std::optional<double> strictNumber(QString text, const icu::DecimalFormat& forma
         icu::DecimalFormatSymbols::kGroupingSeparatorSymbol);
     if (const QChar separator(grouping.charAt(0)); separator.isSpace())
         text.replace(u' ', separator);
-    const icu::UnicodeString units(text.utf16(), static_cast<int32_t>(text.size()));
+    const icu::UnicodeString units = platform::icuText(text);
     icu::Formattable value;
     icu::ParsePosition at(0);
     format.parse(units, value, at);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Formatting/LengthFormatter.h"
 
+#include "Platform/Text/ICUText.h"
 #include "ToolKit/Formatting/ICULocale.h"
 
 #include <unicode/measunit.h>
@@ -86,7 +87,7 @@ QString LengthFormatter::string(double value) const
         return {};
     UErrorCode status = U_ZERO_ERROR;
     const icu::UnicodeString text = format_->number.formatDouble(value, status).toString(status);
-    return U_SUCCESS(status) ? QStringView(text.getBuffer(), text.length()).toString() : QString();
+    return U_SUCCESS(status) ? platform::qtText(text) : QString();
 }
 
 } // namespace quor::toolkit

@@ -2,6 +2,7 @@
 #include "ToolKit/Text/StringHelpers.h"
 
 #include "Platform/Text/GraphemeClusters.h"
+#include "Platform/Text/ICUText.h"
 #include "ToolKit/Text/CharacterHelpers.h"
 
 #include <QStringList>
@@ -20,16 +21,8 @@ namespace quor::toolkit {
 namespace {
 
 using platform::GraphemeClusters;
-
-icu::UnicodeString icuText(QStringView text)
-{
-    return {text.utf16(), static_cast<int32_t>(text.size())};
-}
-
-QString qtText(const icu::UnicodeString& text)
-{
-    return QStringView(text.getBuffer(), text.length()).toString();
-}
+using platform::icuText;
+using platform::qtText;
 
 /// The thread's; one takes milliseconds to make. Null if ICU has no data.
 const icu::Transliterator* toAscii()
