@@ -22,10 +22,10 @@ TEST(Commands, AreRefusedWithAReasonAndAnExitCode)
     } cases[] = {{u"sing"_s, 2, u"\"sing\""_s}, {u"list --jsn"_s, 2, u"jsn"_s}, {u"add"_s, 2, u"NAME"_s},
         {u"add X "_s, 1, u"name"_s}, {u"add X --color 12345g"_s, 1, u"\"12345g\""_s},
         {u"start T9"_s, 1, u"no task \"T9\""_s}, {u"start DESIGN"_s, 1, u"T1, T2"_s},
-        {u"start T1"_s, 1, u"runs already"_s}, {u"start T2 --ago inf"_s, 2, u"\"inf\""_s},
-        {u"stop Meeting"_s, 1, u"does not run"_s}, {u"stop T1 --all"_s, 2, u"--all"_s},
+        {u"start T1"_s, 1, u"already running"_s}, {u"start T2 --ago inf"_s, 2, u"\"inf\""_s},
+        {u"stop Meeting"_s, 1, u"is not running"_s}, {u"stop T1 --all"_s, 2, u"--all"_s},
         {u"set singleTimer"_s, 1, u"KEY=VALUE"_s}, {u"set singleTimer=true colour=1"_s, 1, u"\"colour\""_s},
-        {u"set expectedWorkingTime=nan"_s, 1, u"\"nan\""_s}, {u"kill-helper"_s, 1, u"helper does not run"_s},
+        {u"set expectedWorkingTime=nan"_s, 1, u"\"nan\""_s}, {u"kill-helper"_s, 1, u"helper is not running"_s},
         {u"serve"_s, 1, u"already"_s}};
     for (const auto& each : cases) {
         const Result result = quorPeer(each.command);

@@ -17,20 +17,23 @@ namespace quor::peer {
 
 namespace {
 
-/// Calls, and prints the error or what `show` makes of the text that came back.
-int ask(const QString& method, const QVariantList& arguments, QString (*show)(const QString& text) = nullptr)
+/// Calls a method of the serving process. Prints the error, or the result as `format` writes it. Returns the
+/// exit code.
+int ask(
+    const QString& method, const QVariantList& arguments, QString (*format)(const QString& text) = nullptr)
 {
     const PeerClient::Reply reply = PeerClient().call(method, arguments);
     if (!reply.error.isEmpty()) {
         printError(reply.error);
         return failed;
     }
-    if (const QString text = show ? show(reply.text) : reply.text; !text.isEmpty())
+    if (const QString text = format ? format(reply.text) : reply.text; !text.isEmpty())
         print(text);
     return succeeded;
 }
 
-/// The seconds of `--ago`; none, with a message, if they are no such number.
+/// The value of `--ago` in seconds, 0 if it is not given. Prints an error and returns nullopt if it is not a
+/// valid number.
 std::optional<double> secondsAgo(const QCommandLineParser& options)
 {
     if (!options.isSet(u"ago"_s))
@@ -40,7 +43,7 @@ std::optional<double> secondsAgo(const QCommandLineParser& options)
     const double minutes = text.toDouble(&isNumber);
     if (isNumber && std::isfinite(minutes) && minutes >= 0)
         return minutes * 60;
-    printError(u"\"%1\" is no number of minutes, 0 or more"_s.arg(text));
+    printError(u"\"%1\" is not a number of minutes, 0 or more"_s.arg(text));
     return std::nullopt;
 }
 
@@ -85,7 +88,7 @@ int stopTimer(const QCommandLineParser& options, const QStringList& operands)
         return ask(u"stop"_s, {operands.value(0), *ago});
     if (operands.isEmpty())
         return ask(u"stopAll"_s, {*ago});
-    printError(u"stop takes either TASK or --all"_s);
+    printError(u"stop accepts either TASK or --all, not both"_s);
     return misused;
 }
 

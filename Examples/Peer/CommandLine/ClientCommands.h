@@ -7,8 +7,8 @@ class QCommandLineParser;
 
 namespace quor::peer {
 
-/// The commands that ask the serving process. Each prints its result, or the reason why there is none,
-/// and returns the exit code.
+/// The commands that call the serving process. Each prints its result to standard output, or an error to
+/// standard error, and returns the exit code.
 
 int addTasks(const QCommandLineParser& options, const QStringList& operands);
 int listTasks(const QCommandLineParser& options, const QStringList& operands);

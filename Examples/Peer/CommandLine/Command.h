@@ -11,15 +11,15 @@
 
 namespace quor::peer {
 
-/// One command of the program, as the user sees it and as it is run. The program parses and checks
-/// the options and the number of operands before it runs it.
+/// One command of the program: its help, its options and its function. The program checks the options and the
+/// number of operands before it calls `run`.
 struct Command {
     QLatin1StringView name;
-    QLatin1StringView operands; ///< as the help names them, behind the name
+    QLatin1StringView operands; ///< as the help shows them after the name
     qsizetype fewestOperands = 0;
     qsizetype mostOperands = 0;
     QLatin1StringView summary;
-    QString details; ///< further lines of its help
+    QString details; ///< more lines for the help of this command
     QList<QCommandLineOption> options;
     int (*run)(const QCommandLineParser& options, const QStringList& operands) = nullptr;
 };

@@ -5,14 +5,14 @@
 
 namespace quor::peer {
 
-/// How a command ends.
+/// The exit codes of the program.
 enum ExitCode : int {
     succeeded = 0,
-    failed = 1, ///< could not be done
-    misused = 2, ///< not understood
+    failed = 1, ///< the command could not be carried out
+    misused = 2, ///< the command line was wrong
 };
 
-/// Writes a line to standard output, at once.
+/// Writes a line to standard output and flushes it.
 void print(const QString& line);
 
 /// Writes "quor-peer: " and the message to standard error.

@@ -15,7 +15,7 @@ namespace quor::peer {
 
 namespace {
 
-// What a call is answered with that is not to start its service; Qt has no code for it.
+// The error of a call that must not start its service, if nobody owns the name. Qt has no code for it.
 constexpr auto noOwnerError = "org.freedesktop.DBus.Error.NameHasNoOwner"_L1;
 constexpr std::chrono::milliseconds answerLimit = 10s;
 
@@ -24,12 +24,12 @@ QString errorText(const QDBusMessage& reply)
     if (reply.errorName() == PeerService::refusedError)
         return reply.errorMessage();
     if (reply.errorName() == noOwnerError)
-        return u"nobody serves on this session bus: run \"quor-peer serve\" first"_s;
+        return u"no quor-peer is serving on this session bus; run \"quor-peer serve\" first"_s;
     switch (QDBusError(reply).type()) {
     case QDBusError::UnknownObject:
     case QDBusError::UnknownInterface:
     case QDBusError::UnknownMethod:
-        return u"the main application on this session bus is not a quor-peer of this version"_s;
+        return u"the main application on this session bus is not quor-peer, or another version of it"_s;
     default:
         return reply.errorMessage();
     }

@@ -8,12 +8,12 @@
 
 namespace quor::peer {
 
-/// The other end of a `PeerService`: calls the serving process over the session bus and waits for
-/// its answer. Main thread only.
+/// A client of `PeerService`: calls the serving process over the session bus and waits for the answer, 10
+/// seconds at most. Main thread only.
 class PeerClient final {
 public:
     struct Reply {
-        QString text; ///< what the call gave, if anything
+        QString text; ///< the result of the call; empty if it has none
         QString error; ///< for the user; empty on success
     };
 

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "Peer/CommandLine/PlainText.h"
 
+#include "Platform/Calendar/Date.h"
+
 #include <QDateTime>
 #include <QStringList>
+
+#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -35,7 +39,8 @@ QString duration(const QJsonValue& seconds)
 
 QString moment(const QJsonValue& seconds)
 {
-    const auto local = QDateTime::fromSecsSinceEpoch(static_cast<qint64>(seconds.toDouble()));
+    const QDateTime local
+        = platform::qDateTimeFromDate(platform::dateFromSeconds(std::floor(seconds.toDouble())));
     return local.toOffsetFromUtc(local.offsetFromUtc()).toString(Qt::ISODate);
 }
 

@@ -7,8 +7,8 @@
 
 namespace quor::peer {
 
-/// The reports as lines of fields parted by tabs, for people and for `cut`; no line feed at the end.
-/// Texts have their tabs, line feeds and backslashes escaped by a backslash.
+/// The reports as lines of fields separated by tabs, without a line feed at the end. In names, tabs, line
+/// feeds, carriage returns and backslashes are written as \t, \n, \r and \\.
 
 [[nodiscard]] QString plainText(const QJsonArray& taskReport);
 [[nodiscard]] QString plainText(const QJsonObject& statusReport);

@@ -12,7 +12,7 @@ namespace quor::peer {
 
 namespace {
 
-const QCommandLineOption helpOption({u"h"_s, u"help"_s}, u"Print this."_s);
+const QCommandLineOption helpOption({u"h"_s, u"help"_s}, u"Print this help."_s);
 
 QString optionText(const QCommandLineOption& option)
 {
@@ -48,9 +48,9 @@ QString helpText()
         text += u"  %1  %2\n"_s.arg(synopsis, -18).arg(QString(command.summary));
     }
     return text
-        + "\n\"quor-peer COMMAND --help\" tells more of each. All but serve ask the one that serves on this\n"
-          "session bus. The exit code is 0 on success, 1 where a thing could not be done and 2 where a\n"
-          "command was not understood; the reason is on standard error."_L1;
+        + "\n\"quor-peer COMMAND --help\" prints more about a command. All but serve call the process that\n"
+          "serves on this session bus. The exit code is 0 on success, 1 if the command could not be carried\n"
+          "out and 2 if the command line was wrong; the reason is on standard error."_L1;
 }
 
 int misuse(const QString& problem, const QString& helpFor)
@@ -77,7 +77,8 @@ int runCommand(const Command& command, const QStringList& arguments)
         return misuse(u"%1 needs %2"_s.arg(QString(command.name), QString(command.operands)), helpFor);
     if (operands.size() > command.mostOperands)
         return misuse(
-            u"%1: what is \"%2\"?"_s.arg(QString(command.name), operands[command.mostOperands]), helpFor);
+            u"%1: unexpected operand \"%2\""_s.arg(QString(command.name), operands[command.mostOperands]),
+            helpFor);
     return command.run(parser, operands);
 }
 

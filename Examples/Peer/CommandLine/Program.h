@@ -5,8 +5,8 @@
 
 namespace quor::peer {
 
-/// Runs the program for its arguments, the program's own name first, and returns its exit code.
-/// Needs a QCoreApplication. A command that asks the serving process waits for its answer.
+/// Runs the program and returns its exit code. The first of `arguments` is the program's own name. Needs a
+/// `QCoreApplication`. A command that calls the serving process waits for the answer.
 [[nodiscard]] int runProgram(const QStringList& arguments);
 
 } // namespace quor::peer

@@ -23,7 +23,8 @@ namespace quor::peer {
 
 namespace {
 
-/// The folder of the data, made where missing, for this user's eyes only; none if that fails.
+/// The folder of the data, readable by this user only; created if it is missing. Returns nullopt if that
+/// fails.
 std::optional<QString> dataFolder()
 {
     const auto home = platform::dataHome();
@@ -51,17 +52,19 @@ Exchange::Handlers handlers()
             print(u"asked to quit"_s);
             QCoreApplication::quit();
         },
-        [] { printError(u"a change could not be written to disk; it will be with a later one"_s); }};
+        [] {
+            printError(u"a change could not be written to disk; it will be written with a later change"_s);
+        }};
 }
 
-/// Empty once the name is ours.
+/// Claims the main application's name on the bus. Returns an empty text, or an error for the user.
 QString claimName(SessionBus& bus)
 {
     switch (bus.claim(PeerService::serviceName)) {
     case SessionBus::Claim::claimed:
         return {};
     case SessionBus::Claim::taken:
-        return u"another main application serves on this session bus already"_s;
+        return u"another main application already serves on this session bus"_s;
     case SessionBus::Claim::failed:
         return u"the session bus does not answer"_s;
     }
@@ -83,7 +86,7 @@ int serve(const QCommandLineParser&, const QStringList&)
         return fail(u"there is no session bus"_s);
     const auto folder = dataFolder();
     if (!folder)
-        return fail(u"the data folder cannot be made, or is not this user's"_s);
+        return fail(u"the data folder cannot be created, or belongs to another user"_s);
 
     const platform::SystemClock clock;
     platform::DBusNotificationCenter center(bus);
@@ -93,12 +96,12 @@ int serve(const QCommandLineParser&, const QStringList&)
     Exchange exchange(tracker, clock, center, menuTexts(), handlers());
     PeerService service(tracker, exchange, clock, workspace);
 
-    // On the bus before it has the name, so that whoever sees the name is answered.
+    // Registered before the name is claimed, so that the first caller that sees the name gets an answer.
     bus.connection().registerObject(PeerService::path, &service, QDBusConnection::ExportAllSlots);
     if (const QString problem = claimName(bus); !problem.isEmpty())
         return fail(problem);
     QObject::connect(&bus, &SessionBus::disconnected, &service, [] {
-        printError(u"the session bus has gone"_s);
+        printError(u"the connection to the session bus was lost"_s);
         QCoreApplication::exit(failed);
     });
     tracker.load();

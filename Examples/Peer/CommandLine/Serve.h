@@ -7,9 +7,9 @@ class QCommandLineParser;
 
 namespace quor::peer {
 
-/// Is the main application: runs the event loop until the helper's user quits it or the bus goes.
-/// Prints a line once it is ready, and one for each thing that a main application with windows would
-/// show on its own.
+/// Runs as the main application, until the user quits it in the helper's menu or the connection to the bus is
+/// lost. Prints a line when it is ready, and a line for each request that an application with windows would
+/// show on the screen. Returns the exit code.
 int serve(const QCommandLineParser& options, const QStringList& operands);
 
 } // namespace quor::peer

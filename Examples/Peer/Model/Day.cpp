@@ -9,12 +9,12 @@ namespace quor::peer {
 
 Day Day::containing(platform::Date moment)
 {
-    const auto milliseconds = static_cast<qint64>(std::floor(platform::secondsSince1970(moment) * 1000));
-    const QDate date = QDateTime::fromMSecsSinceEpoch(milliseconds).date();
-    // Where a zone skips midnight, the day starts at the first moment that it has.
-    const auto startOf = [](QDate day) {
-        return platform::dateFromSeconds(static_cast<double>(day.startOfDay().toMSecsSinceEpoch()) / 1000);
-    };
+    // Whole seconds, as rounding must not reach the next day.
+    const auto second = std::floor(platform::secondsSince1970(moment));
+    const QDate date = platform::qDateTimeFromDate(platform::dateFromSeconds(second)).date();
+    // If clocks skip midnight, this is the first moment after the gap.
+    const auto startOf
+        = [&](QDate day) { return platform::dateFromQDateTime(day.startOfDay()).value_or(moment); };
     return {startOf(date), startOf(date.addDays(1))};
 }
 

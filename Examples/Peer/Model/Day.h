@@ -5,7 +5,7 @@
 
 namespace quor::peer {
 
-/// A day of the user's: from one local midnight up to the next, so 23 or 25 hours long at times.
+/// A local day, from its start up to the start of the next. A day on which clocks change has 23 or 25 hours.
 struct Day {
     platform::Date start;
     platform::Date end;

@@ -87,7 +87,7 @@ std::vector<const Task*> idleTasks(const Tracker& tracker, const TextSearch& sea
         if (!running.contains(task.id) && search.isFoundIn(task.name))
             tasks.push_back(&task);
     }
-    // The C locale would compare code by code.
+    // The C locale compares code points.
     QCollator collator(QLocale().language() == QLocale::C ? QLocale(QLocale::English) : QLocale());
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);

@@ -11,7 +11,7 @@ namespace quor::peer {
 
 class Tracker;
 
-/// The texts of the rows that are no task.
+/// The texts of the rows that do not show a task.
 struct MenuTexts {
     QString running;
     QString recent;
@@ -21,10 +21,12 @@ struct MenuTexts {
     QString quitApplication;
 };
 
-/// The rows of the pop-up menu: the search field, what runs (with rows to rewind it and to stop it
-/// in the past), what ran last, every other task by name, and the application itself.
+/// The rows of the pop-up menu: the search field; the running timers, each with a row to change its start and
+/// one to stop it in the past; the tasks used last; all tasks that do not run, by name; and the rows of the
+/// application.
 ///
-/// With a search term only tasks whose names hold it are listed, each once.
+/// If `searchTerm` is not empty, only tasks whose names contain it are listed, and the tasks used last are
+/// left out.
 [[nodiscard]] std::vector<MenuEntry> menuRows(
     const Tracker& tracker, const QString& searchTerm, const MenuTexts& texts);
 

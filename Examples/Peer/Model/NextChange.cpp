@@ -12,15 +12,15 @@ namespace quor::peer {
 
 namespace {
 
-// Wakes safely beyond the boundary: just before it, rounding would show the old text once more.
+// Just before the boundary, rounding would show the old text again.
 constexpr std::chrono::duration<double> margin = std::chrono::milliseconds(1);
 
-/// How much `total` has to grow for its text to change.
+/// By how many seconds `total` must grow for its text to change.
 double secondsToTurn(double total, const Settings& settings)
 {
     const bool inDays = settings.showWorkingDays && settings.workingDayLengthSeconds > 0;
     if (settings.showDurationInPercent) {
-        // Texts are rounded to hundredths, so they turn in the middle between two of them.
+        // Texts are rounded to hundredths, so they change in the middle between two of them.
         const double unit = inDays ? settings.workingDayLengthSeconds : 3600;
         const double hundredth = std::max(1.0, unit / 100);
         return hundredth - std::fmod(total + hundredth / 2, hundredth);

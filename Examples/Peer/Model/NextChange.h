@@ -8,9 +8,9 @@ namespace quor::peer {
 
 struct Settings;
 
-/// The moment after `now` at which the status item shows something else although nobody did a
-/// thing: a minute turns in a time on show (or a hundredth, where durations are written as decimal
-/// numbers), or the day ends.
+/// The next moment at which the status item changes by the passage of time alone: a time that is shown
+/// reaches its next minute (or its next hundredth, if durations are written as decimal numbers), or the day
+/// ends.
 [[nodiscard]] platform::Date nextChange(
     const MenubarStatusItemData& shown, const Settings& settings, platform::Date now);
 

@@ -15,10 +15,10 @@ struct Settings;
 struct Task;
 struct TimeEntry;
 
-/// The JSON forms of the tracker's records, on disk and in what `quor-peer` prints. Moments are in
-/// seconds since 1970, colours "RRGGBB"; what has no value is left out.
+/// The JSON forms of the tracker's records, on disk and in the output of `quor-peer`. Moments are in seconds
+/// since 1970, colours are "RRGGBB"; a member without a value is left out.
 
-// None if the object is no such record.
+// Return nullopt if the object is not such a record.
 [[nodiscard]] std::optional<Task> taskFromJSON(const QString& id, const QJsonObject& object);
 [[nodiscard]] std::optional<TimeEntry> entryFromJSON(const QString& id, const QJsonObject& object);
 
@@ -26,10 +26,10 @@ struct TimeEntry;
 [[nodiscard]] QJsonObject toJSON(const TimeEntry& entry);
 
 [[nodiscard]] QJsonValue toJSON(const Settings& settings, const SettingField& field);
-/// A value of another type, or one below 0, changes nothing.
+/// Has no effect if the value has another type or is negative.
 void assignJSON(Settings& settings, const SettingField& field, const QJsonValue& value);
 
-/// Six hexadecimal digits, a "#" before them or not.
+/// Reads six hexadecimal digits, with or without a "#" in front. Returns nullopt for any other text.
 [[nodiscard]] std::optional<std::uint32_t> colorFromText(const QString& text);
 [[nodiscard]] QString colorToText(std::uint32_t color);
 

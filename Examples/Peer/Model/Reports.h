@@ -10,8 +10,8 @@ namespace quor::peer {
 
 class Tracker;
 
-/// What is told to whoever asks for the state of things. Durations in seconds, moments in seconds
-/// since 1970; "color" is "RRGGBB" and left out where a task has none.
+/// The reports of `quor-peer list` and `quor-peer status`. Durations are in seconds, moments in seconds since
+/// 1970. "color" is "RRGGBB"; it is left out if the task has no colour.
 
 ///     [{"id":"T1","name":"Design","color":"F58C6E","running":true,"secondsToday":90}, ...]
 [[nodiscard]] QJsonArray taskReport(const Tracker& tracker, platform::Date now);

@@ -25,8 +25,8 @@ const std::array fields{
         "write durations as decimal numbers"_L1},
     SettingField{"enableLogging"_L1, &Settings::enableLogging, "have the helper write its log"_L1},
     SettingField{"expectedWorkingTime"_L1, &Settings::expectedWorkingTime, "work expected of each day"_L1},
-    SettingField{
-        "nonWorkingTime"_L1, &Settings::nonWorkingTime, "part of each day that counts as done untracked"_L1},
+    SettingField{"nonWorkingTime"_L1, &Settings::nonWorkingTime,
+        "part of each day that counts as worked without a timer"_L1},
     SettingField{"singleTimer"_L1, &Settings::singleTimer, "starting a timer stops the others"_L1},
 };
 
@@ -43,7 +43,7 @@ std::optional<QString> assignSeconds(double& target, const QString& text)
     bool isNumber = false;
     const double seconds = text.toDouble(&isNumber);
     if (!isNumber || !std::isfinite(seconds) || seconds < 0)
-        return u"\"%1\" is no number of seconds, 0 or more"_s.arg(text);
+        return u"\"%1\" is not a number of seconds, 0 or more"_s.arg(text);
     target = seconds;
     return std::nullopt;
 }

@@ -10,8 +10,8 @@
 
 namespace quor::peer {
 
-/// What the user has chosen: what the status item shows, how durations are written, how long a day
-/// is. Times in seconds. The names are those of the exchange.
+/// The user's settings: what the status item shows, how durations are written, how long a working day is.
+/// Times are in seconds. The names are those of the exchange with the helper.
 struct Settings {
     bool menuBarShowActiveTask = true;
     bool menuBarShowDayProgress = true;
@@ -23,12 +23,12 @@ struct Settings {
     bool enableLogging = false;
     double expectedWorkingTime = 8 * 3600;
     double nonWorkingTime = 0;
-    bool singleTimer = false; ///< a start stops what runs
+    bool singleTimer = false; ///< starting a timer stops the others
 
     friend bool operator==(const Settings&, const Settings&) = default;
 };
 
-/// One setting, for whoever treats them all alike.
+/// The description of one setting, for code that handles all settings alike.
 struct SettingField {
     QLatin1StringView key;
     std::variant<bool Settings::*, double Settings::*> member;
@@ -38,8 +38,8 @@ struct SettingField {
 /// All settings, in the order of the record.
 [[nodiscard]] std::span<const SettingField> settingFields();
 
-/// Sets the field called `key` from text: `true` or `false`, or a count of seconds, 0 or more.
-/// Otherwise nothing is changed, and the result tells why.
+/// Sets the field called `key` from `text`: "true" or "false", or a number of seconds, 0 or more. Returns
+/// nullopt on success; otherwise changes nothing and returns a message for the user.
 [[nodiscard]] std::optional<QString> assign(Settings& settings, const QString& key, const QString& text);
 
 } // namespace quor::peer

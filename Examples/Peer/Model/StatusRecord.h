@@ -8,11 +8,11 @@ namespace quor::peer {
 
 class Tracker;
 
-/// What the status item is to show now.
+/// The record that the status item shows now.
 ///
-/// Task and colour are those of the timer started last. A timer that has run since before midnight
-/// is told with midnight as its start, so that the day's total holds today's part of it alone; one
-/// that starts after now, as after the clock was set back, with now.
+/// Task and colour are those of the timer that was started last. A timer that was started before today has
+/// midnight as its start in the record, so that the day's total contains only today's part of it. A timer
+/// whose start is later than now, because the clock was set back, has now as its start.
 [[nodiscard]] MenubarStatusItemData statusRecord(const Tracker& tracker, platform::Date now);
 
 } // namespace quor::peer

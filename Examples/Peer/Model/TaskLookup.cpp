@@ -8,7 +8,7 @@ namespace quor::peer {
 namespace {
 
 template <typename Condition>
-std::vector<const Task*> those(const std::vector<Task>& tasks, Condition condition)
+std::vector<const Task*> filtered(const std::vector<Task>& tasks, Condition condition)
 {
     std::vector<const Task*> result;
     for (const Task& task : tasks) {
@@ -22,12 +22,12 @@ std::vector<const Task*> those(const std::vector<Task>& tasks, Condition conditi
 
 std::vector<const Task*> tasksMeant(const std::vector<Task>& tasks, const QString& text)
 {
-    auto meant = those(tasks, [&](const Task& task) { return task.id == text; });
+    auto meant = filtered(tasks, [&](const Task& task) { return task.id == text; });
     if (meant.empty())
-        meant = those(tasks, [&](const Task& task) { return task.name == text; });
+        meant = filtered(tasks, [&](const Task& task) { return task.name == text; });
     if (meant.empty()) {
         const TextSearch search(text);
-        meant = those(tasks, [&](const Task& task) { return search.isSameAs(task.name); });
+        meant = filtered(tasks, [&](const Task& task) { return search.isSameAs(task.name); });
     }
     return meant;
 }

@@ -9,8 +9,9 @@
 
 namespace quor::peer {
 
-/// The tasks that a user may mean by a text: the one of that identifier; else those of exactly that
-/// name; else those whose name reads the same but for case and accents. Borrowed from `tasks`.
+/// The tasks that a user can mean by a text: the one with that identifier; if there is none, those with
+/// exactly that name; if there is none, those whose names differ from it only in case and accents. The
+/// pointers are into `tasks`.
 [[nodiscard]] std::vector<const Task*> tasksMeant(const std::vector<Task>& tasks, const QString& text);
 
 } // namespace quor::peer

@@ -11,7 +11,7 @@ namespace {
 
 QString folded(const QString& text)
 {
-    // Upper-casing first takes apart what has no simple lower case of its own, such as a sharp s.
+    // Upper case first, since it expands characters such as a sharp s, which becomes "SS".
     const QString plain = text.trimmed().normalized(QString::NormalizationForm_KD).toUpper().toCaseFolded();
     QString bare;
     bare.reserve(plain.size());

@@ -6,9 +6,9 @@
 
 namespace quor::peer {
 
-/// A text sought in others as people read them: case, accents and the way a letter is encoded do
-/// not matter, and no match begins or ends within what is seen as one character.
-/// Blanks at both ends are dropped; an empty text is found in every other.
+/// A search for a text that ignores case, accents, and differences of encoding. A match never begins or ends
+/// within a character as a user perceives it. Blanks at both ends of the texts are ignored. An empty text is
+/// found in every text.
 class TextSearch final {
 public:
     explicit TextSearch(const QString& sought);
@@ -16,11 +16,11 @@ public:
     [[nodiscard]] bool isEmpty() const { return sought_.isEmpty(); }
     [[nodiscard]] bool isFoundIn(const QString& text) const;
 
-    /// Whether the whole text reads the same.
+    /// Whether the whole of `text` equals the sought text, by the same rules.
     [[nodiscard]] bool isSameAs(const QString& text) const;
 
 private:
-    QStringList sought_; ///< one element a character
+    QStringList sought_; ///< its characters
 };
 
 } // namespace quor::peer

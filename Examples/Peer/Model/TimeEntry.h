@@ -11,7 +11,7 @@ namespace quor::peer {
 
 struct Day;
 
-/// A stretch of time spent on a task; a running timer is one without an end.
+/// A period of time spent on a task. An entry without an end is a running timer.
 struct TimeEntry {
     QString id;
     QString taskID;
@@ -23,8 +23,8 @@ struct TimeEntry {
     friend bool operator==(const TimeEntry&, const TimeEntry&) = default;
 };
 
-/// Seconds of the entry that fall into the day, a running one counted up to `now`. Never negative,
-/// also for an entry that starts after `now`, as after the clock was set back.
+/// The seconds of the entry that lie within the day. A running entry ends at `now`. Returns 0 for an entry
+/// that starts after `now`, which happens if the clock was set back.
 [[nodiscard]] double secondsWithin(const TimeEntry& entry, const Day& day, platform::Date now);
 
 } // namespace quor::peer

@@ -24,13 +24,14 @@ Outcome outcome(bool isStored)
     return isStored ? Outcome::done : Outcome::notStored;
 }
 
-// Spread over the whole alphabet, so that the entries spread over many small files.
+// Begins with any letter or digit, so that the list spreads the entries over many small files.
 QString newEntryID()
 {
     return QString::number(QRandomGenerator::global()->generate64(), 36);
 }
 
-// A delta from outside may be anything; beyond a century it means "as far as it goes".
+// A delta from outside can be any number. Changes are clamped to possible moments anyway, so a century is
+// enough.
 std::chrono::duration<double> seconds(double delta)
 {
     constexpr double century = 100.0 * 366 * 86400;

@@ -15,50 +15,53 @@ namespace quor::peer {
 
 class Store;
 
-/// What became of a change.
+/// The result of a change.
 enum class Outcome {
     done,
-    notStored, ///< done, but the disk refused it: it gets there with a later change
-    // Nothing was changed:
+    notStored, ///< done, but could not be written to disk; it is written with a later change
+    // Refused, without any change:
     unknownTask,
     alreadyRunning,
     notRunning,
 };
 
-/// The tasks, the time entries and the settings, and every change of them.
+/// The tasks, the time entries and the settings, and all changes of them.
 ///
-/// All is held in memory, and each change is on disk before it is told as done. A task has at most one
-/// running timer; several tasks may run at once, unless `Settings::singleTimer` says otherwise. Borrows the
-/// clock and the store, which must outlive it. References into it hold until the next change. Main
-/// thread only.
+/// Everything is held in memory. A change that returns `Outcome::done` is on disk. A task has at most one
+/// running timer. Several timers can run at the same time, unless `Settings::singleTimer` is set. The clock
+/// and the store are borrowed and must outlive it. Pointers and references that it returns are valid until
+/// the next change. Main thread only.
 class Tracker final {
 public:
     /// Empty until `load`.
     Tracker(const platform::Clock& clock, Store& store);
 
-    /// Takes up what the store holds; timers that ran go on running.
+    /// Loads the content of the store. Timers that were running continue to run.
     void load();
 
     [[nodiscard]] const std::vector<Task>& tasks() const { return tasks_; } ///< in order of creation
     [[nodiscard]] const std::vector<TimeEntry>& entries() const { return entries_; } ///< in no order
     [[nodiscard]] const Settings& settings() const { return settings_; }
 
-    [[nodiscard]] const Task* task(const QString& id) const; ///< null where there is none
-    [[nodiscard]] const TimeEntry* runningEntry(const QString& taskID) const; ///< null if it does not run
-    [[nodiscard]] std::vector<TimeEntry> runningEntries() const; ///< the earliest start first
+    [[nodiscard]] const Task* task(const QString& id) const; ///< null if there is none
+    [[nodiscard]] const TimeEntry* runningEntry(
+        const QString& taskID) const; ///< null if the task does not run
+    [[nodiscard]] std::vector<TimeEntry> runningEntries() const; ///< by start, earliest first
 
-    /// The new tasks are the last ones then, in the order of their names here.
+    /// Appends a task for each name, in this order.
     Outcome addTasks(const QStringList& names, std::optional<std::uint32_t> color);
 
-    /// Starts a timer `ago` seconds in the past.
+    /// Starts a timer whose start lies `ago` seconds in the past. A negative `ago` means 0.
     Outcome start(const QString& taskID, double ago = 0);
 
-    /// Ends the task's timer `delta` seconds from now, but not before its start and not after now.
+    /// Ends the task's timer `delta` seconds from now, clamped to between its start and now.
     Outcome stop(const QString& taskID, double delta = 0);
+    /// Ends all timers in the same way.
     Outcome stopAll(double delta = 0);
 
-    /// Moves the start of the task's timer by `delta` seconds, but not beyond now. A delta of 0 moves
-    /// it back to where the last entry before it ended; without such an entry it stays.
+    /// Moves the start of the task's timer by `delta` seconds, but not later than now. A `delta` of 0 moves
+    /// it back to the end of the last entry that ended before it; if there is no such entry, the start does
+    /// not change.
     Outcome adjust(const QString& taskID, double delta);
 
     Outcome setSettings(const Settings& settings);

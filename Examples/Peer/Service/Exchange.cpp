@@ -10,12 +10,6 @@ namespace quor::peer {
 
 namespace {
 
-void call(const std::function<void()>& handler)
-{
-    if (handler)
-        handler();
-}
-
 bool isCommand(const GroupStorage::Action& action)
 {
     using Action = GroupStorage::Action;
@@ -54,7 +48,7 @@ void Exchange::begin()
 void Exchange::publish()
 {
     const GroupStorage& storage = bridge_.groupStorage;
-    // The helper takes this request standing for its rows being ready, whatever the post is about.
+    // While this request stands, the helper takes every notification as a sign that its rows are ready.
     if (std::holds_alternative<Action::RequestMenuEntries>(storage.action().value))
         writeRows();
     const platform::Date now = clock_.now();
@@ -89,31 +83,31 @@ void Exchange::killHelper()
 void Exchange::handleUpdate()
 {
     const Action action = bridge_.groupStorage.action();
-    // Nobody else clears a command, and the next notification must not carry it out again.
+    // Nobody else clears a command. Left in place, the next notification would carry it out again.
     if (isCommand(action))
         bridge_.groupStorage.setAction({Action::None{}});
-    std::visit([this](const auto& asked) { handle(asked); }, action.value);
+    std::visit([this](const auto& request) { handle(request); }, action.value);
 }
 
-void Exchange::handle(const Action::StopTimer& asked)
+void Exchange::handle(const Action::StopTimer& request)
 {
     rowsAreOnShow_ = false;
-    report(tracker_.stop(asked.taskID, asked.delta));
+    report(tracker_.stop(request.taskID, request.delta));
 }
 
-void Exchange::handle(const Action::AdjustTimer& asked)
+void Exchange::handle(const Action::AdjustTimer& request)
 {
-    // A rewind leaves the menu open, with the old start in its row: send it rows once more, unless the
-    // helper has asked for something else by now.
+    // The menu stays open after a change of the start, and its row shows the old start. So send the rows
+    // again, unless the helper has written another request since.
     if (rowsAreOnShow_ && bridge_.groupStorage.action() == Action{})
         bridge_.groupStorage.setAction({Action::RequestMenuEntries{}});
-    report(tracker_.adjust(asked.taskID, asked.delta));
+    report(tracker_.adjust(request.taskID, request.delta));
 }
 
-void Exchange::handle(const Action::StartTimer& asked)
+void Exchange::handle(const Action::StartTimer& request)
 {
     rowsAreOnShow_ = false;
-    report(tracker_.start(asked.taskID));
+    report(tracker_.start(request.taskID));
 }
 
 void Exchange::handle(const Action::None&)
@@ -129,13 +123,13 @@ void Exchange::handle(const Action::OpenMenu&)
 void Exchange::handle(const Action::OpenQuor&)
 {
     rowsAreOnShow_ = false;
-    call(handlers_.openQuor);
+    handlers_.openQuor();
 }
 
 void Exchange::handle(const Action::QuitQuor&)
 {
     killHelper();
-    call(handlers_.quitQuor);
+    handlers_.quitQuor();
 }
 
 void Exchange::handle(const Action::RequestMenuEntries&)
@@ -146,7 +140,7 @@ void Exchange::handle(const Action::RequestMenuEntries&)
 void Exchange::report(Outcome outcome)
 {
     if (outcome == Outcome::notStored)
-        call(handlers_.notStored);
+        handlers_.notStored();
     publish();
 }
 

@@ -5,22 +5,22 @@
 #include "Peer/Model/MenuRows.h"
 #include "Peer/Model/Tracker.h"
 #include "Peer/Service/WallClockTimer.h"
+#include "Platform/Lifetime/Callback.h"
 #include "Platform/Services/DistributedNotificationCenter.h"
-
-#include <functional>
 
 namespace quor::peer {
 
-/// The main application's side of the exchange with the helper: publishes what the status item
-/// shows, whenever that changes, and carries out what the helper asks for.
+/// The main application's side of the exchange with the helper: publishes what the status item shows,
+/// whenever that changes, and carries out the helper's requests.
 ///
-/// Borrows all that it is given, which must outlive it. Main thread only.
+/// The arguments of the constructor are borrowed and must outlive it. Main thread only.
 class Exchange final {
 public:
     struct Handlers {
-        std::function<void()> openQuor; ///< the application is to come to the front
-        std::function<void()> quitQuor; ///< the application is to quit; the helper has been told to
-        std::function<void()> notStored; ///< a change of the user's could not be written
+        platform::Callback<void()> openQuor; ///< bring the application to the front
+        platform::Callback<void()>
+            quitQuor; ///< quit the application; the helper has already been asked to quit
+        platform::Callback<void()> notStored; ///< a change could not be written to disk
     };
 
     Exchange(Tracker& tracker, const platform::Clock& clock, platform::DistributedNotificationCenter& center,
@@ -29,16 +29,20 @@ public:
     Exchange(const Exchange&) = delete;
     Exchange& operator=(const Exchange&) = delete;
 
-    /// Drops the action that an earlier run left unread, observes from then on, and publishes. Once.
+    /// Discards an action that the helper wrote before this run, starts to observe the helper's
+    /// notifications, and publishes. Call it once.
     void begin();
 
-    /// Tells the helper the state of things, and sees to it that it is told again when time changes it.
+    /// Writes the status record, and the menu's rows if the helper has requested them, and notifies the
+    /// helper. Publishes again when the passage of time changes what is shown.
     void publish();
 
-    /// The same, after the settings have changed too.
+    /// Writes the settings, then does the same as `publish`.
     void publishSettings();
 
+    /// Asks the helper to open its menu, or to close it if it is open.
     void openMenu();
+    /// Asks the helper to quit.
     void killHelper();
 
     [[nodiscard]] const QString& helperBundleID() const { return bridge_.helperItemBundleID; }
@@ -47,9 +51,9 @@ private:
     using Action = GroupStorage::Action;
 
     void handleUpdate();
-    void handle(const Action::StopTimer& asked);
-    void handle(const Action::AdjustTimer& asked);
-    void handle(const Action::StartTimer& asked);
+    void handle(const Action::StopTimer& request);
+    void handle(const Action::AdjustTimer& request);
+    void handle(const Action::StartTimer& request);
     void handle(const Action::None&);
     void handle(const Action::OpenMenu&);
     void handle(const Action::OpenQuor&);
@@ -65,7 +69,7 @@ private:
     const MenuTexts texts_;
     const Handlers handlers_;
     WallClockTimer timer_;
-    bool rowsAreOnShow_ = false; ///< the helper's menu may be open on rows of ours
+    bool rowsAreOnShow_ = false; ///< the helper's menu may be open and show our rows
     platform::DistributedNotificationCenter::ObserverToken observer_{};
 };
 

@@ -27,13 +27,13 @@ std::optional<QString> problem(Outcome outcome, const QString& task)
     case Outcome::done:
         return std::nullopt;
     case Outcome::notStored:
-        return u"done, but it could not be written to disk; it will be with a later change"_s;
+        return u"the change was made but could not be written to disk; it will be written with a later change"_s;
     case Outcome::unknownTask:
         return u"there is no task \"%1\""_s.arg(task);
     case Outcome::alreadyRunning:
-        return u"\"%1\" runs already"_s.arg(task);
+        return u"the timer of \"%1\" is already running"_s.arg(task);
     case Outcome::notRunning:
-        return u"\"%1\" does not run"_s.arg(task);
+        return u"the timer of \"%1\" is not running"_s.arg(task);
     }
     Q_UNREACHABLE();
 }
@@ -53,14 +53,14 @@ QString PeerService::add(const QStringList& names, const QString& color)
 {
     const auto value = colorFromText(color);
     if (!value && !color.isEmpty()) {
-        refuse(u"\"%1\" is no colour: give six hexadecimal digits, as in F58C6E"_s.arg(color));
+        refuse(u"\"%1\" is not a colour; write six hexadecimal digits, as in F58C6E"_s.arg(color));
         return {};
     }
     QStringList trimmed;
     for (const QString& name : names)
         trimmed += name.trimmed();
     if (trimmed.isEmpty() || trimmed.contains(QString())) {
-        refuse(u"a task needs a name"_s);
+        refuse(u"the name of a task must not be empty"_s);
         return {};
     }
     conclude(tracker_.addTasks(trimmed, value), {});
@@ -78,17 +78,18 @@ void PeerService::start(const QString& task, double secondsAgo)
 
 void PeerService::stop(const QString& task, double secondsAgo)
 {
-    QString meant = task;
-    if (meant.isEmpty()) {
+    QString target = task;
+    if (target.isEmpty()) {
         const auto running = tracker_.runningEntries();
         if (running.size() != 1) {
-            refuse(running.empty() ? u"no timer runs"_s
-                                   : u"%1 timers run: name a task, or stop them all"_s.arg(running.size()));
+            refuse(running.empty()
+                    ? u"no timer is running"_s
+                    : u"%1 timers are running; name a task, or stop all"_s.arg(running.size()));
             return;
         }
-        meant = running.front().taskID;
+        target = running.front().taskID;
     }
-    withTask(meant, [&](const QString& taskID) { return tracker_.stop(taskID, -secondsAgo); });
+    withTask(target, [&](const QString& taskID) { return tracker_.stop(taskID, -secondsAgo); });
 }
 
 void PeerService::stopAll(double secondsAgo)
@@ -156,7 +157,8 @@ void PeerService::withTask(const QString& text, const std::function<Outcome(cons
         QStringList ids;
         for (const Task* const task : meant)
             ids.append(task->id);
-        refuse(u"\"%1\" is ambiguous: use one of %2"_s.arg(text, ids.join(u", "_s)));
+        refuse(u"\"%1\" is the name of several tasks; use one of their identifiers: %2"_s.arg(
+            text, ids.join(u", "_s)));
         return;
     }
     conclude(change(QString(meant.front()->id)), text);
@@ -174,7 +176,7 @@ bool PeerService::refuseWithoutHelper()
 {
     const bool runs = platform::isApplicationRunning(workspace_, exchange_.helperBundleID());
     if (!runs)
-        refuse(u"the helper does not run"_s);
+        refuse(u"the helper is not running"_s);
     return !runs;
 }
 

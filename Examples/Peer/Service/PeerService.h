@@ -19,11 +19,11 @@ class Exchange;
 class Tracker;
 enum class Outcome;
 
-/// What `quor-peer serve` offers on the session bus, to the other commands and to whoever likes.
+/// The D-Bus interface of `quor-peer serve`, used by the other commands and open to any program.
 ///
-/// Tasks are told by identifier or by a name that only one of them has; times in seconds. What cannot
-/// be done is answered with the error `com.quor_app.Peer.Refused` and a message for the user.
-/// Borrows what it is given. Main thread only.
+/// A parameter `task` is a task's identifier, or a name that only one task has. Times are in seconds. A
+/// request that cannot be carried out is answered with the error `com.quor_app.Peer.Refused` and a message
+/// for the user. The arguments of the constructor are borrowed and must outlive it. Main thread only.
 class PeerService final : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "com.quor_app.Peer")
@@ -38,26 +38,28 @@ public:
         const platform::Workspace& workspace);
 
 public Q_SLOTS:
-    /// The new tasks' identifiers, a line each. `color` is "RRGGBB", or empty for none. All or none are
-    /// added.
+    /// Adds a task for each name and returns their identifiers, one per line. `color` is "RRGGBB", or empty
+    /// for no colour. If one name is refused, no task is added.
     QString add(const QStringList& names, const QString& color);
     void start(const QString& task, double secondsAgo);
-    /// An empty task means the one that runs.
+    /// An empty `task` means the one whose timer runs; refused if several run.
     void stop(const QString& task, double secondsAgo);
     void stopAll(double secondsAgo);
-    /// Each "key=value"; all or none are set.
+    /// Sets settings, each written as "key=value". If one is refused, none is set.
     void set(const QStringList& assignments);
-    QString list(); ///< JSON
-    QString status(); ///< JSON
+    QString list(); ///< returns `taskReport` as JSON
+    QString status(); ///< returns `statusReport` as JSON
     void openMenu();
     void killHelper();
 
 private:
     void refuse(const QString& message);
-    /// Calls `change` with the identifier of the one task meant, else refuses.
+    /// Calls `change` with the identifier of the task that `text` means. Refuses if `text` means no task, or
+    /// several.
     void withTask(const QString& text, const std::function<Outcome(const QString& taskID)>& change);
-    /// Answers and publishes what has become of a change of the task.
+    /// Publishes the changed state, and answers the caller if the change failed.
     void conclude(Outcome outcome, const QString& task);
+    /// Refuses if the helper does not run. Returns whether it refused.
     [[nodiscard]] bool refuseWithoutHelper();
 
     Tracker& tracker_;

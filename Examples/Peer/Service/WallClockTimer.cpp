@@ -30,7 +30,7 @@ WallClockTimer::~WallClockTimer()
 // NOLINTNEXTLINE(readability-make-member-function-const): it changes the timer in the kernel.
 void WallClockTimer::fireAt(platform::Date moment)
 {
-    // A moment of 0 would disarm the timer.
+    // The kernel takes 0 as a request to disarm the timer.
     const double seconds = std::max(1.0, platform::secondsSince1970(moment));
     const double whole = std::floor(seconds);
     itimerspec when{};
@@ -42,7 +42,7 @@ void WallClockTimer::fireAt(platform::Date moment)
 void WallClockTimer::read()
 {
     std::uint64_t expirations = 0;
-    // Fails with ECANCELED when the clock was set, which counts as well.
+    // Fails with ECANCELED when the clock was set, which is a reason to fire, too.
     if (::read(descriptor_, &expirations, sizeof expirations) < 0 && errno != ECANCELED)
         return;
     Q_EMIT fired();

@@ -11,8 +11,9 @@ class QSocketNotifier;
 
 namespace quor::peer {
 
-/// Fires once when the machine's wall clock reaches a moment, and also as soon as the clock was set,
-/// either way, or the machine was asleep past that moment. It costs nothing in between. Main thread only.
+/// A timer that fires once when the wall clock reaches a moment. It also fires when the clock is set, forward
+/// or backward, and after the machine has slept past the moment. Uses no processor time while it waits. Main
+/// thread only.
 class WallClockTimer final : public QObject {
     Q_OBJECT
 
@@ -20,7 +21,8 @@ public:
     explicit WallClockTimer(QObject* parent = nullptr);
     ~WallClockTimer() override;
 
-    /// Replaces what was set before. A moment that has passed fires at the next turn.
+    /// Replaces the moment that was set before. If `moment` has passed, the timer fires in the next turn of
+    /// the event loop.
     void fireAt(platform::Date moment);
 
 Q_SIGNALS:
