@@ -57,7 +57,7 @@ TEST(Calendar, FollowsTheUserUntilItIsSet)
     set.setFirstWeekday(99);
     QLocale::setDefault(QLocale(u"de_AT"_s));
     for (const auto& [variable, name] : {std::pair("Europe/Vienna", "Europe/Vienna"),
-             {":Asia/Kabul", "Asia/Kabul"}, {"ABC-5:45", "GMT+05:45"}, {"no/such", "UTC"}}) {
+             {":Asia/Kabul", "Asia/Kabul"}, {"ABC-5:45", "ABC-5:45"}, {"no/such", "UTC"}}) {
         qputenv("TZ", variable);
         EXPECT_EQ(following.timeZoneName(), name) << variable;
     }

@@ -27,7 +27,8 @@ TEST(DateFormatter, WritesAsTheUserDoes)
         {"en_US", "UTC", Style::none, Style::short_, u"10:13\u202FPM"_s},
         {"de_DE", "UTC", Style::none, Style::short_, u"22:13"_s},
         {"de_DE", "Europe/Berlin", Style::none, Style::short_, u"23:13"_s},
-        {"de_DE", "ABC-5:30", Style::none, Style::short_, u"03:43"_s}, // rules without a name
+        {"de_DE", "ABC-5:30", Style::none, Style::short_, u"03:43"_s}, // a rule without a name
+        {"en_US", "Europe/Dublin", Style::none, Style::full, u"10:13:20\u202FPM Greenwich Mean Time"_s},
         {"de_DE", "Europe/Berlin", Style::short_, Style::none, u"14.11.23"_s},
         {"en_US", "UTC", Style::medium, Style::medium, u"Nov 14, 2023, 10:13:20\u202FPM"_s},
         {"en_US", "UTC", Style::none, Style::none, QString()},

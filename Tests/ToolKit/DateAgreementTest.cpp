@@ -23,11 +23,6 @@ constexpr long daySeconds = 86'400;
 constexpr long firstDay = -25'567; // 1900-01-01
 constexpr long dayAfter = 47'847; // 2101-01-01
 
-struct Zone {
-    const char* name;
-    int lastYear; ///< in which ICU's rules and the system's, which may be newer, are the same
-};
-
 /// From the C library: the first and last second of each local day, none for a day that was left out.
 class LocalDays final {
 public:
@@ -77,18 +72,16 @@ private:
 TEST(DateAgreement, CountsDaysAsTheCLibraryDoes)
 {
     const QByteArray before = qgetenv("TZ");
-    constexpr Zone zones[] = {{"Europe/Berlin", 2100}, {"Europe/London", 2100}, {"America/New_York", 2100},
-        {"America/Sao_Paulo", 2100}, {"America/Havana", 2100}, {"America/Santiago", 2100},
-        {"America/Toronto", 1946}, {"America/St_Johns", 2100}, {"Asia/Beirut", 2100}, {"Africa/Cairo", 2022},
-        {"Pacific/Apia", 2100}, {"Pacific/Kwajalein", 2100}, {"Asia/Tehran", 1977},
-        {"Australia/Lord_Howe", 2100}};
-    for (const Zone& zone : zones) {
-        qputenv("TZ", zone.name); // the shared calendar follows
+    // The last ones changed their rules in recent years, so older data than the system's would be wrong.
+    for (const char* const zone : {"Europe/Berlin", "Europe/London", "America/New_York", "America/Sao_Paulo",
+             "America/Havana", "America/Santiago", "America/Toronto", "America/St_Johns", "Asia/Beirut",
+             "Pacific/Apia", "Pacific/Kwajalein", "Australia/Lord_Howe", "CET-1CEST,M3.5.0,M10.5.0/3",
+             "Africa/Cairo", "America/Mexico_City", "America/Nuuk", "Asia/Almaty", "Asia/Tehran"}) {
+        qputenv("TZ", zone); // the shared calendar follows
         tzset();
         const LocalDays days;
         int wrong = 0;
-        const long end = std::min(dayAfter, (zone.lastYear - 1969) * 365L);
-        for (long day = firstDay, previous = day; day < end && wrong < 3; ++day) {
+        for (long day = firstDay, previous = day; day < dayAfter && wrong < 3; ++day) {
             const auto [first, last] = days[day];
             if (last < first)
                 continue;
@@ -100,7 +93,7 @@ TEST(DateAgreement, CountsDaysAsTheCLibraryDoes)
                 && ((day % 2 == 0 && !isOdd) || endOfDay(within) == dateFromSeconds(double(last)))
                 && ((day % 16 != 0 && !isOdd)
                     || (daysBetween(earlier, within) == 1 && numberOfDays(within, earlier) == 0));
-            EXPECT_TRUE(isRight) << zone.name << ", day " << day;
+            EXPECT_TRUE(isRight) << zone << ", day " << day;
             wrong += isRight ? 0 : 1;
             previous = day;
         }

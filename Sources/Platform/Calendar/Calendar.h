@@ -58,7 +58,7 @@ public:
     /// Values outside 1 to 7 are clamped. Nullopt means the region's.
     void setMinimumDaysInFirstWeek(std::optional<int> days);
 
-    /// The zone's name, or "GMT+05:30" and the like for a zone without a name.
+    /// The zone's name, or its rule ("CET-1CEST,M3.5.0,M10.5.0/3") if it has no name.
     [[nodiscard]] QByteArray timeZoneName() const;
     [[nodiscard]] int firstWeekday() const;
     [[nodiscard]] int minimumDaysInFirstWeek() const;

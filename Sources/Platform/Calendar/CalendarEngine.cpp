@@ -4,7 +4,6 @@
 #include "Platform/Calendar/ICUTimeZone.h"
 #include "Platform/Calendar/TimeZones.h"
 #include "Platform/Calendar/UserDateLocale.h"
-#include "Platform/Services/Clock.h"
 #include "Platform/Text/ICUText.h"
 
 #include <unicode/dtptngen.h>
@@ -94,8 +93,8 @@ void Calendar::Engine::makePrototype()
     idle_.clear();
     formats_.clear();
     UErrorCode status = U_ZERO_ERROR;
-    prototype_.reset(icu::Calendar::createInstance(
-        icuTimeZone(zone_, SystemClock().now()).release(), localeWithCalendar(), status));
+    prototype_.reset(
+        icu::Calendar::createInstance(icuTimeZone(zone_).release(), localeWithCalendar(), status));
     if (U_FAILURE(status))
         prototype_.reset();
     if (!prototype_)

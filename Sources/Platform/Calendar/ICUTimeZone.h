@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Calendar/Date.h"
-
 #include <QTimeZone>
 
 #include <unicode/timezone.h>
@@ -11,8 +9,8 @@
 
 namespace quor::platform {
 
-/// `zone` for ICU's calendars and formatters, never null. A zone that ICU does not know by name has, at all
-/// times, the offset that it has at the moment `at`.
-[[nodiscard]] std::unique_ptr<icu::TimeZone> icuTimeZone(const QTimeZone& zone, Date at);
+/// `zone` for ICU's calendars and formatters, never null. Its offsets are those of `zone`, so of the system's
+/// zone data, and not of the data that ICU brings along; only the names of zones are ICU's.
+[[nodiscard]] std::unique_ptr<icu::TimeZone> icuTimeZone(const QTimeZone& zone);
 
 } // namespace quor::platform

@@ -36,7 +36,8 @@ icu::DateFormat::EStyle icuStyle(Style style)
 } // namespace
 
 struct DateFormatter::Format {
-    QLocale locale; ///< that `icuFormat` was made for
+    QLocale locale; ///< that `icuFormat` was made for, as is `zone`
+    QTimeZone zone;
     std::unique_ptr<icu::DateFormat> icuFormat; ///< null if ICU has no data
 };
 
@@ -55,14 +56,16 @@ QString DateFormatter::string(Date date) const
     if (isUnstyled || !(std::fabs(seconds) <= furthestSeconds))
         return {};
     const QLocale locale = locale_ ? *locale_ : userDateLocale();
-    if (!format_ || format_->locale != locale) {
-        format_ = std::make_unique<Format>(Format{locale,
+    const QTimeZone zone = timeZone_ ? *timeZone_ : userTimeZone();
+    if (!format_ || format_->locale != locale || format_->zone != zone) {
+        format_ = std::make_unique<Format>(Format{locale, zone,
             std::unique_ptr<icu::DateFormat>(icu::DateFormat::createDateTimeInstance(
                 icuStyle(dateStyle_), icuStyle(timeStyle_), icuLocale(locale)))});
+        if (format_->icuFormat)
+            format_->icuFormat->adoptTimeZone(icuTimeZone(zone).release());
     }
     if (!format_->icuFormat)
         return {};
-    format_->icuFormat->adoptTimeZone(icuTimeZone(timeZone_ ? *timeZone_ : userTimeZone(), date).release());
     icu::UnicodeString text;
     return qtText(format_->icuFormat->format(seconds * 1000, text));
 }
