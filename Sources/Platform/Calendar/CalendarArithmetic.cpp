@@ -19,15 +19,15 @@ constexpr double furthest = furthestSeconds * secondLength;
 
 struct UnitFacts {
     UCalendarDateFields field;
-    double shortest; ///< milliseconds, about
-    bool isSpan; ///< always as long
+    double shortest; ///< the least length in milliseconds, roughly
+    bool isSpan; ///< always has the same length
 };
 
 UnitFacts facts(Unit unit)
 {
     switch (unit) {
     case Unit::year:
-        return {UCAL_EXTENDED_YEAR, 350 * dayLength, false}; // counts on through the eras
+        return {UCAL_EXTENDED_YEAR, 350 * dayLength, false}; // continues through the eras
     case Unit::month:
         return {UCAL_MONTH, 28 * dayLength, false};
     case Unit::weekOfYear:
@@ -56,8 +56,8 @@ std::optional<UDate> time(icu::Calendar& calendar)
     return U_SUCCESS(status) ? inRange(moment) : std::nullopt;
 }
 
-/// Sets fields, as far as they are there. ICU computes with plain integers, so that what is too large
-/// to lead into the range must not get there.
+/// Sets those fields that have values. Values so large that they lead out of the range are refused, since ICU
+/// computes with plain integers, which would overflow.
 class FieldSetter final {
 public:
     explicit FieldSetter(icu::Calendar& calendar)
@@ -86,13 +86,14 @@ private:
     bool isSafe_ = true;
 };
 
-constexpr int mostEras = 10'000; // some calendars count them in cycles of 60 years
+constexpr int mostEras = 10'000; // some calendars count cycles of 60 years
 constexpr int mostYears = 600'000;
 constexpr int mostMonths = 14 * mostYears;
 constexpr int mostWeeks = 53 * mostYears;
 constexpr int mostDays = 366 * mostYears;
 
-/// Of the ways to tell a day ICU would take the one that was set last: one alone is set.
+/// Sets the fields of only one way to name a day. If the fields of several are set, ICU uses those that were
+/// set last.
 bool setDay(icu::Calendar& calendar, const DateComponents& components)
 {
     FieldSetter fields(calendar);
@@ -118,22 +119,23 @@ bool setDay(icu::Calendar& calendar, const DateComponents& components)
     return fields.isSafe() && components.year;
 }
 
-/// The time of the fields that are set, where a skipped time of day is taken like this.
+/// The moment of the fields that are set. `skipped` decides about times of day that clocks skip.
 std::optional<UDate> timeOfFields(icu::Calendar& calendar, UCalendarWallTimeOption skipped)
 {
     calendar.setSkippedWallTimeOption(skipped);
-    calendar.set(UCAL_MILLISECOND, 0); // makes ICU compute anew
+    calendar.set(UCAL_MILLISECOND, 0); // makes ICU compute the moment again
     return time(calendar);
 }
 
-/// At least as many as `difference`; at most a few more.
+/// An estimate of `difference`: never too small, too large by a few at most.
 std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate from, UDate to)
 {
     const UnitFacts unitFacts = facts(unit);
     const int direction = from <= to ? 1 : -1;
     if (unitFacts.isSpan)
         return static_cast<qint64>((to - from) / unitFacts.shortest);
-    // Clocks change by less than half a day; a day left out at the date line is none to ICU.
+    // Clocks change by less than half a day. A day that a zone left out at the date line does not exist for
+    // ICU.
     if (unit == Unit::day || unit == Unit::weekOfYear)
         return static_cast<qint64>((to - from + direction * dayLength / 2) / unitFacts.shortest);
     UErrorCode status = U_ZERO_ERROR;
@@ -146,7 +148,7 @@ std::optional<qint64> roughDifference(icu::Calendar& calendar, Unit unit, UDate 
         const qint64 result = count(to) - count(from);
         return U_SUCCESS(status) ? std::optional(result) : std::nullopt;
     }
-    // Years of twelve or thirteen months: ICU finds it by halving.
+    // Years of twelve or thirteen months: ICU searches by bisection.
     calendar.setSkippedWallTimeOption(UCAL_WALLTIME_LAST);
     calendar.setTime(from, status);
     const int result = calendar.fieldDifference(to, unitFacts.field, status);
@@ -207,7 +209,7 @@ std::optional<UDate> compose(icu::Calendar& calendar, const DateComponents& comp
     }
     calendar.setRepeatedWallTimeOption(UCAL_WALLTIME_LAST);
     const auto found = timeOfFields(calendar, UCAL_WALLTIME_LAST);
-    // Only a skipped time is another by the clock that comes after the gap.
+    // The two options differ only for a skipped time.
     if (timeOfFields(calendar, UCAL_WALLTIME_FIRST) == found)
         return found;
     const auto afterGap = timeOfFields(calendar, UCAL_WALLTIME_NEXT_VALID);

@@ -7,27 +7,30 @@
 
 #include <optional>
 
-/// What `Calendar` does, on one of ICU's.
+/// The computations of `Calendar`, done with an ICU calendar.
 ///
-/// ICU's calendars hold a moment, so each call sets all that it needs and leaves something behind.
-/// Moments are whole milliseconds since 1970, as ICU counts them. Results out of range are absent.
+/// An ICU calendar holds a moment and options. Each function here sets all that it needs and leaves the
+/// calendar in an unspecified state. Moments are whole milliseconds since 1970, as in ICU. Every function
+/// returns nullopt if its result is further than `furthestSeconds` from 1970.
 namespace quor::platform::calendarArithmetic {
 
-/// Absent where the moment has no place in a calendar.
+/// The milliseconds since 1970, rounded down. Returns nullopt for NaN and for a moment out of range.
 [[nodiscard]] std::optional<UDate> milliseconds(Date date);
 
 [[nodiscard]] std::optional<DateComponents> components(icu::Calendar& calendar, UDate moment);
 
-/// The number of the moment's day in the calendar's time zone, counted from 4713 BC.
+/// The number of the local day that contains the moment, counted from 4713 BC.
 [[nodiscard]] std::optional<int> julianDay(icu::Calendar& calendar, UDate moment);
 
+/// See `Calendar::date`.
 [[nodiscard]] std::optional<UDate> compose(
     icu::Calendar& calendar, const DateComponents& components, Calendar::Reading reading);
 
+/// See `Calendar::date`.
 [[nodiscard]] std::optional<UDate> add(
     icu::Calendar& calendar, Calendar::Unit unit, qint64 value, UDate moment);
 
-/// How often the unit can be added to `from` without passing `to`.
+/// How many units can be added to `from` without passing `to`; negative or 0 if `to` is the earlier.
 [[nodiscard]] std::optional<qint64> difference(
     icu::Calendar& calendar, Calendar::Unit unit, UDate from, UDate to);
 

@@ -15,8 +15,8 @@ struct CloseIterator {
     void operator()(UBreakIterator* iterator) const { ubrk_close(iterator); }
 };
 
-/// The thread's iterator, set to `text`: one costs more to make than most texts to walk. Null if
-/// ICU has no data.
+/// The iterator of this thread, set to `text`. Kept, since creating one takes longer than walking most texts.
+/// Null if ICU has no data.
 UBreakIterator* iteratorOver(QStringView text)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -28,7 +28,8 @@ UBreakIterator* iteratorOver(QStringView text)
     return U_SUCCESS(status) ? iterator.get() : nullptr;
 }
 
-/// A carriage return, the one ASCII character that another one can join, is a control character.
+/// Whether each unit is a character of its own. The only ASCII character that joins another is the carriage
+/// return, a control character.
 bool isPlain(QStringView text)
 {
     return std::all_of(
@@ -48,34 +49,34 @@ qsizetype GraphemeClusters::count(QStringView text)
     return count;
 }
 
-QStringView GraphemeClusters::first(QStringView text, qsizetype n)
+QStringView GraphemeClusters::first(QStringView text, qsizetype count)
 {
-    if (n <= 0)
+    if (count <= 0)
         return text.first(0);
-    // The unit behind counts too: it may join what it follows.
-    if (text.size() > n && isPlain(text.first(n + 1)))
-        return text.first(n);
+    // The unit after them must be plain, too: otherwise it may join the last of them.
+    if (text.size() > count && isPlain(text.first(count + 1)))
+        return text.first(count);
     UBreakIterator* iterator = iteratorOver(text);
     if (!iterator)
         return text;
     int32_t to = 0;
-    for (qsizetype left = n; left > 0 && to < text.size(); --left)
+    for (qsizetype left = count; left > 0 && to < text.size(); --left)
         to = ubrk_next(iterator);
     return text.first(to);
 }
 
-QStringView GraphemeClusters::last(QStringView text, qsizetype n)
+QStringView GraphemeClusters::last(QStringView text, qsizetype count)
 {
-    if (n <= 0)
+    if (count <= 0)
         return text.last(0);
-    // The unit in front counts too: there are characters that what follows them joins.
-    if (text.size() > n && isPlain(text.last(n + 1)))
-        return text.last(n);
+    // The unit before them must be plain, too: otherwise the first of them may join it.
+    if (text.size() > count && isPlain(text.last(count + 1)))
+        return text.last(count);
     UBreakIterator* iterator = iteratorOver(text);
     if (!iterator)
         return text;
     int32_t from = ubrk_last(iterator);
-    for (qsizetype left = n; left > 0 && from > 0; --left)
+    for (qsizetype left = count; left > 0 && from > 0; --left)
         from = ubrk_previous(iterator);
     return text.sliced(from);
 }

@@ -7,18 +7,19 @@
 
 namespace quor::platform {
 
-/// A text as its reader sees it: an accented letter, a flag or a family of emoji is one character,
-/// however many code points it is made of (extended grapheme clusters of Unicode).
-///
-/// Lone surrogates count as characters of their own. Plain text is walked without ICU. Any thread.
+/// The characters of a text as its reader sees them: an accented letter, a flag or a family of emoji is one
+/// character, made of several code points (an extended grapheme cluster of Unicode). A lone surrogate is one
+/// character. Any thread.
 struct GraphemeClusters {
     [[nodiscard]] static qsizetype count(QStringView text);
 
-    /// The first `n` characters, all of the text if it has fewer. Looks no further than they reach.
-    [[nodiscard]] static QStringView first(QStringView text, qsizetype n);
+    /// The first `count` characters, the whole text if it has fewer, an empty text if `count` is below 1.
+    /// Does not read the rest of the text.
+    [[nodiscard]] static QStringView first(QStringView text, qsizetype count);
 
-    /// The last `n` characters, all of the text if it has fewer. Looks only at the end of the text.
-    [[nodiscard]] static QStringView last(QStringView text, qsizetype n);
+    /// The last `count` characters, the whole text if it has fewer, an empty text if `count` is below 1. Does
+    /// not read the rest of the text.
+    [[nodiscard]] static QStringView last(QStringView text, qsizetype count);
 
     /// The characters in order, as views of `text`.
     [[nodiscard]] static std::vector<QStringView> characters(QStringView text);

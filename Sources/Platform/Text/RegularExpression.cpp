@@ -11,7 +11,8 @@ namespace quor::platform {
 
 namespace {
 
-// A step is ten thousand states tried, about 0.1 ms; the limit holds for all matches of one call.
+// ICU counts a step for every ten thousand states that it tries, which take about 0.1 ms. The limit is for
+// all matches of one call together.
 constexpr int32_t mostSteps = 2000;
 
 RegularExpression::Match matchOf(const icu::RegexMatcher& matcher, UErrorCode& status)
@@ -27,11 +28,11 @@ RegularExpression::Match matchOf(const icu::RegexMatcher& matcher, UErrorCode& s
 
 } // namespace
 
-// Never changes, so any thread may make matchers of it; each holds one search.
+// Immutable, so any thread may create matchers from it. A matcher holds the state of one search.
 struct RegularExpression::Pattern {
     std::unique_ptr<icu::RegexPattern> compiled;
 
-    /// `text` must live as long as the result, which is null if `status` tells of a failure.
+    /// `text` must outlive the result. Returns null if it sets `status` to a failure.
     std::unique_ptr<icu::RegexMatcher> search(const icu::UnicodeString& text, UErrorCode& status) const
     {
         std::unique_ptr<icu::RegexMatcher> matcher(compiled->matcher(text, status));
@@ -74,7 +75,7 @@ QString RegularExpression::replaceAll(const QString& text, const QString& replac
     const auto matcher = pattern_->search(input, status);
     if (!matcher)
         return text;
-    // ICU's own loop takes a search that was cut off for one that has ended.
+    // ICU's own loop does not distinguish a search that was stopped from one without further matches.
     const auto with = icuText(replacement);
     icu::UnicodeString replaced;
     while (matcher->find(status))

@@ -11,29 +11,29 @@
 
 namespace quor::platform {
 
-/// A regular expression in ICU's syntax, compiled once.
+/// A compiled regular expression in ICU's syntax.
 ///
-/// Matching is cut off after a limited effort, so that no text, however unlucky for the pattern, can
-/// hang the caller; a cut-off search has no result. A value, cheap to copy; copies may be used on
-/// several threads at once.
+/// Each call stops after a limited number of steps, roughly 0.2 seconds, so that no combination of text and
+/// pattern hangs the caller; a call that was stopped has no matches. A value, cheap to copy; copies may be
+/// used on several threads at once.
 class RegularExpression final {
 public:
     struct Match {
-        /// What the whole pattern took, then each group; none for a group that took no part.
+        /// The range of the whole match, then that of each group; nullopt for a group that did not take part.
         std::vector<std::optional<TextRange>> groups;
 
         [[nodiscard]] TextRange range() const { return *groups.front(); }
     };
 
-    /// None if the pattern is malformed.
+    /// Returns nullopt if the pattern is malformed.
     [[nodiscard]] static std::optional<RegularExpression> compile(const QString& pattern);
 
-    /// All matches, left to right, without overlap; empty if the search was cut off.
+    /// All matches from left to right, without overlaps. Returns an empty list if the search was stopped.
     [[nodiscard]] std::vector<Match> matches(const QString& text) const;
 
-    /// `text` with each match replaced. `$1` in `replacement` stands for what group 1 took, a
-    /// backslash makes the next character plain. The text as it was if the search was cut off or the
-    /// replacement names a group that is not there.
+    /// `text` with each match replaced. In `replacement`, `$1` stands for the text of group 1, and a
+    /// backslash escapes the next character. Returns `text` unchanged if the search was stopped, or if
+    /// `replacement` names a group that the pattern does not have.
     [[nodiscard]] QString replaceAll(const QString& text, const QString& replacement) const;
 
 private:

@@ -7,7 +7,7 @@
 
 namespace quor::platform {
 
-/// A stretch of text, in UTF-16 units.
+/// A range of a text, in UTF-16 units.
 struct TextRange {
     qsizetype location = 0;
     qsizetype length = 0;
@@ -18,8 +18,8 @@ struct TextRange {
     [[nodiscard]] TextRange clipped(qsizetype size) const
     {
         const qsizetype from = std::clamp<qsizetype>(location, 0, size);
-        const qsizetype inFront = std::max<qsizetype>(-location, 0); // of this range, before the text
-        return {from, std::clamp<qsizetype>(length - inFront, 0, size - from)};
+        const qsizetype before = std::max<qsizetype>(-location, 0); // the part of this range before the text
+        return {from, std::clamp<qsizetype>(length - before, 0, size - from)};
     }
 
     friend bool operator==(const TextRange&, const TextRange&) = default;

@@ -11,7 +11,7 @@ using platform::Calendar;
 using platform::DateComponents;
 using Reading = Calendar::Reading;
 
-/// `date` with some components changed by `change`; as it is where it has none.
+/// `date` with the components that `change` sets. Returns `date` if no calendar covers it or the result.
 template <typename Change>
 Date changed(const Calendar& calendar, Date date, Reading reading, const Change& change)
 {
@@ -55,7 +55,7 @@ int quarter(const DateComponents& components)
     return (components.month.value_or(1) - 1) / 3;
 }
 
-/// Of the two moments of a time that comes twice, the one closer to `date`.
+/// Like `changed`. If the resulting time occurs twice, returns the occurrence that is closer to `date`.
 template <typename Change>
 Date rounded(Date date, const Change& change)
 {

@@ -22,10 +22,10 @@ std::optional<Date> noonOf(const Calendar& calendar, Date date)
     return calendar.date(*components);
 }
 
-/// A noon that clocks skip comes later, and that must cost no day.
-constexpr std::chrono::hours noonsApart{3};
+/// If clocks skip a noon, `noonOf` is later by the gap. Without this margin the day would not be counted.
+constexpr std::chrono::hours longestGap{3};
 
-/// Noon stands for its day: the start of a day may come later than midnight, and a day would be missing.
+/// Counts from noon to noon, since the start of a day can be later than midnight, which would lose a day.
 std::optional<int> difference(
     Unit unit, Date date, Date other, std::optional<int> platform::DateComponents::*field)
 {
@@ -35,7 +35,7 @@ std::optional<int> difference(
     if (!from || !to)
         return std::nullopt;
     const bool isLate = date < other && common.components(*from)->hour != 12;
-    const auto found = common.difference({unit}, *from, isLate ? *to + noonsApart : *to);
+    const auto found = common.difference({unit}, *from, isLate ? *to + longestGap : *to);
     return found ? (*found).*field : std::nullopt;
 }
 
@@ -71,7 +71,7 @@ Date adding(Date date, qint64 value, DurationInterval interval, const platform::
     if (value == 0)
         return date;
     const auto add = [&](Unit unit, qint64 factor) {
-        // Further than any calendar reaches, and no product overflows.
+        // Further than any calendar reaches, but small enough that no product overflows.
         constexpr qint64 most = qint64(1) << 40;
         const bool isNear = value <= most && value >= -most;
         const auto reached = isNear ? calendar().date(unit, value * factor, date) : std::nullopt;
@@ -99,11 +99,11 @@ void forEachDay(Date date, Date to, const std::function<void(Date)>& handler)
     const auto last = noonOf(common, to);
     if (!handler || !last)
         return;
-    while (current && *current < *last + noonsApart) {
+    while (current && *current < *last + longestGap) {
         handler(*current);
         const auto next = common.date(Unit::day, 1, *current);
         const auto noon = next ? noonOf(common, *next) : std::nullopt;
-        current = noon && *noon > *current ? noon : next; // a noon may be skipped, or come twice
+        current = noon && *noon > *current ? noon : next; // a noon can be skipped, or occur twice
     }
 }
 

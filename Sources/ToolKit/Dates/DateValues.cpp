@@ -11,17 +11,17 @@ namespace {
 
 using platform::DateComponents;
 
-/// Whether both moments have components, and those are alike.
-template <typename AreAlike>
-bool isSame(Date first, Date second, const AreAlike& areAlike)
+/// Whether a calendar covers both moments and `areEqual` is true of their components.
+template <typename AreEqual>
+bool isSame(Date first, Date second, const AreEqual& areEqual)
 {
     const platform::Calendar common = calendar();
     const auto one = common.components(first);
     const auto other = common.components(second);
-    return one && other && areAlike(*one, *other);
+    return one && other && areEqual(*one, *other);
 }
 
-/// Years are counted anew in each era.
+/// Years start again at 1 in each era.
 bool isSameYear(const DateComponents& one, const DateComponents& other)
 {
     return one.year == other.year && one.era == other.era;

@@ -5,10 +5,10 @@
 
 namespace quor::toolkit {
 
-/// The steps in which a calendar is gone through. The numbers are kept in files: never change them.
+/// The unit of a step through a calendar. The numbers are stored in files and must not change.
 enum class DurationInterval { year = 0, quarter = 1, month = 2, week = 3, day = 4 };
 
-/// The interval of this number, if one has it.
+/// The interval with this number. Returns nullopt if there is none.
 [[nodiscard]] constexpr std::optional<DurationInterval> durationInterval(int rawValue)
 {
     const bool isKnown = rawValue >= int(DurationInterval::year) && rawValue <= int(DurationInterval::day);

@@ -13,11 +13,11 @@ namespace {
 using Unit = platform::Calendar::Unit;
 
 struct Distance {
-    QString unit; ///< as the keys call it
+    QString unit; ///< the first part of the key of the text
     int value; ///< positive in the past
 };
 
-/// In the largest unit that there is one of.
+/// The largest unit that is not 0.
 Distance largest(const platform::DateComponents& difference)
 {
     const auto value = [](std::optional<int> component) { return component.value_or(0); };

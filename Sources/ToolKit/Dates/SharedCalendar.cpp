@@ -12,7 +12,7 @@ struct Shared {
     platform::Calendar calendar; ///< guarded by `mutex`
 };
 
-/// Made by the first date operation: the program has its locale by then.
+/// Created by the first date operation, when the program has set its default locale.
 Shared& shared()
 {
     static Shared shared;

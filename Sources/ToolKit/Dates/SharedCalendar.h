@@ -3,14 +3,14 @@
 
 #include "Platform/Calendar/Calendar.h"
 
-/// The one calendar of all date operations, so that one setting decides everywhere.
+/// The calendar of all date operations of the program: its first weekday, weekend, numbering of weeks and
+/// time zone.
 ///
-/// At first it follows the user: the default locale with its first weekday, weekend and numbering of
-/// weeks, and the machine's time zone. Setting it counts for every operation that begins later, in the
-/// whole program; it is not kept beyond it. Any thread.
+/// Initially it follows the user's settings. A calendar that is set is used by every operation that starts
+/// later, on any thread, until the program ends. Any thread.
 namespace quor::toolkit {
 
-/// Cheap: a copy shares what is costly.
+/// A copy, which is cheap.
 [[nodiscard]] platform::Calendar calendar();
 void setCalendar(const platform::Calendar& calendar);
 

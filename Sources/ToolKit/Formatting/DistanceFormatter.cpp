@@ -18,13 +18,13 @@ constexpr double milesPerKilometer = 0.621371192;
 
 QStringList numberLocales(const QString& locale, bool isMetric)
 {
-    // Who counts in miles most likely writes numbers as Americans do.
+    // Users of miles most likely write numbers as in the United States.
     return isMetric ? QStringList{locale, u"en_US"_s} : QStringList{u"en_US"_s, locale};
 }
 
 } // namespace
 
-/// Of one locale; the reader, which costs more, only where something was read.
+/// The rules of one locale. The reader, which is expensive to create, is null until something is read.
 struct DistanceFormatter::Rules {
     explicit Rules(QString identifier)
         : locale(std::move(identifier))

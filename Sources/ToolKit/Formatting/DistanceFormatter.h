@@ -9,35 +9,37 @@
 
 namespace quor::toolkit {
 
-/// Distances in metres as the user reads and writes them: kilometres, or miles where those are in use.
+/// Writes distances in metres as texts in the user's unit, kilometres or miles, and reads them back.
 ///
-/// Text is made and read by the default locale as it stands at the call, or by the one that was given. What
-/// `string` wrote reads again as the same distance, within the half of its last digit. The rules of a
-/// language are loaded by the first call that needs them, within some milliseconds, and kept until the locale
-/// changes. One object on one thread at a time.
+/// Uses the default locale as it is at each call, or the locale given at creation. Reading a text of `string`
+/// returns the same distance, to half a unit of its last digit. The first call loads the rules of the
+/// language, which takes some milliseconds; they are kept until the locale changes. Use an object on one
+/// thread at a time.
 class DistanceFormatter {
 public:
-    /// `localeIdentifier`: see `localeIdentifier`; empty for the default locale of each call.
+    /// `localeIdentifier` is such as the function of that name returns; empty for the default locale of each
+    /// call.
     explicit DistanceFormatter(QString localeIdentifier = QString());
     virtual ~DistanceFormatter();
     DistanceFormatter(const DistanceFormatter&) = delete;
     DistanceFormatter& operator=(const DistanceFormatter&) = delete;
 
-    /// "1.5 km" or "0.93 mi": at most 2 fraction digits, no separators of thousands. Empty for what is
-    /// infinite or not a number.
+    /// "1.5 km" or "0.93 mi", with at most 2 fraction digits and without separators of thousands. Returns an
+    /// empty text for infinity and NaN.
     [[nodiscard]] virtual QString string(double fromMeters) const;
 
-    /// `string` of a number; anything else counts as 0.
+    /// `string` of a number; anything else is written as 0.
     [[nodiscard]] virtual std::optional<QString> stringForObjectValue(const QVariant& value) const;
 
-    /// In metres; negative if unreadable, and a negative distance is. A bare number is in the user's unit,
-    /// and kilometres, metres, miles, yards and feet are read in the user's words and in English.
+    /// The distance in metres that `text` says. A number without a unit is in the user's unit. Kilometres,
+    /// metres, miles, yards and feet are understood in the user's language and in English. Returns a negative
+    /// number if the text cannot be read, and for a negative distance.
     [[nodiscard]] virtual double distance(const QString& text) const;
 
 private:
     struct Rules;
 
-    /// Of the locale that counts now.
+    /// The rules of the locale of this call, loaded if needed.
     [[nodiscard]] Rules& rules() const;
 
     QString localeIdentifier_;

@@ -21,9 +21,10 @@ namespace quor::toolkit {
 namespace {
 
 constexpr double unreadable = -1;
-constexpr qsizetype longestText = 1000; // more than anybody types, and than any finite number needs
+constexpr qsizetype longestText = 1000; // no finite number needs more
 
-// Case, width, digits and kind of blanks and quotes do not matter, and marks that nobody sees are dropped.
+// Makes texts equal that differ in case, width, script of digits, kind of blanks and quotes, and invisible
+// marks.
 QString folded(const QString& text)
 {
     UErrorCode status = U_ZERO_ERROR;
@@ -40,11 +41,11 @@ QString folded(const QString& text)
         result += digit < 0 ? QChar::fromUcs4(static_cast<char32_t>(character))
                             : QChar::fromUcs4(U'0' + static_cast<char32_t>(digit));
     }
-    // As keyboards have them: feet, and abbreviations in Hebrew.
+    // To the characters on keyboards: feet, and abbreviations in Hebrew.
     return result.replace(u'\u2032', u'\'').replace(u'\u05F4', u'"').simplified();
 }
 
-/// One number or two of each plural form of the language.
+/// One or two numbers for each plural form of the language.
 std::vector<double> samples(const icu::Locale& locale)
 {
     std::vector<double> numbers{1.5};
@@ -56,7 +57,7 @@ std::vector<double> samples(const icu::Locale& locale)
     while (const icu::UnicodeString* form = U_SUCCESS(status) ? forms->snext(status) : nullptr) {
         std::array<double, 2> some{};
         const auto count = rules->getSamples(*form, some.data(), static_cast<int32_t>(some.size()), status);
-        // A buffer that cannot hold all of them is no failure.
+        // Reported if there are more samples than the buffer holds.
         if (status == U_BUFFER_OVERFLOW_ERROR)
             status = U_ZERO_ERROR;
         numbers.insert(numbers.end(), some.begin(), some.begin() + std::clamp(count, 0, 2));
@@ -77,7 +78,8 @@ std::unique_ptr<icu::DecimalFormat> strictFormat(const icu::Locale& locale)
     return decimal;
 }
 
-/// The number that the whole text is; none if any of it is left over.
+/// The number that the whole text says. Returns nullopt if a part of it is left over, and for a negative
+/// number.
 std::optional<double> strictNumber(QString text, const icu::DecimalFormat& format)
 {
     const icu::UnicodeString grouping = format.getDecimalFormatSymbols()->getConstSymbol(
@@ -102,7 +104,8 @@ DistanceReader::DistanceReader(const QString& locale, const QStringList& numberL
         if (auto format = strictFormat(icuLocale(conventions)))
             numberFormats_.push_back(std::move(format));
     }
-    // Where words of two units are one, the first learnt holds: our own texts are read back.
+    // If two units have the same name, the first one learnt is used. So the texts of `DistanceFormatter` are
+    // read correctly.
     for (const QString& language : {locale, u"en_US"_s, u"en_GB"_s}) {
         for (const auto width : {LengthWidth::medium, LengthWidth::wide, LengthWidth::narrow}) {
             for (const auto unit : {LengthUnit::kilometer, LengthUnit::mile, LengthUnit::meter,
@@ -110,8 +113,8 @@ DistanceReader::DistanceReader(const QString& locale, const QStringList& numberL
                 learn(language, width, unit);
         }
     }
-    std::stable_sort(patterns_.begin(), patterns_.end(), [](const Pattern& a, const Pattern& b) {
-        return a.prefix.size() + a.suffix.size() > b.prefix.size() + b.suffix.size();
+    std::stable_sort(patterns_.begin(), patterns_.end(), [](const Pattern& left, const Pattern& right) {
+        return left.prefix.size() + left.suffix.size() > right.prefix.size() + right.suffix.size();
     });
 }
 

@@ -14,29 +14,30 @@
 
 namespace quor::toolkit {
 
-/// Reads a number with a unit of length, as people write them: in the words of a language or of English,
-/// spelled or short, in any case, with or without blanks.
+/// Reads a number with a unit of length as people write them. Unit names are those of a language and of
+/// English, in full or abbreviated, in upper or lower case, with or without blanks.
 ///
-/// The number is read by the rules of the language first, with thousands where they belong and nowhere
-/// else, and then by those of American English: in German "1.500 km" are 1500, and "1.5 km" are 1.5. Making
-/// one takes some milliseconds. One thread at a time.
+/// The rules for numbers are tried in the order given. Separators of thousands are accepted only at their
+/// places: with the rules of German and then of English, "1.500 km" are 1500 km, and "1.5 km" are 1.5 km.
+/// Creation takes some milliseconds. Use an object on one thread at a time.
 class DistanceReader final {
 public:
-    /// `locale` gives the words. Numbers are read as in each of `numberLocales`, in order.
+    /// `locale` is that of the unit names, `numberLocales` are those of the rules for numbers, in order.
     DistanceReader(const QString& locale, const QStringList& numberLocales);
 
-    /// In metres; -1 for what is no distance, has no unit or is negative or not finite.
+    /// The distance in metres. Returns -1 if `text` is no distance, has no unit, or if its number is negative
+    /// or not finite.
     [[nodiscard]] double distance(const QString& text) const;
 
 private:
-    /// What stands around the number, folded.
+    /// The texts before and after the number, folded.
     struct Pattern {
         QString prefix;
         QString suffix;
         double meters = 0;
     };
 
-    /// A text that has no digits, as "two kilometres" in a language with a dual.
+    /// A text without digits, such as "two kilometres" in a language with a dual.
     struct Phrase {
         QString text;
         double meters = 0;
@@ -47,7 +48,7 @@ private:
     [[nodiscard]] std::optional<double> number(const QString& text) const;
 
     std::vector<std::unique_ptr<icu::DecimalFormat>> numberFormats_; ///< in order of preference
-    std::vector<Pattern> patterns_; ///< the longest first
+    std::vector<Pattern> patterns_; ///< longest first
     std::vector<Phrase> phrases_;
 };
 

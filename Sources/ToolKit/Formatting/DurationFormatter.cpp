@@ -19,7 +19,7 @@ constexpr double secondsPerHour = 3600;
 
 std::int64_t field(double value)
 {
-    constexpr double limit = 9223372036854775808.0; // 2^63, the first that does not fit
+    constexpr double limit = 9223372036854775808.0; // 2^63, the smallest value that does not fit
     return value < limit ? static_cast<std::int64_t>(value) : std::numeric_limits<std::int64_t>::max();
 }
 
@@ -33,8 +33,8 @@ double finiteOrZero(double value)
     return std::isfinite(value) ? value : 0;
 }
 
-// Takes the whole multiples of `unit` out of `value` and counts them. The remainder is exact and
-// never negative, whatever the unit, so no carry is left to do.
+// Subtracts all whole multiples of `unit` from `value` and returns their number. The remainder is exact and
+// never negative, so no field needs to carry into the next.
 std::int64_t takeMultiples(double& value, double unit)
 {
     const double rest = std::fmod(value, unit);
@@ -51,13 +51,13 @@ QString clockFields(double duration, bool showMinutes, bool showSeconds)
     return text;
 }
 
-// Numbers are grouped, and units set off, by blanks of several kinds.
+// Languages separate groups of digits, and units, by several kinds of blanks.
 QString withoutBlanks(QString text)
 {
     return text.removeIf([](QChar character) { return character.isSpace(); });
 }
 
-// A text that a bundle lacks may be empty, and splits nothing.
+// `separator` is empty if the bundle lacks the text.
 QStringList pieces(const QString& text, const QString& separator)
 {
     return separator.isEmpty() ? QStringList(text) : text.split(separator);

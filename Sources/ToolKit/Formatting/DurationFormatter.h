@@ -11,12 +11,12 @@
 
 namespace quor::toolkit {
 
-/// The one place where a duration in seconds becomes text, and text a duration.
+/// Writes durations in seconds as texts, and reads them back.
 ///
-/// Two forms: the clock form ("1d 02:30", with the count of working days left out below one or when
-/// not asked for) and the decimal form ("1.5 h", "0.19 d"). Three settings, set together by the
-/// owner, choose between them. Decimal numbers are the user's, in and out; the clock form has plain
-/// digits and costs no formatter. Not thread-safe: one formatter a thread.
+/// There are two forms: the clock form ("02:30", or "1d 02:30" with working days) and the decimal form ("1.5
+/// h", "0.19 d"). Three settings choose between them; their owner sets them together. The decimal form uses
+/// the user's decimal separator, for writing and reading; the clock form has ASCII digits. Use an object on
+/// one thread at a time.
 class DurationFormatter {
 public:
     DurationFormatter();
@@ -24,44 +24,47 @@ public:
     DurationFormatter(const DurationFormatter&) = delete;
     DurationFormatter& operator=(const DurationFormatter&) = delete;
 
-    /// A length of 0 or less, or one that is no finite number, counts as "not set": no text has
-    /// working days then, and the decimal form is in hours.
+    /// `showWorkingDays` splits off whole working days, `showDurationInPercent` selects the decimal form. If
+    /// `workingDayLengthSeconds` is 0, negative or not finite, no text has working days and the decimal form
+    /// is in hours.
     virtual void configure(bool showWorkingDays, bool showDurationInPercent, double workingDayLengthSeconds);
 
-    /// Text by the settings: the decimal form with its unit and at most 2 fraction digits where
-    /// `showDurationInPercent` is set, else the clock form without seconds.
+    /// The form that the settings select: the decimal form with its unit and at most 2 fraction digits, or
+    /// the clock form without seconds. `showMinutes` affects the clock form only.
     [[nodiscard]] virtual QString string(double duration, bool showMinutes) const;
 
-    /// Seconds told by a text in either form, blanks of any kind ignored: days before the working
-    /// day's text, then "hours:minutes" or hours alone. Anything after the minutes' field is
-    /// ignored, and a minus sign holds for its own number only. Absent where one of the three is not
-    /// a number, or where the sum is not finite.
+    /// The seconds that a text of either form says: a number of days in front of the unit of working days,
+    /// then "hours:minutes" or hours alone. Blanks of any kind, and what follows the minutes, are ignored. A
+    /// minus sign applies to its own number only. Returns nullopt if one of the three is not a number, and if
+    /// the sum is not finite.
     [[nodiscard]] virtual std::optional<double> duration(
         const QString& text, int maximumFractionDigits) const;
 
-    /// Fields of at least two digits, cut, never rounded: 59.9 seconds is "00:00". Seconds show only
-    /// together with minutes. A duration that is not finite counts as 0, and a field too large for
-    /// 64 bits stays at the largest.
+    /// The clock form. Each field has at least two digits and is truncated, never rounded: 59.9 seconds are
+    /// "00:00". Seconds are shown only together with minutes. A duration that is not finite is written as 0,
+    /// a field that exceeds 64 bits as their largest value.
     [[nodiscard]] virtual QString clockString(
         bool inWorkingDays, bool showMinutes, bool showSeconds, double duration) const;
 
-    /// Hours or working days as a number, rounded half to even; the empty text, without a unit, where
-    /// that is not finite.
+    /// The decimal form: hours or working days as a number, rounded half to even. Returns an empty text,
+    /// without a unit, if the number is not finite.
     [[nodiscard]] virtual QString decimalString(
         bool inWorkingDays, bool appendUnit, int maximumFractionDigits, double duration) const;
 
-    /// `string` with minutes for a number, absent for anything else: a text of digits is no number.
+    /// `string` with minutes if `value` is a number. Returns nullopt for anything else, also for a text of
+    /// digits.
     [[nodiscard]] virtual std::optional<QString> stringForObjectValue(const QVariant& value) const;
 
     [[nodiscard]] bool showWorkingDays() const { return showWorkingDays_; }
     [[nodiscard]] bool showDurationInPercent() const { return showDurationInPercent_; }
     [[nodiscard]] double workingDayLengthSeconds() const { return workingDayLengthSeconds_; }
 
-    /// Writes and reads all decimal numbers; it keeps the fraction digits last asked for.
+    /// The formatter of all decimal numbers. `decimalString` and `duration` change its maximum of fraction
+    /// digits.
     [[nodiscard]] platform::NumberFormatter& percentageFormatter() const { return percentageFormatter_; }
 
 private:
-    /// 0 where none is set.
+    /// The length of the working day in seconds, or 0 if it cannot be used.
     [[nodiscard]] double usableWorkingDay() const;
     [[nodiscard]] QString workingDayText() const;
     [[nodiscard]] QString hourText() const;

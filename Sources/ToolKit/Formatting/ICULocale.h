@@ -9,8 +9,8 @@
 
 namespace quor::toolkit {
 
-/// The locale of an identifier; ICU's bogus one, which counts as its default, for what is none. The name of
-/// one that is too long for ICU's own buffers would overflow them.
+/// The locale of an identifier. Returns ICU's "bogus" locale, which ICU treats as its default, for an
+/// identifier that is malformed, and for one that is too long for ICU's own buffers.
 [[nodiscard]] inline icu::Locale icuLocale(const QString& identifier)
 {
     auto locale = icu::Locale::createCanonical(identifier.toLatin1().constData());

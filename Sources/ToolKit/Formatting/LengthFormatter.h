@@ -15,11 +15,12 @@ enum class LengthWidth {
     wide, ///< "5 kilometers"
 };
 
-/// How many metres the unit is.
+/// The length of the unit in metres.
 [[nodiscard]] double metersIn(LengthUnit unit);
 
-/// Lengths as text in the language of a locale: at most 2 fraction digits, rounded half to even, without
-/// separators of thousands. What rounds to zero has no sign. One thread at a time.
+/// Writes lengths in one unit and in the language of a locale, with at most 2 fraction digits, rounded half
+/// to even, and without separators of thousands. What rounds to zero has no sign. Use an object on one thread
+/// at a time.
 class LengthFormatter final {
 public:
     LengthFormatter(const QString& localeIdentifier, LengthUnit unit, LengthWidth width);
@@ -27,7 +28,7 @@ public:
     LengthFormatter(const LengthFormatter&) = delete;
     LengthFormatter& operator=(const LengthFormatter&) = delete;
 
-    /// Empty for what is infinite or not a number.
+    /// `value` is in the formatter's unit. Returns an empty text for infinity and NaN.
     [[nodiscard]] QString string(double value) const;
 
 private:

@@ -22,7 +22,7 @@ QString localeIdentifier(const QLocale& locale)
         QLocale::territoryToCode(locale.territory())};
     parts.removeAll(QString());
     QString identifier = parts.join(u'_');
-    // The user's settings may ask for another system than the region's (LC_MEASUREMENT).
+    // Set by LC_MEASUREMENT.
     const auto system = locale.measurementSystem();
     if (system == QLocale(locale.language(), locale.script(), locale.territory()).measurementSystem())
         return identifier;
@@ -33,7 +33,7 @@ QString localeIdentifier(const QLocale& locale)
 bool usesMetricSystem(const QString& identifier)
 {
     const icu::Locale locale = icuLocale(identifier);
-    // ICU answers for its own default where it is asked about none.
+    // For these, ICU would answer for its own default.
     if (locale.isBogus() || std::strlen(locale.getName()) == 0)
         return false;
     UErrorCode status = U_ZERO_ERROR;

@@ -4,24 +4,24 @@
 #include <QLocale>
 #include <QString>
 
-/// Small facts about a locale, which is told by its identifier ("de_AT", "zh_Hant_TW", also "de-AT"), since a
-/// `QLocale` always has a region, whether the user named one or not. Stateless; any thread.
+/// Facts about a locale, given by its identifier ("de_AT", "zh_Hant_TW", also "de-AT"). A `QLocale` would not
+/// do, since it always has a region, even if the user chose none. Any thread.
 namespace quor::toolkit {
 
-/// Language, script and region of `locale`, the default one if none is given; "en_US_POSIX" for the C locale.
-/// Where the user's settings ask for another system of measurement than the region's, it is told, too, as in
+/// The identifier of `locale`: its language, script and region; "en_US_POSIX" for the C locale. If the user's
+/// settings choose another system of measurement than the region's, the identifier names it, as in
 /// "en_US@measure=metric".
 [[nodiscard]] QString localeIdentifier(const QLocale& locale = QLocale());
 
-/// Whether the identifier's "measure" is "metric"; if it has none, false where miles are in use, as in the
-/// United States and the United Kingdom, and for an identifier that is none. Without a region, that of most
-/// people who speak the language counts.
+/// Whether the identifier's "measure" is "metric". If it has no "measure": false for regions that use miles,
+/// as the United States and the United Kingdom do, and for an identifier that is malformed. A missing region
+/// is that of most speakers of the language.
 [[nodiscard]] bool usesMetricSystem(const QString& identifier = localeIdentifier());
 
-/// "en" or "de"; "en" for any other language. What the resources are translated into.
+/// The language if it is one of those of the resources, "en" and "de"; else "en".
 [[nodiscard]] QString languageCodeOrEnglish(const QString& identifier = localeIdentifier());
 
-/// The region's code in capitals, "DE" without a region.
+/// The region's code in capitals, "DE" if the identifier has no region.
 [[nodiscard]] QString countryCodeOrDefault(const QString& identifier = localeIdentifier());
 
 } // namespace quor::toolkit

@@ -5,17 +5,18 @@
 
 #include <optional>
 
-/// Questions about one character as a user perceives it, which may be several code points: an element of
-/// `GraphemeClusters::characters`. Stateless; any thread.
+/// Properties of one character as a user perceives it, which can consist of several code points: an element
+/// of `GraphemeClusters::characters`. Any thread.
 namespace quor::toolkit {
 
-/// Whether it is one of "0" to "9", with nothing added to it: not a keycap, nor a digit of another script.
+/// Whether the character is one of "0" to "9". False for keycaps and for the digits of other scripts.
 [[nodiscard]] bool isDigit(QStringView character);
 
-/// Whether its first scalar has the Unicode property Emoji, and it is no digit. So "#" and "*" are emoji.
+/// Whether the first scalar of the character has the Unicode property Emoji and the character is no digit.
+/// True for "#" and "*", too.
 [[nodiscard]] bool isEmoji(QStringView character);
 
-/// Absent for an empty one, and for one that begins with half a surrogate pair.
+/// The first Unicode scalar. Returns nullopt for an empty text and for one that begins with a lone surrogate.
 [[nodiscard]] std::optional<char32_t> firstScalar(QStringView character);
 
 } // namespace quor::toolkit

@@ -24,18 +24,19 @@ using platform::GraphemeClusters;
 using platform::icuText;
 using platform::qtText;
 
-/// The thread's; one takes milliseconds to make. Null if ICU has no data.
+/// The transliterator of this thread, kept since creating one takes milliseconds. Null if ICU has no data.
 const icu::Transliterator* toAscii()
 {
     UErrorCode status = U_ZERO_ERROR;
     thread_local const std::unique_ptr<icu::Transliterator> transliterator(
         icu::Transliterator::createInstance("Any-Latin; Latin-ASCII;", UTRANS_FORWARD, status));
-    // The analyzer takes what lives as long as the thread for a local.
+    // The analyzer mistakes the thread-local object for one that ends here.
     return transliterator.get(); // NOLINT(clang-analyzer-cplusplus.NewDelete)
 }
 
-/// How much of `text` is spelled at once: ICU takes a time that grows with the square of it. The spelling of
-/// a letter depends on its neighbours, so it ends behind a blank, or at least not within a character.
+/// The length of the part of `text` that is transliterated at once. Parts are short, since ICU's time grows
+/// with the square of the length. The result for a letter depends on its neighbours, so a part ends after a
+/// blank if possible, and never within a character.
 qsizetype firstPart(QStringView text)
 {
     constexpr qsizetype mostAtOnce = 200;
@@ -69,7 +70,7 @@ QString filtered(QStringView text, bool wantsEmoji)
 
 QString withoutFileNameCharacters(const QString& text)
 {
-    // By code units: a slash stays one in a file name, whatever accents stand on it.
+    // By code units: a slash with an accent is still a slash in a file name.
     QString kept = text;
     return kept.removeIf([](QChar character) { return QStringView(u"/\\?%*|\"<>").contains(character); });
 }
@@ -82,22 +83,22 @@ QString asciiAlphanumerics(const QString& text)
     QString result;
     for (QStringView rest = text; !rest.isEmpty();) {
         const qsizetype size = firstPart(rest);
-        icu::UnicodeString spelled = icuText(rest.first(size));
-        transliterator->transliterate(spelled);
-        result += qtText(spelled).removeIf([](QChar character) { return !isAsciiAlphanumeric(character); });
+        icu::UnicodeString latin = icuText(rest.first(size));
+        transliterator->transliterate(latin);
+        result += qtText(latin).removeIf([](QChar character) { return !isAsciiAlphanumeric(character); });
         rest = rest.sliced(size);
     }
     return result;
 }
 
-QString inserting(const QString& text, const QString& separator, qsizetype n)
+QString inserting(const QString& text, const QString& separator, qsizetype every)
 {
-    if (n < 1)
+    if (every < 1)
         return text;
     QString result;
     qsizetype position = 0;
     for (const QStringView character : GraphemeClusters::characters(text)) {
-        if (position > 0 && position % n == 0)
+        if (position > 0 && position % every == 0)
             result += separator;
         result += character;
         ++position;
