@@ -73,15 +73,17 @@ TEST(DateAgreement, CountsDaysAsTheCLibraryDoes)
 {
     const QByteArray before = qgetenv("TZ");
     // The last ones changed their rules in recent years, so older data than the system's would be wrong.
-    for (const char* const zone : {"Europe/Berlin", "Europe/London", "America/New_York", "America/Sao_Paulo",
-             "America/Havana", "America/Santiago", "America/Toronto", "America/St_Johns", "Asia/Beirut",
-             "Pacific/Apia", "Pacific/Kwajalein", "Australia/Lord_Howe", "CET-1CEST,M3.5.0,M10.5.0/3",
-             "Africa/Cairo", "America/Mexico_City", "America/Nuuk", "Asia/Almaty", "Asia/Tehran"}) {
+    for (const char* const zone :
+        {"Europe/Berlin", "America/New_York", "America/Sao_Paulo", "America/Santiago", "America/Toronto",
+            "America/St_Johns", "Asia/Beirut", "Pacific/Apia", "Pacific/Kwajalein", "Australia/Lord_Howe",
+            "CET-1CEST,M3.5.0,M10.5.0/3", "Africa/Cairo", "Asia/Almaty", "Asia/Tehran"}) {
         qputenv("TZ", zone); // the shared calendar follows
         tzset();
         const LocalDays days;
         int wrong = 0;
-        for (long day = firstDay, previous = day; day < dayAfter && wrong < 3; ++day) {
+        // To the C library, a rule begins in 1970.
+        const long begin = QByteArrayView(zone).contains(',') ? 1 : firstDay;
+        for (long day = begin, previous = day; day < dayAfter && wrong < 3; ++day) {
             const auto [first, last] = days[day];
             if (last < first)
                 continue;
@@ -96,6 +98,33 @@ TEST(DateAgreement, CountsDaysAsTheCLibraryDoes)
             EXPECT_TRUE(isRight) << zone << ", day " << day;
             wrong += isRight ? 0 : 1;
             previous = day;
+        }
+    }
+    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
+    tzset();
+}
+
+TEST(DateAgreement, StartsTheDaysOfRecentYearsInEveryZoneAsTheCLibraryDoes)
+{
+    const QByteArray before = qgetenv("TZ");
+    for (const QByteArray& zone : QTimeZone::availableTimeZoneIds()) {
+        if (zone.startsWith("UTC"))
+            continue;
+        qputenv("TZ", zone);
+        tzset();
+        const auto dayOf = [](double moment) {
+            std::tm local{};
+            const auto second = std::time_t(moment);
+            localtime_r(&second, &local);
+            return std::pair(local.tm_year, local.tm_yday);
+        };
+        for (double moment = 1'735'732'800; moment < 1'798'804'800; moment += daySeconds) { // 2025 and 2026
+            const double start = secondsSince1970(startOfDay(dateFromSeconds(moment)));
+            const double end = secondsSince1970(endOfDay(dateFromSeconds(moment)));
+            const bool isRight = start <= moment && moment <= end && dayOf(start) == dayOf(moment)
+                && dayOf(start - 1) != dayOf(moment) && dayOf(end) == dayOf(moment)
+                && dayOf(end + 1) != dayOf(moment);
+            ASSERT_TRUE(isRight) << zone.constData() << ' ' << qint64(moment);
         }
     }
     before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);

@@ -20,7 +20,7 @@ constexpr std::array zoneFolders{"/usr/share/zoneinfo/"_L1, "/usr/lib/zoneinfo/"
 constexpr auto rootFromZoneFolder = "../../.."_L1;
 
 /// The dates that the C library fills in: those of the United States.
-constexpr char defaultChanges[] = ",M3.2.0,M11.1.0";
+constexpr QByteArrayView defaultChanges = ",M3.2.0,M11.1.0";
 
 /// The zone in a file. It has a name if the file is one of the system's zone data, or a link to one.
 QTimeZone zoneOfFile(QString path)
@@ -75,7 +75,7 @@ QTimeZone timeZoneOfVariable(QByteArray value)
     if ((value.startsWith("UTC") || value.startsWith("GMT")) && value.size() > 3)
         value.replace(0, 3, "STD");
     const QTimeZone zone(value);
-    return zone.isValid() ? zone : validOrUTC(QTimeZone(value + defaultChanges));
+    return zone.isValid() ? zone : validOrUTC(QTimeZone(value.append(defaultChanges)));
 }
 
 QTimeZone userTimeZone()
