@@ -37,12 +37,11 @@ TEST(Calendar, ComposesLeniently)
         {{.weekOfYear = most, .yearForWeekOfYear = most}, {}},
         {{.era = most, .year = 600'000}, {}},
     };
-    for (const auto& c : cases) {
-        const auto date = calendar.date(c.components);
-        const auto text = [](Date at) {
-            return QDateTime::fromSecsSinceEpoch(qint64(secondsSince1970(at)), Qt::UTC).toString(Qt::ISODate);
-        };
-        EXPECT_EQ(date ? std::optional(text(*date)) : std::nullopt, c.date);
+    for (const auto& each : cases) {
+        const auto date = calendar.date(each.components);
+        const auto text
+            = [](Date at) { return qDateTimeFromDate(at).toUTC().toString(Qt::ISODate); };
+        EXPECT_EQ(date ? std::optional(text(*date)) : std::nullopt, each.date);
     }
 }
 
@@ -71,7 +70,7 @@ TEST(Calendar, FollowsTheUserUntilItIsSet)
     QLocale::setDefault(before);
 }
 
-/// Some compute with tables of years, some with the moon.
+/// Some calendars compute with tables of years, some with the moon.
 TEST(Calendar, ReachesTheEndsOfEachKind)
 {
     for (const char* const name : {"buddhist", "chinese", "coptic", "dangi", "ethiopic",
@@ -83,7 +82,7 @@ TEST(Calendar, ReachesTheEndsOfEachKind)
             const Date date = dateFromSeconds(seconds);
             const auto components = calendar.components(date);
             ASSERT_TRUE(components);
-            // Far away, ICU itself does not find back by the moon.
+            // In the distant past and future, lunar calendars of ICU do not find the same moment again.
             const auto found = calendar.date(*components);
             EXPECT_TRUE(found && (*found == date || std::fabs(seconds) == furthestSeconds))
                 << name << ' ' << seconds;

@@ -33,13 +33,13 @@ TEST(DateFormatter, WritesAsTheUserDoes)
         {"en_US", "UTC", Style::medium, Style::medium, u"Nov 14, 2023, 10:13:20\u202FPM"_s},
         {"en_US", "UTC", Style::none, Style::none, QString()},
     };
-    for (const auto& c : cases) {
-        QLocale::setDefault(QLocale(QLatin1StringView(c.locale)));
-        qputenv("TZ", c.zone);
-        EXPECT_EQ(DateFormatter(c.date, c.time).string(dateFromSeconds(1'700'000'000)), c.text)
-            << c.locale << ' ' << c.zone;
-        if (c.date == Style::none && c.time == Style::short_) {
-            EXPECT_EQ(formatter.string(dateFromSeconds(1'700'000'000)), c.text) << "one formatter follows";
+    for (const auto& each : cases) {
+        QLocale::setDefault(QLocale(QLatin1StringView(each.locale)));
+        qputenv("TZ", each.zone);
+        EXPECT_EQ(DateFormatter(each.date, each.time).string(dateFromSeconds(1'700'000'000)), each.text)
+            << each.locale << ' ' << each.zone;
+        if (each.date == Style::none && each.time == Style::short_) {
+            EXPECT_EQ(formatter.string(dateFromSeconds(1'700'000'000)), each.text) << "one formatter follows";
         }
     }
     formatter.setLocale(QLocale(QLocale::German));
@@ -85,13 +85,13 @@ TEST(RelativeDateTimeFormatter, PicksTheLargestUnitThatFits)
         {-8 * 86400, u"1 wk. ago"_s, u"vor 1 Woche"_s},
         {NAN, QString(), QString()},
     };
-    for (const auto& c : cases) {
+    for (const auto& each : cases) {
         formatter.setLocale(QLocale(u"en_US"_s));
-        EXPECT_EQ(formatter.localizedString(c.interval), c.english) << c.interval;
+        EXPECT_EQ(formatter.localizedString(each.interval), each.english) << each.interval;
         formatter.setLocale(QLocale(u"de_DE"_s));
-        EXPECT_EQ(formatter.localizedString(c.interval), c.german) << c.interval;
+        EXPECT_EQ(formatter.localizedString(each.interval), each.german) << each.interval;
     }
-    EXPECT_GT(formatter.localizedString(1e300).size(), 300) << "longer than any buffer made for spans";
+    EXPECT_GT(formatter.localizedString(1e300).size(), 300) << "longer than the usual buffer";
     formatter.setDateTimeStyle(RelativeDateTimeFormatter::DateTimeStyle::named);
     EXPECT_EQ(formatter.localizedString(86400), u"morgen");
 }

@@ -27,13 +27,13 @@ TEST(Date, IsTheSameMomentAsAQDateTime)
         {u"2024-10-27T01:30:00.999Z"_s, 1'729'992'600.999, u"2024-10-27T02:30:00.999+01:00"_s},
         {u"0044-03-15T11:00:00.000Z"_s, -60'772'251'600, u"0044-03-15T11:53:28.000+00:53"_s},
     };
-    for (const auto& c : cases) {
-        const QDateTime dateTime = QDateTime::fromString(c.text, Qt::ISODateWithMs);
+    for (const auto& each : cases) {
+        const QDateTime dateTime = QDateTime::fromString(each.text, Qt::ISODateWithMs);
         const auto date = dateFromQDateTime(dateTime);
-        ASSERT_TRUE(date) << qPrintable(c.text);
-        EXPECT_EQ(secondsSince1970(*date), c.seconds) << qPrintable(c.text);
-        EXPECT_EQ(qDateTimeFromDate(*date, berlin).toString(Qt::ISODateWithMs), c.inBerlin);
-        EXPECT_EQ(dateFromQDateTime(qDateTimeFromDate(*date, berlin)), date) << qPrintable(c.text);
+        ASSERT_TRUE(date) << qPrintable(each.text);
+        EXPECT_EQ(secondsSince1970(*date), each.seconds) << qPrintable(each.text);
+        EXPECT_EQ(qDateTimeFromDate(*date, berlin).toString(Qt::ISODateWithMs), each.inBerlin);
+        EXPECT_EQ(dateFromQDateTime(qDateTimeFromDate(*date, berlin)), date) << qPrintable(each.text);
         EXPECT_EQ(qDateTimeFromDate(*date), dateTime);
         EXPECT_EQ(qDateTimeFromDate(*date).timeSpec(), Qt::LocalTime);
     }

@@ -9,16 +9,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-TEST(NumberFormatter, WritesAsManyDigitsAsToldHoweverLong)
+TEST(NumberFormatter, WritesAsManyDigitsAsSetHoweverLong)
 {
     NumberFormatter formatter(QLocale::English);
-    EXPECT_EQ(formatter.string(1e300).size(), 401) << "longer than any buffer made for ordinary numbers";
+    EXPECT_EQ(formatter.string(1e300).size(), 401) << "longer than the usual buffer";
     formatter.setMinimumFractionDigits(4);
-    EXPECT_EQ(formatter.string(1), u"1.0000") << "the maximum moves along";
+    EXPECT_EQ(formatter.string(1), u"1.0000") << "the maximum is raised with it";
     EXPECT_EQ(NumberFormatter(QLocale(u"de_CH"_s)).string(1234567), u"1’234’567");
 }
 
-TEST(NumberFormatter, ReadsOnlyWhatIsANumberToItsEnd)
+TEST(NumberFormatter, RefusesATextWithAnythingButANumber)
 {
     const NumberFormatter formatter(QLocale::English);
     EXPECT_EQ(formatter.number(u"1,234.5"_s), 1234.5);

@@ -27,7 +27,7 @@ TEST(GraphemeClusters, AreWhatAReaderSees)
         {},
         {u"a"_s, u"\r\n"_s, u"b"_s, u"\r"_s},
         {u"e\u0301"_s, u"🇩🇪"_s, u"🇫🇷"_s, u"a"_s, u"👨‍👩‍👧‍👦"_s, u"👍🏽"_s},
-        {u"a"_s, QChar(0x0600) + u"1"_s, u"2"_s}, // the number sign takes what follows it along
+        {u"a"_s, QChar(0x0600) + u"1"_s, u"2"_s}, // the number sign joins the next character
         {QString(QChar(0xD83D)), u"a"_s},
     };
     for (const auto& characters : texts) {

@@ -33,14 +33,14 @@ protected:
     DateOperationsTest() { setCalendar(calendarOf("de_DE", "Europe/Berlin")); }
     ~DateOperationsTest() override { setCalendar(Calendar()); }
 
-    /// Written as in ISO 8601; local time of the zone unless it says another.
+    /// `text` is in ISO 8601; without an offset it is a local time of `zone`.
     static Date date(const QString& text, const char* zone = "Europe/Berlin")
     {
         QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
         if (time.timeSpec() == Qt::LocalTime)
             time = QDateTime(time.date(), time.time(), QTimeZone(zone));
         EXPECT_TRUE(time.isValid()) << qPrintable(text);
-        return dateFromSeconds(double(time.toMSecsSinceEpoch()) / 1000);
+        return quor::platform::dateFromQDateTime(time).value_or(Date());
     }
 };
 
@@ -71,13 +71,14 @@ TEST_F(DateOperationsTest, FindsBoundaries)
         {roundedToHour, u"2024-05-05T10:30:00"_s, u"2024-05-05T11:00:00"_s},
         {roundedToHour, u"2024-05-05T23:45:00"_s, u"2024-05-06T00:00:00"_s},
         {roundedToHour, u"2024-03-31T01:45:00"_s, u"2024-03-31T03:00:00"_s},
-        // Both sides of the hour that comes twice.
+        // Both occurrences of the hour that occurs twice.
         {withoutSeconds, u"2024-10-27T00:10:20Z"_s, u"2024-10-27T00:10:00Z"_s},
         {roundedToHour, u"2024-10-27T01:10:20Z"_s, u"2024-10-27T01:00:00Z"_s},
         {roundedToHour, u"2024-10-26T23:50:20Z"_s, u"2024-10-27T00:00:00Z"_s},
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(c.operation(date(c.from)), date(c.to)) << qPrintable(c.from + " -> "_L1 + c.to);
+    for (const auto& each : cases)
+        EXPECT_EQ(each.operation(date(each.from)), date(each.to))
+            << qPrintable(each.from + " -> "_L1 + each.to);
     setCalendar(calendarOf("en_US", "Europe/Berlin"));
     EXPECT_EQ(startOfWeek(date(u"2024-05-04T12:00:00"_s)), date(u"2024-04-28T00:00:00"_s)) << "from Sunday";
     Calendar imperial = calendarOf("ja_JP", "Asia/Tokyo");
@@ -103,18 +104,19 @@ TEST_F(DateOperationsTest, ComparesAndCounts)
         {u"2024-03-30T23:00:00"_s, u"2024-04-01T01:00:00"_s, false, false, false, true, 2, 3, 1, 1},
         {u"2024-05-31T10:00:00"_s, u"2024-02-29T10:00:00"_s, false, false, false, true, -92, -91, -12, -2},
     };
-    for (const auto& c : cases) {
-        const Date from = date(c.from);
-        const Date to = date(c.to);
+    for (const auto& each : cases) {
+        const Date from = date(each.from);
+        const Date to = date(each.to);
         EXPECT_EQ(std::tuple(isSameDay(from, to), isSameWeek(from, to), isSameMonth(from, to),
                       isSameYear(from, to), daysBetween(from, to), numberOfDays(from, to),
                       numberOfWeeks(from, to), numberOfMonths(from, to)),
-            std::tuple(c.sameDay, c.sameWeek, c.sameMonth, c.sameYear, c.between, c.days, c.weeks, c.months))
-            << qPrintable(c.from + " -> "_L1 + c.to);
+            std::tuple(each.sameDay, each.sameWeek, each.sameMonth, each.sameYear, each.between, each.days,
+                each.weeks, each.months))
+            << qPrintable(each.from + " -> "_L1 + each.to);
         int seen = 0;
         forEachDay(
             from, to, [&](Date day) { EXPECT_EQ(day, noon(adding(from, seen++, DurationInterval::day))); });
-        EXPECT_EQ(seen, std::max(c.days, 0));
+        EXPECT_EQ(seen, std::max(each.days, 0));
     }
 }
 
@@ -149,8 +151,8 @@ TEST_F(DateOperationsTest, Adds)
         {DurationInterval::day, 60, u"2024-03-31T03:30:00.25"_s}, // skipped
     };
     const Date start = date(u"2024-01-31T02:30:00.25"_s);
-    for (const auto& c : cases)
-        EXPECT_EQ(adding(start, c.value, c.interval, clock), date(c.to)) << qPrintable(c.to);
+    for (const auto& each : cases)
+        EXPECT_EQ(adding(start, each.value, each.interval, clock), date(each.to)) << qPrintable(each.to);
     for (int interval = 0; interval < 5; ++interval) {
         for (const qint64 value : {qint64(1) << 30, -(qint64(1) << 62), std::numeric_limits<qint64>::min()})
             EXPECT_EQ(adding(start, value, *durationInterval(interval), clock), clock.now())
@@ -159,7 +161,7 @@ TEST_F(DateOperationsTest, Adds)
     EXPECT_FALSE(durationInterval(5) || durationInterval(-1));
 }
 
-TEST_F(DateOperationsTest, TellsValues)
+TEST_F(DateOperationsTest, ReturnsValues)
 {
     const Date sunday = date(u"2024-05-05T10:00:00.5"_s);
     const TestClock clock(secondsSince1970(sunday));
@@ -200,18 +202,19 @@ TEST_F(DateOperationsTest, SaysHowFarAway)
         {u"2023-05-31T12:00:00"_s, u"1 year ago"_s, u"vor 1 Jahr"_s},
         {u"3124-05-31T12:00:00"_s, u"in 1,100 years"_s, u"in 1.100 Jahren"_s},
     };
-    for (const auto& c : cases) {
+    for (const auto& each : cases) {
         QLocale::setDefault(QLocale(QLocale::English));
-        EXPECT_EQ(relativeText(date(c.date), clock), c.english);
+        EXPECT_EQ(relativeText(date(each.date), clock), each.english);
         QLocale::setDefault(QLocale(QLocale::German));
-        EXPECT_EQ(relativeText(date(c.date), clock), c.german);
+        EXPECT_EQ(relativeText(date(each.date), clock), each.german);
     }
     QLocale::setDefault(before);
 }
 
 TEST_F(DateOperationsTest, TakesAnyMoment)
 {
-    for (const double seconds : {quor::platform::furthestSeconds, 1e13, 1e300, double(INFINITY), double(NAN)}) {
+    for (const double seconds :
+        {quor::platform::furthestSeconds, 1e13, 1e300, double(INFINITY), double(NAN)}) {
         for (const double sign : {1.0, -1.0}) {
             const Date odd = dateFromSeconds(sign * seconds);
             const bool hasPlace = seconds == quor::platform::furthestSeconds;

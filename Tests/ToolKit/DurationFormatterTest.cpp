@@ -29,21 +29,22 @@ TEST_F(DurationFormatterTest, ClockFormCutsAndNeverOverflows)
     struct Case {
         double duration;
         const char* text;
-        double workingDay = 0; // 0: none asked for
+        double workingDay = 0; // 0: without working days
         bool minutes = true;
         bool seconds = false;
     };
-    for (const Case& c : std::initializer_list<Case>{{-0.0, "00:00"}, {59.9, "00:00"}, {-5400, "-01:30"},
+    for (const Case& each : std::initializer_list<Case>{{-0.0, "00:00"}, {59.9, "00:00"}, {-5400, "-01:30"},
              {360000, "100:00"}, {5425, "01", 0, false, true},
              {3599.9999999999995, "00:59:59", 0, true, true}, {-37800, "-1d 02:30", day},
              {28800, "1d 00", day, false}, {0.3, "2d 00:00:00", 0.1, true, true}, {3600, "01:00", -day},
              {3600, "01:00", notANumber}, {3600, "01:00", infinity}, {-infinity, "00:00"},
              {3.6e22, "9223372036854775807:00"}, {1e300, "9223372036854775807d 00:00", 1e-300}}) {
         DurationFormatter formatter;
-        formatter.configure(false, false, c.workingDay);
-        EXPECT_EQ(
-            formatter.clockString(c.workingDay != 0, c.minutes, c.seconds, c.duration).toStdString(), c.text)
-            << c.duration << " in days of " << c.workingDay;
+        formatter.configure(false, false, each.workingDay);
+        EXPECT_EQ(formatter.clockString(each.workingDay != 0, each.minutes, each.seconds, each.duration)
+                      .toStdString(),
+            each.text)
+            << each.duration << " in days of " << each.workingDay;
     }
 }
 
@@ -55,15 +56,16 @@ TEST_F(DurationFormatterTest, DecimalFormSpeaksTheUsersLanguage)
         const char* english;
         const char* german;
     };
-    for (const Case& c : std::initializer_list<Case>{{5000, 0, "1.39 h", "1,39 h"},
+    for (const Case& each : std::initializer_list<Case>{{5000, 0, "1.39 h", "1,39 h"},
              {450, 0, "0.12 h", "0,12 h"}, {1350, 0, "0.38 h", "0,38 h"}, // 0.125 and 0.375: half to even
              {-5400, notANumber, "-1.5 h", "-1,5 h"}, {-1, 0, "0 h", "0 h"}, {14400, day, "0.5 d", "0,5 T"},
              {3600.0 * 12345, 0, "12,345 h", "12.345 h"}, {infinity, 0, "", ""}, {notANumber, day, "", ""}}) {
         for (const bool inGerman : {false, true}) {
             speak(inGerman ? u"de_DE"_s : u"en_US"_s);
             DurationFormatter formatter;
-            formatter.configure(true, true, c.workingDay);
-            EXPECT_EQ(formatter.string(c.duration, false).toStdString(), inGerman ? c.german : c.english);
+            formatter.configure(true, true, each.workingDay);
+            EXPECT_EQ(
+                formatter.string(each.duration, false).toStdString(), inGerman ? each.german : each.english);
         }
     }
 }
@@ -76,16 +78,17 @@ TEST_F(DurationFormatterTest, ReadsBothForms)
         std::optional<double> german;
     };
     constexpr auto none = std::nullopt;
-    for (const Case& c : std::initializer_list<Case>{{"", none, none}, {" 1 :\u00a0\u202f30\t", 5400, 5400},
-             {"1:30:59", 5400, 5400}, {"1:", none, none}, {"1:30h", none, none}, {"2 h", 7200, 7200},
-             {"2d", 2 * day, none}, {"2T 1:30", none, 2 * day + 5400}, {"1d2d3", day + 7200, none},
-             {"d1:30", none, none}, {"1.5", 5400, none}, {"1,5 h", none, 5400}, {"-1:30", -1800, -1800},
-             {"1:30x", none, none}, {"1e999", none, none}, {"∞", none, none}}) {
+    for (const Case& each :
+        std::initializer_list<Case>{{"", none, none}, {" 1 :\u00a0\u202f30\t", 5400, 5400},
+            {"1:30:59", 5400, 5400}, {"1:", none, none}, {"1:30h", none, none}, {"2 h", 7200, 7200},
+            {"2d", 2 * day, none}, {"2T 1:30", none, 2 * day + 5400}, {"1d2d3", day + 7200, none},
+            {"d1:30", none, none}, {"1.5", 5400, none}, {"1,5 h", none, 5400}, {"-1:30", -1800, -1800},
+            {"1:30x", none, none}, {"1e999", none, none}, {"∞", none, none}}) {
         for (const bool inGerman : {false, true}) {
             speak(inGerman ? u"de_DE"_s : u"en_US"_s);
-            EXPECT_EQ(
-                DurationFormatter().duration(QString::fromUtf8(c.text), 2), inGerman ? c.german : c.english)
-                << c.text << (inGerman ? " in German" : "");
+            EXPECT_EQ(DurationFormatter().duration(QString::fromUtf8(each.text), 2),
+                inGerman ? each.german : each.english)
+                << each.text << (inGerman ? " in German" : "");
         }
     }
     // Other digits, signs and separators, among them blanks.
@@ -101,6 +104,12 @@ TEST_F(DurationFormatterTest, ReadsBothForms)
 TEST_F(DurationFormatterTest, OnlyNumbersHaveTextBySettings)
 {
     DurationFormatter formatter;
+    EXPECT_FALSE(formatter.showWorkingDays() || formatter.showDurationInPercent());
+    EXPECT_EQ(formatter.workingDayLengthSeconds(), 28800);
+    EXPECT_EQ(formatter.percentageFormatter().minimumFractionDigits(), 0);
+    EXPECT_EQ(formatter.percentageFormatter().maximumFractionDigits(), 2);
+    (void)formatter.decimalString(false, false, 5, 0);
+    EXPECT_EQ(formatter.percentageFormatter().maximumFractionDigits(), 5) << "kept from the last call";
     formatter.configure(true, false, day);
     EXPECT_EQ(formatter.stringForObjectValue(37800.5), u"1d 02:30"_s);
     for (const QVariant& other : {QVariant(), QVariant(u"5"_s), QVariant(true)})

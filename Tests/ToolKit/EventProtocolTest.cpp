@@ -94,7 +94,7 @@ TEST(EventProtocol, DelayedCallsComeOnceAndOnlyBetweenTheLiving)
     EXPECT_EQ(calls, "t3t");
 }
 
-TEST(EventProtocol, APassStandsWhateverItsTargetsDo)
+TEST(EventProtocol, APassIsNotDisturbedByItsTargets)
 {
     std::string calls;
     auto form = std::make_unique<Form>();
@@ -110,13 +110,13 @@ TEST(EventProtocol, APassStandsWhateverItsTargetsDo)
     form->add(*victim, &Target::changed, Form::Event::changed);
     form->add(last, &Target::changed, Form::Event::changed);
     form->trigger(Form::Event::changed);
-    EXPECT_EQ(calls, "l") << "neither what ended nor what came during the pass";
+    EXPECT_EQ(calls, "l") << "no target that ended, and none that was added during the calls";
 
     const auto ending = [&](TrackedTarget&, Form&, const std::any&) { form.reset(); };
     form->add(last, ending, Form::Event::closed);
     form->add(last, &Target::changed, Form::Event::closed);
     form->trigger(Form::Event::closed);
-    EXPECT_EQ(calls, "l") << "the pass ends with its publisher";
+    EXPECT_EQ(calls, "l") << "the calls stop when the publisher ends";
 }
 
 TEST(EventProtocol, ATriggerFromAnotherThreadHopsIfThePublisherLives)

@@ -15,8 +15,8 @@ namespace quor::platform {
 
 namespace {
 
-constexpr UDate second = 1000; // in milliseconds, as all that ICU counts
-constexpr UDate longestPeriod = 1e15; // some 30,000 years
+constexpr UDate second = 1000; // ICU counts in milliseconds
+constexpr UDate longestPeriod = 1e15; // some 30,000 years, for a zone without further transitions
 constexpr UDate longestOffset = 16 * 3600 * second; // no zone was ever further from UTC
 
 struct Offsets {
@@ -30,8 +30,8 @@ QDateTime utc(UDate moment)
     return QDateTime::fromMSecsSinceEpoch(static_cast<qint64>(std::floor(moment)), Qt::UTC);
 }
 
-/// Within the second of `moment`, but not at its start, where transitions are: at the last transition that a
-/// zone file lists, Qt does not find the next one by the rule that follows.
+/// A moment in the same second as `moment`, but not at its start. Transitions are at the start of a second,
+/// and Qt fails to find the next one from exactly the last that a zone file lists.
 QDateTime betweenTransitions(UDate moment)
 {
     return utc(std::floor(moment / second) * second + 1);
@@ -39,8 +39,8 @@ QDateTime betweenTransitions(UDate moment)
 
 /// An ICU time zone that computes with a `QTimeZone`.
 ///
-/// Derives from one of ICU's own classes, since ICU's calendars ask no others about skipped and repeated
-/// times of day. Overrides all of its functions that ICU's calendars and formatters call.
+/// Derives from one of ICU's own classes, since ICU's calendars recognise only those when they resolve
+/// skipped and repeated times of day. Overrides every function that ICU's calendars and formatters call.
 class SystemTimeZone final : public icu::SimpleTimeZone {
 public:
     explicit SystemTimeZone(QTimeZone zone)
@@ -101,7 +101,8 @@ private:
         const QDateTime next = zone_.nextTransition(betweenTransitions(moment)).atUtc;
         known_ = {moment, next.isValid() ? UDate(next.toMSecsSinceEpoch()) : moment + longestPeriod,
             {int32_t(data.standardTimeOffset * second), int32_t(data.daylightTimeOffset * second)}};
-        // ICU's names need its own division: to the system's data, Ireland's summer is the standard time.
+        // The names of zones in ICU fit ICU's division into standard and daylight time. The system's data
+        // divide differently in some zones: in Ireland the summer is the standard time.
         Offsets named{0, 0};
         UErrorCode status = U_ZERO_ERROR;
         icuZone_->getOffset(moment, false, named.standard, named.daylight, status);
