@@ -7,9 +7,9 @@
 
 namespace quor::helper {
 
-/// A task's name as the status item shows it: without emoji (and so without "#" and "*", but with
-/// plain digits), without blanks at its ends, and with "+1" or more behind it where other timers
-/// run beside the first. Linear in the name's length.
+/// Returns a task's name as the status item shows it: without emoji (which include "#" and "*", but not
+/// plain digits) and without blanks at its ends, followed by "+1" if two timers run, "+2" if three run,
+/// and so on. Takes time linear in the length of the name.
 [[nodiscard]] QString taskText(const QString& name, std::size_t runningTimers);
 
 } // namespace quor::helper

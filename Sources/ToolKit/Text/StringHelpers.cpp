@@ -10,6 +10,7 @@
 #include <unicode/locid.h>
 #include <unicode/stringoptions.h>
 #include <unicode/translit.h>
+#include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
 #include <memory>
@@ -56,12 +57,50 @@ bool isAsciiAlphanumeric(QChar character)
         || (character >= u'a' && character <= u'z');
 }
 
+char32_t scalarAt(QStringView text, qsizetype index)
+{
+    return firstScalar(text.sliced(index)).value_or(text[index].unicode());
+}
+
+// Two such scalars side by side are always two characters, so that most texts need no segmentation.
+bool standsAlone(char32_t scalar)
+{
+    constexpr char32_t firstCombining = 0x300;
+    return scalar < firstCombining
+        || u_getIntPropertyValue(static_cast<UChar32>(scalar), UCHAR_GRAPHEME_CLUSTER_BREAK) == U_GCB_OTHER;
+}
+
+// Returns the shortest beginning of the text that surely ends with a character.
+QStringView firstPiece(QStringView text)
+{
+    char32_t last = scalarAt(text, 0);
+    qsizetype end = QChar::requiresSurrogates(last) + 1;
+    while (end < text.size()) {
+        const char32_t next = scalarAt(text, end);
+        if (standsAlone(last) && standsAlone(next))
+            break;
+        last = next;
+        end += QChar::requiresSurrogates(next) + 1;
+    }
+    return text.first(end);
+}
+
 QString filtered(QStringView text, bool wantsEmoji)
 {
     QString kept;
-    for (const QStringView character : GraphemeClusters::characters(text)) {
+    const auto keepIfWanted = [&](QStringView character) {
         if (isEmoji(character) == wantsEmoji)
             kept += character;
+    };
+    while (!text.isEmpty()) {
+        const QStringView piece = firstPiece(text);
+        text = text.sliced(piece.size());
+        if (piece.size() == 1) {
+            keepIfWanted(piece);
+        } else {
+            for (const QStringView character : GraphemeClusters::characters(piece))
+                keepIfWanted(character);
+        }
     }
     return kept;
 }
