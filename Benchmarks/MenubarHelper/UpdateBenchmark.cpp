@@ -5,7 +5,7 @@
 #include "BenchmarkDesktop.h"
 #include "HelperMenubarManager.h"
 #include "InterAppCommBridge/GroupStorage.h"
-#include "ToolKit/Drawing/SystemFont.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 #include "View/StatusItem/MenubarStatusItemRenderer.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/ComposedLabel.h"
 #include "ToolKit/Drawing/CoreImageFactory.h"
-#include "ToolKit/Drawing/CustomFontSizeModifier.h"
 #include "ToolKit/Drawing/ShadowPresets.h"
+#include "ToolKit/Drawing/Text/ComposedLabel.h"
+#include "ToolKit/Drawing/Text/CustomFontSizeModifier.h"
 
 #include <QDir>
 #include <QFontInfo>

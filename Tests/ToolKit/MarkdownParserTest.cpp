@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Markdown/MarkdownParser.h"
-#include "ToolKit/Drawing/IconAttachment.h"
-#include "ToolKit/Drawing/SystemFont.h"
+#include "ToolKit/Drawing/Text/IconAttachment.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 #include "ToolKit/MarkdownReference.h"
 
 #include <QDir>

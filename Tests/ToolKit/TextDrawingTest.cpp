@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/TextDrawing.h"
+#include "ToolKit/Drawing/Text/TextDrawing.h"
 #include "Platform/Text/AttributedString.h"
 #include "ToolKit/Canvas.h"
-#include "ToolKit/Drawing/IconAttachment.h"
-#include "ToolKit/Drawing/SystemFont.h"
+#include "ToolKit/Drawing/Text/IconAttachment.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 
 #include <QFontMetricsF>
 

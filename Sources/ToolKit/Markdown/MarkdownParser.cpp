@@ -2,8 +2,8 @@
 #include "ToolKit/Markdown/MarkdownParser.h"
 
 #include "Platform/Views/PaletteApplier.h"
-#include "ToolKit/Drawing/IconAttachment.h"
-#include "ToolKit/Drawing/SystemFont.h"
+#include "ToolKit/Drawing/Text/IconAttachment.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 #include "ToolKit/Markdown/AttributedTextRewriter.h"
 #include "ToolKit/Markdown/MarkdownMarks.h"
 

@@ -4,8 +4,8 @@
 #include "Platform/Text/AttributedString.h"
 #include "ToolKit/Deferred/EventProtocol.h"
 #include "ToolKit/Drawing/GraphicsContext.h"
-#include "ToolKit/Drawing/SystemFont.h"
-#include "ToolKit/Drawing/TextDrawing.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
+#include "ToolKit/Drawing/Text/TextDrawing.h"
 #include "ToolKit/Markdown/MarkdownParser.h"
 
 #include <QEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 
-#include "ToolKit/Drawing/SystemFont.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 
 #include <QApplication>
 #include <QFontInfo>

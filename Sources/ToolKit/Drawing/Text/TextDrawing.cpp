@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/TextDrawing.h"
+#include "ToolKit/Drawing/Text/TextDrawing.h"
 
 #include "Platform/Text/AttributedString.h"
-#include "ToolKit/Drawing/TextLayout.h"
-#include "ToolKit/Drawing/TextShadow.h"
+#include "ToolKit/Drawing/Text/TextLayout.h"
+#include "ToolKit/Drawing/Text/TextShadow.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/CustomFontSizeModifier.h"
+#include "ToolKit/Drawing/Text/CustomFontSizeModifier.h"
 
 #include <QFontInfo>
 #include <QGuiApplication>

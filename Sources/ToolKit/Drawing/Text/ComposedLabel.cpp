@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/ComposedLabel.h"
+#include "ToolKit/Drawing/Text/ComposedLabel.h"
 
-#include "ToolKit/Drawing/IconAttachment.h"
+#include "ToolKit/Drawing/Text/IconAttachment.h"
 
 #include <QGuiApplication>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/Drawing/TextVerticalAlignment.h"
+#include "ToolKit/Drawing/Text/TextVerticalAlignment.h"
 
 #include <QColor>
 #include <QFont>

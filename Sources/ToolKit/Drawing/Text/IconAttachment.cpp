@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/IconAttachment.h"
+#include "ToolKit/Drawing/Text/IconAttachment.h"
 
 #include "Platform/Resources/Tinting.h"
 

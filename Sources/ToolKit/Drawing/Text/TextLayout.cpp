@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/TextLayout.h"
+#include "ToolKit/Drawing/Text/TextLayout.h"
 
-#include "ToolKit/Drawing/TextTruncation.h"
+#include "ToolKit/Drawing/Text/TextTruncation.h"
 
 #include <QFontMetricsF>
 #include <QPainter>

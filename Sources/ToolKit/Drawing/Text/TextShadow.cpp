@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/TextShadow.h"
+#include "ToolKit/Drawing/Text/TextShadow.h"
 
 #include <QPainter>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/TextTruncation.h"
+#include "ToolKit/Drawing/Text/TextTruncation.h"
 
 #include "Platform/Text/AttributedString.h"
 #include "Platform/Text/GraphemeClusters.h"

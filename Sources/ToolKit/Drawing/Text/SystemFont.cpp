@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Drawing/SystemFont.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 
 #include <QFontDatabase>
 #include <QFontMetricsF>
