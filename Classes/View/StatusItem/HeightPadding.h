@@ -3,12 +3,13 @@
 
 namespace quor::helper {
 
-/// How much lower than the status bar the status item's pill is, in device-independent pixels.
+/// How many device-independent pixels the status item's pill is lower than the status bar.
 enum class HeightPadding {
     single, ///< one line of text
     double_, ///< two lines of text
 };
 
+/// Returns the padding in device-independent pixels.
 [[nodiscard]] constexpr double rawValue(HeightPadding padding)
 {
     return padding == HeightPadding::single ? 6.0 : 1.0;

@@ -8,11 +8,12 @@ class QPainter;
 
 namespace quor::helper {
 
-/// The first `longest` UTF-16 units of the text at most, never half a character of two units; line
-/// breaks and other controls become blanks.
+/// Returns at most the first `longest` UTF-16 units of the text, without cutting a surrogate pair. Line
+/// breaks and other control characters become blanks.
 [[nodiscard]] QString singleLine(const QString& text, qsizetype longest);
 
-/// The nearest point where letters do not blur between device pixels.
+/// Returns the point next to `point` that lies on a device pixel of the painter, so that letters drawn there
+/// are sharp.
 [[nodiscard]] QPointF alignedToDevicePixels(const QPainter& painter, QPointF point);
 
 } // namespace quor::helper

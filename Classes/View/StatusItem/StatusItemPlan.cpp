@@ -36,7 +36,7 @@ StatusItemPlan::Symbol symbol(const MenubarStatusItemData& data, platform::Date 
     return Ring{progress, QColor::fromRgbF(1, 1, 1, faint), QColor(Qt::white), CutoutTag};
 }
 
-// A ring that is punched out has no colour of its own, so its over-time arc lies above the pill.
+// A ring that is punched out has no colour of its own, so its over-time arc is drawn above the pill.
 std::optional<StatusItemPlan::Ring> overTime(const StatusItemPlan::Symbol& symbol)
 {
     const auto* ring = std::get_if<StatusItemPlan::Ring>(&symbol);
@@ -71,7 +71,7 @@ StatusItemPlan::ClockFace clockFace(platform::Date now)
 
 bool looksLike(const StatusItemPlan::Ring& ring, const StatusItemPlan::Ring& other)
 {
-    // A sixty-fourth of a pixel on a ring of the status item at twice the scale.
+    // A sixty-fourth of a pixel on the status item's ring at a scale of 2.
     constexpr double visibleTurn = 1.0 / 4096;
     return std::abs(ring.progress - other.progress) < visibleTurn
         && (ring.progress > 1) == (other.progress > 1) && (ring.progress > 0) == (other.progress > 0)

@@ -14,16 +14,14 @@
 
 namespace quor::helper {
 
-/// Tags of the status item's elements: punched out of the pill, or live above it in true colour.
+/// Tags of the status item's elements: punched out of the pill, or drawn above it in true colour ("live").
 constexpr int CutoutTag = 1;
 constexpr int LiveTag = 0;
 
-/// What the status item shows, as a plain value: which elements, in which order, with which texts.
-///
-/// From left to right: the symbol, then the clock face or the texts. It follows from the record, the
-/// time, the formatter and the screen alone, without any drawing.
+/// The content of the status item as a plain value: which elements it shows, with which texts. From left to
+/// right they are the symbol, then the clock face or the texts.
 struct StatusItemPlan {
-    /// The day's progress. Above 1 the part beyond the full turn is over-time.
+    /// A ring that shows the day's progress; the part above 1 is over-time.
     struct Ring {
         double progress = 0;
         QColor color;
@@ -31,12 +29,12 @@ struct StatusItemPlan {
         int tag = LiveTag;
         friend bool operator==(const Ring&, const Ring&) = default;
     };
-    /// A solid disc, live.
+    /// A live solid disc.
     struct Dot {
         QColor color;
         friend bool operator==(const Dot&, const Dot&) = default;
     };
-    /// A clock's face with its hands at this local time.
+    /// A clock's face that shows this local time.
     struct ClockFace {
         int hour = 0; ///< 0 to 23
         int minute = 0;
@@ -45,30 +43,31 @@ struct StatusItemPlan {
     using Symbol = std::variant<std::monostate, Dot, Ring>;
 
     Symbol symbol;
-    std::optional<Ring> overTime; ///< live, right above the symbol: its over-time arc alone
-    std::optional<ClockFace> clockFace; ///< only where nothing else is shown
-    std::optional<QString> taskText; ///< may be empty: the label is there nevertheless
+    std::optional<Ring> overTime; ///< over a cut-out ring: a clear live ring with the over-time arc
+    std::optional<ClockFace> clockFace; ///< only if there is neither a symbol nor a text
+    std::optional<QString> taskText; ///< can be an empty text, which takes the room of a label
     std::optional<QString> timeText;
-    bool twoLines = false; ///< the task above the time, else beside it
-    std::optional<HeightPadding> heightPadding; ///< none leaves it as it is
+    bool twoLines = false; ///< whether the task stands above the time, and not beside it
+    std::optional<HeightPadding> heightPadding; ///< `nullopt` keeps the padding of the plan shown before
 
     friend bool operator==(const StatusItemPlan&, const StatusItemPlan&) = default;
 };
 
-/// `hasNotch` tells whether the main screen's bar is cut by a notch.
+/// Returns the plan for a record. `hasNotch` says whether a notch cuts the main screen's bar.
 [[nodiscard]] StatusItemPlan statusItemPlan(const MenubarStatusItemData& data, platform::Date now,
     const toolkit::DurationFormatter& formatter, bool hasNotch);
 
-/// Whether no eye could tell the drawings apart: equal, but for steps of a ring far below a pixel.
+/// Returns whether the two are drawn alike: they are equal, or differ by a step of a ring far below a pixel.
 [[nodiscard]] bool looksLike(const StatusItemPlan::Symbol& symbol, const StatusItemPlan::Symbol& other);
 [[nodiscard]] bool looksLike(const StatusItemPlan& plan, const StatusItemPlan& other);
 
-/// Seconds that the running timers have run, all together.
+/// Returns the sum of the seconds that the running timers have run.
 [[nodiscard]] double runningTotal(const MenubarStatusItemData& data, platform::Date now);
 
-/// How much of the day's expected work is done: 1 is all of it, and it ends at 4 pi.
+/// Returns the share of the day's expected work that is done: 1 for all of it, at most 4 pi.
 [[nodiscard]] double dayProgress(const MenubarStatusItemData& data, platform::Date now);
 
+/// Returns the formatted total of the day, running timers included.
 [[nodiscard]] QString dailyTotalText(
     const MenubarStatusItemData& data, platform::Date now, const toolkit::DurationFormatter& formatter);
 

@@ -14,7 +14,7 @@ namespace {
 constexpr double textSize = 11;
 constexpr double smallTextSize = 8;
 
-// Font metrics would tell it in whole pixels, rounded up.
+// Measured on the outline, since font metrics round up to whole pixels.
 double capHeightOf(const QFont& font)
 {
     QPainterPath capital;
@@ -30,7 +30,7 @@ StatusItemStyle StatusItemStyle::ofSystem()
     const double capHeight = capHeightOf(toolkit::systemFont(textSize, QFont::Medium));
     return {
         .label = {digits, capHeightOf(digits)},
-        // Outlines grow with the size, so the small font need not be loaded before it is used.
+        // Computed, so that the small font is loaded only when it is used.
         .smallLabel
         = {toolkit::systemFont(smallTextSize, QFont::Medium), capHeight * smallTextSize / textSize},
         .diameter = std::ceil(capHeight * 1.2),

@@ -25,7 +25,7 @@ enum class LineBreakMode {
     byTruncatingMiddle
 };
 
-/// How the lines of an attributed text lie and what becomes of one that is too long.
+/// How the lines of an attributed text are aligned, and what happens to a line that is too long.
 struct ParagraphStyle {
     TextAlignment alignment = TextAlignment::left;
     LineBreakMode lineBreakMode = LineBreakMode::byWordWrapping;
@@ -36,26 +36,31 @@ struct ParagraphStyle {
 /// An image that stands in a text like a character.
 struct TextAttachment {
     QImage image;
-    QRectF bounds; ///< points; the origin is the lower left corner, seen from the baseline, y upwards
+    /// Device-independent pixels. The origin is the lower left corner, relative to the place in the text on
+    /// the baseline; y points up.
+    QRectF bounds;
 
     friend bool operator==(const TextAttachment&, const TextAttachment&) = default;
 };
 
-/// A text whose stretches carry attributes: font, colour and whatever else a `QTextCharFormat` holds.
+/// A text with attributes: font, colour and everything else that a `QTextCharFormat` holds. A value; copies
+/// are cheap. Use one object on one thread.
 ///
-/// The attributes are kept as runs, ready for `QTextLayout::setFormats`: in order, without gaps or
-/// overlaps within the text, neighbours with equal attributes joined. Ranges count UTF-16 units and
-/// are clipped to the text. An attachment is one U+FFFC in the text, with the attachment among that
-/// character's attributes. A value; copies are cheap.
+/// The attributes are kept as runs, ready for `QTextLayout::setFormats`. Runs are in order, cover the whole
+/// text and do not overlap; two runs in a row differ. Ranges are in UTF-16 units and are clipped to the
+/// text. An attachment is one character U+FFFC of the text with the attachment among its attributes.
 class AttributedString final {
 public:
     using Run = QTextLayout::FormatRange;
 
-    /// Where a `TextAttachment` is kept among the attributes of its character.
+    /// The property of the format that holds a `TextAttachment`.
     static constexpr int attachmentProperty = QTextFormat::UserProperty + 1;
 
+    /// Creates an empty text.
     AttributedString() = default;
+    /// Creates a text with the same attributes for all characters.
     explicit AttributedString(const QString& string, const QTextCharFormat& attributes = {});
+    /// Creates a text of one character, the attachment.
     explicit AttributedString(const TextAttachment& attachment);
 
     [[nodiscard]] const QString& string() const { return string_; }
@@ -63,21 +68,23 @@ public:
     [[nodiscard]] bool isEmpty() const { return string_.isEmpty(); }
     [[nodiscard]] const QList<Run>& runs() const { return runs_; }
 
-    /// Puts `other` behind this text, with its attributes. The paragraph style stays this text's.
+    /// Appends `other` with its attributes, but without its paragraph style.
     void append(const AttributedString& other);
-    /// `string` must not be a view of this text.
+    /// Appends a text with the same attributes for all its characters. `string` must not be a view of this
+    /// text.
     void append(QStringView string, const QTextCharFormat& attributes);
 
-    /// Lays `attributes` over those that the range has already; the others of the range stay.
+    /// Sets the properties of `attributes` in the range. Other properties of the range stay.
     void addAttributes(const QTextCharFormat& attributes, TextRange range);
-    /// The same with one property of `QTextFormat::Property`; an invalid value takes it away.
+    /// The same with one property, of `QTextFormat::Property`. An invalid value removes the property.
     void addAttribute(int property, const QVariant& value, TextRange range);
 
-    /// The attributes of the character at `index`; none outside the text.
+    /// Returns the attributes of the UTF-16 unit at `index`; an empty format outside the text.
     [[nodiscard]] QTextCharFormat attributes(qsizetype index) const;
+    /// Returns the attachment at `index`, or `nullopt` if the character there is not an attachment.
     [[nodiscard]] std::optional<TextAttachment> attachment(qsizetype index) const;
 
-    /// One style for the whole text.
+    /// The style of the whole text.
     [[nodiscard]] const ParagraphStyle& paragraphStyle() const { return paragraphStyle_; }
     void setParagraphStyle(const ParagraphStyle& style) { paragraphStyle_ = style; }
 

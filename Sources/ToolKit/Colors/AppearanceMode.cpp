@@ -33,7 +33,7 @@ AppearanceMode::AppearanceMode(platform::Appearance& application)
 void AppearanceMode::setPreferredAppearance(Appearance appearance)
 {
     preferredAppearance_ = appearance;
-    // An observer of the application's change may end this object.
+    // An observer of the application may delete this object.
     const auto alive = life();
     application_.setAppearance(schemeOf(appearance));
     if (!alive.expired())

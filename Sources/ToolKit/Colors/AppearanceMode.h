@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Services/Appearance.h"
 #include "Platform/Lifetime/Subscription.h"
+#include "Platform/Services/Appearance.h"
 #include "ToolKit/Deferred/EventProtocol.h"
 
 #include <atomic>
@@ -13,27 +13,29 @@ enum class AppearanceModeEvent { changed };
 
 /// The user's choice of a dark, a light or the desktop's appearance.
 ///
-/// The choice is applied to the whole application. Its event `changed` comes at each choice, and
-/// whenever the application's effective appearance changes, for whatever reason; one choice may so
-/// bring two. Several objects may stand beside each other; the last choice counts for all.
+/// The choice is applied to the whole application. The event `changed` is triggered by each choice, and
+/// whenever the application's effective appearance changes for any reason; so one choice can trigger it
+/// twice. If there are several objects, the last choice made on any of them applies to the application.
 ///
-/// `isDark` may be asked on any thread, the rest is for the main thread.
+/// Call `isDark` and `interfaceThemeChanged` on any thread, everything else on the main thread.
 class AppearanceMode final : public EventProtocol<AppearanceMode, AppearanceModeEvent> {
 public:
     enum class Appearance { dark = 0, light = 1, automatic = 2 };
 
-    /// Starts as `automatic`, without touching what is applied. `application` must outlive this
-    /// object.
+    /// Starts as `automatic`, and leaves the application as it is until the first choice. `application`
+    /// must outlive this object.
     explicit AppearanceMode(platform::Appearance& application);
 
     [[nodiscard]] Appearance preferredAppearance() const { return preferredAppearance_; }
+    /// Applies the choice to the application and triggers `changed`, even if the choice is the same.
     void setPreferredAppearance(Appearance appearance);
 
-    /// The choice, else the application's effective appearance. From another thread it waits for the
-    /// main thread then, so the main thread must not be waiting for the caller.
+    /// Returns whether the choice is dark or, while it is `automatic`, whether the application's effective
+    /// appearance is. In the latter case a call on another thread waits for the main thread, so the main
+    /// thread must not be waiting for the caller.
     [[nodiscard]] bool isDark() const;
 
-    /// Tells observers that the appearance has changed. Any thread.
+    /// Triggers `changed`.
     void interfaceThemeChanged();
 
 private:

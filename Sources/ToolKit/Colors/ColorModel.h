@@ -8,25 +8,25 @@
 
 namespace quor::toolkit {
 
-/// An ordered palette of colours, each 0xRRGGBB, with look-up by index and back.
+/// An ordered palette of colours, each 0xRRGGBB, with look-up by index and by colour.
 ///
-/// The way back is fuzzy: a colour that went through a conversion with a small loss in its lowest
-/// channel is still found.
+/// The look-up by colour is fuzzy: it still finds a colour that lost a little of its blue in a conversion.
 class ColorModel final {
 public:
     explicit ColorModel(std::vector<int> colors);
 
-    /// The opaque colour at `index`, which wraps around at both ends. Invalid for an empty palette.
+    /// Returns the opaque colour at `index`, which wraps around at both ends; an invalid colour if the
+    /// palette is empty.
     [[nodiscard]] QColor color(int index) const;
 
-    /// The first index whose entry differs from `value` by less than 10, as whole 24-bit numbers;
-    /// 0 if there is none.
+    /// Returns the first index whose entry differs from `value` by less than 10, both taken as 24-bit
+    /// numbers; 0 if there is no such entry.
     [[nodiscard]] int index(int value) const;
 
     std::vector<int> colors;
 };
 
-/// What colour pickers offer.
+/// The colours that colour pickers offer.
 inline constexpr std::array<int, 8> defaultPalette{
     0xF58C6E, 0xFFBB5C, 0x9DD257, 0x00CA8F, 0x00BFF9, 0x4465F9, 0x9D86F7, 0xE80C7A};
 

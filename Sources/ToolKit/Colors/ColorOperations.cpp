@@ -23,7 +23,7 @@ struct Components {
     double alpha = 0;
 };
 
-// Written so that what is not a number becomes 0.
+// In this order of comparison a value that is not a number becomes 0.
 double withinUnit(double value)
 {
     return value > 0 ? std::min(value, 1.0) : 0.0;
@@ -48,8 +48,8 @@ Components componentsOf(const QColor& color)
     return {value.red() / full, value.green() / full, value.blue() / full, value.alpha() / full};
 }
 
-// A channel of n/255 is held as 257 n, which in whole numbers comes back as n; through the float
-// that QColor hands out it may come back as the next below.
+// QColor stores a channel of n/255 as 257 n, from which whole numbers compute n exactly. From the float that
+// QColor returns the result could be n - 1.
 quint32 truncatedByte(quint16 channel)
 {
     return channel * 255U / 0xFFFFU;
@@ -75,7 +75,7 @@ QColor colorWithHexString(QStringView text)
         text = text.sliced(1);
     if (text.startsWith("0x"_L1, Qt::CaseInsensitive))
         text = text.sliced(2);
-    // A number too large to hold counts as the largest, so as white.
+    // A number that is too large becomes the largest one, so white.
     quint64 value = 0;
     for (const QChar character : text) {
         const auto digit = hexDigit(character);

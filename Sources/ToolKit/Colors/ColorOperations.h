@@ -11,42 +11,44 @@ struct DynamicColor;
 
 /// Colours from and to hexadecimal values, their products, mixtures and contrast.
 ///
-/// All work on red, green, blue and alpha from 0 to 1, as doubles: a colour of another model is
-/// converted first, an invalid one counts as 0 in all four. Results are kept within 0 to 1, are
-/// always valid and in RGB. A channel of n/255 survives every conversion as n. Any thread.
+/// All functions work on red, green, blue and alpha from 0 to 1. A colour of another model is converted to
+/// RGB first; of an invalid colour all four components are 0. Returned colours are always valid and RGB,
+/// with components kept within 0 to 1. A channel of n/255 stays exactly n in every conversion. Any thread.
 namespace quor::toolkit {
 
-/// Reads hexadecimal digits behind any number of "#" and an optional "0x", up to the first other
-/// character, as 0xRRGGBB; black without digits. Alpha is 1. There is no short form: "#FFF" is 0xFFF.
+/// Returns the colour of a text such as "#F58C6E": any number of "#", an optional "0x", then hexadecimal
+/// digits up to the first other character, read as 0xRRGGBB. Returns black if there are no digits. Alpha is
+/// 1. There is no short form: "#FFF" is 0x000FFF.
 [[nodiscard]] QColor colorWithHexString(QStringView text);
 
-/// `value` is 0xRRGGBB; higher bits are ignored.
+/// Returns the colour of `value`, which is 0xRRGGBB; higher bits are ignored.
 [[nodiscard]] QColor colorWithHexValue(quint32 value, double alpha);
 
-/// Each component times its factor.
+/// Returns `color` with each component multiplied by its factor.
 [[nodiscard]] QColor colorWithRedFactor(
     const QColor& color, double redFactor, double greenFactor, double blueFactor, double alphaFactor);
 
-/// `amount` 0 gives `color`, 1 gives `other`.
+/// Returns a mixture of the two colours: `color` for an `amount` of 0, `other` for 1.
 [[nodiscard]] QColor mixWithColor(const QColor& color, const QColor& other, double amount);
+/// The same with the colour of `value`, 0xRRGGBB, and `alpha`.
 [[nodiscard]] QColor mixWithColorWithHexValue(
     const QColor& color, quint32 value, double alpha, double amount);
 
-/// 0xRRGGBB, each channel truncated, without alpha.
+/// Returns 0xRRGGBB, each channel truncated to a byte, without the alpha.
 [[nodiscard]] quint32 hexColor(const QColor& color);
 
-/// The same as text: "#F58C6E".
+/// Returns the same as text, such as "#F58C6E".
 [[nodiscard]] QString hexString(const QColor& color);
 
-/// `light` where the luminance of `color` (ITU-R BT.709, of the components as they stand) is above
-/// `threshold`, else `dark`.
+/// Returns `light` if the luminance of `color` is above `threshold`, else `dark`. The luminance is the sum
+/// of the components with the weights of ITU-R BT.709, without gamma correction.
 [[nodiscard]] QColor contrastColor(
     const QColor& color, const QColor& dark, const QColor& light, double threshold);
 
-/// `color` with this alpha.
+/// Returns `color` with this alpha.
 [[nodiscard]] QColor resolvedColor(const QColor& color, double alpha);
 
-/// What `color` is under the application's effective appearance, with this alpha. It waits for the
+/// Returns the value of `color` in the application's effective appearance, with this alpha. Waits for the
 /// main thread, so the main thread must not be waiting for the caller.
 [[nodiscard]] QColor resolvedColor(
     const platform::DynamicColor& color, double alpha, const platform::Appearance& application);

@@ -9,9 +9,8 @@ namespace quor::toolkit {
 struct CoreImageFactory {
     enum class ImageName { syncSpinner, syncSpinnerSmall };
 
-    /// The image in its own size, drawn for that many device pixels a point; with `isTemplate` the
-    /// one that is a mask for whoever shows it to colour. Its pixels are null where the bundle does
-    /// not hold it.
+    /// Returns the image in its own size, drawn for this device pixel ratio; with `isTemplate` the image
+    /// that is meant as a mask. The pixels are null if the bundle does not contain it.
     [[nodiscard]] static platform::TemplateImage image(
         ImageName name, bool isTemplate, qreal devicePixelRatio = 1);
 };

@@ -25,8 +25,8 @@ bool isDrawable(const QRectF& rect)
     return areFinite({rect.x(), rect.y(), rect.width(), rect.height()}) && !rect.isEmpty();
 }
 
-// Paths are filled and stroked without the painter's own pen and brush, so only the hint has to be
-// put back.
+// Switches antialiasing on for its lifetime. Paths are filled and stroked without the painter's own pen and
+// brush, so the hint is all that must be restored.
 class Antialiasing final {
 public:
     explicit Antialiasing(QPainter& painter)
@@ -67,7 +67,7 @@ void fillOrStroke(QPainter& painter, const QPainterPath& path, bool fill, const 
     }
 }
 
-// A pen counts its dashes in line widths.
+// A pen measures its dashes in line widths.
 void setDashes(QPen& pen, const QVector<double>& lengths)
 {
     const double unit = pen.widthF() > 0 ? pen.widthF() : defaultLineWidth;
@@ -123,7 +123,7 @@ void drawArc(QPainter& painter, const QColor& color, bool fill, Qt::PenCapStyle 
     if (degrees >= fullTurn - roundingSlack) {
         path.addEllipse(circle);
     } else {
-        // Qt counts counter-clockwise from three o'clock.
+        // Qt measures counter-clockwise from three o'clock.
         const double from = -std::remainder(start * 180 / std::numbers::pi, fullTurn);
         path.arcMoveTo(circle, from);
         path.arcTo(circle, from, -degrees);

@@ -5,10 +5,9 @@ namespace quor::toolkit {
 
 QPainterPath RoundedCornerShape::path(const QRectF& rect) const
 {
-    const double w = rect.width();
-    const double h = rect.height();
-    const double r = radius;
-    QPainterPath path(QPointF(w, 0));
+    const double right = rect.width();
+    const double bottom = rect.height();
+    QPainterPath path(QPointF(right, 0));
     const auto corner = [&](RectCorner which, QPointF before, QPointF tip, QPointF after) {
         if (corners.testFlag(which)) {
             path.lineTo(before);
@@ -17,10 +16,10 @@ QPainterPath RoundedCornerShape::path(const QRectF& rect) const
             path.lineTo(tip);
         }
     };
-    corner(RectCorner::topRight, {w - r, 0}, {w, 0}, {w, r});
-    corner(RectCorner::bottomRight, {w, h - r}, {w, h}, {w - r, h});
-    corner(RectCorner::bottomLeft, {r, h}, {0, h}, {0, h - r});
-    corner(RectCorner::topLeft, {0, r}, {0, 0}, {r, 0});
+    corner(RectCorner::topRight, {right - radius, 0}, {right, 0}, {right, radius});
+    corner(RectCorner::bottomRight, {right, bottom - radius}, {right, bottom}, {right - radius, bottom});
+    corner(RectCorner::bottomLeft, {radius, bottom}, {0, bottom}, {0, bottom - radius});
+    corner(RectCorner::topLeft, {0, radius}, {0, 0}, {radius, 0});
     return path;
 }
 

@@ -8,14 +8,14 @@
 
 namespace quor::toolkit {
 
-/// A rectangle of which only some corners are round, as for the first and last of joined buttons.
+/// A rectangle with some round corners, as for the first and the last of joined buttons.
 struct RoundedCornerShape {
     double radius = 0;
     RectCorners corners;
 
-    /// The outline, for filling: its top edge is left to the fill to close. It takes only the size
-    /// of `rect`, so that it always lies at (0, 0) and whoever draws it moves it. A radius above
-    /// half of a side makes corners overlap.
+    /// Returns the outline, for filling: its top edge is open, which a fill closes. Only the size of `rect`
+    /// is used: the outline always lies at (0, 0), and the caller moves it. With a radius above half of a
+    /// side, corners overlap.
     [[nodiscard]] QPainterPath path(const QRectF& rect) const;
 };
 

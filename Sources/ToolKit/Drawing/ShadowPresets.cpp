@@ -14,8 +14,8 @@ namespace {
 
 void applyShadow(QWidget& widget, QPointF offset, double radius)
 {
-    // The radius is the deviation of a bell curve; the effect counts from the edge to where its own
-    // curve has faded. Measured, this factor brings the two closest.
+    // Our radius is a standard deviation; the radius of the effect is the distance at which its blur has
+    // faded. Of all factors this one, found by measuring, makes the two look most alike.
     constexpr double effectPerDeviation = 4;
     auto shadow = std::make_unique<QGraphicsDropShadowEffect>();
     shadow->setColor(QColor::fromRgbF(0, 0, 0, 0.2F));

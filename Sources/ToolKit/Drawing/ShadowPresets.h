@@ -3,20 +3,20 @@
 
 class QWidget;
 
-/// The kit's shadows behind whole widgets. A radius is the deviation of the blur's bell curve, so a
-/// shadow reaches about twice as far.
+/// The kit's shadows of whole widgets. A radius is the standard deviation of the blur, so a shadow reaches
+/// about twice as far.
 ///
-/// A widget bears one graphics effect at most: a shadow replaces what is there. The shadow falls on
-/// what is around the widget within its window. Main thread only.
+/// A widget has at most one graphics effect: a shadow replaces an earlier effect. The shadow is visible
+/// around the widget, within its window. Main thread only.
 namespace quor::toolkit {
 
-/// Black at 0.2, all around, radius 4.
+/// Gives the widget a shadow on all sides: black of alpha 0.2, radius 4.
 void applyLightShadow(QWidget& widget);
 
-/// Black at 0.2, two to the right and five down, radius 8.
+/// Gives the widget a shadow two pixels to the right and five down: black of alpha 0.2, radius 8.
 void applyStrongShadow(QWidget& widget);
 
-/// Takes away a shadow; another effect stays.
+/// Removes the widget's shadow. Another kind of graphics effect stays.
 void removeShadow(QWidget& widget);
 
 } // namespace quor::toolkit

@@ -17,7 +17,7 @@ QBrush stripePattern(const QColor& color, double devicePixelRatio)
     constexpr double lean = 35;
     constexpr double largestRatio = 8;
 
-    // Whole pixels, whatever the ratio, so that the tiles meet.
+    // A tile has whole pixels at any ratio, so that the tiles meet.
     const double ratio = devicePixelRatio > 1 ? std::min(devicePixelRatio, largestRatio) : 1;
     QImage image((tile * ratio).toSize(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);

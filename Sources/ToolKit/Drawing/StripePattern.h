@@ -6,8 +6,9 @@
 
 namespace quor::toolkit {
 
-/// A brush of stripes in `color` on a clear ground, 10 wide and leaning 35 degrees to the right of
-/// upright, repeated every 60 by 50. `devicePixelRatio` is that of what will be painted on.
+/// Returns a brush of stripes in `color` on a clear ground. A stripe is 10 wide and leans 35 degrees to the
+/// right; the pattern repeats every 60 by 50 device-independent pixels. `devicePixelRatio` is the ratio of
+/// the device that the brush will paint on.
 [[nodiscard]] QBrush stripePattern(const QColor& color, double devicePixelRatio = 1);
 
 } // namespace quor::toolkit

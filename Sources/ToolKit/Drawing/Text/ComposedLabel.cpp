@@ -14,7 +14,7 @@ namespace {
 AttributedString icons(
     const QStringList& names, const QColor& tint, const QFont& font, const platform::Bundle& images)
 {
-    // Only the height binds.
+    // Only the height limits the size.
     const QSizeF room(10'000, iconHeight(font));
     AttributedString result;
     for (const auto& name : names) {

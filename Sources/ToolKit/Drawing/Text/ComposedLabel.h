@@ -10,11 +10,11 @@
 
 namespace quor::toolkit {
 
-/// A label of `text` and icons before or behind it, all separated by blanks.
+/// Returns a label of `text` and of icons before or after it, all separated by blanks.
 ///
-/// The icons are `images`' of these names, tinted and sized to suit `font` (see `iconAttachment`);
-/// a name without an image is left out. The label truncates at its end and is aligned to the right
-/// with the icons first, else to the left. Main thread only.
+/// The icons are the images of these names in the bundle `images`, tinted and sized to suit `font` (see
+/// `iconAttachment`); a name without an image is left out. The label truncates at its end. With the icons
+/// first it is aligned to the right, else to the left. Main thread only.
 [[nodiscard]] platform::AttributedString composedLabel(const platform::AttributedString& text,
     const QStringList& imageNames, const QColor& tintColor, const QFont& font, bool imagesFirst,
     const platform::Bundle& images);

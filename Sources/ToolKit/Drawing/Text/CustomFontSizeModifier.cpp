@@ -43,7 +43,7 @@ double proportion(TextStyle style)
 
 double preferredPointSize(TextStyle style)
 {
-    // A general font may be set in pixels; its info knows the points in any case.
+    // The general font may be set in pixels; its info has the size in points in any case.
     return QFontInfo(QGuiApplication::font()).pointSizeF() * proportion(style);
 }
 

@@ -22,19 +22,20 @@ enum class TextStyle {
     caption2
 };
 
-/// The point size of a style: `body` has the user's general font's own, the others theirs in
-/// proportion.
+/// Returns the point size of a style: for `body` that of the user's general font, for the other styles
+/// larger or smaller in proportion.
 [[nodiscard]] double preferredPointSize(TextStyle style);
 
-/// Sets content in the user's general font, sized by its style times a factor.
+/// The user's general font in the size of a text style times a factor.
 struct CustomFontSizeModifier {
     TextStyle style = TextStyle::body;
     QFont::Weight weight = QFont::Normal;
     double sizeFactor = 1;
 
-    /// Kept between 1 and 1000 points; a factor that is not a number gives the smallest.
+    /// Returns the font. Its size is kept between 1 and 1000 points; a factor that is not a number gives 1.
     [[nodiscard]] QFont font() const;
 
+    /// Sets the font of `content`.
     void apply(QWidget& content) const;
 };
 

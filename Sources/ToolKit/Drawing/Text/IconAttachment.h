@@ -9,12 +9,12 @@
 
 namespace quor::toolkit {
 
-/// How high an icon stands in text of this font, in device-independent pixels: somewhat more than a
-/// capital letter, whole.
+/// Returns the height of an icon in text of this font, in whole device-independent pixels: somewhat more
+/// than a capital letter.
 [[nodiscard]] double iconHeight(const QFont& font);
 
-/// `image` in a single colour, keeping its alpha, for a line of text: `iconHeight` high, centred on
-/// the capital letters. A null image gives an attachment without an image or a size.
+/// Returns `image` tinted with `color`, as an attachment for a line of text: `iconHeight` high, centred on
+/// the capital letters. For a null image it returns an attachment without an image or a size.
 [[nodiscard]] platform::TextAttachment iconAttachment(
     const QImage& image, const QColor& color, const QFont& font);
 

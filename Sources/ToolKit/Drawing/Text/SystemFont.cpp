@@ -24,7 +24,7 @@ int wholePixels(double size)
 
 bool hasEqualDigits(const QFont& font)
 {
-    // A run shows hinting and kerning too, which a single digit would not.
+    // The width of a run includes hinting and kerning, that of a single digit would not.
     constexpr int run = 8;
     constexpr double slack = 1.0 / 64; // the resolution of Qt's text measures
     const QFontMetricsF metrics(font);
@@ -60,8 +60,8 @@ QFont systemFont(double size, QFont::Weight weight)
 
 QFont monospacedDigitFont(double size, QFont::Weight weight)
 {
-    // Keyed by the whole font asked for, so that a change of the user's font is seen. The few sizes
-    // and weights in use keep it small.
+    // The key is the whole wanted font, so that a change of the user's font has an effect. Only few sizes
+    // and weights are in use, so the map stays small.
     static QHash<QFont, QFont> chosen;
     const QFont wanted = systemFont(size, weight);
     auto entry = chosen.find(wanted);

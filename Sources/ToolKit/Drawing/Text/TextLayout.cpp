@@ -17,11 +17,11 @@ namespace quor::toolkit {
 
 namespace {
 
-// The widest line that a layout can hold: it counts in 1/64 and multiplies by 4.
+// The widest line that a layout can hold: it measures in 1/64 pixels and multiplies by 4.
 constexpr double widestLine = std::numeric_limits<int>::max() / 256.0;
 
-// Without a document, a layout gives no room to an inline object, but to a letter it does. This one
-// is drawn clear, and letter spacing brings it to the width of the attachment.
+// A layout without a document gives no room to an inline object, but it does to a letter. This letter
+// stands for an attachment: it is drawn clear, and letter spacing gives it the width of the attachment.
 constexpr QChar placeholder(u'x');
 
 std::optional<TextAttachment> attachmentOf(const QTextFormat& format)
@@ -44,8 +44,8 @@ FormattedText prepared(const AttributedString& text, const QFont& font)
 {
     FormattedText result{text.string(), text.runs()};
     result.formats.removeIf([](const AttributedString::Run& run) { return run.format.isEmpty(); });
-    // A layout breaks lines at its own separator only. Positions must stay, so a carriage return
-    // before a line feed becomes something without width.
+    // A layout breaks lines only at its own separator. Positions must not change, so a carriage return
+    // before a line feed becomes a character without width.
     result.text.replace(QStringLiteral("\r\n"), QStringLiteral("\u200B\u2028"));
     for (const QChar mark : {QChar(u'\n'), QChar(u'\r'), QChar(QChar::ParagraphSeparator)})
         result.text.replace(mark, QChar(QChar::LineSeparator));
@@ -83,9 +83,9 @@ TextLayout::TextLayout(const AttributedString& text, const QFont& font, bool wra
     layout_.setText(content.text);
     layout_.setFormats(content.formats);
     layout_.setCacheEnabled(true);
-    // Lines are aligned by hand, since their common width is known only when all are laid out.
+    // `draw` aligns the lines, since their common width is known only after the layout.
     QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-    // As the text runs, whatever the application's language.
+    // The direction follows from the text, not from the application's language.
     option.setTextDirection(Qt::LayoutDirectionAuto);
     option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
     layout_.setTextOption(option);
@@ -94,7 +94,7 @@ TextLayout::TextLayout(const AttributedString& text, const QFont& font, bool wra
 
 void TextLayout::placeLines(double width)
 {
-    // Each call makes a copy, and only the few runs that bear an image count for a line.
+    // `formats` returns a copy, so it is called once. Lines need only the few runs with an image.
     auto images = layout_.formats();
     images.removeIf([](const QTextLayout::FormatRange& run) { return !attachmentOf(run.format); });
     layout_.beginLayout();

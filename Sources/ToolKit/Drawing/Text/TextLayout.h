@@ -15,27 +15,27 @@ class QPainter;
 
 namespace quor::toolkit {
 
-/// An attributed text laid out once, to be measured and drawn.
+/// An attributed text that has been laid out, to be measured and drawn.
 ///
-/// Attachments take their bounds' width in the line and raise it where they are higher. Not
-/// installed: `TextDrawing.h` is the way in. Main thread only.
+/// An attachment takes the width of its bounds in the line, and makes the line higher if needed. Not
+/// installed: use `TextDrawing.h`. Main thread only.
 class TextLayout final {
 public:
-    /// `font` counts where the text bears none. See `TextDrawing.h` for `wraps` and `maxWidth`.
+    /// `font` applies to runs without a font. See `TextDrawing.h` for `wraps` and `maxWidth`.
     TextLayout(const platform::AttributedString& text, const QFont& font, bool wraps, double maxWidth);
     TextLayout(const TextLayout&) = delete;
     TextLayout& operator=(const TextLayout&) = delete;
 
-    /// As measured, not yet rounded.
+    /// The measured size, not rounded, in device-independent pixels.
     [[nodiscard]] QSizeF size() const { return size_; }
 
-    /// Draws with the upper left corner at `origin`, each line aligned within `width`.
+    /// Draws the text with its upper left corner at `origin`, each line aligned within `width`.
     void draw(QPainter& painter, QPointF origin, double width, Qt::AlignmentFlag alignment) const;
 
 private:
     struct PlacedAttachment {
         int line = 0;
-        QRectF rect; // from the layout's origin
+        QRectF rect; ///< relative to the origin of the layout
         QImage image;
     };
 

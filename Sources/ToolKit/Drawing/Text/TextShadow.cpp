@@ -27,7 +27,7 @@ std::vector<double> gaussian(double deviation)
     return weights;
 }
 
-// One pass along rows, with the result transposed, so that two passes blur both ways.
+// Blurs along rows and transposes the result, so that two passes blur in both directions.
 QImage blurredRowsTransposed(const QImage& mask, const std::vector<double>& weights)
 {
     const int radius = static_cast<int>(weights.size() / 2);
@@ -89,7 +89,7 @@ void drawSoftShadow(
     }
     const QRectF target(
         pixels.x() / scale, pixels.y() / scale, pixels.width() / scale, pixels.height() / scale);
-    // A blur of 2 is a bell curve with a deviation of half of it.
+    // The standard deviation of a blur is half of it.
     painter.drawImage(target, shadowOf(picture, color, blur / 2 * scale));
 }
 

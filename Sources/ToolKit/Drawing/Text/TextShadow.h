@@ -11,9 +11,9 @@ class QPainter;
 
 namespace quor::toolkit {
 
-/// The soft shadow, in `color`, of what `draw` draws within `area`: blurred by 2 device-independent
-/// pixels and cast right below. `draw` gets a painter of the same coordinates, pen and font, and
-/// may leave any state behind. Costs no more than what is visible.
+/// Draws the soft shadow, in `color`, of the shapes that `draw` draws within `area`: blurred by 2
+/// device-independent pixels, without an offset. `draw` gets another painter with the same coordinates, pen
+/// and font, and may leave any state behind. Only the visible part of the area costs time.
 void drawSoftShadow(
     QPainter& painter, const QRectF& area, const QColor& color, const std::function<void(QPainter&)>& draw);
 

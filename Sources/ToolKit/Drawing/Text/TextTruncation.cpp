@@ -16,7 +16,7 @@ constexpr QChar ellipsis(0x2026);
 FormattedText slice(const FormattedText& whole, qsizetype from, qsizetype length)
 {
     FormattedText part{whole.text.sliced(from, length), {}};
-    // A text of many lines has many formats, in order.
+    // Formats are in order. A text of many lines has many, so they are not all looked at for each line.
     const auto isBefore
         = [](const auto& format, qsizetype at) { return qsizetype(format.start) + format.length <= at; };
     auto format = std::lower_bound(whole.formats.begin(), whole.formats.end(), from, isBefore);
@@ -48,7 +48,7 @@ double naturalWidth(const FormattedText& line, const QFont& font)
     return only.isValid() ? only.naturalTextWidth() : 0;
 }
 
-// The line with `kept` of its characters, the odd one in front.
+// Returns the line with `kept` of its characters; of an odd number, the larger half is before the ellipsis.
 FormattedText shortened(const FormattedText& line, const std::vector<qsizetype>& ends, std::size_t kept)
 {
     const std::size_t ahead = (kept + 1) / 2;
@@ -80,7 +80,7 @@ FormattedText fittedLine(const FormattedText& line, const QFont& font, double ma
     const auto fits
         = [&](std::size_t kept) { return naturalWidth(shortened(line, ends, kept), font) <= maxWidth; };
     const std::size_t most = std::min(ends.size() - 1, static_cast<std::size_t>(longestMeasurableLine));
-    // Growing first keeps the cost to what is shown, however long the line is.
+    // Doubling first makes the cost depend on the length of the result, not of the line.
     std::size_t kept = 0;
     std::size_t tooMany = 1;
     while (tooMany <= most && fits(tooMany)) {

@@ -14,13 +14,13 @@ struct FormattedText {
     QList<QTextLayout::FormatRange> formats;
 };
 
-/// What is longer, in UTF-16 units, is too wide for the numbers of a layout.
+/// A longer line, in UTF-16 units, can be too wide for the numbers of a layout.
 constexpr qsizetype longestMeasurableLine = 200'000;
 
-/// The text with the middle of each line that is wider than `maxWidth` replaced by an ellipsis, which
-/// takes the attributes of what stands before it. Lines end at QChar::LineSeparator. What is seen as
-/// one character is kept or dropped as one; a width too small even for the ellipsis leaves it alone.
-/// A line that is too long to measure counts as too wide for any width.
+/// Returns the text with an ellipsis in place of the middle of each line that is wider than `maxWidth`. The
+/// ellipsis has the attributes of the character before it. Lines end at QChar::LineSeparator. Characters
+/// are grapheme clusters and are never cut. If not even the ellipsis fits, it is all that remains of the
+/// line. A line above `longestMeasurableLine` is always shortened.
 [[nodiscard]] FormattedText truncatedInMiddle(const FormattedText& text, const QFont& font, double maxWidth);
 
 } // namespace quor::toolkit

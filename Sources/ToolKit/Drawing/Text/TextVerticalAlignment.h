@@ -3,7 +3,7 @@
 
 namespace quor::toolkit {
 
-/// Which of a text's edges, or its middle, stands at the y that it is drawn at.
+/// Which edge of a text, or its middle, stands at the y that it is drawn at.
 enum class TextVerticalAlignment { top, bottom, center };
 
 } // namespace quor::toolkit
