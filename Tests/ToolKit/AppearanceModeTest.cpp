@@ -20,7 +20,7 @@ struct Observer : quor::platform::Trackable {
     void changed(AppearanceMode&, const std::any&) { ++changes; }
 };
 
-TEST(AppearanceMode, TheChoiceCountsForTheApplication)
+TEST(AppearanceMode, TheChoiceAppliesToTheApplication)
 {
     Appearance application;
     AppearanceMode mode(application);
@@ -37,7 +37,7 @@ TEST(AppearanceMode, TheChoiceCountsForTheApplication)
     EXPECT_FALSE(mode.isDark());
 }
 
-TEST(AppearanceMode, TellsOfEveryChoiceAndOfEffectiveChangesUntilItEnds)
+TEST(AppearanceMode, ReportsEveryChoiceAndEffectiveChangesUntilItEnds)
 {
     Appearance application;
     Observer observer;
@@ -57,7 +57,7 @@ TEST(AppearanceMode, TellsOfEveryChoiceAndOfEffectiveChangesUntilItEnds)
     EXPECT_EQ(observer.changes, 3);
 }
 
-TEST(AppearanceMode, OtherThreadsAskThroughTheMainThread)
+TEST(AppearanceMode, OtherThreadsWaitForTheMainThread)
 {
     Appearance application;
     application.setDesktopScheme(ColorScheme::dark);

@@ -33,7 +33,7 @@ TEST(CoreImageFactory, TheKitsImagesAreThere)
     }
 }
 
-TEST(ComposedLabel, PutsTintedIconsOnTheToldSide)
+TEST(ComposedLabel, PutsTintedIconsBeforeOrAfterTheText)
 {
     const QTemporaryDir folder;
     QImage wide(40, 20, QImage::Format_ARGB32);

@@ -54,7 +54,7 @@ TEST(GraphicsContext, ArcsHaveWidthCapsAndFill)
     EXPECT_EQ(quarter(true, Qt::RoundCap), QRectF(50, 50, 30, 30));
 }
 
-TEST(GraphicsContext, DashesAreAsLongAsTold)
+TEST(GraphicsContext, DashesHaveTheGivenLengths)
 {
     Canvas canvas;
     canvas.draw([](QPainter& p) { drawDashedLine(p, Qt::red, {0, 10}, {100, 10}, 4, {10, 5}); });

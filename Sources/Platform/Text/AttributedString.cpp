@@ -89,9 +89,9 @@ QTextCharFormat AttributedString::attributes(qsizetype index) const
 {
     if (index < 0 || index >= length())
         return {};
-    const auto behind = std::upper_bound(
+    const auto next = std::upper_bound(
         runs_.begin(), runs_.end(), index, [](qsizetype at, const Run& run) { return at < run.start; });
-    return std::prev(behind)->format;
+    return std::prev(next)->format;
 }
 
 std::optional<TextAttachment> AttributedString::attachment(qsizetype index) const

@@ -51,10 +51,10 @@ double naturalWidth(const FormattedText& line, const QFont& font)
 // Returns the line with `kept` of its characters; of an odd number, the larger half is before the ellipsis.
 FormattedText shortened(const FormattedText& line, const std::vector<qsizetype>& ends, std::size_t kept)
 {
-    const std::size_t ahead = (kept + 1) / 2;
-    const std::size_t behind = kept / 2;
-    const qsizetype headEnd = ahead == 0 ? 0 : ends[ahead - 1];
-    const qsizetype tailStart = behind == 0 ? line.text.size() : ends[ends.size() - behind - 1];
+    const std::size_t head = (kept + 1) / 2;
+    const std::size_t tail = kept / 2;
+    const qsizetype headEnd = head == 0 ? 0 : ends[head - 1];
+    const qsizetype tailStart = tail == 0 ? line.text.size() : ends[ends.size() - tail - 1];
 
     FormattedText mark = slice(line, headEnd == 0 ? 0 : headEnd - 1, 1);
     mark.text = ellipsis;
