@@ -25,8 +25,8 @@ TEST(Commands, AreRefusedWithAReasonAndAnExitCode)
         {u"start T1"_s, 1, u"already running"_s}, {u"start T2 --ago inf"_s, 2, u"\"inf\""_s},
         {u"stop Meeting"_s, 1, u"is not running"_s}, {u"stop T1 --all"_s, 2, u"--all"_s},
         {u"set singleTimer"_s, 1, u"KEY=VALUE"_s}, {u"set singleTimer=true colour=1"_s, 1, u"\"colour\""_s},
-        {u"set expectedWorkingTime=nan"_s, 1, u"\"nan\""_s}, {u"kill-helper"_s, 1, u"helper is not running"_s},
-        {u"serve"_s, 1, u"already"_s}};
+        {u"set expectedWorkingTime=nan"_s, 1, u"\"nan\""_s},
+        {u"kill-helper"_s, 1, u"helper is not running"_s}, {u"serve"_s, 1, u"already"_s}};
     for (const auto& each : cases) {
         const Result result = quorPeer(each.command);
         EXPECT_EQ(result.exitCode, each.exitCode) << each.command.toStdString();
