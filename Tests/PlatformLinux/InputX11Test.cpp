@@ -14,6 +14,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 using namespace quor::platform;
@@ -24,7 +25,8 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr EventMask all = 30;
+constexpr EventMask allTypes = 30; // a bit for each of the types 1 to 4
+constexpr EventMask presses = 10; // the bits of leftMouseDown and rightMouseDown
 
 bool xdotool(const QString& arguments)
 {
@@ -63,27 +65,31 @@ protected:
     }
     void TearDown() override
     {
-        // A window manager holds the pointer over a click until it has dealt with it. Without the window it
-        // never would.
+        // After a click, a window manager grabs the pointer until it has handled the click. The window must
+        // be there for that.
         xcb_map_window(other.x, other.id);
-        EXPECT_TRUE(waitFor([&] { return other.holdPointer(); }));
+        EXPECT_TRUE(waitFor([&] { return other.grabPointer(); }));
     }
     [[nodiscard]] QPoint middleOfOurs() const
     {
         const auto middle = QPointF(ours.rect().center()) * scale;
-        return other.place(xcb_window_t(ours.winId()), middle.toPoint());
+        return other.onDesktop(xcb_window_t(ours.winId()), middle.toPoint());
     }
     static QString at(QPoint place) { return u"mousemove %1 %2 "_s.arg(place.x()).arg(place.y()); }
     static bool click(QPoint place, int button = 1) { return xdotool(at(place) + u"click %1"_s.arg(button)); }
 
-    // A press on the desktop comes last, and so tells that all before has come.
-    std::vector<InputEvent> globalEventsOf(const QString& arguments)
+    // The events that xdotool causes. After that, and when the pointer is free, a click on the desktop
+    // follows: when it has arrived, all have.
+    std::vector<InputEvent> globalEventsOf(
+        const QString& arguments, const std::function<bool()>& isPointerFree = [] { return true; })
     {
         std::vector<InputEvent> events;
         const auto token
-            = monitors.addGlobalMonitor(all, [&](const auto& event) { events.push_back(event); });
+            = monitors.addGlobalMonitor(allTypes, [&](const auto& event) { events.push_back(event); });
         EXPECT_TRUE(token);
-        EXPECT_TRUE(xdotool(arguments + u" "_s + at(desktop) + u"click 1"_s));
+        EXPECT_TRUE(xdotool(arguments));
+        EXPECT_TRUE(waitFor(isPointerFree));
+        EXPECT_TRUE(click(desktop));
         EXPECT_TRUE(waitFor([&] {
             return !events.empty() && events.back().type == EventType::leftMouseUp
                 && isAt(desktop, events.back());
@@ -115,7 +121,7 @@ protected:
 
 } // namespace
 
-TEST_F(InputX11Test, GlobalMonitorsSeeWhatGoesToOthersAlone)
+TEST_F(InputX11Test, GlobalMonitorsSeeOnlyWhatOtherApplicationsGet)
 {
     using enum EventType;
     const auto us = middleOfOurs(), them = other.middle();
@@ -131,7 +137,8 @@ TEST_F(InputX11Test, GlobalMonitorsSeeWhatGoesToOthersAlone)
         EXPECT_EQ(typesOf(globalEventsOf(each.what)), each.seen) << qPrintable(each.what);
 
     std::vector<InputEvent> dragged;
-    const auto token = monitors.addGlobalMonitor(all, [&](const auto& event) { dragged.push_back(event); });
+    const auto token
+        = monitors.addGlobalMonitor(allTypes, [&](const auto& event) { dragged.push_back(event); });
     EXPECT_TRUE(xdotool(at(them) + u"keydown shift mousedown 1"_s));
     ASSERT_TRUE(waitFor([&] { return !dragged.empty(); }));
     EXPECT_TRUE(isAt(them, dragged[0]));
@@ -146,27 +153,26 @@ TEST_F(InputX11Test, GlobalMonitorsSeeWhatGoesToOthersAlone)
     menu.addAction(u"a"_s);
     menu.popup({300, 300});
     ASSERT_TRUE(waitFor([&] { return menu.windowHandle() && menu.windowHandle()->isExposed(); }));
-    EXPECT_THAT(globalEventsOf(at(them) + u"click 1"_s), IsEmpty()) << "the menu closes by it";
-    EXPECT_TRUE(waitFor([&] { return other.holdPointer(); }));
+    const auto isMenuClosed = [&] { return other.grabPointer(); };
+    EXPECT_THAT(globalEventsOf(at(them) + u"click 1"_s, isMenuClosed), IsEmpty()) << "it closes the menu";
     EXPECT_EQ(globalEventsOf(at(them) + u"click 1"_s).size(), 2U);
 }
 
-TEST_F(InputX11Test, ButtonsAreThoseThatTheUserHasChosen)
+TEST_F(InputX11Test, GlobalMonitorsFollowTheUsersMappingOfButtons)
 {
     const std::uint8_t exchanged[]{3, 2, 1}, usual[]{1, 2, 3};
     const auto map = [&](const std::uint8_t* three) {
-        auto* now = xcb_get_pointer_mapping_reply(other.x, xcb_get_pointer_mapping(other.x), nullptr);
-        auto* buttons = xcb_get_pointer_mapping_map(now);
+        const auto now
+            = x11Reply(xcb_get_pointer_mapping_reply(other.x, xcb_get_pointer_mapping(other.x), nullptr));
+        auto* buttons = xcb_get_pointer_mapping_map(now.get());
         std::copy_n(three, 3, buttons);
-        auto* reply = xcb_set_pointer_mapping_reply(
-            other.x, xcb_set_pointer_mapping(other.x, now->map_len, buttons), nullptr);
-        const bool isMapped = reply->status == XCB_MAPPING_STATUS_SUCCESS; // not while a button is down
-        free(reply);
-        free(now);
-        return isMapped;
+        const auto reply = x11Reply(xcb_set_pointer_mapping_reply(
+            other.x, xcb_set_pointer_mapping(other.x, now->map_len, buttons), nullptr));
+        return reply->status == XCB_MAPPING_STATUS_SUCCESS; // refused while a button is down
     };
     std::vector<EventType> types;
-    const auto token = monitors.addGlobalMonitor(10, [&](const auto& event) { types.push_back(event.type); });
+    const auto token
+        = monitors.addGlobalMonitor(presses, [&](const auto& event) { types.push_back(event.type); });
     EXPECT_TRUE(waitFor([&] { return map(exchanged); }));
     click(other.middle(), 1);
     EXPECT_TRUE(waitFor([&] { return types.size() == 1; }));
@@ -175,18 +181,18 @@ TEST_F(InputX11Test, ButtonsAreThoseThatTheUserHasChosen)
     EXPECT_THAT(types, ElementsAre(EventType::rightMouseDown));
 }
 
-TEST_F(InputX11Test, GlobalHandlersMayEndMonitorsAndAllOfThem)
+TEST_F(InputX11Test, GlobalHandlersMayRemoveMonitorsAndDestroyTheirObject)
 {
     auto mine = std::make_unique<X11EventMonitors>();
     QStringList calls;
     std::optional<EventMonitors::Token> first, second;
-    first = mine->addGlobalMonitor(10, [&](const auto&) {
+    first = mine->addGlobalMonitor(presses, [&](const auto&) {
         calls += u"first"_s;
         mine->removeMonitor(*second);
         mine->removeMonitor(*first);
     });
-    second = mine->addGlobalMonitor(10, [&](const auto&) { calls += u"second"_s; });
-    const auto last = mine->addGlobalMonitor(10, [&](const auto&) {
+    second = mine->addGlobalMonitor(presses, [&](const auto&) { calls += u"second"_s; });
+    const auto last = mine->addGlobalMonitor(presses, [&](const auto&) {
         calls += u"last"_s;
         if (calls.size() == 3)
             mine.reset();
@@ -201,21 +207,21 @@ TEST_F(InputX11Test, GlobalHandlersMayEndMonitorsAndAllOfThem)
 
 TEST_F(InputX11Test, LocalMonitorsSeeEachEventOnceAndSwallowClicksWhole)
 {
-    int presses = 0;
-    const auto token = monitors.addLocalMonitor(10, [&](const InputEvent& event) {
-        ++presses;
+    int count = 0;
+    const auto token = monitors.addLocalMonitor(presses, [&](const InputEvent& event) {
+        ++count;
         EXPECT_EQ(event.window, ours.windowHandle());
         EXPECT_TRUE(isAt(middleOfOurs(), event));
         return std::nullopt;
     });
     ours.setText(u"word"_s);
     xdotool(at(middleOfOurs()) + u"click --repeat 2 1"_s);
-    EXPECT_TRUE(waitFor([&] { return presses == 2; }));
+    EXPECT_TRUE(waitFor([&] { return count == 2; }));
     monitors.removeMonitor(*token);
     EXPECT_EQ(ours.selectedText(), QString()) << "a double click selects";
     xdotool(at(desktop) + u"click 1 "_s + at(middleOfOurs()) + u"click --repeat 2 1"_s);
     EXPECT_TRUE(waitFor([&] { return ours.selectedText() == u"word"_s; }));
-    EXPECT_EQ(presses, 2);
+    EXPECT_EQ(count, 2);
 }
 
 TEST_F(InputX11Test, TheKeyboardIsTakenAndGivenBack)
@@ -245,7 +251,7 @@ TEST_F(InputX11Test, TheKeyboardIsTakenAndGivenBack)
     }
 }
 
-TEST_F(InputX11Test, WindowsThatHaveGoneAreBorne)
+TEST_F(InputX11Test, ActivatingWindowsThatAreGoneHasNoEffect)
 {
     RunningApplication gone;
     {

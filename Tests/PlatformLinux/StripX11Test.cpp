@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Linux/Strip/Strip.h"
+
+#include "Platform/Linux/X11/X11Connection.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/StatusBar.h"
 #include "Platform/Views/StatusBarButton.h"
@@ -13,11 +15,8 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <cstdlib>
 #include <memory>
 #include <vector>
-
-#include <xcb/xcb.h>
 
 using namespace Qt::StringLiterals;
 using namespace quor::platform;
@@ -40,33 +39,19 @@ struct PressCounter final : QObject {
 // All in device pixels, as the X server has them.
 class StripX11Test : public testing::Test {
 protected:
-    template <typename Reply>
-    static std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
-    {
-        return {reply, std::free};
-    }
-    [[nodiscard]] std::vector<std::uint32_t> cardinals(xcb_window_t window, QByteArrayView name) const
-    {
-        const auto atom = owned(xcb_intern_atom_reply(
-            x, xcb_intern_atom(x, 0, std::uint16_t(name.size()), name.data()), nullptr));
-        const auto reply = owned(xcb_get_property_reply(
-            x, xcb_get_property(x, 0, window, atom->atom, XCB_ATOM_ANY, 0, 64), nullptr));
-        const auto* values = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-        return {values, values + xcb_get_property_value_length(reply.get()) / 4};
-    }
     [[nodiscard]] QRect frame() const
     {
         const auto id = windowId();
-        const auto geometry = owned(xcb_get_geometry_reply(x, xcb_get_geometry(x, id), nullptr));
-        const auto origin = owned(
+        const auto geometry = x11Reply(xcb_get_geometry_reply(x, xcb_get_geometry(x, id), nullptr));
+        const auto origin = x11Reply(
             xcb_translate_coordinates_reply(x, xcb_translate_coordinates(x, id, root->root, 0, 0), nullptr));
         return {origin->dst_x, origin->dst_y, geometry->width, geometry->height};
     }
     [[nodiscard]] xcb_window_t windowId() const { return xcb_window_t(item->button().window()->winId()); }
 
-    xcb_connection_t* x = qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
+    xcb_connection_t* x = x11Connection();
     const xcb_screen_t* root = xcb_setup_roots_iterator(xcb_get_setup(x)).data;
-    const bool hasWindowManager = !cardinals(root->root, "_NET_SUPPORTING_WM_CHECK").empty();
+    const bool hasWindowManager = !x11Values(x, root->root, "_NET_SUPPORTING_WM_CHECK").empty();
     const double scale = qApp->devicePixelRatio();
     const int height = int(std::lround(22 * scale));
     const int lastColumn = root->width_in_pixels - 1;
@@ -110,14 +95,14 @@ TEST_F(StripX11Test, ReservesItsHeightOnEveryDesktopEvenWhenShownAgainAtOnce)
     item.reset();
     item = bar.statusItem(50);
     const auto top = std::uint32_t(height), end = std::uint32_t(lastColumn);
-    EXPECT_THAT(cardinals(windowId(), "_NET_WM_STRUT"), ElementsAre(0, 0, top, 0));
-    EXPECT_THAT(cardinals(windowId(), "_NET_WM_STRUT_PARTIAL"),
+    EXPECT_THAT(x11Values(x, windowId(), "_NET_WM_STRUT"), ElementsAre(0, 0, top, 0));
+    EXPECT_THAT(x11Values(x, windowId(), "_NET_WM_STRUT_PARTIAL"),
         ElementsAre(0, 0, top, 0, 0, 0, 0, 0, 0, AnyOf(end, end - 1), 0, 0));
-    EXPECT_TRUE(waitFor([&] { return cardinals(windowId(), "_NET_WM_DESKTOP") == std::vector{~0U}; }));
+    EXPECT_TRUE(waitFor([&] { return x11Values(x, windowId(), "_NET_WM_DESKTOP") == std::vector{~0U}; }));
     if (!hasWindowManager)
         return;
     const auto freeFrom = [&](std::uint32_t row) {
-        const auto area = cardinals(root->root, "_NET_WORKAREA");
+        const auto area = x11Values(x, root->root, "_NET_WORKAREA");
         return area.size() >= 4 && area[1] == row;
     };
     EXPECT_TRUE(waitFor([&] { return freeFrom(top); }));
@@ -128,7 +113,7 @@ TEST_F(StripX11Test, ReservesItsHeightOnEveryDesktopEvenWhenShownAgainAtOnce)
 TEST_F(StripX11Test, IsPressedInItsCornersAndTakesNoFocus)
 {
     const auto focus
-        = [&] { return owned(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr))->focus; };
+        = [&] { return x11Reply(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr))->focus; };
     QWidget other;
     other.setGeometry(10, 100, 100, 100);
     other.show();

@@ -7,7 +7,7 @@
 
 namespace quor::test {
 
-/// Puts `content` into the file at `path`, in folders made where missing. False if it could not.
+/// Writes `content` to the file at `path`, creating missing folders. Returns false on failure.
 inline bool writeFile(const QString& path, const QByteArray& content)
 {
     QFile file(path);
@@ -15,7 +15,7 @@ inline bool writeFile(const QString& path, const QByteArray& content)
         && file.write(content) == content.size();
 }
 
-/// What the file at `path` holds, "none" if it cannot be read.
+/// Returns the content of the file at `path`, or "none" if it cannot be read.
 inline QByteArray readFile(const QString& path)
 {
     QFile file(path);

@@ -8,27 +8,26 @@
 
 namespace quor::test {
 
-/// The desktop's settings portal as far as it tells of light and dark, in place of the real one, which
-/// needs a whole desktop. Serves from its own connection to the session bus.
+/// Replaces the desktop's settings portal, with a single setting. Has its own connection to the session bus.
 class SettingsPortal final : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    /// What `color-scheme` tells.
+    /// The values of the setting `color-scheme`.
     enum ColorScheme : uint { noPreference, preferDark, preferLight };
 
-    /// Answers with `value`, whatever the question.
+    /// Answers with `value` for each setting.
     explicit SettingsPortal(QVariant value);
 
-    /// Whether the portal's name on the bus is this one's.
+    /// False if another process is the portal, or if there is no bus.
     [[nodiscard]] bool isServing() const { return serving_; }
 
-    /// Answers with `value` from now on and tells that the setting `key` of the appearance changed.
+    /// Answers with `value` from now on, and reports a change of the setting `key` of the appearance.
     void change(const QString& key, const QVariant& value);
 
 public Q_SLOTS:
-    /// Portals wrap twice what they read.
+    /// Wraps the value in two variants, as portals do.
     Q_SCRIPTABLE QDBusVariant Read(const QString& group, const QString& key) const;
 
 private:

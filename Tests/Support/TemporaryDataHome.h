@@ -5,7 +5,7 @@
 
 namespace quor::test {
 
-/// Puts the user's data folder into a fresh temporary one for as long as it lives.
+/// Sets XDG_DATA_HOME to an empty temporary folder, and restores it in the destructor.
 class TemporaryDataHome final {
 public:
     TemporaryDataHome() { qputenv("XDG_DATA_HOME", folder_.path().toUtf8()); }

@@ -5,7 +5,7 @@
 
 namespace quor::test {
 
-/// A clock that stands until the test moves it.
+/// A clock whose time changes only when the test changes it.
 class TestClock final : public platform::Clock {
 public:
     explicit TestClock(double seconds = 1'700'000'000)

@@ -8,7 +8,7 @@
 
 namespace quor::test {
 
-/// Input that a test makes up: it reaches the monitors that are installed, and no window.
+/// Monitors of input that a test invents. It reaches the monitors, but no window.
 class TestEventMonitors final : public platform::EventMonitors {
 public:
     [[nodiscard]] std::optional<Token> addGlobalMonitor(
@@ -27,7 +27,7 @@ public:
         local.erase(token);
     }
 
-    /// As if it went to another application.
+    /// Passes an event for another application to the global monitors.
     void fireGlobal(const platform::InputEvent& event)
     {
         const auto then = global;
@@ -37,7 +37,7 @@ public:
         }
     }
 
-    /// As if it went to one of our windows, which gets it unless the result is false.
+    /// Passes an event for this application to the local monitors. Returns false if one swallows it.
     bool fireLocal(platform::InputEvent event)
     {
         const auto then = local;

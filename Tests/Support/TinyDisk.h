@@ -11,8 +11,8 @@
 
 namespace quor::test {
 
-/// Puts a disk of 64 KiB over a folder, in a child process of one thread. Any user may do so within
-/// namespaces of this process alone, where the system allows them.
+/// Mounts a file system of 64 KiB on a folder, in namespaces of this process. The process must have a single
+/// thread, for instance after a fork. Returns false if the system does not allow users such namespaces.
 inline bool mountTinyDisk(const QString& folder)
 {
     const auto say = [](const QString& name, const QByteArray& text) {

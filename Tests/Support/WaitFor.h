@@ -9,7 +9,7 @@
 
 namespace quor::test {
 
-/// Turns the event loop until `condition` holds; its last answer if it does not within `limit`.
+/// Runs the event loop until `condition` returns true. Returns false if it does not within `limit`.
 inline bool waitFor(
     const std::function<bool()>& condition, std::chrono::milliseconds limit = std::chrono::seconds(5))
 {

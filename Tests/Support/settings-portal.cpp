@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Makes the desktop at hand a light or a dark one: reads lines of "light" or "dark" until its input ends.
+// Switches the desktop between light and dark: reads lines of "light" or "dark" until its input ends.
 #include "Support/SettingsPortal.h"
 
 #include <QCoreApplication>
@@ -26,7 +26,7 @@ int main(int argc, char** argv)
         const auto count = ::read(STDIN_FILENO, bytes.data(), bytes.size());
         if (count <= 0)
             return QCoreApplication::quit();
-        // Lines that come together count as the last of them.
+        // Of several lines that arrive together, only the last one is used.
         const auto lines = QByteArray(bytes.data(), count).trimmed().split('\n');
         const bool dark = lines.back() == "dark";
         portal.change(QStringLiteral("color-scheme"),

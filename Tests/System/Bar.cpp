@@ -15,7 +15,8 @@ namespace quor::test {
 namespace {
 
 constexpr int thickness = 22;
-// Longer than the window manager and the X server take to put a change on the screen.
+// A picture that stays the same for this long is complete: the window manager and the X server need less time
+// to show a change.
 constexpr std::chrono::milliseconds rest(250);
 
 } // namespace
@@ -34,8 +35,8 @@ QImage shownItem()
 
 int countOf(const QColor& color, const QImage& picture)
 {
-    constexpr int hair = 12;
-    const auto near = [](int a, int b) { return std::abs(a - b) <= hair; };
+    constexpr int tolerance = 12;
+    const auto near = [](int one, int other) { return std::abs(one - other) <= tolerance; };
     int count = 0;
     for (int y = 0; y < picture.height(); ++y) {
         for (int x = 0; x < picture.width(); ++x) {

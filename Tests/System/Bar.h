@@ -8,19 +8,19 @@
 
 namespace quor::test {
 
-/// What stands at the right end of the bar on the screen, pixel for pixel; null while there is none.
-/// The screen behind it is black, the bar is not.
+/// Returns a picture of the bar at the top right corner of the screen, or a null picture if there is none.
+/// The bar is recognized by its colour: the screen around it is black.
 [[nodiscard]] QImage shownItem();
 
-/// How many pixels of the picture come within a hair of that colour.
+/// Returns how many pixels of the picture have nearly this colour.
 [[nodiscard]] int countOf(const QColor& color, const QImage& picture);
 
-/// Turns the event loop until the bar shows something else than `before`, and that has come to rest;
-/// returns it, or a null picture if the bar does not change within `limit`.
+/// Runs the event loop until `shownItem` differs from `before` and no longer changes, and returns it. Returns
+/// a null picture if that does not happen within `limit`.
 [[nodiscard]] QImage nextItem(
     const QImage& before, std::chrono::milliseconds limit = std::chrono::seconds(10));
 
-/// Turns the event loop until the bar shows exactly this; false if it does not.
+/// Runs the event loop until `shownItem` equals `item`. Returns false if it does not within five seconds.
 [[nodiscard]] bool shows(const QImage& item);
 
 } // namespace quor::test

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the helper shows for what is published, good and bad.
+// What the helper shows for well-formed and malformed records.
 #include "Support/TemporaryDataHome.h"
 #include "Support/WaitFor.h"
 #include "System/Bar.h"
@@ -24,7 +24,7 @@ const QColor blueOnScreen(0x44, 0x65, 0xF9);
 
 class Exchange : public testing::Test {
 protected:
-    /// Started late, so that a test can prepare what the helper finds.
+    /// Not called by the fixture, so that a test can prepare what the helper finds.
     void startHelper()
     {
         helper = std::make_unique<Program>(QStringLiteral("quor-menubar-helper"));
@@ -33,7 +33,7 @@ protected:
         ASSERT_FALSE(bare.isNull());
     }
 
-    /// The helper has handled all posts so far once it has put `none` in the place of this request.
+    /// Waits until the helper has handled all posts so far: it replaces this request by `none`.
     bool allHandled()
     {
         publisher.request({GroupStorage::Action::RequestMenuEntries{}});
@@ -44,7 +44,7 @@ protected:
     TemporaryDataHome home;
     Publisher publisher;
     std::unique_ptr<Program> helper;
-    QImage bare; ///< the item before anything was published
+    QImage bare; ///< The item before anything was published.
 };
 
 TEST_F(Exchange, ShowsNothingUntilToldThenWhatIsPublishedLast)
@@ -118,7 +118,7 @@ TEST_F(Exchange, AStormEndsWithTheLastStateAndLeavesMemoryFlat)
         publisher.publish(totalOf(60));
         return allHandled();
     };
-    ASSERT_TRUE(storm(10'000)); // what waits in line takes memory that is kept for the next time
+    ASSERT_TRUE(storm(10'000)); // memory for waiting posts is allocated now and reused below
     [[maybe_unused]] const long before = helper->privateMemory();
     ASSERT_TRUE(storm(10'000));
 #ifndef __SANITIZE_ADDRESS__ // which keeps aside what was freed

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The ways in which the helper ends, or does not begin.
+// When the helper ends or refuses to start.
 #include "Support/TemporaryDataHome.h"
 #include "Support/WaitFor.h"
 #include "System/Bar.h"

@@ -1,19 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "System/Menu.h"
 
+#include "Platform/Linux/X11/X11Connection.h"
 #include "Support/WaitFor.h"
-
-#include <QGuiApplication>
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <memory>
-
-#include <xcb/xcb.h>
-
 using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
+using quor::platform::x11Connection;
+using quor::platform::x11Reply;
+using quor::platform::x11Root;
 
 namespace quor::test {
 
@@ -21,51 +18,30 @@ namespace {
 
 constexpr std::chrono::milliseconds limit = 15s;
 
-template <typename Reply>
-std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
-{
-    return {reply, std::free};
-}
-
-xcb_connection_t* connection()
-{
-    return qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
-}
-
-xcb_window_t root()
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
-}
-
 qint64 processOf(xcb_window_t window)
 {
-    auto* const x = connection();
-    static const auto pid
-        = owned(xcb_intern_atom_reply(x, xcb_intern_atom(x, 0, 11, "_NET_WM_PID"), nullptr));
-    const auto reply = owned(xcb_get_property_reply(
-        x, xcb_get_property(x, 0, window, pid->atom, XCB_ATOM_CARDINAL, 0, 1), nullptr));
-    return reply && xcb_get_property_value_length(reply.get()) == 4
-        ? *static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()))
-        : 0;
+    const auto pid = platform::x11Values(x11Connection(), window, "_NET_WM_PID");
+    return pid.empty() ? 0 : pid[0];
 }
 
-/// Windows come and go while they are asked about: what has gone is passed over.
+// The frame of the first visible window of the process that is not at the upper edge of the screen. Skips
+// windows that are destroyed meanwhile.
 QRect menuBelow(xcb_window_t parent, qint64 pid)
 {
-    auto* const x = connection();
-    const auto tree = owned(xcb_query_tree_reply(x, xcb_query_tree(x, parent), nullptr));
+    auto* const x = x11Connection();
+    const auto tree = x11Reply(xcb_query_tree_reply(x, xcb_query_tree(x, parent), nullptr));
     if (!tree)
         return {};
     const auto* const children = xcb_query_tree_children(tree.get());
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i) {
         const xcb_window_t window = children[i];
         const auto attributes
-            = owned(xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
+            = x11Reply(xcb_get_window_attributes_reply(x, xcb_get_window_attributes(x, window), nullptr));
         if (!attributes || attributes->map_state != XCB_MAP_STATE_VIEWABLE)
             continue;
-        const auto size = owned(xcb_get_geometry_reply(x, xcb_get_geometry(x, window), nullptr));
-        const auto origin = owned(
-            xcb_translate_coordinates_reply(x, xcb_translate_coordinates(x, window, root(), 0, 0), nullptr));
+        const auto size = x11Reply(xcb_get_geometry_reply(x, xcb_get_geometry(x, window), nullptr));
+        const auto origin = x11Reply(xcb_translate_coordinates_reply(
+            x, xcb_translate_coordinates(x, window, x11Root(x), 0, 0), nullptr));
         if (size && origin && origin->dst_y > 0 && pid != 0 && processOf(window) == pid)
             return {origin->dst_x, origin->dst_y, size->width, size->height};
         if (const QRect deeper = menuBelow(window, pid); !deeper.isNull())
@@ -84,7 +60,7 @@ Menu::Menu(ScreenReader& reader, const Program& helper)
 
 QRect Menu::frame() const
 {
-    return menuBelow(root(), helper_.pid());
+    return menuBelow(x11Root(x11Connection()), helper_.pid());
 }
 
 bool Menu::opens() const
@@ -185,8 +161,8 @@ bool TypingWindow::takes(const QString& typed)
 
 bool hasFocus(qint64 pid)
 {
-    auto* const x = connection();
-    const auto focus = owned(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr));
+    auto* const x = x11Connection();
+    const auto focus = x11Reply(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr));
     return focus && processOf(focus->focus) == pid;
 }
 

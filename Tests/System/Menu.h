@@ -8,25 +8,26 @@
 
 namespace quor::test {
 
-/// The helper's menu as it stands on the screen: its window by the X server's word, what is in it by
-/// what a screen reader is told. All waiting turns the event loop, and gives up after some seconds.
+/// The helper's menu as users see it: its window as the X server reports it, its content as a screen reader
+/// gets it. Functions that wait run the event loop, and return false after 15 seconds.
 class Menu final {
 public:
     Menu(ScreenReader& reader, const Program& helper);
 
-    /// Where its window is, in device pixels; null while there is none on the screen.
+    /// The frame of its window in device pixels; null while it is not on the screen.
     [[nodiscard]] QRect frame() const;
-    [[nodiscard]] bool opens() const;
-    [[nodiscard]] bool closes() const;
+    [[nodiscard]] bool opens() const; ///< Waits until the window is on the screen.
+    [[nodiscard]] bool closes() const; ///< Waits until the window is not on the screen.
 
-    /// The thing of that name, or the one that many further below; none if there are fewer.
+    /// Returns what has this name after `further` others of the name, or `nullopt` if it is not shown.
     [[nodiscard]] std::optional<ScreenReader::Thing> find(const QString& name, int further = 0) const;
+    /// Waits until `find` finds the name.
     [[nodiscard]] bool shows(const QString& name) const;
-    /// Waits until the row, and no other, is selected.
+    /// Waits until the row with this name is the only selected one.
     [[nodiscard]] bool selects(const QString& name) const;
-    /// Goes there with the pointer and waits until it is selected.
+    /// Waits until the name is shown, moves the pointer there, and waits until it is selected.
     [[nodiscard]] bool hover(const QString& name) const;
-    /// Waits for the thing, goes there with the pointer and clicks; false if it does not come.
+    /// Waits until `find` finds the name, moves the pointer there and clicks.
     [[nodiscard]] bool click(const QString& name, int further = 0) const;
 
 private:
@@ -36,19 +37,20 @@ private:
     const Program& helper_;
 };
 
-/// A window of another program, which has the focus as it begins.
+/// A window of another program, into which the user types. It gets the focus when it is created.
 class TypingWindow final {
 public:
     explicit TypingWindow(QPoint place = {0, 300});
 
+    /// Gives it the focus and waits until it is active.
     [[nodiscard]] bool takesFocus();
     [[nodiscard]] bool isActive();
-    [[nodiscard]] QString text(); ///< what was typed into it
-    /// Waits for the focus, then types there; false unless exactly that comes after what was there.
+    [[nodiscard]] QString text(); ///< All text that was typed into it.
+    /// Waits until it is active, then types. Returns whether exactly `text` is added to its text.
     [[nodiscard]] bool takes(const QString& text);
     [[nodiscard]] qint64 pid() const { return program_.pid(); }
 
-    const QPoint middle; ///< of the window, on the screen
+    const QPoint middle; ///< The middle of the window on the screen.
 
 private:
     [[nodiscard]] QString last(const QString& inLine);
@@ -59,7 +61,8 @@ private:
 /// Whether a window of the process has the X input focus.
 [[nodiscard]] bool hasFocus(qint64 pid);
 
-/// Runs xdotool with these arguments, parted by blanks, to its end.
+/// Runs xdotool with these arguments, separated by spaces, and waits for its end. Adds a failure to the test
+/// if xdotool fails.
 void xdotool(const QString& arguments);
 
 } // namespace quor::test

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Main applications that answer badly, and what else may come in the menu's way.
+// How the menu copes with faulty main applications and with events from outside.
 #include "System/MenuFixture.h"
 
 #include <QWidget>

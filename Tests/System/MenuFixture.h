@@ -13,7 +13,8 @@
 
 namespace quor::test {
 
-/// The helper on a desktop where somebody types into another program, the test as main application.
+/// A desktop with the helper and another program, into which the user types. The test is the main
+/// application.
 class MenuFixture : public testing::Test {
 protected:
     using Action = GroupStorage::Action;
@@ -69,7 +70,7 @@ protected:
     {
         return waitFor([&] { return storage().action() == action; }, std::chrono::seconds(15));
     }
-    /// Whether the helper has asked for rows since the last answer; the slot is taken as read.
+    /// Waits until the helper has requested rows, and clears the request.
     [[nodiscard]] bool isAsked() const
     {
         const bool asked = holds({Action::RequestMenuEntries{}});
@@ -81,7 +82,8 @@ protected:
         storage().setMenuEntryData(rows);
         publisher.request({Action::RequestMenuEntries{}});
     }
-    /// A click on the screen's corner, which is the status item's: 1 is the left button, 3 the right one.
+    /// Clicks into the top right corner of the screen, which belongs to the status item. Button 1 is the left
+    /// one, 3 the right one.
     static void clickItem(int button = 1)
     {
         xdotool(QStringLiteral("mousemove 1279 0 click %1").arg(button));

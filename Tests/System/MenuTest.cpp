@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the menu does at each click and key, and who has the focus then.
+// How the menu reacts to clicks and keys, and which window has the focus afterwards.
 #include "System/MenuFixture.h"
 
 #include <QSet>
@@ -15,10 +15,10 @@ namespace {
 class MenuFocus : public MenuFixture { };
 class MenuKeys : public MenuFixture { };
 
-/// How the menu may open, and close.
+/// A way to open or close the menu.
 struct Way {
     const char* what;
-    const char* xdotool; ///< none: the main application asks
+    const char* xdotool; ///< Null if the main application requests it.
 };
 
 TEST_F(MenuFocus, ComesAndGoesHoweverTheMenuOpensAndCloses)
@@ -57,9 +57,9 @@ TEST_F(MenuFocus, IsGivenBackByAChoiceUnlessTheMainApplicationComesToTheFront)
 {
     struct Choice {
         QString thing;
-        QString keys; ///< that do the same; none where it takes the pointer
+        QString keys; ///< The keys that do the same; empty if only the pointer can.
         Action action;
-        int further; ///< things of that name before
+        int further; ///< As in `Menu::click`.
         enum { stays, closes, givesBack } then;
     };
     const Choice choices[]{
@@ -103,7 +103,7 @@ TEST_F(MenuFocus, IsGivenBackByAChoiceUnlessTheMainApplicationComesToTheFront)
                 EXPECT_TRUE(typing.takes(u"x"_s));
                 continue;
             }
-            if (!hasWindowManager) { // which would look for somebody to have the focus
+            if (!hasWindowManager) { // a window manager gives the focus to a window of its choice
                 EXPECT_FALSE(hasFocus(typing.pid()));
             }
             ASSERT_TRUE(typing.takesFocus());
@@ -127,7 +127,7 @@ TEST_F(MenuFocus, TextTypedAtOnceIsSearchedForHoweverLateTheRows)
 {
     startHelper();
     clickItem();
-    ASSERT_TRUE(isAsked()); // the click has arrived, the rows have not
+    ASSERT_TRUE(isAsked()); // so the click has arrived; the rows have not
     xdotool(u"type --delay 1 Desi"_s);
     answer(someRows());
     xdotool(u"type --delay 1 GN"_s);
@@ -202,7 +202,7 @@ TEST_F(MenuKeys, AClickThatMovesTheItemOpensNothing)
     EXPECT_EQ(publisher.posts, before + 1);
 }
 
-/// The whole road with the small main application.
+/// The helper with the example's main application.
 class MenuAndPeer : public testing::Test {
 protected:
     MenuAndPeer()
@@ -214,7 +214,7 @@ protected:
         peer({u"add"_s, u"Design"_s, u"Planning"_s, u"Review"_s});
         EXPECT_FALSE(nextItem({}).isNull());
     }
-    /// "Design 00:31" for each timer that runs, minutes and not seconds.
+    /// The running timers, in hours and minutes: "Design 00:31, Review 00:05".
     static QString running()
     {
         QStringList timers;

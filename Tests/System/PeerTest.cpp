@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The helper and the small main application, each a process of its own, and nothing else.
+// The helper and the example's main application as two processes.
 #include "Support/TemporaryDataHome.h"
 #include "Support/WaitFor.h"
 #include "System/Bar.h"

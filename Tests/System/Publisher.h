@@ -10,7 +10,7 @@
 
 namespace quor::test {
 
-/// The main application's side of the exchange in the test's own hands, bad bytes included.
+/// The main application's side of the exchange. It can also publish malformed bytes.
 class Publisher final {
 public:
     Publisher()
@@ -41,7 +41,7 @@ public:
     platform::SessionBus bus;
     platform::DBusNotificationCenter center;
     InterAppCommBridge bridge;
-    int posts = 0; ///< of `updatedMain` so far
+    int posts = 0; ///< How many posts of `updatedMain` have arrived.
     platform::DistributedNotificationCenter::ObserverToken observer;
 };
 

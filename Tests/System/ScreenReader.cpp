@@ -51,7 +51,7 @@ QString pathIn(const QVariant& reference)
 
 ScreenReader::ScreenReader()
 {
-    // Inherited by the programs. Without it they would ask whether to answer, and wait for it.
+    // Inherited by the programs. Without it, they would ask the bus whether to be accessible, and wait.
     qputenv("QT_LINUX_ACCESSIBILITY_ALWAYS_ON", "1");
     bus_.connection().registerObject(u"/org/a11y/bus"_s, this, QDBusConnection::ExportScriptableSlots);
     EXPECT_EQ(bus_.claim(u"org.a11y.Bus"_s), platform::SessionBus::Claim::claimed);
@@ -82,7 +82,7 @@ std::vector<ScreenReader::Thing> ScreenReader::read(qint64 pid)
     auto* names = bus_.connection().interface();
     if (program_.isEmpty() || names->servicePid(program_) != pid) {
         const QStringList all = names->registeredServiceNames();
-        // One of the program's connections answers.
+        // The program can have several connections. Only one serves assistive programs.
         const auto found = std::find_if(all.begin(), all.end(), [&](const QString& name) {
             program_ = name;
             return name.startsWith(u':') && names->servicePid(name) == pid

@@ -10,10 +10,10 @@
 
 namespace quor::test {
 
-/// Reads what is in the windows of a program, as screen readers do: by name and place, over the session
-/// bus, which stands in for the one that assistive programs have on a whole desktop.
+/// Reads the names and frames of what a program shows, as screen readers do. The session bus replaces the
+/// separate bus that desktops have for assistive programs.
 ///
-/// To be there before the program starts.
+/// Create it before the program starts.
 class ScreenReader final : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.a11y.Bus")
@@ -21,14 +21,14 @@ class ScreenReader final : public QObject {
 public:
     struct Thing {
         QString name;
-        QRect frame; ///< on the screen, in device pixels
+        QRect frame; ///< On the screen, in device pixels.
         bool isSelected = false;
     };
 
     ScreenReader();
 
-    /// What is shown in the windows of the process, each thing before what is in it; of long lists only
-    /// the first rows.
+    /// Returns what the windows of the process show, each thing before its children. Of each thing, only the
+    /// first 40 children are read.
     [[nodiscard]] std::vector<Thing> read(qint64 pid);
 
 public Q_SLOTS:
@@ -41,7 +41,7 @@ private:
     void readInto(std::vector<Thing>& things, const QString& path) const;
 
     platform::SessionBus bus_;
-    QString program_; ///< its name on the bus
+    QString program_; ///< The bus name of the program that was read last.
 };
 
 } // namespace quor::test

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A program that somebody works with while the menu opens and closes: one line to type into. Prints
-// "active" and "inactive" as the focus comes and goes, and "text ..." whenever what is typed changes.
+// A program with a line edit, which the user works with while the menu opens and closes. Prints "active" and
+// "inactive" when it gets and loses the focus, and "text ..." when the typed text changes.
 //     typing-window [X Y]
 #include <QApplication>
 #include <QLineEdit>
