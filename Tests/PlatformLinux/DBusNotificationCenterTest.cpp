@@ -21,7 +21,8 @@ namespace {
 
 class DBusNotificationCenterTest : public testing::Test {
 protected:
-    // Posts arrive in order: once this one is here, all before it are.
+    // Waits until all posts so far have arrived. Posts arrive in order, so it posts another and waits for
+    // that.
     void settle()
     {
         bool arrived = false;
@@ -50,14 +51,14 @@ protected:
 
 } // namespace
 
-TEST_F(DBusNotificationCenterTest, ABurstOfPostsReachesTheObserversOfJustTheirNamesInOrder)
+TEST_F(DBusNotificationCenterTest, PostsReachTheObserversOfExactlyTheirNameInOrder)
 {
     const QStringList names{
         u"com.Updated.Helper"_s, u"com.Updated"_s, u"back\\slash"_s, u"a,arg0='b'"_s, u""_s, u"Zeit läuft"_s};
     QStringList heard, expected;
     for (const auto& name : names)
-        std::ignore
-            = center->addObserver(name, [&](const Notification& told) { heard << name << told.name; });
+        std::ignore = center->addObserver(
+            name, [&](const Notification& notification) { heard << name << notification.name; });
     for (int i = 0; i < 10'000; ++i) {
         center->post(names[i % names.size()]);
         expected << names[i % names.size()] << names[i % names.size()];
@@ -66,7 +67,7 @@ TEST_F(DBusNotificationCenterTest, ABurstOfPostsReachesTheObserversOfJustTheirNa
     EXPECT_TRUE(heard == expected) << heard.size();
 }
 
-TEST_F(DBusNotificationCenterTest, HearsOtherProcessesAndIgnoresSignalsOfAnotherShape)
+TEST_F(DBusNotificationCenterTest, DeliversPostsOfOtherProcessesAndIgnoresMalformedSignals)
 {
     std::ignore = record(u"shell"_s, 1);
     for (const auto& arguments : {QStringList{}, {u"string:shell"_s, u"int32:7"_s}, {u"array:string:shell"_s},
@@ -80,13 +81,13 @@ TEST_F(DBusNotificationCenterTest, HearsOtherProcessesAndIgnoresSignalsOfAnother
     EXPECT_THAT(calls, ElementsAre(1));
 }
 
-TEST_F(DBusNotificationCenterTest, HandlersMayAddAndRemoveObserversAndEndTheCentre)
+TEST_F(DBusNotificationCenterTest, HandlersMayAddAndRemoveObserversAndDestroyTheCentre)
 {
     DistributedNotificationCenter::ObserverToken self{}, other{};
-    self = center->addObserver(u"change"_s, [&](const Notification& told) {
+    self = center->addObserver(u"change"_s, [&](const Notification& notification) {
         center->removeObserver(self);
-        center->removeObserver(other); // on its way already, and the last of its name
-        std::ignore = record(told.name, 3);
+        center->removeObserver(other); // the next to be called, and the last observer of this name
+        std::ignore = record(notification.name, 3);
         calls.push_back(1);
     });
     other = record(u"change"_s, 2);
@@ -113,5 +114,5 @@ TEST_F(DBusNotificationCenterTest, TheBusKeepsOneRulePerNameAndNoneAfterwards)
     center->removeObserver(second);
     EXPECT_EQ(matchRules(), before);
     settle();
-    EXPECT_TRUE(calls.empty()) << "what was on its way came to one that had left";
+    EXPECT_TRUE(calls.empty()) << "a post before the removal was delivered after it";
 }

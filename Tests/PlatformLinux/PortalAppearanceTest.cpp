@@ -25,7 +25,7 @@ class PortalAppearanceTest : public testing::Test {
 protected:
     ~PortalAppearanceTest() override { QApplication::setPalette(palette_); }
 
-    // As if the desktop had given it, not the application.
+    // Sets a palette as the desktop does, not as the application does.
     static void setPalette(const QColor& window)
     {
         QApplication::setPalette(QPalette(window, window));
@@ -59,7 +59,7 @@ TEST_F(PortalAppearanceTest, WithoutAPortalThePaletteDecidesAndIsFollowed)
     }
 }
 
-TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItHasASay)
+TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItReportsAScheme)
 {
     setPalette(lightColor);
     SettingsPortal portal(SettingsPortal::preferDark);
@@ -71,7 +71,7 @@ TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItHasASay)
     setPalette(lightColor);
     EXPECT_TRUE(waitFor(paintsDark));
     portal.change(u"color-scheme"_s, SettingsPortal::noPreference);
-    EXPECT_TRUE(becomes(ColorScheme::light)) << "what was applied was taken for the desktop's";
+    EXPECT_TRUE(becomes(ColorScheme::light)) << "the palette that was applied was taken for the desktop's";
     EXPECT_FALSE(paintsDark());
 
     portal.change(u"color-scheme"_s, SettingsPortal::preferDark);
@@ -83,5 +83,5 @@ TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItHasASay)
     portal.change(u"color-scheme"_s, SettingsPortal::preferDark);
     portal.change(u"color-scheme"_s, u"odd"_s);
     EXPECT_TRUE(becomes(ColorScheme::light));
-    EXPECT_EQ(changes, 1) << "another setting, or the palette under a portal with a say, counted";
+    EXPECT_EQ(changes, 1) << "another setting, or the palette despite the portal's scheme, caused a change";
 }

@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 using namespace quor::platform;
 using Claim = SessionBus::Claim;
 
-TEST(SessionBusTest, FindsTheBusByTheEnvironmentAndLaunchesNone)
+TEST(SessionBusTest, TakesTheAddressFromTheEnvironmentButNoneThatStartsABus)
 {
     const QTemporaryDir runtime;
     QFile socket(runtime.filePath(u"bus"_s));
