@@ -119,7 +119,7 @@ TEST_F(MenuCell, StaysALineWhateverItsLabel)
 TEST_F(MenuCell, MakesRoomForWhatItShows)
 {
     const MenuCellMetrics metrics;
-    const auto width = [&](const Entry& row) { return metrics.fittingSize(row).width(); };
+    const auto width = [&](const Entry& row) { return metrics.fittingSize(metrics.parts(row, 1)).width(); };
     const int label = width(entry(u"Report"_s));
     EXPECT_EQ(width(entry(u"Report"_s, u"stop"_s)) - label, 22);
     EXPECT_EQ(width(entry(u"Report"_s, {}, u"R"_s)) - label, 22);

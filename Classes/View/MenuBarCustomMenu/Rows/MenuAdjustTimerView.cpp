@@ -10,17 +10,9 @@ namespace quor::helper {
 MenuAdjustTimerView::MenuAdjustTimerView(QWidget* parent)
     : MenuTimerRow(parent)
 {
-    addItems({
-        {-30, u"-30"_s},
-        {-10, u"-10"_s},
-        {-5, u"-5"_s},
-        {-1, u"-1"_s},
-        {delimiter, {}},
-        {5, u"+5"_s},
-        {delimiter, {}},
-        {0, menuResources().localizedString(u"MenubarRewindToEndOfLastEntry"_s)},
-        {spacer, {}},
-    });
+    addDelimiter();
+    addButton(0, menuResources().localizedString(u"MenubarRewindToEndOfLastEntry"_s));
+    addSpace();
 }
 
 QString MenuAdjustTimerView::labelText(double startTime)

@@ -71,11 +71,6 @@ QSize MenuCellMetrics::fittingSize(const Parts& parts) const
     return {width, height_};
 }
 
-QSize MenuCellMetrics::fittingSize(const MenuEntry::Entry& entry) const
-{
-    return fittingSize(parts(entry, qGuiApp->devicePixelRatio()));
-}
-
 bool MenuCellMetrics::mayBeWiderThan(const MenuEntry::Entry& entry, int width) const
 {
     if (!widthBound_)

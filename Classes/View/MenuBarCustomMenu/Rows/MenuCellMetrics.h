@@ -43,10 +43,10 @@ public:
     [[nodiscard]] Frames frames(const Parts& parts, const QSizeF& size) const;
     /// Returns the size in which nothing is narrowed.
     [[nodiscard]] QSize fittingSize(const Parts& parts) const;
-    [[nodiscard]] QSize fittingSize(const MenuEntry::Entry& entry) const;
-    /// Returns false only if `fittingSize(entry)` is not wider than `width`. Much faster than that, as it
-    /// does not lay out the text: to find the widest of thousands of entries, call this first with the
-    /// largest width so far.
+
+    /// Returns false only if the fitting size of the entry is not wider than `width`. Much faster than
+    /// `fittingSize`, as it does not lay out the text: to find the widest of thousands of entries, call this
+    /// first with the largest width so far.
     [[nodiscard]] bool mayBeWiderThan(const MenuEntry::Entry& entry, int width) const;
 
 private:

@@ -3,8 +3,6 @@
 
 #include "View/MenuBarCustomMenu/MenuResources.h"
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
 namespace quor::helper {
@@ -17,18 +15,8 @@ MenuStopPastTimerView::MenuStopPastTimerView(const platform::Clock& clock, QWidg
     relativeTimeFormatter_.setDateTimeStyle(RelativeDateTimeFormatter::DateTimeStyle::numeric);
     relativeTimeFormatter_.setFormattingContext(RelativeDateTimeFormatter::FormattingContext::standalone);
     relativeTimeFormatter_.setUnitsStyle(RelativeDateTimeFormatter::UnitsStyle::short_);
-    addItems({
-        {-30, u"-30"_s},
-        {-10, u"-10"_s},
-        {-5, u"-5"_s},
-        {-1, u"-1"_s},
-        {delimiter, {}},
-        {5, u"+5"_s},
-        {spacer, {}},
-        {0, {}},
-    });
-    stopButton_ = *std::find_if(
-        buttons().begin(), buttons().end(), [](const auto* button) { return button->tag() == 0; });
+    addSpace();
+    stopButton_ = &addButton(0, {});
     stopButton_->setBezel(MenuTimerButton::Bezel::regularSquare);
     showStopTime();
 }

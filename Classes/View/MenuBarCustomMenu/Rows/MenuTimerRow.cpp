@@ -39,32 +39,37 @@ MenuTimerRow::MenuTimerRow(QWidget* parent)
     buttonStackView_ = new QHBoxLayout;
     buttonStackView_->setSpacing(spacing);
     column->addLayout(buttonStackView_);
+    setLabel({});
+    for (const int minutes : {-30, -10, -5, -1})
+        addButton(minutes, QString::number(minutes));
+    addDelimiter();
+    addButton(5, u"+5"_s);
 }
 
-void MenuTimerRow::addItems(const std::vector<Item>& items)
+MenuTimerButton& MenuTimerRow::addButton(int minutes, const QString& title)
 {
-    for (const Item& item : items) {
-        if (item.tag == delimiter) {
-            delimiters_.push_back(new MenuTextField(delimiterAlpha, this));
-            delimiters_.back()->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-            buttonStackView_->addWidget(delimiters_.back(), 0, Qt::AlignVCenter);
-        } else if (item.tag == spacer) {
-            buttonStackView_->addStretch(1);
-        } else {
-            addButton(item);
-        }
-    }
-    applyFonts();
-}
-
-void MenuTimerRow::addButton(const Item& item)
-{
-    auto* const button = new MenuTimerButton(item.tag, item.title, this);
-    if (item.tag != 0)
-        button->setAccessibleName(spokenMinutes(item.tag));
+    auto* const button = new MenuTimerButton(minutes, title, this);
+    button->setFont(smallButtonFont());
+    if (minutes != 0)
+        button->setAccessibleName(spokenMinutes(minutes));
     connect(button, &QAbstractButton::clicked, this, [this, button] { buttonClicked(*button); });
     buttons_.push_back(button);
     buttonStackView_->addWidget(button, 0, Qt::AlignVCenter);
+    return *button;
+}
+
+void MenuTimerRow::addDelimiter()
+{
+    auto* const delimiter = new MenuTextField(delimiterAlpha, this);
+    delimiter->setLine(u"|"_s, menuFont());
+    delimiter->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    delimiters_.push_back(delimiter);
+    buttonStackView_->addWidget(delimiter, 0, Qt::AlignVCenter);
+}
+
+void MenuTimerRow::addSpace()
+{
+    buttonStackView_->addStretch(1);
 }
 
 void MenuTimerRow::setTaskID(const QString& taskID)
@@ -81,20 +86,16 @@ void MenuTimerRow::setLabel(const QString& text)
     labelField_.setLine(text, smallMenuFont());
 }
 
-void MenuTimerRow::applyFonts()
-{
-    setLabel(labelField_.text());
-    for (MenuTextField* const field : delimiters_)
-        field->setLine(u"|"_s, menuFont());
-    for (MenuTimerButton* const button : buttons_)
-        button->setFont(smallButtonFont());
-}
-
 void MenuTimerRow::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        applyFonts();
+    if (event->type() != QEvent::FontChange)
+        return;
+    setLabel(labelField_.text());
+    for (MenuTextField* const delimiter : delimiters_)
+        delimiter->setLine(delimiter->text(), menuFont());
+    for (MenuTimerButton* const button : buttons_)
+        button->setFont(smallButtonFont());
 }
 
 void MenuTimerRow::keyPressEvent(QKeyEvent* event)

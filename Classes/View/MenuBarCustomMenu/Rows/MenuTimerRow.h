@@ -34,18 +34,13 @@ public:
     virtual void buttonClicked(const MenuTimerButton& button) = 0;
 
 protected:
-    static constexpr int delimiter = -9999; ///< tag of a line between groups of buttons
-    static constexpr int spacer = -8888; ///< tag of a space that takes up the free width
-
-    struct Item {
-        int tag = 0; ///< minutes of a button, or one of the two above
-        QString title;
-    };
-
+    /// Creates the label, the buttons "-30", "-10", "-5" and "-1", a delimiter, and the button "+5".
     explicit MenuTimerRow(QWidget* parent);
 
-    /// Adds buttons, delimiters and spacers from left to right.
-    void addItems(const std::vector<Item>& items);
+    // Each of these adds an item at the end of the row of buttons.
+    MenuTimerButton& addButton(int minutes, const QString& title);
+    void addDelimiter();
+    void addSpace(); ///< takes up the free width
 
     void setLabel(const QString& text);
 
@@ -53,8 +48,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void addButton(const Item& item);
-    void applyFonts();
     void focusNeighbour(int offset);
     void yieldFocus();
 
