@@ -41,7 +41,7 @@ protected:
     static void flush(PersistableList<double>& list)
     {
         list.flush();
-        (void)list.isEmpty(); // returns once what was submitted before has run
+        (void)list.isEmpty(); // returns after all earlier changes
     }
 
     QTemporaryDir folder_;
@@ -125,7 +125,7 @@ TEST_F(PersistableListTest, UnreadableFilesReadAsEmptyAndAreReplaced)
         flush(list);
         EXPECT_EQ(content(u"AB"_s), "{\"xab\":5}");
     }
-    // What a flush cannot write stays for the next.
+    // Changes that a flush cannot write stay in memory for the next one.
     put(u"AB"_s, "{\"ab\":1}");
     PersistableList<double> list(path());
     list.set(std::numeric_limits<double>::infinity(), u"xab"_s);
@@ -152,6 +152,21 @@ TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)
     EXPECT_EQ(content(u"LI"_s), "{\"li\":2}") << "the file stands in the link's place";
     EXPECT_EQ(content(u"../outside"_s), "{\"li\":1}");
     EXPECT_EQ(list.value(u"di"_s), 2) << "what cannot be written stays in memory";
+}
+
+TEST_F(PersistableListTest, AFlushReplacesFilesAsAWholeAndRemovesWhatDeadWritersLeft)
+{
+    put(u"AB"_s, "{\"ab\":1}");
+    put(u".quor-dead.new"_s, "{\"ab\"");
+    ASSERT_EQ(chmod(qPrintable(path(u"AB"_s)), 0640), 0);
+    ASSERT_EQ(link(qPrintable(path(u"AB"_s)), qPrintable(path(u"../before"_s))), 0);
+    PersistableList<double> list(path());
+    list.set(2, u"ab"_s);
+    flush(list);
+    EXPECT_EQ(content(u"AB"_s), "{\"ab\":2}");
+    EXPECT_EQ(content(u"../before"_s), "{\"ab\":1}") << "a reader that has the old file open reads on in it";
+    EXPECT_EQ(QFile::permissions(path(u"AB"_s)) & 0x77, QFile::ReadGroup);
+    EXPECT_EQ(files(), QStringList{u"AB"_s});
 }
 
 TEST_F(PersistableListTest, AFullDiskLeavesTheOldContent)

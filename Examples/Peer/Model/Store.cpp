@@ -84,19 +84,19 @@ bool Store::save(const Settings& settings)
     return settings_.save(changed);
 }
 
-Store::Shelf::Shelf(const std::optional<QString>& listFolder)
+Store::RecordList::RecordList(const std::optional<QString>& listFolder)
     : folder(listFolder)
     , list(listFolder)
 {
 }
 
-bool Store::Shelf::save(const Records& records)
+bool Store::RecordList::save(const Records& records)
 {
     for (const auto& [key, value] : records)
         list.set(value, key);
     list.flush();
     (void)list.isEmpty(); // waits for the flush
-    // The list keeps to itself what it could not write; only the disk tells.
+    // A list does not report what it could not write, so the files are read again.
     const List onDisk(folder);
     const List& written = folder ? onDisk : list;
     return std::all_of(records.begin(), records.end(),

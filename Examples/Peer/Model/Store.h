@@ -11,21 +11,21 @@
 
 namespace quor::peer {
 
-/// The tracker's data on disk: one list each of tasks, time entries and settings, by identifier, in
-/// folders of those names.
+/// The tracker's data on disk: a list each of tasks, time entries and settings, by identifier, in subfolders
+/// with these names.
 ///
-/// A save returns once the change is in its file; false if the disk refused it. It is then kept in
-/// memory and goes to disk with the next save of its kind that succeeds. What does not read as a
-/// record is passed over and stays in its file. Main thread only.
+/// A save returns when the changes are in their files. It returns false if the disk refused them; they then
+/// stay in memory, and the next successful save of the same list writes them too. A stored value that is no
+/// valid record is not returned, but stays in its file. Main thread only.
 class Store final {
 public:
-    /// `folder` exists, and is this store's alone. Without one, nothing is written.
+    /// `folder` must exist, and no other store may use it. Without a folder, everything is in memory only.
     explicit Store(const std::optional<QString>& folder);
 
-    // All in no order.
+    // In no particular order.
     [[nodiscard]] std::vector<Task> tasks() const;
     [[nodiscard]] std::vector<TimeEntry> entries() const;
-    [[nodiscard]] Settings settings() const; ///< what is not stored has its default
+    [[nodiscard]] Settings settings() const; ///< The default for each setting that is not stored.
 
     bool save(const std::vector<Task>& tasks);
     bool save(const std::vector<TimeEntry>& entries);
@@ -35,17 +35,18 @@ private:
     using List = toolkit::PersistableList<QJsonValue>;
     using Records = std::vector<List::Entry>;
 
-    struct Shelf {
-        explicit Shelf(const std::optional<QString>& listFolder);
+    /// A list that reports whether the disk has taken a change.
+    struct RecordList {
+        explicit RecordList(const std::optional<QString>& listFolder);
         bool save(const Records& records);
 
         std::optional<QString> folder;
         List list;
     };
 
-    Shelf tasks_;
-    Shelf entries_;
-    Shelf settings_;
+    RecordList tasks_;
+    RecordList entries_;
+    RecordList settings_;
 };
 
 } // namespace quor::peer

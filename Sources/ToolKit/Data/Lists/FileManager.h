@@ -9,32 +9,36 @@
 
 namespace quor::toolkit {
 
-/// The few accesses to files that stored lists need, each with a plain yes or no. Only regular files
-/// count as files: a symbolic link is never followed, a pipe never waited for. Stateless; any thread.
+/// The accesses to files that stored lists need. A symbolic link as the last part of a path is never
+/// followed, and a pipe is never waited for. Stateless. Any thread.
 class FileManager final {
 public:
-    /// None for what is missing, unreadable, longer than 1 GiB or no regular file.
+    /// Returns nullopt if the file is missing, unreadable, longer than 1 GiB, or not a regular file.
     [[nodiscard]] std::optional<QByteArray> contents(const QString& path) const;
 
-    /// Replaces the content of the file in place, or makes it. A symbolic link there is replaced by the
-    /// file. Where there is no room for the new content, the file keeps the old one. No temporary file
-    /// is used, so a file of more than a page may be left torn by a kill in the midst of the write.
+    /// Replaces the file as a whole, or creates it; a file that is replaced keeps its permissions. Replaces
+    /// a symbolic link, not the file that it leads to. Returns false on failure, which leaves the old
+    /// content. Does not sync.
     [[nodiscard]] bool write(const QByteArray& data, const QString& path) const;
 
-    /// Removes a file or symbolic link, never a folder. True if nothing is there afterwards.
+    /// Removes a file or symbolic link, never a folder. Returns whether nothing is there now.
     bool removeFile(const QString& path) const;
 
-    /// Whether anything is there, a dangling link included.
+    /// Returns whether anything is there. A symbolic link counts even if it leads nowhere.
     [[nodiscard]] bool itemExists(const QString& path) const;
 
-    /// Makes the folder and those above it.
+    /// Makes the folder and those above it where they are missing. Returns false on failure.
     bool createDirectory(const QString& path) const;
 
-    /// Removes the folder with all that is in it. Of a symbolic link, the link alone.
+    /// Removes the folder with all its content; of a symbolic link, only the link. Returns false on failure.
     bool removeDirectory(const QString& path) const;
 
-    /// The names of the folder's own files, in no order, without those that begin with a dot.
+    /// Returns the names of the regular files directly in the folder, in no order, without those that begin
+    /// with a dot. Returns an empty list if the folder cannot be read.
     [[nodiscard]] QStringList visibleFileNames(const QString& directory) const;
+
+    /// Removes the files that killed processes left in the folder while they wrote.
+    void removeLeftovers(const QString& directory) const;
 };
 
 } // namespace quor::toolkit

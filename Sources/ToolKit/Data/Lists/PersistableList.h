@@ -21,47 +21,53 @@
 
 namespace quor::toolkit {
 
-/// A map from text keys to elements, kept on disk as many small JSON files in one folder, so that a
-/// change rewrites only the file of its key, and a look-up reads only that.
+/// A map from text keys to elements, kept on disk as many small JSON files in one folder: a change rewrites
+/// only the file that its key belongs to, and a look-up reads only that.
 ///
 ///     PersistableList<Task> tasks(folder);      // Task has JSONFields
 ///     tasks.set(task, task.identifier);
 ///     tasks.flush();
 ///
-/// `Element` is any type with a `JSONCoding` that can be copied. The file of a key is told by
-/// `storageKey`; nothing outside the folder is ever read or written.
+/// `Element` is any type that can be copied and has a `JSONCoding`. `storageKey` defines which file a key
+/// belongs to; nothing outside the folder is read or written.
 ///
-/// Changes are made in memory, on a queue of the list's own, and reach the disk with `flush` alone:
-/// what was set after the last one goes with the list. Only a file whose last key is removed goes at
-/// once. The destructor waits for what was submitted, a flush included. Failures are dropped: a file
-/// that cannot be read as an object of elements counts as empty, and the next flush after it was
-/// looked into replaces or removes it; what a flush cannot write stays in memory for the next one.
+/// Changes are made in memory, on a private queue, and only `flush` writes them: changes after the last flush
+/// are lost when the list is destroyed. One thing is not deferred: removing the last key of a file removes
+/// the file. The destructor waits for all calls that were made, flushes included.
 ///
-/// Links and subfolders within the folder are no files of the list: never followed, not counted, but
-/// gone with `clear`. The folder belongs to one list at a time.
+/// Each file is replaced as a whole, so whenever the process dies, a file has its old content or its new
+/// one. Nothing is synced.
 ///
-/// Any thread. Calls of one thread take effect in their order. A key that is empty, or no Unicode (half
-/// a surrogate pair in it), holds nothing: setting or removing it does nothing.
+/// Failures are not reported. A file that cannot be read as an object of elements reads as an empty one, and
+/// the flush after any of its keys was used replaces or removes it. Changes that a flush cannot write stay
+/// in memory for the next one.
+///
+/// Symbolic links and folders within the folder are ignored, and so are names that begin with a dot; `clear`
+/// removes them all. Only one list at a time may use a folder.
+///
+/// Any thread; the calls of one thread take effect in their order. A key that is empty or no valid Unicode
+/// (half of a surrogate pair) has no element, and setting or removing it has no effect.
 template <typename Element = QJsonValue>
 class PersistableList final {
 public:
     using Entry = std::pair<QString, Element>; ///< key and value
 
-    /// `storageURL` is the path of the folder, made by the first flush after any key was touched.
-    /// Without one (absent or empty) the list lives in memory alone. Touches no file.
+    /// `storageURL` is the path of the folder, which the first flush makes if any key was used before. If it
+    /// is absent or empty, the list is in memory only. Touches no file.
     explicit PersistableList(const std::optional<QString>& storageURL)
         : access_(storageURL)
     {
     }
 
-    // These wait for the changes submitted before and read the disk where they must.
+    // These wait until the changes of earlier calls are made, and may read files.
 
-    /// Whether the folder holds no visible file and nothing was touched since the last flush.
+    /// Returns whether the folder has no visible file and no key was used since the last flush.
     [[nodiscard]] bool isEmpty() const
     {
         return access_.sync(
             [](State& state) { return state.containers.empty() && state.fileNames().isEmpty(); });
     }
+    /// Returns nullopt if the key has no element.
     [[nodiscard]] std::optional<Element> value(const QString& key) const
     {
         if (!isKey(key))
@@ -69,34 +75,32 @@ public:
         return access_.sync([&](State& state) { return state.container(storageKey(key)).value(key); });
     }
 
-    /// At most `limit` keys, file by file in no particular order, loading each file visited; none for
-    /// 0 or less.
+    /// Returns at most `limit` keys, in no particular order. Loads each file that it takes keys from.
     [[nodiscard]] std::vector<QString> keys(qint64 limit) const
     {
         return collect<QString>(
             limit, [](const Container& container, qint64 rest) { return container.keys(rest); });
     }
     [[nodiscard]] std::vector<QString> allKeys() const { return keys(std::numeric_limits<qint64>::max()); }
+    /// Returns the same keys with their elements.
     [[nodiscard]] std::vector<Entry> entries(qint64 limit) const
     {
         return collect<Entry>(
             limit, [](const Container& container, qint64 rest) { return container.entries(rest); });
     }
 
-    // These return at once.
+    // These return at once; the change is made later.
 
     void set(Element value, const QString& key) { change({key, std::move(value)}); }
     void removeValue(const QString& key) { change({key, std::nullopt}); }
 
-    /// Writes what is in memory and forgets it.
+    /// Writes each file that was loaded or changed, and drops it from memory.
     void flush()
     {
-        submit([](State& state) {
-            std::erase_if(state.containers, [](const auto& each) { return each.second.save(); });
-        });
+        submit([](State& state) { state.flush(); });
     }
 
-    /// Removes everything, in memory and on disk, the folder included.
+    /// Removes all elements, the files and the folder.
     void clear()
     {
         submit([](State& state) { state.clear(); });
@@ -107,11 +111,11 @@ private:
 
     struct Change {
         QString key;
-        std::optional<Element> value; ///< none removes
+        std::optional<Element> value; ///< Nullopt removes the key.
     };
     using Changes = std::vector<Change>;
 
-    /// What only blocks of the queue touch.
+    /// The part that only the queue touches.
     struct State {
         explicit State(const std::optional<QString>& url)
         {
@@ -140,19 +144,26 @@ private:
         void apply(Change&& change)
         {
             const QString name = storageKey(change.key);
-            Container& its = container(name);
+            Container& file = container(name);
             if (change.value)
-                return its.setValue(*std::move(change.value), change.key);
-            its.removeValue(change.key);
-            if (its.isEmpty()) {
-                its.deleteAll();
+                return file.setValue(*std::move(change.value), change.key);
+            file.removeValue(change.key);
+            if (file.isEmpty()) {
+                file.deleteAll();
                 containers.erase(name);
             }
         }
 
+        void flush()
+        {
+            if (storageURL && !containers.empty())
+                fileManager.removeLeftovers(*storageURL);
+            std::erase_if(containers, [](const auto& each) { return each.second.save(); });
+        }
+
         void clear()
         {
-            // Files that the folder's removal would fail to reach, as below a link, go one by one.
+            // One by one too: if the folder is a link, its removal would only remove the link.
             for (const QString& name : fileNames())
                 container(name);
             for (auto& [name, each] : containers)
@@ -167,11 +178,10 @@ private:
         std::optional<QString> storageURL;
     };
 
-    // What is no Unicode would be written as another key.
+    // A key that is no valid Unicode would be written as another key.
     static bool isKey(const QString& key) { return !key.isEmpty() && key.isValidUtf16(); }
 
-    // Changes that follow each other share a block until it runs: a block for each would cost more than
-    // the change.
+    // Consecutive changes share one block of the queue until it runs, since a block costs more than a change.
     void change(Change change)
     {
         if (!isKey(change.key))
@@ -180,7 +190,7 @@ private:
         if (!changes_) {
             changes_ = std::make_shared<Changes>();
             access_.async([this, changes = changes_](State& state) {
-                end(changes);
+                close(changes);
                 for (Change& each : *changes)
                     state.apply(std::move(each));
             });
@@ -188,7 +198,8 @@ private:
         changes_->push_back(std::move(change));
     }
 
-    void end(const std::shared_ptr<Changes>& changes)
+    /// Lets no more changes be added to a block that runs now.
+    void close(const std::shared_ptr<Changes>& changes)
     {
         const std::lock_guard lock(mutex_);
         if (changes_ == changes)
@@ -199,7 +210,7 @@ private:
     void submit(Block block)
     {
         const std::lock_guard lock(mutex_);
-        changes_ = nullptr; // those to come belong behind this block
+        changes_ = nullptr; // later changes must not run before this block
         access_.async(std::move(block));
     }
 
@@ -224,8 +235,8 @@ private:
     }
 
     std::mutex mutex_;
-    std::shared_ptr<Changes> changes_; ///< the last block's, while it waits; guarded by the mutex
-    mutable SynchronizedAccess<State> access_; ///< ends first
+    std::shared_ptr<Changes> changes_; ///< Of the last block, until it runs. Guarded by the mutex.
+    mutable SynchronizedAccess<State> access_; ///< Last, so that its blocks end before the rest.
 };
 
 } // namespace quor::toolkit

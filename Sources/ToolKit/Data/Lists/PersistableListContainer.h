@@ -16,9 +16,11 @@
 
 namespace quor::toolkit {
 
-/// The image in memory of one file of a `PersistableList`: a JSON object, its members the elements by
-/// their keys. Without a `storageURL` (the file's path) it never touches the disk. An empty one has no
-/// file. Borrows the file manager. Failures are dropped; not for several threads at once.
+/// The content of one file of a `PersistableList` in memory: the elements by their keys. The file is a JSON
+/// object with one member for each element; without elements there is no file.
+///
+/// `storageURL` is the path of the file. Without one, the disk is never touched. Borrows the file manager.
+/// Failures are not reported. One thread at a time.
 template <typename Element>
 class PersistableListContainer final {
 public:
@@ -30,8 +32,8 @@ public:
     {
     }
 
-    /// Reads the file, unless there are entries already. What is no object of such elements reads as
-    /// nothing.
+    /// Reads the file, unless there are elements already. A file that cannot be read as an object of such
+    /// elements reads as an empty one.
     void load()
     {
         if (!storageURL_ || !dict_.isEmpty())
@@ -41,8 +43,8 @@ public:
                 dict_ = std::move(*dict);
     }
 
-    /// Writes the file, or removes it where there are no entries. False if the disk does not hold what
-    /// this does.
+    /// Writes the file, or removes it if there are no elements; makes its folder if that is missing. Returns
+    /// whether the disk has these elements now.
     bool save() const
     {
         if (!storageURL_)
@@ -56,7 +58,7 @@ public:
         return data && fileManager_.write(*data, *storageURL_);
     }
 
-    /// Forgets the entries and removes the file. (`delete` is a keyword.)
+    /// Removes the elements and the file.
     void deleteAll()
     {
         if (storageURL_)
@@ -66,7 +68,7 @@ public:
 
     [[nodiscard]] bool isEmpty() const { return dict_.isEmpty(); }
 
-    /// In no particular order.
+    /// Returns at most `limit` keys, in no particular order.
     [[nodiscard]] std::vector<QString> keys(qint64 limit = noLimit) const
     {
         std::vector<QString> keys;
@@ -75,6 +77,7 @@ public:
         return keys;
     }
 
+    /// Returns the same keys with their elements.
     [[nodiscard]] std::vector<std::pair<QString, Element>> entries(qint64 limit = noLimit) const
     {
         std::vector<std::pair<QString, Element>> entries;

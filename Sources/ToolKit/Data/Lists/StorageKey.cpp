@@ -38,7 +38,7 @@ bool needsEscape(char32_t character, bool isFirst)
         || (isFirst && (character == U'.' || character == U'\uFEFF'));
 }
 
-// Half a surrogate pair becomes U+FFFD, as in all text that leaves the process.
+// Half of a surrogate pair becomes U+FFFD, as in all text that leaves the process.
 QByteArray utf8(char32_t character)
 {
     return QStringView(QChar::fromUcs4(character)).toUtf8();

@@ -5,16 +5,15 @@
 
 namespace quor::toolkit {
 
-/// The name of the file in which a `PersistableList` keeps the element of this key: the key's last two
-/// characters as a user perceives them, upper-cased (`task-9f3a` is in `3A`); of one character, that
-/// one. Empty for an empty key. Depends on no locale.
+/// Returns the name of the file in which a `PersistableList` keeps the element of this key: the last two
+/// characters of the key as a user perceives them, upper-cased independently of the locale. `task-9f3a` is in
+/// `3A`, and a key of one character is in the file of that character. Empty for an empty key.
 ///
-/// It is always the name of a visible file within the list's folder. What cannot stand in one is
-/// escaped, reversibly, each as `%` and two hexadecimal digits for each byte of its UTF-8: the slash,
-/// control characters (NUL among them), the percent sign itself, and in front a dot or a byte order
-/// mark. So `a/b` is in `%2FB`, `..` in `%2E.` and `50%` in `0%25`. A name over 255 bytes, as a letter
-/// under hundreds of accents has, is cut there: keys that then share a file are told apart inside it
-/// like all others.
+/// The name is always that of a visible file inside the folder. A slash, a control character (NUL too) and a
+/// percent sign are escaped, and so are a dot and a byte order mark at the beginning: each byte of their
+/// UTF-8 becomes `%` and two hexadecimal digits. So `a/b` is in `%2FB`, `..` in `%2E.` and `50%` in `0%25`.
+/// A name of more than 255 bytes (a letter with hundreds of accents) is cut there. Keys with the same file
+/// name share the file.
 [[nodiscard]] QString storageKey(QStringView elementKey);
 
 } // namespace quor::toolkit
