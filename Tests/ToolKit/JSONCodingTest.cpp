@@ -21,7 +21,38 @@ struct Task {
     friend bool operator==(const Task&, const Task&) = default;
 };
 
+struct Members {
+    std::int8_t tiny = 0;
+    unsigned char octet = 0;
+    qint16 small = 0;
+    ushort port = 0;
+    int count = 0;
+    uint mask = 0;
+    long offset = 0;
+    qlonglong wide = 0;
+    qulonglong widest = 0;
+    float ratio = 0;
+    QStringList names;
+    QList<int> numbers;
+    std::vector<bool> flags;
+    QByteArray bytes;
+
+    friend bool operator==(const Members&, const Members&) = default;
+};
+
 } // namespace
+
+template <>
+struct quor::toolkit::JSONFields<Members> {
+    static constexpr auto fields
+        = std::tuple(jsonField("tiny", &Members::tiny), jsonField("octet", &Members::octet),
+            jsonField("small", &Members::small), jsonField("port", &Members::port),
+            jsonField("count", &Members::count), jsonField("mask", &Members::mask),
+            jsonField("offset", &Members::offset), jsonField("wide", &Members::wide),
+            jsonField("widest", &Members::widest), jsonField("ratio", &Members::ratio),
+            jsonField("names", &Members::names), jsonField("numbers", &Members::numbers),
+            jsonField("flags", &Members::flags), jsonField("bytes", &Members::bytes));
+};
 
 template <>
 struct quor::toolkit::JSONFields<Task> {
@@ -64,6 +95,41 @@ TEST(JSONDecoder, TakesNumbersThatTheTypeHolds)
         EXPECT_EQ(decode<double>(c.text), c.real) << c.text;
         EXPECT_EQ(decode<std::uint64_t>(c.text), c.natural) << c.text;
         EXPECT_EQ(decode<std::int64_t>(c.text), c.integer) << c.text;
+    }
+}
+
+TEST(JSONCoding, TakesMembersOfEveryWidthAndKind)
+{
+    const QByteArray json
+        = R"({"tiny":-128,"octet":255,"small":-32768,"port":65535,"count":-2147483648,"mask":4294967295,)"
+          R"("offset":-9223372036854775808,"wide":9223372036854775807,"widest":18446744073709551615,)"
+          R"("ratio":0.5,"names":["a","\u00fc"],"numbers":[1,-2],"flags":[true,false],"bytes":"AP+A"})";
+    const Members members{-128, 255, -32768, 65535, std::numeric_limits<int>::min(), 4294967295,
+        std::numeric_limits<long>::min(), std::numeric_limits<qlonglong>::max(),
+        std::numeric_limits<qulonglong>::max(), 0.5F, {u"a"_s, u"\u00fc"_s}, {1, -2}, {true, false},
+        QByteArray("\0\xff\x80", 3)};
+    EXPECT_EQ(decode<Members>(json), members);
+    EXPECT_EQ(JSONEncoder().encode(members), QByteArray(json).replace("\\u00fc", "\u00fc"));
+
+    const char* const refused[][3] = {
+        {"-128", "-129", "The number -129 is not an integer of 8 bits. (at tiny)"},
+        {"255", "256", "The number 256 is not an unsigned integer of 8 bits. (at octet)"},
+        {"65535", "-1", "The number -1 is not an unsigned integer of 16 bits. (at port)"},
+        {"-2147483648", "2147483648", "The number 2147483648 is not an integer of 32 bits. (at count)"},
+        {"-2147483648", "1.5", "The number 1.5 is not an integer of 32 bits. (at count)"},
+        {"18446744073709551615", "18446744073709551616",
+            "The number 18446744073709552000 is not an unsigned integer. (at widest)"},
+        {"0.5", "1e39", "The number 1e+39 is not a number of 32 bits. (at ratio)"},
+        {"\"a\"", "1", "Expected a text, but found a number. (at names[0])"},
+        {"-2]", "2.5]", "The number 2.5 is not an integer of 32 bits. (at numbers[1])"},
+        {"false", "0", "Expected true or false, but found a number. (at flags[1])"},
+        {"\"AP+A\"", "\"AP+\"", "The text is not valid Base64. (at bytes)"},
+        {"\"AP+A\"", "[0]", "Expected bytes in Base64, but found an array. (at bytes)"},
+    };
+    for (const auto& [from, to, reason] : refused) {
+        DecodingError error;
+        EXPECT_FALSE(JSONDecoder().decode<Members>(QByteArray(json).replace(from, to), &error)) << to;
+        EXPECT_EQ(error.text().toStdString(), reason);
     }
 }
 

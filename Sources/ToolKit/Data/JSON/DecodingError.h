@@ -5,26 +5,26 @@
 
 namespace quor::toolkit {
 
-/// Why bytes could not be read as the wanted type: the first failure, in the order in which the type
-/// names its fields.
+/// The reason why bytes could not be decoded as a type: the first failure, in the order in which the type
+/// lists its fields.
 struct DecodingError {
     enum class Kind {
-        dataCorrupted, ///< not JSON, nested too deeply, or a number that the type cannot hold
-        keyNotFound, ///< a required member is missing
-        typeMismatch, ///< a value of another type, null included
+        dataCorrupted, ///< No valid JSON, nested too deeply, or a value that the type cannot hold.
+        keyNotFound, ///< A required member is missing.
+        typeMismatch, ///< A value of another type, or null.
     };
 
     Kind kind = Kind::dataCorrupted;
     QString description;
-    QString codingPath; ///< where, as in `[3].entry._0.color`; empty for the whole text
+    QString codingPath; ///< Where it happened, as in `[3].entry._0.color`. Empty for the top value.
 
-    /// `description`, and where it was, for a log.
+    /// Returns the description and the path, for a log.
     [[nodiscard]] QString text() const;
 
-    /// Fills in the failure. Returns false, for a decoder to hand on.
+    /// Sets the failure. Returns false, so that a decoder can return its result.
     bool set(Kind newKind, const QString& newDescription);
 
-    /// Puts the member's name, or the element's index, before the path. Returns false.
+    /// Puts the name of a member, or the index of an element, before the path. Returns false.
     bool within(const QString& member);
     bool within(qsizetype index);
 };

@@ -5,7 +5,7 @@
 
 namespace quor::toolkit {
 
-/// Why a value has no JSON form: a number that is not finite, or nesting deeper than can be read back.
+/// The reason why a value could not be encoded: a number that is not finite, say, or too deep nesting.
 struct EncodingError {
     QString description;
 };

@@ -5,27 +5,67 @@
 #include "ToolKit/Data/JSON/JSONValue.h"
 #include "ToolKit/Data/JSON/JSONWriter.h"
 
+#include <QByteArray>
 #include <QHash>
 #include <QJsonObject>
 #include <QJsonValue>
+#include <QList>
 #include <QSet>
 #include <QString>
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <concepts>
 #include <optional>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
-/// How one type is read from JSON and written to it. There is a coding for booleans, numbers, texts,
-/// optionals, lists, string-keyed hashes, Qt's JSON values, and (in JSONRecordCoding.h) for all types
-/// with `JSONFields` or `JSONCases`; specialise it for a type whose form these cannot tell.
+/// How values of one type are read from JSON and written to it. There are codings for booleans, numbers of
+/// every width, texts, bytes, optionals, lists, string-keyed hashes, Qt's JSON values, and all types with
+/// `JSONFields` or `JSONCases` (in JSONRecordCoding.h). Specialise it for a type of another form.
 ///
-/// `decode` replaces `out` and returns true, or returns false with the failure in `error` and `out` in
-/// any state; it meets null and, for optionals, an absent value too. `encode` writes exactly one value.
+/// `decode` replaces `out` and returns true; or it sets `error`, returns false, and leaves `out` in an
+/// undefined state. It is also called with null and, for optionals, with an absent value. `encode` writes
+/// exactly one value.
 namespace quor::toolkit {
 
 template <typename T>
 struct JSONCoding;
+
+namespace json {
+
+inline constexpr QLatin1StringView objectName("an object");
+inline constexpr QLatin1StringView arrayName("an array");
+inline constexpr QLatin1StringView floatName("a number of 32 bits");
+
+template <typename Integer>
+constexpr QLatin1StringView integerName()
+{
+    constexpr QLatin1StringView names[]
+        = {QLatin1StringView("an unsigned integer of 8 bits"), QLatin1StringView("an integer of 8 bits"),
+            QLatin1StringView("an unsigned integer of 16 bits"), QLatin1StringView("an integer of 16 bits"),
+            QLatin1StringView("an unsigned integer of 32 bits"), QLatin1StringView("an integer of 32 bits"),
+            QLatin1StringView("an unsigned integer"), QLatin1StringView("an integer")};
+    return names[2 * std::countr_zero(sizeof(Integer)) + std::is_signed_v<Integer>];
+}
+
+/// Sets the error of a value that is not of the expected kind ("a text"). Returns false.
+bool mismatch(DecodingError& error, QLatin1StringView expected, JSONValue found);
+/// The same for a number that the type cannot hold. Returns false.
+bool unsuitableNumber(DecodingError& error, QLatin1StringView expected, JSONValue found);
+
+/// How many elements at most memory is reserved for, before they are read.
+inline constexpr std::uint32_t mostReserved = 4096;
+
+} // namespace json
+
+/// The integer types for numbers, without those for truth values and characters.
+template <typename T>
+concept JSONInteger
+    = std::integral<T> && !std::same_as<T,
+          bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> && !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
 
 template <>
 struct JSONCoding<bool> {
@@ -39,16 +79,43 @@ struct JSONCoding<double> {
     static void encode(double value, JSONWriter& writer) { writer.number(value); }
 };
 
+/// Fails for a number beyond the range of a `float`; others are rounded.
 template <>
-struct JSONCoding<std::uint64_t> {
-    static bool decode(JSONValue value, std::uint64_t& out, DecodingError& error);
-    static void encode(std::uint64_t value, JSONWriter& writer) { writer.number(value); }
+struct JSONCoding<float> {
+    static bool decode(JSONValue value, float& out, DecodingError& error)
+    {
+        double number = 0;
+        if (!JSONCoding<double>::decode(value, number, error))
+            return false;
+        out = static_cast<float>(number);
+        return std::isfinite(out) || json::unsuitableNumber(error, json::floatName, value);
+    }
+    static void encode(float value, JSONWriter& writer) { writer.number(double(value)); }
 };
 
-template <>
-struct JSONCoding<std::int64_t> {
-    static bool decode(JSONValue value, std::int64_t& out, DecodingError& error);
-    static void encode(std::int64_t value, JSONWriter& writer) { writer.number(value); }
+/// Integers of any width. Fails for a number that is not integral (3.0 is) or out of the type's range.
+template <JSONInteger Integer>
+struct JSONCoding<Integer> {
+    static bool decode(JSONValue value, Integer& out, DecodingError& error)
+    {
+        const auto number = [value] {
+            if constexpr (std::is_signed_v<Integer>)
+                return value.toSigned();
+            else
+                return value.toUnsigned();
+        }();
+        if (!number || !std::in_range<Integer>(*number))
+            return json::unsuitableNumber(error, json::integerName<Integer>(), value);
+        out = static_cast<Integer>(*number);
+        return true;
+    }
+    static void encode(Integer value, JSONWriter& writer)
+    {
+        if constexpr (std::is_signed_v<Integer>)
+            writer.number(std::int64_t(value));
+        else
+            writer.number(std::uint64_t(value));
+    }
 };
 
 template <>
@@ -57,7 +124,14 @@ struct JSONCoding<QString> {
     static void encode(const QString& value, JSONWriter& writer) { writer.text(value); }
 };
 
-/// Any JSON value. Integers of 64 bits with a sign keep their exact value. Undefined is written as null.
+/// As a text in standard Base64 with padding.
+template <>
+struct JSONCoding<QByteArray> {
+    static bool decode(JSONValue value, QByteArray& out, DecodingError& error);
+    static void encode(const QByteArray& value, JSONWriter& writer);
+};
+
+/// Any JSON value. Signed integers of up to 64 bits are exact. An undefined value is written as null.
 template <>
 struct JSONCoding<QJsonValue> {
     static bool decode(JSONValue value, QJsonValue& out, DecodingError& error);
@@ -69,19 +143,6 @@ struct JSONCoding<QJsonObject> {
     static bool decode(JSONValue value, QJsonObject& out, DecodingError& error);
     static void encode(const QJsonObject& object, JSONWriter& writer);
 };
-
-namespace json {
-
-/// Sets a mismatch between what was expected ("a text") and what is there. Returns false.
-bool mismatch(DecodingError& error, QLatin1StringView expected, JSONValue found);
-
-inline constexpr QLatin1StringView objectName("an object");
-inline constexpr QLatin1StringView arrayName("an array");
-
-/// Memory for so many elements may be taken at once on the mere word of a text.
-inline constexpr std::uint32_t trustedCount = 4096;
-
-} // namespace json
 
 template <typename T>
 struct JSONCoding<std::optional<T>> {
@@ -96,30 +157,58 @@ struct JSONCoding<std::optional<T>> {
     }
 };
 
+namespace json {
+
+template <typename T, typename List>
+bool decodeList(JSONValue value, List& out, DecodingError& error)
+{
+    if (!value.isArray())
+        return mismatch(error, arrayName, value);
+    out.clear();
+    out.reserve(std::min(value.count(), mostReserved));
+    bool succeeded = true;
+    value.forEachElement([&](JSONValue element) {
+        if constexpr (std::is_same_v<T, bool>) { // a vector has no references to them
+            bool flag = false;
+            succeeded = JSONCoding<bool>::decode(element, flag, error);
+            out.push_back(flag);
+        } else {
+            succeeded = JSONCoding<T>::decode(element, out.emplace_back(), error);
+        }
+        return succeeded || error.within(static_cast<qsizetype>(out.size()) - 1);
+    });
+    return succeeded;
+}
+
+template <typename T, typename List>
+void encodeList(const List& list, JSONWriter& writer)
+{
+    if (!writer.beginArray())
+        return;
+    for (const T& element : list)
+        JSONCoding<T>::encode(element, writer);
+    writer.endArray();
+}
+
+} // namespace json
+
 template <typename T>
 struct JSONCoding<std::vector<T>> {
     static bool decode(JSONValue value, std::vector<T>& out, DecodingError& error)
     {
-        if (!value.isArray())
-            return json::mismatch(error, json::arrayName, value);
-        out.clear();
-        out.reserve(std::min(value.count(), json::trustedCount));
-        bool succeeded = true;
-        value.forEachElement([&](JSONValue element) {
-            succeeded = JSONCoding<T>::decode(element, out.emplace_back(), error)
-                || error.within(static_cast<qsizetype>(out.size()) - 1);
-            return succeeded;
-        });
-        return succeeded;
+        return json::decodeList<T>(value, out, error);
     }
-    static void encode(const std::vector<T>& list, JSONWriter& writer)
+    static void encode(const std::vector<T>& list, JSONWriter& writer) { json::encodeList<T>(list, writer); }
+};
+
+/// Of texts: `QStringList`.
+template <typename T>
+struct JSONCoding<QList<T>> {
+    static bool decode(JSONValue value, QList<T>& out, DecodingError& error)
     {
-        if (!writer.beginArray())
-            return;
-        for (const T& element : list)
-            JSONCoding<T>::encode(element, writer);
-        writer.endArray();
+        return json::decodeList<T>(value, out, error);
     }
+    static void encode(const QList<T>& list, JSONWriter& writer) { json::encodeList<T>(list, writer); }
 };
 
 template <typename T>
@@ -129,8 +218,8 @@ struct JSONCoding<QHash<QString, T>> {
         if (!value.isObject())
             return json::mismatch(error, json::objectName, value);
         out.clear();
-        out.reserve(std::min(value.count(), json::trustedCount));
-        QSet<QString> failed; // a later member of that name may make it good
+        out.reserve(std::min(value.count(), json::mostReserved));
+        QSet<QString> failed; // until a later member of the same name, which replaces it
         value.forEachMember([&](std::string_view name, JSONValue member) {
             const QString key = textFromUtf8(name);
             T element{};

@@ -11,15 +11,15 @@
 
 namespace quor::toolkit {
 
-/// Reads a value of any type that has a `JSONCoding` from JSON text: a record, a list of them, Qt's own
-/// JSON values. Bytes from anywhere may be handed in: what is refused is told under `JSONDocument`,
-/// and nothing in a text leads to a crash or a deep stack. Stateless; any thread.
+/// Decodes JSON text into a value of any type that has a `JSONCoding`: a record, a list of records, Qt's own
+/// JSON values. The text need not be trusted: no text leads to a crash or a deep stack. `JSONDocument` lists
+/// what is refused. Stateless. Any thread.
 ///
-/// Numbers: a double takes any number, an integer only one that is integral and in its range (3.0
-/// is). Of members with the same name the last one counts.
+/// A double is decoded from any number, an integer only from an integral number (3.0 is) in its range. Of
+/// several members with the same name, the last is used.
 class JSONDecoder final {
 public:
-    /// None on failure, with the reason in `error` where that is given.
+    /// Returns nullopt on failure, and sets `error` if it is not null.
     template <typename T>
     [[nodiscard]] std::optional<T> decode(QByteArray data, DecodingError* error = nullptr) const
     {

@@ -21,17 +21,17 @@ using Kind = JSONNode::Kind;
 
 namespace {
 
-// Numbers come as text: the parser's own conversion, even at full precision, is wrong for some that
-// begin with the digits of 2^64 - 1. The encoding is validated before: the parser would read beyond
-// the end for a character cut short.
+// Numbers are converted here: the parser's own conversion, even at full precision, is wrong for some numbers
+// that begin with the digits of 2^64 - 1. The encoding is validated before parsing: the parser would read
+// beyond the end of a text that ends within a character.
 constexpr unsigned parseFlags
     = rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
 
-constexpr std::size_t bytesPerToken = 8; // what records have on average
+constexpr std::size_t bytesPerToken = 8; // the average of our records
 
-constexpr QLatin1StringView notUnicode = "a text is no Unicode."_L1;
+constexpr QLatin1StringView notUnicode = "a text is not valid Unicode."_L1;
 
-// The parser pairs escaped surrogates, but lets a low one pass that stands alone.
+// The parser checks the pairs of escaped surrogates, but accepts a low surrogate alone.
 bool hasSurrogate(const char* text, std::size_t length)
 {
     const char* const end = text + length;
@@ -43,7 +43,7 @@ bool hasSurrogate(const char* text, std::size_t length)
     return false;
 }
 
-/// Receives the parser's tokens. False ends the parse.
+/// Receives the parser's tokens. A member function that returns false ends the parsing.
 class TokenList {
 public:
     TokenList(std::vector<JSONNode>& nodes, bool hasEscapes)
@@ -52,7 +52,7 @@ public:
     {
     }
 
-    /// Why it ended the parse, if it did.
+    /// The reason why this object ended the parsing; empty if it did not.
     [[nodiscard]] QLatin1StringView failure() const { return failure_; }
 
     bool Null()
@@ -76,7 +76,7 @@ public:
             return integer<std::int64_t>(number, Kind::negativeInteger, &JSONNode::negativeInteger);
         return integer<std::uint64_t>(number, Kind::unsignedInteger, &JSONNode::unsignedInteger);
     }
-    // Numbers come as text.
+    // Never called, as the parser passes numbers as text.
     bool Int(int) { return false; }
     bool Uint(unsigned) { return false; }
     bool Int64(std::int64_t) { return false; }
@@ -114,7 +114,8 @@ private:
     {
         double value = 0;
         if (std::from_chars(text.begin(), text.end(), value).ec != std::errc()) {
-            std::istringstream stream{std::string(text)}; // tells too small, which is 0, from too large
+            std::istringstream stream{
+                std::string(text)}; // unlike from_chars, it reads a number that is too small as 0
             stream.imbue(std::locale::classic());
             if (!(stream >> value))
                 return fail("a number is too large."_L1);
@@ -176,7 +177,7 @@ std::optional<JSONDocument> JSONDocument::parse(QByteArray data, DecodingError& 
         return corrupted(u"%1 (byte %2)"_s.arg(why).arg(result.Offset()));
     }
     if (stream.Tell() != static_cast<std::size_t>(document.text_.size()))
-        return corrupted(u"a zero byte stands in it."_s); // the parser takes it for the end
+        return corrupted(u"it contains a zero byte."_s); // the parser stops at it
     return document;
 }
 

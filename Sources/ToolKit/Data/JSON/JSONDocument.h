@@ -11,14 +11,16 @@
 
 namespace quor::toolkit {
 
-/// A parsed JSON text (RFC 8259, UTF-8, any value at the top), as one flat list of tokens: hostile
-/// input costs memory in proportion to its length (about 16 bytes a token) and no stack.
+/// A parsed JSON text (RFC 8259, UTF-8, any value at the top) as one flat list of tokens. Parsing needs
+/// memory in proportion to the length of the text (16 bytes for each token) and no stack, even for hostile
+/// texts.
 ///
-/// Refused besides what is no JSON: nesting deeper than `maximumJSONDepth`, a number beyond the
-/// doubles, text that is no Unicode, and texts of 4 GiB and more. Values borrow from the document, and
-/// do so still after it was moved. Data that nobody else holds is parsed where it lies.
+/// Refuses, besides invalid JSON, nesting deeper than `maximumJSONDepth`, numbers beyond the range of a
+/// double, invalid Unicode, and texts of 4 GiB and more. Values borrow from the document, and stay valid when
+/// it is moved.
 class JSONDocument final {
 public:
+    /// Returns nullopt for a text that is refused, and sets `error`. `data` is copied if it is shared.
     [[nodiscard]] static std::optional<JSONDocument> parse(QByteArray data, DecodingError& error);
 
     [[nodiscard]] JSONValue root() const { return {nodes_.data(), 0}; }
@@ -29,7 +31,7 @@ private:
     {
     }
 
-    QByteArray text_; ///< unescaped in place; what texts point into
+    QByteArray text_; ///< Unescaped in place. The tokens of texts point into it.
     std::vector<JSONNode> nodes_;
 };
 

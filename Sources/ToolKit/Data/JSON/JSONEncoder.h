@@ -9,18 +9,18 @@
 
 namespace quor::toolkit {
 
-/// Writes a value of any type that has a `JSONCoding` as JSON text in UTF-8. Numbers must be finite and
-/// the nesting no deeper than `maximumJSONDepth`. The order of an object's members is free. Any thread.
+/// Encodes a value of any type that has a `JSONCoding` as JSON text in UTF-8. Fails for numbers that are not
+/// finite and for nesting deeper than `maximumJSONDepth`. The order of members is unspecified. Any thread.
 class JSONEncoder final {
 public:
     enum class OutputFormatting {
         compact,
-        prettyPrinted, ///< a line for each member and element, indented by four blanks a level
+        prettyPrinted, ///< One line for each member and element, indented by four blanks for each level.
     };
 
     OutputFormatting outputFormatting = OutputFormatting::compact;
 
-    /// None on failure, with the reason in `error` where that is given.
+    /// Returns nullopt on failure, and sets `error` if it is not null.
     template <typename T>
     [[nodiscard]] std::optional<QByteArray> encode(const T& object, EncodingError* error = nullptr) const
     {

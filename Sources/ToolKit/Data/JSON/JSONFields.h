@@ -4,23 +4,23 @@
 #include <string_view>
 #include <tuple>
 
-/// How a record or a tagged union tells its JSON form: once, next to the type, for both directions.
+/// Describes the JSON form of a record or a tagged union, once for both directions:
 ///
 ///     template <> struct JSONFields<Task> {          // {"name":"Design","color":16711680}
 ///         static constexpr auto fields
 ///             = std::tuple(jsonField("name", &Task::name), jsonField("color", &Task::color));
 ///     };
 ///
-/// Fields are read in this order and the first failure stands. A `std::optional` may be absent or
-/// null, and is left out in writing where it has no value. Other members of the object are ignored.
+/// Fields are decoded in this order, up to the first failure. A `std::optional` may be absent or null, and is
+/// not written if it has no value. Other members of the object are ignored.
 ///
 ///     template <> struct JSONCases<Shape> {          // {"circle":{"_0":2}} or {"none":{}}
-///         static constexpr auto value = &Shape::value; // a std::variant; cases in its order
-///         static constexpr auto cases
+///         static constexpr auto value = &Shape::value; // a std::variant, with its alternatives in the order
+///         of the cases static constexpr auto cases
 ///             = std::tuple(jsonCase("circle", jsonField("_0", &Shape::Circle::radius)), jsonCase("none"));
 ///     };
 ///
-/// A union is an object with exactly one key that is the name of a case.
+/// A union is an object in which exactly one key is the name of a case; other keys are ignored.
 namespace quor::toolkit {
 
 template <typename Record>

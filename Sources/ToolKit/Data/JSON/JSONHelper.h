@@ -10,15 +10,15 @@
 
 #include <optional>
 
-/// Values and string-keyed dictionaries to JSON and back, where a failure is no more than an empty
-/// result. A typed value that fails also leaves its reason in the error log:
+/// Converts values and dictionaries to JSON and back, where a failure is only an empty result. The failure of
+/// a typed value is also written to the error log, with the reason:
 ///
 ///     JSONHelper.decode:31: decodeError: There is no value for the key "name". (at [2])
 ///
 /// Any thread.
 namespace quor::toolkit::JSONHelper {
 
-/// Nothing, and no line in the log, for absent or empty data.
+/// Returns nullopt on failure. Also for absent or empty data, without a line in the log.
 template <typename T>
 [[nodiscard]] std::optional<T> decode(const std::optional<QByteArray>& data, const JSONDecoder& decoder)
 {
@@ -31,6 +31,7 @@ template <typename T>
     return value;
 }
 
+/// Returns nullopt on failure.
 template <typename T>
 [[nodiscard]] std::optional<QByteArray> encode(const T& object, const JSONEncoder& encoder)
 {
@@ -41,17 +42,17 @@ template <typename T>
     return data;
 }
 
-/// Nothing for an absent object.
+/// Returns nullopt for an absent object too, without a line in the log.
 template <typename T>
 [[nodiscard]] std::optional<QByteArray> encode(const std::optional<T>& object, const JSONEncoder& encoder)
 {
     return object ? encode(*object, encoder) : std::nullopt;
 }
 
-/// Pretty printed. Nothing on failure; nothing is logged.
+/// Returns the JSON in several lines, or nullopt on failure. Nothing is logged.
 [[nodiscard]] std::optional<QByteArray> dataFromDictionary(const QJsonObject& dictionary);
 
-/// Nothing on failure, or where the JSON is no object at the top; nothing is logged.
+/// Returns nullopt on failure, and if the JSON is not an object. Nothing is logged.
 [[nodiscard]] std::optional<QJsonObject> dictionaryFromData(const QByteArray& data);
 
 } // namespace quor::toolkit::JSONHelper

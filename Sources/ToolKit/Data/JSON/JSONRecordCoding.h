@@ -11,8 +11,8 @@
 #include <utility>
 #include <variant>
 
-/// The coding of records and tagged unions, made from their `JSONFields` or `JSONCases`. One pass over
-/// an object's members finds those that are wanted; then they are judged in the type's own order.
+/// The coding of records and tagged unions, by their `JSONFields` or `JSONCases`. One pass over the members
+/// of an object finds the members of the type; then they are decoded in the type's own order.
 namespace quor::toolkit {
 
 namespace json {

@@ -14,7 +14,7 @@ using Kind = JSONNode::Kind;
 
 namespace {
 
-// Doubles cannot express the largest integer itself, but the power of two after it.
+// A double cannot hold the largest integer, but it can hold the power of two after it.
 template <typename Integer>
 std::optional<Integer> exactly(double number)
 {
@@ -122,7 +122,7 @@ std::uint32_t JSONValue::count() const
 
 void JSONValue::members(std::span<const std::string_view> names, std::span<JSONValue> found) const
 {
-    // Writers mostly keep one order: the name after the last one found is tried first.
+    // Most texts have the members in this order, so the name after the last one found is tried first.
     std::size_t expected = 0;
     forEachMember([&](std::string_view name, JSONValue value) {
         for (std::size_t tried = 0; tried < names.size(); ++tried) {

@@ -11,15 +11,15 @@
 
 namespace quor::toolkit {
 
-/// How deeply arrays and objects may nest, in reading and in writing. Far beyond any real record, and
-/// low enough for conversions and destructors to recurse.
+/// How deeply arrays and objects may be nested in a text. More than any real record needs, and low enough for
+/// recursive conversions and destructors.
 inline constexpr int maximumJSONDepth = 512;
 
-/// Decodes UTF-8 as it stands: QString would drop a byte order mark in front.
+/// Decodes UTF-8. Unlike QString, keeps a byte order mark at the beginning.
 [[nodiscard]] QString textFromUtf8(std::string_view utf8);
 
-/// One token of a parsed text. The tokens of a document lie in one flat list, in the text's order: an
-/// object is its own token, then those of each name and value; `end` is the index after its last.
+/// One token of a parsed text. The tokens of a document are a flat list in the order of the text: the token
+/// of an object comes before those of each name and value in it, and its `end` is the index after them.
 struct JSONNode {
     enum class Kind : std::uint8_t {
         null,
@@ -33,19 +33,20 @@ struct JSONNode {
     };
 
     Kind kind = Kind::null;
-    std::uint32_t count = 0; ///< bytes of a text, elements of an array, members of an object
+    std::uint32_t count
+        = 0; ///< Of the bytes of a text, the elements of an array, or the members of an object.
     union {
         bool boolean;
         std::uint64_t unsignedInteger = 0;
         std::int64_t negativeInteger;
         double real;
-        const char* text; ///< UTF-8, not terminated
+        const char* text; ///< UTF-8, not terminated.
         std::uint32_t end;
     };
 };
 
-/// A value within a `JSONDocument`, which it borrows from; or none at all, where an object lacks the
-/// member. Two words, cheap to copy. Any thread.
+/// A value in a `JSONDocument`, from which it borrows; or an absent value, for a member that an object does
+/// not have. Cheap to copy. Any thread.
 class JSONValue final {
 public:
     JSONValue() = default;
@@ -61,17 +62,17 @@ public:
     [[nodiscard]] bool isArray() const { return nodes_ && node().kind == JSONNode::Kind::array; }
     [[nodiscard]] bool isObject() const { return nodes_ && node().kind == JSONNode::Kind::object; }
 
-    /// What kind of value it is, for a person: "null", "a number".
+    /// Returns the kind of value in words, for error texts: "null", "a number".
     [[nodiscard]] QLatin1StringView kindName() const;
 
-    // None for a value of another kind, or a number that the type cannot hold exactly.
+    // These return nullopt for a value of another kind, or a number that the type cannot hold exactly.
     [[nodiscard]] std::optional<bool> toBool() const;
-    [[nodiscard]] std::optional<double> toDouble() const; ///< any number; a long integer is rounded
-    [[nodiscard]] std::optional<std::uint64_t> toUnsigned() const; ///< 3.0 is integral, 3.5 is not
+    [[nodiscard]] std::optional<double> toDouble() const; ///< Takes any number; rounds a long integer.
+    [[nodiscard]] std::optional<std::uint64_t> toUnsigned() const; ///< 3.0 is integral, 3.5 is not.
     [[nodiscard]] std::optional<std::int64_t> toSigned() const;
     [[nodiscard]] std::optional<QString> toText() const;
 
-    /// Of an array or object; 0 for anything else.
+    /// Returns the number of elements or members of an array or object; 0 for other values.
     [[nodiscard]] std::uint32_t count() const;
 
     /// Calls `visit(JSONValue)` with each element of an array until it returns false.
@@ -85,8 +86,8 @@ public:
                 return;
     }
 
-    /// Calls `visit(std::string_view name, JSONValue)` with each member of an object, duplicates
-    /// included, in the text's order, until it returns false. The name is UTF-8.
+    /// Calls `visit(std::string_view name, JSONValue)` with each member of an object, in the order of the
+    /// text and with duplicates, until it returns false. The name is UTF-8.
     template <typename Visit>
     void forEachMember(Visit&& visit) const
     {
@@ -99,8 +100,8 @@ public:
         }
     }
 
-    /// Looks the members of these names up in one pass; of duplicates the last one counts. Those that
-    /// the object lacks stay absent. `found` has the size of `names`.
+    /// Finds the members with these names in one pass and stores them in `found`, which must have the size of
+    /// `names`. Of duplicates, the last is stored. Nothing is stored for missing members.
     void members(std::span<const std::string_view> names, std::span<JSONValue> found) const;
 
 private:

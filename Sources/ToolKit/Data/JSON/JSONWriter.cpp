@@ -15,7 +15,7 @@ namespace quor::toolkit {
 
 namespace {
 
-// The writer below reserves six bytes for each one, counted in 32 bits.
+// RapidJSON reserves six bytes for each byte of a text, and counts them in 32 bits.
 constexpr qsizetype longestText = 0x20000000;
 
 constexpr double endOfExactIntegers = 9007199254740992.0; // 2^53
@@ -36,7 +36,7 @@ struct JSONWriter::Output {
         }
         if (others)
             return false;
-        writer.RawValue("", 0, rapidjson::kStringType); // what belongs in front
+        writer.RawValue("", 0, rapidjson::kStringType); // writes a comma or colon where it is due
         const auto length = static_cast<std::size_t>(text.size());
         char* const begin = buffer.Push(length + 2);
         *begin = '"';
@@ -127,7 +127,7 @@ void JSONWriter::text(QStringView value)
 {
     if (output_->plain(value))
         return;
-    // QString::toUtf8 would write "?" for what is no Unicode, like a text that holds a question mark.
+    // QString::toUtf8 would write "?" for half of a surrogate pair, which reads like a real question mark.
     const QByteArray utf8 = QStringEncoder(QStringEncoder::Utf8, QStringEncoder::Flag::Stateless)(value);
     if (utf8.size() > longestText)
         return fail(u"A text is too long."_s);
@@ -138,7 +138,7 @@ void JSONWriter::fail(const QString& description)
 {
     if (!error_)
         error_ = EncodingError{description};
-    null(); // keeps keys and values in turn, which the writer insists on
+    null(); // the writer insists on a value after each key
 }
 
 std::optional<QByteArray> JSONWriter::take(EncodingError& error)

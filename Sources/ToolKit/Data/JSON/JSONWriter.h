@@ -13,11 +13,10 @@
 
 namespace quor::toolkit {
 
-/// Writes one JSON text, compact and in UTF-8, value by value. What a type's `JSONCoding` is handed to
-/// encode itself with.
+/// Writes one JSON text, compact and in UTF-8, value by value. Used by each type's `JSONCoding`.
 ///
-/// The caller pairs begin and end, and writes a key before each member. The first failure stands and
-/// leaves no text. Text that is no Unicode (half of a surrogate pair) is written as U+FFFD.
+/// The caller pairs begin and end, and writes a key before each member. After the first failure there is no
+/// text. Half of a surrogate pair is written as U+FFFD.
 class JSONWriter final {
 public:
     JSONWriter();
@@ -25,27 +24,27 @@ public:
     JSONWriter(const JSONWriter&) = delete;
     JSONWriter& operator=(const JSONWriter&) = delete;
 
-    /// False after a failure, as nesting beyond `maximumJSONDepth` is one; then neither members nor an
-    /// end may follow.
+    /// Begins an object or array. Returns false after a failure (nesting beyond `maximumJSONDepth` is one);
+    /// the caller must then write neither members nor the end.
     [[nodiscard]] bool beginObject();
     void endObject();
     [[nodiscard]] bool beginArray();
     void endArray();
 
-    void key(std::string_view name); ///< UTF-8
+    void key(std::string_view name); ///< In UTF-8.
     void key(QStringView name) { text(name); }
 
     void null();
     void boolean(bool value);
-    void number(double value); ///< fails unless finite; integral ones are written without a fraction
+    void number(double value); ///< Fails unless it is finite. Integral ones are written without a fraction.
     void number(std::int64_t value);
     void number(std::uint64_t value);
     void text(QStringView value);
 
-    void fail(const QString& description); ///< stands for a value
+    void fail(const QString& description); ///< To be called in place of writing a value.
     [[nodiscard]] bool hasFailed() const { return error_.has_value(); }
 
-    /// The text; none after a failure, which is then in `error`. Ends the writer's use.
+    /// Returns the text, or sets `error` and returns nullopt after a failure. To be called last.
     [[nodiscard]] std::optional<QByteArray> take(EncodingError& error);
 
 private:

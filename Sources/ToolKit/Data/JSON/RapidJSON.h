@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Private to this folder: no public header names RapidJSON. Its stacks start out as null pointers that
-// it adds offsets to, which clang's undefined-behaviour sanitizer stops at.
+// Only for sources of this folder: no public header includes RapidJSON. It adds offsets to null pointers,
+// which clang's sanitizer of undefined behaviour reports.
 #ifdef __clang__
 #pragma clang attribute push(__attribute__((no_sanitize("pointer-overflow"))), apply_to = function)
 #endif
