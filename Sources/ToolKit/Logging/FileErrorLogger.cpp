@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Logging/FileErrorLogger.h"
 
+#include "Platform/Files/FileContents.h"
+#include "Platform/Files/Folder.h"
+
 #include <QByteArray>
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <cmath>
 #include <ctime>
-#include <fcntl.h>
 #include <filesystem>
+#include <mutex>
 #include <string>
-#include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
 #include <utility>
 
 namespace quor::toolkit {
@@ -22,23 +21,34 @@ namespace {
 
 constexpr double sevenDays = 604800;
 
-struct Directory {
-    QString path; // empty for none
-    std::string nativePath;
-    const Directory* replaced;
+/// The folder of the log. Never destroyed, since threads may log until the process ends.
+class LogFolder {
+public:
+    static LogFolder& shared()
+    {
+        static auto* const folder = new LogFolder;
+        return *folder;
+    }
+
+    void setPath(const QString& path)
+    {
+        const std::lock_guard lock(mutex_);
+        path_ = path;
+    }
+    /// Empty if there is no folder.
+    [[nodiscard]] QString path() const
+    {
+        const std::lock_guard lock(mutex_);
+        return path_;
+    }
+    [[nodiscard]] std::string nativePath() const { return QFile::encodeName(path()).toStdString(); }
+
+private:
+    mutable std::mutex mutex_;
+    QString path_;
 };
 
-// Read by every thread that logs, without a lock. What `setup` replaces is kept, since some thread
-// may be writing by it just then; an application has one, seldom two.
-constinit std::atomic<const Directory*> directory = nullptr;
-
-std::string nativeDirectory()
-{
-    const auto* const current = directory.load(std::memory_order_acquire);
-    return current ? current->nativePath : std::string();
-}
-
-// Digits by hand: printing both dates by a format costs a tenth of the whole line.
+// Without a format: formatting both dates would take a tenth of the time of a whole line.
 void appendTwoDigits(std::string& text, int value)
 {
     text += static_cast<char>('0' + value / 10 % 10);
@@ -55,19 +65,19 @@ void appendDate(std::string& text, int year, int month, int day)
     appendTwoDigits(text, day);
 }
 
-// localtime_r alone keeps the zone that the process started in. Asking costs half as much as a line,
-// so it is done once a second at most.
-void followZone(std::time_t now)
+// localtime_r alone stays with the zone in which the process started. tzset takes half as long as writing a
+// line, so it is called once a second at most.
+void updateZone(std::time_t now)
 {
-    static constinit std::atomic<std::time_t> asked = 0;
-    if (asked.exchange(now, std::memory_order_relaxed) != now)
+    static constinit std::atomic<std::time_t> lastUpdate = 0;
+    if (lastUpdate.exchange(now, std::memory_order_relaxed) != now)
         tzset();
 }
 
 std::string fileName(platform::Date now)
 {
     const auto seconds = static_cast<std::time_t>(std::floor(platform::secondsSince1970(now)));
-    followZone(seconds);
+    updateZone(seconds);
     std::tm local{};
     localtime_r(&seconds, &local);
     std::string text;
@@ -90,14 +100,13 @@ std::string timestamp(platform::Date now)
     return text + " +0000";
 }
 
-// One append of everything, so that lines of other threads and processes stay whole beside it.
+// In one system call, so that lines of other threads and processes do not come between.
 void append(const std::string& path, const std::string& line)
 {
-    const int file = ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0)
-        return;
-    [[maybe_unused]] const auto written = ::write(file, line.data(), line.size());
-    ::close(file);
+    const platform::FileDescriptor file(
+        ::open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600));
+    if (file)
+        (void)platform::writeWhole(file.get(), QByteArrayView(line.data(), qsizetype(line.size())));
 }
 
 std::optional<double> creationDate(const std::filesystem::path& path)
@@ -119,21 +128,18 @@ bool isVisible(const std::filesystem::path& path)
 
 void FileErrorLogger::setup(const std::optional<QString>& logDirectory, platform::Date now)
 {
+    constexpr mode_t mode = 0777; // less the process's mask
     const QString path = logDirectory.value_or(QString());
-    directory.store(
-        new Directory{path, QFile::encodeName(path).toStdString(), directory.load(std::memory_order_relaxed)},
-        std::memory_order_release);
-    if (!path.isEmpty() && !QFileInfo::exists(path))
-        QDir().mkpath(path);
+    LogFolder::shared().setPath(path);
+    if (!path.isEmpty())
+        (void)platform::makeFolder(QFile::encodeName(path), mode);
     removeLogs(sevenDays, now);
 }
 
 std::optional<QString> FileErrorLogger::logDirectory()
 {
-    const auto* const current = directory.load(std::memory_order_acquire);
-    if (!current || current->path.isEmpty())
-        return std::nullopt;
-    return current->path;
+    const QString path = LogFolder::shared().path();
+    return path.isEmpty() ? std::nullopt : std::optional(path);
 }
 
 void FileErrorLogger::setEnabled(bool isEnabled)
@@ -145,7 +151,7 @@ void FileErrorLogger::setEnabled(bool isEnabled)
 
 void FileErrorLogger::write(QStringView message, platform::Date now)
 {
-    const std::string folder = nativeDirectory();
+    const std::string folder = LogFolder::shared().nativePath();
     if (folder.empty())
         return;
     const QByteArray text = message.toUtf8();
@@ -157,16 +163,16 @@ void FileErrorLogger::write(QStringView message, platform::Date now)
 
 void FileErrorLogger::removeLogs(double olderThan, platform::Date now)
 {
-    const std::string folder = nativeDirectory();
+    const std::string folder = LogFolder::shared().nativePath();
     if (folder.empty())
         return;
     std::error_code error;
     auto item = std::filesystem::directory_iterator(folder, error);
     for (; !error && item != std::filesystem::directory_iterator(); item.increment(error)) {
         const auto created = isVisible(item->path()) ? creationDate(item->path()) : std::nullopt;
-        std::error_code refused; // one that stays does not end the walk
+        std::error_code ignored; // the others are removed all the same
         if (created && *created - platform::secondsSince1970(now) < -olderThan)
-            std::filesystem::remove(item->path(), refused);
+            std::filesystem::remove(item->path(), ignored);
     }
 }
 

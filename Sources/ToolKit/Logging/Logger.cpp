@@ -11,7 +11,7 @@ namespace quor::toolkit::Logger {
 
 namespace {
 
-// The dot stays: it separates file and function in the log.
+// The dot stays, to separate the names of file and function.
 std::string_view withoutExtensionLetters(std::string_view path)
 {
     path.remove_prefix(path.rfind('/') + 1);

@@ -5,13 +5,14 @@
 
 #include <QStringView>
 
-/// The one call that all code uses to report something:
+/// Reports messages to the error log:
 ///
 ///     Logger::log(u"decodeError: "_s + reason, true);
 ///
-/// adds "JSONHelper.decode:21: decodeError: ..." to the error log, with the place of the call. What
-/// reports a failure goes to the file; what merely traces says `false` and is dropped. Nothing goes to
-/// a console. Off, as logging is at start, a call costs the test of a flag. Any thread; never fails.
+/// appends "JSONHelper.decode:21: decodeError: ...", with the file, function and line of the call. With
+/// `true` the message is written if the log is enabled. With `false`, for messages that only trace what
+/// happens, it is dropped. While the log is disabled, a call costs no more than the test of a flag. Any
+/// thread. Never fails.
 namespace quor::toolkit::Logger {
 
 /// Writes "<file without extension letters>.<function without parentheses>:<line>: <message>".
@@ -24,8 +25,7 @@ inline void log(QStringView message, const char* file, const char* function, int
         write(message, file, function, line);
 }
 
-/// The same for the place of the call. The builtins are what std::source_location is made of, which
-/// clang 14 has not.
+/// The same with the place of the call. Uses builtins, as clang 14 has no std::source_location.
 inline void log(QStringView message, bool toFile, const char* file = __builtin_FILE(),
     const char* function = __builtin_FUNCTION(), int line = __builtin_LINE())
 {
