@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Files/FileDescriptor.h"
 #include "Platform/Services/Clock.h"
 
 #include <QObject>
@@ -31,7 +32,7 @@ Q_SIGNALS:
 private:
     void read();
 
-    int descriptor_;
+    platform::FileDescriptor descriptor_;
     std::unique_ptr<QSocketNotifier> notifier_;
 };
 
