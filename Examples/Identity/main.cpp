@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Tells what runs where, as a program would in its "About" box or in a report of an error:
+// Prints which program runs on which system and device, as for an "About" box or an error report:
 //     example-identity
 #include <ToolKit/Identity/ApplicationVersion.h>
 #include <ToolKit/Identity/DeviceIdentifier.h>
@@ -15,10 +15,10 @@ using namespace quor::toolkit;
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
-    // The build tells the version: see CMakeLists.txt.
+    // EXAMPLE_VERSION is defined in CMakeLists.txt.
     QCoreApplication::setApplicationVersion(QStringLiteral(EXAMPLE_VERSION));
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Tells what runs where."));
+    parser.setApplicationDescription(QStringLiteral("Prints which program runs on which system and device."));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.process(application);
@@ -29,12 +29,12 @@ int main(int argc, char** argv)
         out << "            (not yet a first release)\n";
     out << "system:     " << OSVersion::productVersion() << '\n';
 
-    // It looks at the network each time, so keep it. In groups it is easier to read out.
+    // Each call reads the network's state, so keep the result. Groups make it easier to read out.
     const QString identifier = DeviceIdentifier::identifier();
     out << "device:     " << DeviceIdentifier::deviceName() << '\n';
     out << "identifier: " << inserting(identifier.first(16), QStringLiteral("-"), 4) << "…\n";
 
-    // Texts are changed by characters, as their reader sees them.
+    // Texts are changed by whole characters as a user perceives them.
     const QString title = QStringLiteral("größe & gewicht 👨‍👩‍👧 3/4");
     out << "title:      " << truncated(capitalizedFirstLetter(title), 18, QStringLiteral("…")) << '\n';
     out << "file name:  " << withoutFileNameCharacters(withoutEmoji(title)) << '\n';

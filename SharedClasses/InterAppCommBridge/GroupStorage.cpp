@@ -25,7 +25,7 @@ const QString workingDayLengthSecondsKey = u"workingDayLengthSeconds"_s;
 const QString showDurationInPercentKey = u"showDurationInPercent"_s;
 const QString enableLoggingKey = u"enableLogging"_s;
 
-// Not JSONHelper: nothing is logged here, since an empty or foreign slot is no fault.
+// Without JSONHelper, which would log a failure: an empty or foreign value is no error here.
 template <typename Record>
 Record read(const QString& suite, const QString& key)
 {

@@ -13,19 +13,19 @@ namespace quor {
 
 namespace groupstorage {
 
-// The payloads of Action. Outside of it because a variant needs their initializers, which are only
-// known once the class around them is complete.
+// The payloads of Action. They are outside of it because a variant needs their default member initializers,
+// which the compiler knows only after the enclosing class.
 namespace action {
 
 struct StopTimer {
     QString taskID;
-    double delta = 0; ///< seconds relative to now: 0 for now, negative in the past
+    double delta = 0; ///< Seconds relative to now: 0 for now, negative for the past.
     friend bool operator==(const StopTimer&, const StopTimer&) = default;
 };
 
 struct AdjustTimer {
     QString taskID;
-    double delta = 0; ///< seconds to move the start by; 0 moves it to the end of the last entry
+    double delta = 0; ///< Seconds to move the start by. 0 moves it to the end of the last entry.
     friend bool operator==(const AdjustTimer&, const AdjustTimer&) = default;
 };
 
@@ -56,7 +56,7 @@ struct RequestMenuEntries {
 
 } // namespace action
 
-/// What one application asks of the other. One slot: the last one written counts.
+/// A request of one application to the other. There is one slot: a new request replaces the one before.
 struct Action {
     using StopTimer = action::StopTimer;
     using AdjustTimer = action::AdjustTimer;
@@ -76,18 +76,17 @@ struct Action {
 
 } // namespace groupstorage
 
-/// The keys of the preferences suite that both applications share, typed.
+/// Typed access to the keys of the preferences suite that both applications share.
 ///
-/// Each call opens the suite afresh, makes one access and lets go; nothing is cached. Where the
-/// suite cannot be opened, the process's standard defaults serve in its place. What is missing or
-/// unreadable reads as its default; a record that cannot be encoded is stored as no bytes. Nothing
-/// is reported. Synchronous, on the calling thread; no locks: a later write of a key replaces an
-/// earlier one, read or not.
+/// Each call opens the suite, accesses one key, and closes the suite; nothing is cached. If the suite cannot
+/// be opened, the process's standard defaults are used instead. A missing or unreadable value reads as its
+/// default; a record that cannot be encoded is stored as empty data. No failure is reported. There are no
+/// locks: the last write of a key stays, even if nobody has read the one before. Any thread.
 class GroupStorage final {
 public:
     using Action = groupstorage::Action;
 
-    /// The suite's name.
+    /// The name of the suite.
     const QString groupID = QStringLiteral("QX77Z4012M.com.quor-app");
 
     [[nodiscard]] MenubarStatusItemData timerData() const;
@@ -101,7 +100,7 @@ public:
     void setSearchTerm(const QString& term) const;
     void setAction(const Action& action) const;
 
-    // The main application's side of the same keys.
+    // For the main application.
     [[nodiscard]] QString searchTerm() const;
     void setTimerData(const MenubarStatusItemData& data) const;
     void setMenuEntryData(const std::vector<MenuEntry>& entries) const;

@@ -11,7 +11,7 @@ namespace quor {
 
 namespace {
 
-// All that can be told of a closure, and is the same with every compiler.
+// For the log. A closure has no better description that is the same with every compiler.
 QString description(const platform::DistributedNotificationCenter::Handler& handler)
 {
     return handler ? u"(Function)"_s : u"(none)"_s;

@@ -9,11 +9,11 @@
 
 namespace quor {
 
-/// The whole exchange between the helper and the main application: the shared suite for what is
-/// said, and notifications to say that something was.
+/// The whole exchange between the helper and the main application: a shared suite for the data, and
+/// notifications that the suite has changed.
 ///
-/// Borrows the notification centre, which must outlive it. Both operations leave a line in the error
-/// log, where that is on. Main thread only.
+/// Borrows the notification centre, which must outlive it. Both functions write a line to the error log if
+/// that is enabled. Main thread only.
 class InterAppCommBridge final {
 public:
     const QString mainAppBundleID = QStringLiteral("com.quor-app.Quor3-macOS");
@@ -25,7 +25,7 @@ public:
 
     void postNotification(InterAppNotification notification) const;
 
-    /// The caller keeps the token and removes it at the centre when done; the bridge keeps nothing.
+    /// Calls `handler` for each notification until the caller removes the token at the notification centre.
     [[nodiscard]] platform::DistributedNotificationCenter::ObserverToken registerForNotification(
         InterAppNotification notification, platform::DistributedNotificationCenter::Handler handler) const;
 

@@ -5,16 +5,15 @@
 
 namespace quor {
 
-/// The notifications that the applications post to each other. None carries a payload: it only
-/// says that the suite is to be read, or that the other side is to quit.
+/// The notifications that the applications post to each other. None has a payload.
 enum class InterAppNotification {
-    loginKill, ///< for the login item; the helper neither posts nor observes it
-    helperKill, ///< the helper is to quit
-    updatedMain, ///< the main application is to read the suite
-    updatedHelper, ///< the helper is to read the suite
+    loginKill, ///< For the login item. The helper neither posts nor observes it.
+    helperKill, ///< The helper should quit.
+    updatedMain, ///< The main application should read the suite.
+    updatedHelper, ///< The helper should read the suite.
 };
 
-/// The notification's name on the wire.
+/// Returns the notification's name on the bus.
 [[nodiscard]] QString name(InterAppNotification notification);
 
 } // namespace quor

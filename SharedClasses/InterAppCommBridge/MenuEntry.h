@@ -9,8 +9,8 @@
 
 namespace quor {
 
-// The payloads of MenuEntry. Outside of it because a variant needs their initializers, which are only
-// known once the class around them is complete.
+// The payloads of MenuEntry. They are outside of it because a variant needs their default member
+// initializers, which the compiler knows only after the enclosing class.
 namespace menuentry {
 
 struct Entry {
@@ -39,16 +39,16 @@ struct Entry {
     };
 
     QString label;
-    QString hotkey; ///< shown at the trailing end; empty for none
-    std::optional<QString> iconName; ///< of an image resource
-    std::optional<std::uint64_t> color; ///< icon tint, 0xRRGGBB
-    bool isTitle = false; ///< a heading: dimmed, smaller, not selectable
-    Action action; ///< what a click does
+    QString hotkey; ///< Shown at the trailing end. Empty if the row has none.
+    std::optional<QString> iconName; ///< The name of an image resource.
+    std::optional<std::uint64_t> color; ///< Tint of the icon, 0xRRGGBB.
+    bool isTitle = false; ///< A heading: dimmed, smaller, not selectable.
+    Action action; ///< Of a click on the row.
 
     friend bool operator==(const Entry&, const Entry&) = default;
 };
 
-/// Rewinds the start of a running timer. `startTime` in seconds since 1970.
+/// Moves the start of a running timer back. `startTime` is its start now, in seconds since 1970.
 struct AdjustStart {
     QString taskID;
     double startTime = 0;
@@ -71,7 +71,7 @@ struct Separator {
 
 } // namespace menuentry
 
-/// One row of the pop-up menu, as the main application sends it.
+/// One row of the pop-up menu, as sent by the main application.
 struct MenuEntry {
     using Entry = menuentry::Entry;
     using AdjustStart = menuentry::AdjustStart;

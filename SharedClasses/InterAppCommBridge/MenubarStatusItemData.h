@@ -9,16 +9,16 @@
 
 namespace quor {
 
-/// What the main application publishes for the status item. Durations in seconds, moments in
-/// seconds since 1970-01-01 00:00:00 UTC. As constructed it is the record of a tracker at rest,
-/// which also stands for a missing or unreadable one.
+/// The data that the main application publishes for the status item. Durations are in seconds, moments in
+/// seconds since 1970-01-01 00:00:00 UTC. A default-constructed record means that nothing is tracked; a
+/// missing or unreadable record reads as one.
 struct MenubarStatusItemData {
-    double expectedWorkingTime = 0; ///< work expected today; divisor of the day progress
-    double nonWorkingTime = 0; ///< counts as done today without being tracked
-    double inactiveTotalTimeToday = 0; ///< tracked today by timers that do not run now
+    double expectedWorkingTime = 0; ///< Work expected today. The divisor of the day's progress.
+    double nonWorkingTime = 0; ///< The part of today's work that is done without being tracked.
+    double inactiveTotalTimeToday = 0; ///< Tracked today by timers that do not run now.
     bool trackerActive = false;
-    std::optional<std::uint64_t> activeColor; ///< of the running task, 0xRRGGBB
-    std::vector<double> activeStartTimes; ///< one moment for each running timer
+    std::optional<std::uint64_t> activeColor; ///< Of the running task, 0xRRGGBB.
+    std::vector<double> activeStartTimes; ///< One moment for each running timer.
     std::optional<QString> taskName;
     bool menuBarShowActiveTask = false;
     bool menuBarShowDayProgress = false;

@@ -10,7 +10,7 @@
 ///
 ///     JSONDecoder().decode<std::vector<MenuEntry>>(bytes)
 ///
-/// One bad row fails the whole list. Members are written in any order and read in the records' own.
+/// One invalid row makes the whole list invalid. The order of members is unspecified.
 namespace quor::toolkit {
 
 template <>

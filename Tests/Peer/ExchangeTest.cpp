@@ -17,7 +17,7 @@ using platform::Notification;
 
 namespace {
 
-/// The helper's place in the exchange, taken by the test.
+/// The helper's side of the exchange, played by the test.
 class Exchange : public testing::Test {
 protected:
     Exchange()

@@ -10,11 +10,11 @@ namespace quor::test {
 
 struct Result {
     int exitCode;
-    QString output; ///< without the closing line feed
+    QString output; ///< Without the line feed at the end.
     QString errors;
 };
 
-/// Runs one command of the built program, its arguments parted by single blanks, to its end.
+/// Runs one command of the built program and waits for its end. Single blanks separate the arguments.
 inline Result quorPeer(const QString& command, const QStringList& environment = {})
 {
     QProcess process;
@@ -26,20 +26,20 @@ inline Result quorPeer(const QString& command, const QStringList& environment = 
         QString::fromUtf8(process.readAllStandardError())};
 }
 
-/// The built program, serving on the session's bus, with a data folder of the test's own.
+/// The built program as the main application on the session bus, with a data folder for this test.
 class ServingPeer final {
 public:
     ServingPeer() { start(); }
     ~ServingPeer() { kill(); }
 
-    /// Returns once it serves; the output so far is not kept.
+    /// Returns when it serves. Drops the output until then.
     void start()
     {
         process.start(QStringLiteral(QUOR_PEER), {QStringLiteral("serve")});
         while (!process.canReadLine() && process.waitForReadyRead()) { }
         process.readLine();
     }
-    /// Without any warning to it.
+    /// Ends it by SIGKILL.
     void kill()
     {
         process.kill();

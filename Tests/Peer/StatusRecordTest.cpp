@@ -74,7 +74,7 @@ TEST(NextChange, IsTheFirstTextToTurn)
         double expected;
     } cases[] = {
         {false, false, 0, {59.5}, 0.5}, {false, false, 0, {120}, 60},
-        {false, true, 40, {15}, 5}, // the total turns first
+        {false, true, 40, {15}, 5}, // the total changes first
         {false, false, 0, {20, 10}, 15}, // two timers: twice as fast
         {true, false, 0, {80}, 10}, // a day of 90 seconds ends
         {false, false, 0, {}, 12 * 3600}, // nothing runs: the day

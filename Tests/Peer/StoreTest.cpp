@@ -14,7 +14,7 @@ using namespace quor::peer;
 
 namespace {
 
-/// A tracker over a folder, as after a start of the program.
+/// A tracker that has loaded what is in a folder, as after a start of the program.
 struct Session {
     explicit Session(const QTemporaryDir& folder)
         : store(folder.path())
@@ -39,7 +39,7 @@ TEST(Store, EachChangeSurvivesWithoutAnEnd)
     first.tracker.start(u"T2"_s);
     first.tracker.stop(u"T2"_s);
 
-    Session second(folder); // while the first one stands, as if it had been killed
+    Session second(folder); // while the first one still exists, as if it had been killed
     EXPECT_EQ(second.tracker.tasks(), first.tracker.tasks());
     EXPECT_THAT(second.tracker.entries(), testing::UnorderedElementsAreArray(first.tracker.entries()));
     EXPECT_EQ(second.tracker.settings(), settings);

@@ -9,7 +9,7 @@
 
 namespace quor::test {
 
-/// A tracker at a clock of the test's, its data in memory alone.
+/// A tracker with a test clock, and with its data in memory only.
 struct Tracked {
     Tracked(double now, const QStringList& tasks)
         : clock(now)
@@ -19,7 +19,7 @@ struct Tracked {
 
     void moveTo(double seconds) { clock.advance(seconds - platform::secondsSince1970(clock.now())); }
 
-    /// An entry of the last task, from one moment to another.
+    /// Adds an entry of the last task, from one moment to another.
     void track(double start, double end)
     {
         moveTo(start);

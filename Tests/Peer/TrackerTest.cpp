@@ -22,7 +22,7 @@ TEST(Tracker, StopsWithinTheTimeThatTheTimerRan)
     for (const auto& each : cases) {
         Tracked t(noon, {u"Design"_s});
         t.tracker.start(u"T1"_s);
-        t.tracker.adjust(u"T1"_s, 0); // to the end of the entry before it, which there is not
+        t.tracker.adjust(u"T1"_s, 0); // to the end of the entry before it, but there is none
         t.clock.advance(each.ran);
         if (each.ran < 0)
             t.tracker.adjust(u"T1"_s, 60);
@@ -36,7 +36,7 @@ TEST(Tracker, MovesTheStartButNotBeyondNow)
 {
     const struct {
         double delta;
-        double start; // from noon; the timer started there, 600 s ago; the last entry ended at -900
+        double start; // relative to noon, when the timer started (600 s ago); the last entry ended at -900
     } cases[] = {{-300, -300}, {300, 300}, {900, 600}, {0, -900}, {-3600, -3600}};
     for (const auto& each : cases) {
         Tracked t(noon, {u"Design"_s, u"Meeting"_s});

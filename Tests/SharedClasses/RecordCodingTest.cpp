@@ -27,7 +27,7 @@ const QByteArray row
     = R"({"entry":{"_0":{"label":"Design","hotkey":"","iconName":"play","color":16711680,"isTitle":false,)"
       R"("action":{"start":{"_0":"T1"}}}}})";
 
-/// The error's text; empty if it decodes.
+/// Returns the error's text, or an empty text if there is no error.
 template <typename Record>
 std::string reason(const QByteArray& text)
 {
@@ -56,7 +56,7 @@ TEST(RecordCoding, StatusRecordNeedsEachFieldInItsType)
     const struct {
         const char* field;
         const char* value;
-        const char* reason; ///< empty where the record is still taken
+        const char* reason; ///< Empty if the record is still valid.
     } cases[] = {
         {"expectedWorkingTime", "\"1\"", "Expected a number, but found a text."},
         {"trackerActive", "1", "Expected true or false, but found a number."},

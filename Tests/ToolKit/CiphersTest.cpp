@@ -29,7 +29,7 @@ QByteArray randomBytes(qsizetype size)
     return bytes;
 }
 
-/// What the openssl command makes of `input`.
+/// Returns the output of the openssl command for `input`.
 QByteArray openssl(const QStringList& arguments, const QByteArray& input)
 {
     QProcess process;
@@ -41,7 +41,7 @@ QByteArray openssl(const QStringList& arguments, const QByteArray& input)
     return process.readAllStandardOutput();
 }
 
-/// The status of the error, which must tell of a decryption; 0 if there was none.
+/// Returns the status of the error, which must be one of decryption; 0 if there was no error.
 int statusOfDecrypting(const QByteArray& data, const QString& key)
 {
     try {
@@ -101,7 +101,7 @@ TEST(Ciphers, TellWhyThereIsNoResult)
     const QByteArray sealed = encrypt(randomBytes(40), u"key");
     for (qsizetype size = 0; size < sealed.size(); ++size) {
         if (size % 16 == 0 && size >= 32)
-            continue; // whole blocks fail unless their end happens to be a padding
+            continue; // whole blocks fail, unless their end is a valid padding by chance
         EXPECT_NE(statusOfDecrypting(sealed.first(size), u"key"_s), 0) << size;
     }
     EXPECT_EQ(ERR_peek_error(), 0) << "nobody else's error";
@@ -143,7 +143,7 @@ TEST(Ciphers, KeepTexts)
     EXPECT_EQ(decrypted(encrypted(u"a", key).value(), half), std::nullopt);
 }
 
-/// Whether the Latin-1 of `secret`, which is kept in UTF-16 alone, stands anywhere in writable memory.
+/// Returns whether writable memory contains the Latin-1 bytes of `secret`, which the test has in UTF-16 only.
 bool isInMemory(const QString& secret)
 {
     static char bytes[1 << 20];
@@ -156,7 +156,7 @@ bool isInMemory(const QString& secret)
         char access[3]{};
         std::sscanf(line.c_str(), "%lx-%lx %2s", &from, &to, access);
         if (access != std::string("rw") || to - from > (1UL << 28))
-            continue; // beyond that it is a sanitizer's own
+            continue; // larger areas belong to a sanitizer
         for (auto at = from; at < to; at += 1 << 19) { // they overlap
             memory.clear();
             memory.seekg(static_cast<std::streamoff>(at));

@@ -33,7 +33,7 @@ protected:
         return {in("route"), in("ipv6_route"), in("net"), in("machine-info"), in("hostname")};
     }
 
-    /// Whether the identifier is that of `text`, an address or a name.
+    /// Returns whether the identifier is made from `text`, an address or a name.
     [[nodiscard]] bool identifies(const QString& text) const
     {
         return DeviceIdentifier::identifier(paths()) == sha256(text);
@@ -58,7 +58,7 @@ TEST_F(IdentityTest, FollowsTheDefaultRoute)
     const QByteArray none(32, '0');
     const QByteArray ipv6 = none + " 00 " + none + " 00 " + none;
     file(u"ipv6_route"_s,
-        ipv6 + " ffffffff 00000001 00000000 00200200 eth1\n" // refuses what comes there
+        ipv6 + " ffffffff 00000001 00000000 00200200 eth1\n" // a route that rejects packets
             + "fd" + none.sliced(2) + " 40 " + none + " 00 " + none
             + " 00000001 00000001 00000000 00000001 eth1\n" + ipv6
             + " 00000400 00000002 00000000 00000003    wlan0\n");

@@ -32,7 +32,7 @@ protected:
         return QDir(path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
     }
     void create(const QString& name) const { EXPECT_TRUE(QFile(path(name)).open(QFile::WriteOnly)); }
-    /// Of all files: the date may turn between two lines.
+    /// The lines of all files, as the date may change between two lines.
     [[nodiscard]] QByteArrayList lines() const
     {
         QByteArray text;
@@ -126,7 +126,8 @@ TEST_F(LoggerTest, LinesOfThreadsAndProcessesStayWhole)
     writeAll(2);
     other.join();
     EXPECT_EQ(waitpid(child, nullptr, 0), child);
-    std::map<QByteArray, int> next; // what each writer's next line is: in order, none lost
+    std::map<QByteArray, int>
+        next; // the number of each writer's next line: they are in order, and none is lost
     for (const QByteArray& line : lines()) {
         const QByteArray writer = line.mid(27, 1);
         ASSERT_EQ(

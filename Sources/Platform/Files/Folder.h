@@ -18,15 +18,15 @@ namespace quor::platform {
     const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
 
 /// Makes the folder and those above it where they are missing, with permissions `mode` less the process's
-/// mask. Succeeds if something is there already, whatever it is.
+/// mask. Also succeeds if there is already something else than a folder.
 [[nodiscard]] std::error_code makeFolder(const QByteArray& path, mode_t mode);
 
 /// Hidden names begin with a dot.
 enum class Names { visible, hidden };
 
 /// Returns the names of a folder's own entries of one kind (`S_IFREG`, `S_IFDIR`), in no order, without
-/// "." and "..". A symbolic link has the kind `S_IFLNK`, whatever it leads to. Returns an empty list if the
-/// folder cannot be read.
+/// "." and "..". A symbolic link has the kind `S_IFLNK`, even if it leads to another kind. Returns an empty
+/// list if the folder cannot be read.
 [[nodiscard]] std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names = Names::visible);
 
 } // namespace quor::platform

@@ -24,8 +24,8 @@ enum class TargetFile {
 ///     file.write(bytes);
 ///     const std::error_code error = file.commit();
 ///
-/// The first failure stands: later calls have no effect, and `commit` returns it. A file that was not
-/// committed is removed with this object; one whose writer was killed is removed by `removeLeftovers`,
+/// After the first failure, later calls have no effect, and `commit` returns that failure. A file that was
+/// not committed is removed with this object; one whose writer was killed is removed by `removeLeftovers`,
 /// which a lock on each file under a temporary name keeps from removing files that are being written. The
 /// temporary name, `.quor-<random>.new` in the target's folder, is hidden and never used twice.
 ///
@@ -49,7 +49,8 @@ public:
     void write(QByteArrayView bytes);
     /// Gives the file the permissions of the target, where that is a regular file.
     void copyPermissionsOfTarget();
-    /// Waits until the content is on the disk, so that after a power cut the name never stands without it.
+    /// Waits until the content is on the disk. Without it, a power cut soon after the commit can leave the
+    /// target empty.
     void sync();
 
     /// Gives the file the target's name. After an exchange the temporary name belongs to the former

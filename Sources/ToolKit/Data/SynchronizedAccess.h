@@ -9,14 +9,15 @@
 
 namespace quor::toolkit {
 
-/// A value that is touched by one block at a time, on a private queue, in the order of submission.
+/// A value that only blocks of code on a private queue can access, one at a time and in the order of the
+/// calls.
 ///
 ///     SynchronizedAccess<std::vector<int>> numbers;
 ///     numbers.async([](auto& list) { list.push_back(1); });
 ///     const auto count = numbers.sync([](auto& list) { return list.size(); }); // 1
 ///
-/// Any thread. The destructor returns when all blocks have run. `sync` from within a block of the same
-/// value could never return: a fatal error.
+/// Any thread. The destructor waits until all blocks have run. Calling `sync` from within a block of the same
+/// value is a fatal error, as it could never return.
 template <typename Value>
 class SynchronizedAccess final {
 public:
@@ -26,13 +27,14 @@ public:
     {
     }
 
+    /// Runs the block, after those of earlier calls, and returns its result.
     template <typename Block>
     std::invoke_result_t<Block&, Value&> sync(Block&& block)
     {
         return accessQueue_.sync([&]() -> decltype(auto) { return std::invoke(block, value_); });
     }
 
-    /// The value stays alive until the block has run; what the block captures is its own affair.
+    /// Runs the block later. The value exists until then; the caller ensures the same for what it captures.
     template <typename Block>
     void async(Block&& block)
     {
@@ -42,7 +44,8 @@ public:
 
 private:
     Value value_;
-    platform::DispatchQueue accessQueue_{QByteArrayLiteral("SynchronizedAccess")}; ///< ends before the value
+    platform::DispatchQueue accessQueue_{
+        QByteArrayLiteral("SynchronizedAccess")}; ///< Last, so that it ends before the value.
 };
 
 } // namespace quor::toolkit

@@ -14,7 +14,7 @@ namespace quor::toolkit {
 
 namespace {
 
-// Qt's reader takes blanks too, and the signs and digits of other scripts are none of a version's.
+// Qt's own conversion accepts blanks too, and QChar::isDigit the digits of other scripts.
 std::optional<qint64> integer(QStringView piece)
 {
     const bool hasSign = piece.startsWith(u'+') || piece.startsWith(u'-');

@@ -5,29 +5,30 @@
 
 #include <QString>
 
-/// What version of itself an application is, versions as numbers, and the application's own texts.
+/// The version of the running application, versions as numbers, and the application's own texts.
 ///
-/// The version is what the application was built with and tells Qt when it starts, with the number of
-/// the build behind it:
+/// An application passes its version, with the build number in parentheses, to Qt when it starts:
 ///
 ///     target_compile_definitions(app PRIVATE "APP_VERSION=\"${PROJECT_VERSION} (${BUILD})\"")
 ///     QCoreApplication::setApplicationVersion(QStringLiteral(APP_VERSION));
 ///
-/// None of these fails. Any thread, once the version is set.
+/// These functions never fail. Any thread, after the version was set.
 namespace quor::toolkit {
 
-/// The version without the number of the build, as in "3.1.2"; "0.0.0" if none was set.
+/// Returns the version without the build number, as in "3.1.2"; "0.0.0" if no version was set.
 [[nodiscard]] QString shortVersion();
 
-/// The version with the number of the build, if it has one, as in "3.1.2 (2847)".
+/// Returns the version with the build number, if there is one, as in "3.1.2 (2847)".
 [[nodiscard]] QString versionDescription();
 
-/// A version such as "14.2.1" as a number, 140201, which orders versions as long as the minor number
-/// and the patch stay below 100. Pieces between points that are no integer are skipped, and so are the
-/// fourth and further ones; 0 with fewer than two. Kept within 64 bits.
+/// Returns a version such as "14.2.1" as a number, here 140201. The numbers have the order of the versions as
+/// long as the minor and patch numbers are below 100. Pieces between dots that are no integers are ignored,
+/// and so are integers after the third. Returns 0 if there are fewer than two. A result beyond 64 bits is
+/// clamped.
 [[nodiscard]] qint64 numericVersion(QStringView version);
 
-/// The text of `key` in the user's language, from the bundle named as the executable; else the key itself.
+/// Returns the text of `key` in the user's language from the bundle, by default the one with the name of the
+/// executable. Returns the key if the bundle has no such text.
 [[nodiscard]] QString localized(
     const QString& key, const platform::Bundle& bundle = platform::Bundle::main());
 

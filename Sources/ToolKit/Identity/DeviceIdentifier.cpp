@@ -22,7 +22,7 @@ QString hostName(const QString& path)
 {
     QFile file(path);
     const QByteArray name = file.open(QFile::ReadOnly) ? file.readLine(256).trimmed() : QByteArray();
-    return name == "(none)" ? QString() : QString::fromUtf8(name); // the kernel's word for none
+    return name == "(none)" ? QString() : QString::fromUtf8(name); // as the kernel reports a missing name
 }
 
 } // namespace

@@ -3,13 +3,13 @@
 
 #include <QString>
 
-/// A stable, anonymous identifier of this machine, and the name that it is shown by.
+/// A stable, anonymous identifier of this machine, and its name for users.
 ///
-/// Both look at the system each time they are called, which takes some hundred microseconds: keep the result.
-/// Neither fails. Stateless; any thread.
+/// Both functions read files of the system at each call, which takes some hundred microseconds, so keep the
+/// result. They never fail. Stateless. Any thread.
 namespace quor::toolkit::DeviceIdentifier {
 
-/// Where the system tells of itself.
+/// The files and folders that are read.
 struct Paths {
     QString routes = QStringLiteral("/proc/net/route");
     QString ipv6Routes = QStringLiteral("/proc/net/ipv6_route");
@@ -18,13 +18,14 @@ struct Paths {
     QString hostName = QStringLiteral("/proc/sys/kernel/hostname");
 };
 
-/// 64 lower-case hexadecimal digits: the SHA-256 of the hardware address of the interface that the default
-/// route goes through (`a4:83:e7:12:9f:01`), so it stays as long as that interface does, and the address
-/// itself is not told. Offline it is the first network device; without one, the machine's name is taken, and
-/// two such machines of one name have one identifier.
+/// Returns 64 lower-case hexadecimal digits: the SHA-256 of the hardware address of the interface that the
+/// default route uses, as text (`a4:83:e7:12:9f:01`). The identifier is the same as long as that interface
+/// is, and does not reveal the address. If there is no default route, the first network device is used, and
+/// without one the name of the machine: then two machines with the same name have the same identifier.
 [[nodiscard]] QString identifier(const Paths& paths = {});
 
-/// The machine's pretty name (`hostnamectl --pretty`), else its host name, else "Default Device Name".
+/// Returns the machine's pretty name (`hostnamectl --pretty`), else its host name, else "Default Device
+/// Name".
 [[nodiscard]] QString deviceName(const Paths& paths = {});
 
 } // namespace quor::toolkit::DeviceIdentifier

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Identity/EnvironmentFile.h"
 
+#include "Platform/Files/FileContents.h"
+
 #include <QFile>
 #include <QStringList>
 
@@ -12,13 +14,14 @@ namespace {
 
 constexpr qint64 largestFile = 65536;
 
-// In double quotes a backslash takes the meaning from these.
+// The characters that a backslash escapes inside double quotes.
 bool isEscapable(QChar character)
 {
     return u"\"$\\`"_s.contains(character);
 }
 
-/// Of what stands behind the "="; absent where a quote is not closed by the last character.
+/// Returns the value in the text after the "=". Returns nullopt if a quote is not closed, or not by the last
+/// character.
 std::optional<QString> unquoted(const QString& value)
 {
     const QChar quote = value.isEmpty() ? QChar() : value.front();
@@ -39,12 +42,12 @@ std::optional<QString> unquoted(const QString& value)
 
 std::optional<QString> valueInEnvironmentFile(const QString& path, const QString& key)
 {
-    QFile file(path);
-    if (!file.open(QFile::ReadOnly))
+    const auto content = platform::readFile(QFile::encodeName(path), largestFile);
+    if (!content)
         return std::nullopt;
     const QString start = key + u'=';
     std::optional<QString> found;
-    for (const QString& line : QString::fromUtf8(file.read(largestFile)).split(u'\n')) {
+    for (const QString& line : QString::fromUtf8(*content).split(u'\n')) {
         const QString trimmed = line.trimmed();
         if (!trimmed.startsWith(start))
             continue;

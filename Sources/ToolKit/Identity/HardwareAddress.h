@@ -11,9 +11,11 @@ namespace quor::toolkit {
 
 using HardwareAddress = std::array<std::uint8_t, 6>;
 
-/// The address of the interface that the default route goes through, IPv4 before IPv6, the least metric
-/// first. Interfaces without an address of their own, such as tunnels, are passed over. With no default
-/// route at all, as offline, that of the first interface by name that is a real device.
+/// Returns the hardware address of the interface that the default route uses. Of several routes, those of
+/// IPv4 come first, and then those with the lowest metric. Interfaces without a hardware address, such as
+/// tunnels, are ignored. If there is no default route, returns the address of the first interface by name
+/// that is a real device. Returns nullopt if no interface has an address. The parameters are the paths that
+/// `DeviceIdentifier::Paths` describes.
 [[nodiscard]] std::optional<HardwareAddress> primaryHardwareAddress(
     const QString& routes, const QString& ipv6Routes, const QString& interfaces);
 

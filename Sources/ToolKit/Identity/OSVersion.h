@@ -4,11 +4,12 @@
 #include <QString>
 #include <QStringList>
 
-/// The version of the operating system. Stateless; any thread.
+/// The version of the operating system. Stateless. Any thread.
 namespace quor::toolkit::OSVersion {
 
-/// `VERSION_ID` of the first of these files that can be read, "12" on Debian 12. "None" where it has none,
-/// as on systems without releases. Reads the file each time.
+/// Returns `VERSION_ID` of the first of these files that can be read, as in "12" for Debian 12. Returns
+/// "None" if that file has no such line (rolling distributions have none), or no file can be read. Reads the
+/// file at each call.
 [[nodiscard]] QString productVersion(
     const QStringList& files = {QStringLiteral("/etc/os-release"), QStringLiteral("/usr/lib/os-release")});
 

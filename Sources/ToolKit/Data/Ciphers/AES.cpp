@@ -33,7 +33,7 @@ SecretBytes cipherKey(QStringView text)
     return key;
 }
 
-/// Room for what is decrypted from `data`.
+/// Returns the size of a buffer for the decrypted bytes. Throws if `data` is too short.
 qsizetype plainSize(QByteArrayView data)
 {
     if (data.size() < blockSize)

@@ -8,14 +8,14 @@
 
 namespace quor::toolkit {
 
-/// Why `encrypt` or `decrypt` gave no result. The one exception that the kit throws, and the text-level
-/// operations on top of them already turn it into an absent result. A value; any thread.
+/// The reason why `encrypt` or `decrypt` failed. The only exception that the kit throws; `encrypted` and
+/// `decrypted` catch it and return nullopt. A value. Any thread.
 class AESError final : public std::exception {
 public:
     enum class Case {
-        KeyError, ///< the key is no valid Unicode text
-        IVError, ///< the system has no random bytes to give
-        CryptorError, ///< the cipher refused, most often on a wrong key or a damaged ciphertext
+        KeyError, ///< The key is no valid Unicode.
+        IVError, ///< The system provides no random bytes.
+        CryptorError, ///< The cipher failed, mostly because of a wrong key or a damaged ciphertext.
     };
 
     [[nodiscard]] static AESError KeyError(const QString& message, int status);
@@ -24,11 +24,11 @@ public:
 
     [[nodiscard]] Case kind() const noexcept { return kind_; }
 
-    /// In English, for a developer: "Decryption failed".
+    /// A text for developers, in English: "Decryption failed".
     [[nodiscard]] const QString& message() const noexcept { return message_; }
 
-    /// The code of OpenSSL's that tells more (`openssl errstr`, in hexadecimal); 0 for a `KeyError`
-    /// alone.
+    /// OpenSSL's error code, which `openssl errstr` explains (in hexadecimal). 0 for a `KeyError`, and never
+    /// 0 for another case.
     [[nodiscard]] int status() const noexcept { return status_; }
 
     /// The message in UTF-8.

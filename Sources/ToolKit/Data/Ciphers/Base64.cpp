@@ -29,7 +29,7 @@ std::optional<QByteArray> dataFromBase64(QStringView text, Base64Decoding decodi
             return std::nullopt;
     }
     characters.truncate(end - characters.constData());
-    // Qt's decoder does without the padding.
+    // Qt's decoder accepts texts without padding.
     if (characters.size() % 4 != 0)
         return std::nullopt;
     auto result = QByteArray::fromBase64Encoding(

@@ -7,20 +7,20 @@
 
 #include <optional>
 
-/// Bytes as text in standard base64 (RFC 4648, section 4) and back. Stateless; any thread.
+/// Standard Base64 (RFC 4648, section 4). Stateless. Any thread.
 namespace quor::toolkit {
 
-/// What to do about a character outside the alphabet and "=".
+/// What happens with a character that is neither in the alphabet nor "=".
 enum class Base64Decoding {
-    strict, ///< the whole text is refused
-    ignoreUnknownCharacters, ///< it is skipped, as line breaks and blanks of a wrapped text should be
+    strict, ///< The whole text is refused.
+    ignoreUnknownCharacters, ///< It is ignored. For texts with line breaks.
 };
 
-/// With padding, without line breaks; empty for no bytes.
+/// Returns the bytes in Base64, with padding and without line breaks.
 [[nodiscard]] QString base64EncodedString(QByteArrayView data);
 
-/// Nothing where the length of what is read is no multiple of 4, or "=" stands anywhere but as the last
-/// one or two characters. Empty for an empty text.
+/// Returns the bytes of a text in Base64; no bytes for an empty text. Returns nullopt if the number of
+/// characters (without ignored ones) is no multiple of 4, or if there is an "=" before the last two.
 [[nodiscard]] std::optional<QByteArray> dataFromBase64(QStringView text, Base64Decoding decoding);
 
 } // namespace quor::toolkit

@@ -19,13 +19,13 @@ namespace quor::toolkit::CBCCipher {
 
 namespace {
 
-constexpr qsizetype mostAtOnce = qsizetype(1) << 30; // OpenSSL counts in int
+constexpr qsizetype mostAtOnce = qsizetype(1) << 30; // since OpenSSL takes the size as an int
 
 struct FreeContext {
-    void operator()(EVP_CIPHER_CTX* context) const { EVP_CIPHER_CTX_free(context); } // and wipes it
+    void operator()(EVP_CIPHER_CTX* context) const { EVP_CIPHER_CTX_free(context); } // wipes it too
 };
 
-/// Keeps our failures out of the queue of errors that the thread's other users of OpenSSL look into.
+/// Removes our errors from OpenSSL's error queue of this thread at its end, as other code looks there too.
 class ErrorScope {
 public:
     ErrorScope() { ERR_set_mark(); }
@@ -33,7 +33,7 @@ public:
     ErrorScope(const ErrorScope&) = delete;
     ErrorScope& operator=(const ErrorScope&) = delete;
 
-    /// Never 0.
+    /// The last error. Never 0.
     [[nodiscard]] static int status()
     {
         const auto code = static_cast<int>(ERR_peek_last_error());
@@ -51,7 +51,7 @@ const unsigned char* bytes(const char* data)
     return reinterpret_cast<const unsigned char*>(data);
 }
 
-// The number of bytes written, none on failure.
+// Returns the number of bytes written, or nullopt on failure.
 std::optional<qsizetype> tryToCrypt(
     Direction direction, const SecretBytes& key, const char* iv, QByteArrayView in, char* out)
 {

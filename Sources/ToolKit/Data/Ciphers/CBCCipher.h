@@ -7,18 +7,18 @@
 
 namespace quor::toolkit::CBCCipher {
 
-/// AES-256 in CBC mode with PKCS#7 padding, over plain memory: what `encrypt` and `decrypt` stand on.
+/// AES-256 in CBC mode with PKCS#7 padding, from buffer to buffer. `encrypt` and `decrypt` are built on it.
 
 constexpr qsizetype keySize = 32;
-constexpr qsizetype blockSize = 16; ///< of the initialisation vector too
+constexpr qsizetype blockSize = 16; ///< Also the size of the initialisation vector.
 
 enum class Direction { decrypt = 0, encrypt = 1 };
 
-/// Writes to `out`, which has room for the input and, to encrypt, one block more. Returns how much was
-/// written. Throws a `CryptorError`; what had been decrypted till then is wiped.
+/// Encrypts or decrypts `in` into `out` and returns the number of bytes written. `out` must have the size of
+/// `in`, plus one block for encryption. Throws a `CryptorError` on failure, and wipes what was written.
 qsizetype crypt(Direction direction, const SecretBytes& key, const char* iv, QByteArrayView in, char* out);
 
-/// Fills `iv` with random bytes. Throws an `IVError`.
+/// Fills `iv`, of `blockSize` bytes, with random bytes. Throws an `IVError` on failure.
 void generateIV(char* iv);
 
 } // namespace quor::toolkit::CBCCipher

@@ -8,7 +8,8 @@
 
 namespace quor::toolkit {
 
-/// Bytes that are wiped when they go. They neither grow nor are shared, so no copy stays behind.
+/// Bytes that are wiped at the end of their life. They are never copied or reallocated, so none remain
+/// elsewhere.
 class SecretBytes final {
 public:
     /// Filled with zero bytes.
@@ -19,18 +20,18 @@ public:
     SecretBytes& operator=(const SecretBytes&) = delete;
     SecretBytes& operator=(SecretBytes&&) = delete;
 
-    /// The text's UTF-8; none for a text with half a surrogate pair.
+    /// Returns the text's UTF-8, or nullopt for a text with half of a surrogate pair.
     [[nodiscard]] static std::optional<SecretBytes> utf8(QStringView text);
 
     [[nodiscard]] char* data() { return bytes_.data(); }
     [[nodiscard]] const char* data() const { return bytes_.data(); }
     [[nodiscard]] qsizetype size() const { return size_; }
 
-    /// What stood behind the new end is wiped with the rest.
+    /// Makes the size smaller. The bytes after it are wiped with the others.
     void truncate(qsizetype size) { size_ = size; }
 
 private:
-    std::vector<char> bytes_; ///< never resized, empty when moved from
+    std::vector<char> bytes_; ///< Never resized. Empty after a move.
     qsizetype size_;
 };
 
