@@ -11,6 +11,7 @@
 #include <ctime>
 #include <filesystem>
 #include <mutex>
+#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -21,7 +22,9 @@ namespace {
 
 constexpr double sevenDays = 604800;
 
-/// The folder of the log. Never destroyed, since threads may log until the process ends.
+/// The folder of the log. Reading its path takes no lock, since any thread may log at any moment; so a path
+/// stays in memory once it was set, each distinct one once. Never destroyed, since threads may log until the
+/// process ends.
 class LogFolder {
 public:
     static LogFolder& shared()
@@ -33,19 +36,20 @@ public:
     void setPath(const QString& path)
     {
         const std::lock_guard lock(mutex_);
-        path_ = path;
+        current_.store(&*paths_.insert(path).first, std::memory_order_release);
     }
     /// Empty if there is no folder.
     [[nodiscard]] QString path() const
     {
-        const std::lock_guard lock(mutex_);
-        return path_;
+        const auto* const path = current_.load(std::memory_order_acquire);
+        return path ? *path : QString();
     }
     [[nodiscard]] std::string nativePath() const { return QFile::encodeName(path()).toStdString(); }
 
 private:
-    mutable std::mutex mutex_;
-    QString path_;
+    std::mutex mutex_; ///< Guards `paths_`.
+    std::set<QString> paths_; ///< A set keeps its elements where they are.
+    std::atomic<const QString*> current_ = nullptr;
 };
 
 // Without a format: formatting both dates would take a tenth of the time of a whole line.
