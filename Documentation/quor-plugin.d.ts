@@ -1,33 +1,36 @@
-// What a plug-in finds as globals, beside the language itself and the parameters of its run.
+// The globals of a plug-in, besides the language itself and the parameters of its run.
 
-/** What the server answered. Without these members at all where `url` was no URL. */
+/** The response to a request. Has no members if `url` was not a URL. */
 interface QuorResponse {
-  /** The HTTP status; 0 when there was no response. */
+  /** The HTTP status; 0 if there was no response. */
   statusCode: number;
-  /** The body; "" when there is none, when it failed half-way and when it is not UTF-8. */
+  /** The body; "" if it is missing, incomplete, too long or not UTF-8. */
   result: string;
-  /** All fields of the response, in the server's letter case; several of one name are joined with ", ". */
+  /** The headers, with names as the server writes them. Values of the same name are joined with ", ". */
   headers: Record<string, string>;
 }
 
-/** None of these throws. Paths lead from the plug-in's folder; one with ".." in it is refused. */
+/** None of these functions throws. Paths are relative to the plug-in's folder; one that contains ".." is refused. */
 interface QuorUtils {
   /** Removes a file, never a folder. */
   removeFile(path: string): void;
+  /** Whether a file or folder of that path exists. */
   fileExists(path: string): boolean;
-  /** Replaces the file whole or, where it cannot, not at all. Makes no folders. */
+  /** Creates or replaces a file. If that fails, the old file stays. Does not create folders. */
   writeToFile(path: string, contents: string): void;
-  /** Undefined for what is missing or not UTF-8. */
+  /** Returns undefined if the file is missing or not UTF-8. */
   contentsOfFile(path: string): string | undefined;
+  /** Encodes the text's UTF-8. */
   base64Encode(text: string): string;
-  /** "" for what is not base64 of UTF-8. */
+  /** Returns "" if the text is not base64 of UTF-8. */
   base64Decode(text: string): string;
-  /** The translated text, or the key without one. */
+  /** Returns the translated text, or the key if there is none. */
   localize(key: string): string;
-  /** Into the error log, arrays and objects as JSON of their enumerable members: log String(error). */
+  /** Writes a value to the error log; arrays and objects as JSON of their enumerable members. Use log(String(error)). */
   log(value: unknown): void;
+  /** Renders Markdown as HTML. Escapes nothing. */
   markdownToHTML(text: string): string;
-  /** Blocks until the response is there, for at most 60 seconds. */
+  /** Sends a request and waits for the response, at most 60 seconds. */
   request(
     url: string,
     method: string,

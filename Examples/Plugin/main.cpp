@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Runs a plug-in, for those who write one:
+// Runs a plug-in, for authors of plug-ins:
 //     quor-plugin Examples/Plugin/greeting --parameters '{"name": "Ada"}'
-// Its folder holds plugin.js and, if it likes, texts.json, a table of translated texts. The result goes to
-// standard output, the log and what the script throws to standard error. Exits with 0, with 1 if the script
-// threw or a file or the output failed, with 2 if the arguments are wrong.
+// The folder contains plugin.js and optionally texts.json, a table of translated texts. The result goes to
+// standard output, the log and uncaught exceptions go to standard error. Exits with 0; with 1 if the script
+// threw or a file could not be read or the output not written; with 2 if the arguments are wrong.
 #include <ToolKit/JavaScript/JavaScriptPlugin.h>
 #include <ToolKit/Logging/FileErrorLogger.h>
 
@@ -70,7 +70,7 @@ std::optional<QJsonObject> jsonObject(const QByteArray& text, const QString& nam
     const bool isJSON = error.error == QJsonParseError::NoError;
     complain(failed,
         name
-            + (isJSON ? u" is no JSON object"_s
+            + (isJSON ? u" is not a JSON object"_s
                       : u": "_s + error.errorString() + u" at byte "_s + QString::number(error.offset)));
     return std::nullopt;
 }
@@ -88,7 +88,7 @@ void printLog(const QString& directory)
         err << QString::fromUtf8(fileContents(QDir(directory).filePath(name)).value_or(QByteArray()));
 }
 
-// An object without a text of its own is told by its members.
+// An object without a useful text is shown as JSON of its members.
 QString exceptionText(const JSValue& exception)
 {
     const QString text = exception.toString().value_or(u"an exception without a text"_s);
@@ -105,13 +105,13 @@ void printException(const JSValue& exception)
     err << ' ' << exceptionText(exception) << '\n';
 }
 
-// Of a value that JSON cannot hold, what the script's String would tell.
+// The value as JSON if JSON can represent it, else as the script's String(value).
 QString resultText(const JSValue& result)
 {
     const auto value = result.toScriptValue();
-    const bool isHeld = value && (!value->as<std::monostate>() || result.isUndefined());
+    const bool isRepresented = value && (!value->as<std::monostate>() || result.isUndefined());
     const QString text = result.toString().value_or(u"no text"_s);
-    return isHeld ? plainText(*value) : text;
+    return isRepresented ? plainText(*value) : text;
 }
 
 int run(JavaScriptPlugin plugin, const QString& script, const ScriptValue::Map& parameters)
@@ -147,7 +147,7 @@ std::optional<QHash<QString, QString>> textsOf(const QDir& folder)
         return std::nullopt;
     for (auto text = table->begin(); text != table->end(); ++text) {
         if (!text->isString()) {
-            complain(failed, u"texts.json: "_s + text.key() + u" is no text"_s);
+            complain(failed, u"texts.json: "_s + text.key() + u" is not a text"_s);
             return std::nullopt;
         }
         texts.insert(text.key(), text->toString());
@@ -162,28 +162,30 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        u"Runs the plug-in of a folder. Its result goes to standard output, its log and what it throws to "
-        "standard error. Exits with 0; with 1 if it threw or a file failed; with 2 if the arguments are "
-        "wrong.\n\n"
+        u"Runs the plug-in in a folder. Its result goes to standard output, its log and uncaught exceptions "
+        u"go "
+        "to standard error. Exits with 0; with 1 if it threw or a file could not be read or the output not "
+        "written; with 2 if the arguments are wrong.\n\n"
         "    quor-plugin my-plugin --parameters '{\"name\": \"Ada\"}'"_s);
-    parser.addPositionalArgument(u"FOLDER"_s, u"Holds plugin.js and perhaps texts.json."_s);
+    parser.addPositionalArgument(u"FOLDER"_s, u"Contains plugin.js and optionally texts.json."_s);
     const QCommandLineOption parametersOption(u"parameters"_s,
-        u"An object, or @ and a file of one; each member becomes a global."_s, u"JSON"_s, u"{}"_s);
+        u"A JSON object, or @ and the name of a file with one; each member becomes a global."_s, u"JSON"_s,
+        u"{}"_s);
     const QCommandLineOption timeOption(
-        u"time-limit"_s, u"Processor time that the script may take."_s, u"SECONDS"_s);
+        u"time-limit"_s, u"Limit of processor time for the script."_s, u"SECONDS"_s);
     parser.addOptions({parametersOption, timeOption});
-    const QCommandLineOption helpOption({u"h"_s, u"help"_s}, u"Tells this."_s);
+    const QCommandLineOption helpOption({u"h"_s, u"help"_s}, u"Shows this help."_s);
     parser.addOption(helpOption);
     if (!parser.parse(application.arguments()))
         return complain(misused, parser.errorText());
     if (parser.isSet(helpOption))
         parser.showHelp();
     if (parser.positionalArguments().size() != 1)
-        return complain(misused, u"one folder is wanted; see --help"_s);
+        return complain(misused, u"give exactly one folder; see --help"_s);
     const QString given = parser.value(parametersOption);
     const auto json = given.startsWith(u'@') ? fileContents(given.sliced(1)) : given.toUtf8();
     if (!json)
-        return complain(failed, u"there is no "_s + given.sliced(1));
+        return complain(failed, u"cannot read "_s + given.sliced(1));
     const auto parameters = jsonObject(*json, u"--parameters"_s);
     if (!parameters)
         return misused;
@@ -191,7 +193,7 @@ int main(int argc, char** argv)
     const QDir folder(parser.positionalArguments().constFirst());
     const auto script = fileContents(folder.filePath(u"plugin.js"_s));
     if (!script)
-        return complain(failed, u"there is no plugin.js in "_s + folder.path());
+        return complain(failed, u"cannot read "_s + folder.filePath(u"plugin.js"_s));
     const auto texts = textsOf(folder);
     if (!texts)
         return failed;
@@ -200,7 +202,7 @@ int main(int argc, char** argv)
         const double seconds = parser.value(timeOption).toDouble();
         constexpr double day = 86400;
         if (!(seconds > 0 && seconds <= day))
-            return complain(misused, u"--time-limit wants seconds"_s);
+            return complain(misused, u"--time-limit must be a number of seconds, at most 86400"_s);
         plugin.timeLimit = std::chrono::milliseconds(std::llround(std::ceil(seconds * 1000)));
     }
     return run(plugin, QString::fromUtf8(*script), *scriptValue(*parameters).as<ScriptValue::Map>());

@@ -64,7 +64,7 @@ TEST(JavaScriptPlugin, OffersItsUtilities)
         {u"utils.localize('Hello') + utils.localize('x') + utils.localize.call(null, 5)"_s, u"Hallox5"_s},
         {u"u = utils; utils = 0; f = u.localize; typeof u.request + f()"_s, u"functionundefined"_s},
         {u"utils.markdownToHTML('# A\\n\\nb **c**')"_s, u"<h1>A</h1><p>b <strong>c</strong></p>"_s},
-        // Nothing throws, whatever is passed.
+        // No function throws, not even for arguments that cannot be converted.
         {u"bad = {toString() { throw 1 }}; Object.keys(utils).map(k => typeof utils[k](bad, bad, bad, bad)).join()"_s,
             u"undefined,boolean,undefined,undefined,string,string,string,undefined,string,object"_s},
     };
@@ -72,31 +72,33 @@ TEST(JavaScriptPlugin, OffersItsUtilities)
         EXPECT_EQ(run(script, plugin), result) << script.toStdString();
 }
 
-TEST(JavaScriptPlugin, HandsExceptionsToTheHandlerOfThatMoment)
+TEST(JavaScriptPlugin, PassesUncaughtExceptionsToTheHandler)
 {
     JavaScriptPlugin plugin;
-    QStringList told;
+    QStringList exceptions;
     plugin.exceptionHandler = [&](const JSValue& exception) {
-        told += exception.toString().value_or(u"?"_s) + u'@' + QString::number(exception.line().value_or(0))
-            + u':' + QString::number(exception.column().value_or(0));
+        exceptions += exception.toString().value_or(u"?"_s) + u'@'
+            + QString::number(exception.line().value_or(0)) + u':'
+            + QString::number(exception.column().value_or(0));
     };
     for (const QString& script :
         {u"1;\n  missing.x"_s, u"\nlet a = ;"_s, u"throw 'text'"_s, u"throw undefined"_s,
             u"throw {get line() { throw 1 }, toString() { throw 2 }}"_s, u"(function f() { f() })()"_s,
             u"throw new Proxy({}, {get() { throw 1 }, ownKeys() { throw 2 }})"_s})
         EXPECT_FALSE(plugin.execute(script));
-    ASSERT_EQ(told.size(), 7);
-    EXPECT_TRUE(told[0].startsWith(u"ReferenceError"_s) && told[0].contains(u"@2:"_s))
-        << told[0].toStdString();
-    EXPECT_TRUE(told[1].startsWith(u"SyntaxError"_s) && told[1].contains(u"@2:"_s)) << told[1].toStdString();
-    EXPECT_EQ(told[2], u"text@0:0"_s);
-    EXPECT_TRUE(told[5].startsWith(u"RangeError"_s));
-    told.clear();
+    ASSERT_EQ(exceptions.size(), 7);
+    EXPECT_TRUE(exceptions[0].startsWith(u"ReferenceError"_s) && exceptions[0].contains(u"@2:"_s))
+        << exceptions[0].toStdString();
+    EXPECT_TRUE(exceptions[1].startsWith(u"SyntaxError"_s) && exceptions[1].contains(u"@2:"_s))
+        << exceptions[1].toStdString();
+    EXPECT_EQ(exceptions[2], u"text@0:0"_s);
+    EXPECT_TRUE(exceptions[5].startsWith(u"RangeError"_s));
+    exceptions.clear();
     EXPECT_EQ(
         run(u"(async () => { throw 'lost' })(); Promise.reject(Symbol('s')); Promise.reject(1).catch(() => 2); 3"_s,
             plugin),
         u"3"_s);
-    EXPECT_EQ(told, (QStringList{u"lost@0:0"_s, u"Symbol(s)@0:0"_s}));
+    EXPECT_EQ(exceptions, (QStringList{u"lost@0:0"_s, u"Symbol(s)@0:0"_s}));
 }
 
 TEST(JavaScriptPlugin, KeepsTheEngineForAsLongAsItsValues)
@@ -110,7 +112,7 @@ TEST(JavaScriptPlugin, KeepsTheEngineForAsLongAsItsValues)
     }
     ASSERT_TRUE(function);
     EXPECT_GT(owned.use_count(), 1);
-    // Also from another thread.
+    // The function can be called on another thread.
     std::thread([&] { EXPECT_EQ(function->call({u"x"_s})->toString(), u"text1x1"_s); }).join();
     const auto result = function->call({u"y"_s});
     function.reset();
@@ -127,7 +129,7 @@ TEST(JavaScriptPlugin, ReleasesItsEngineWithTheLastValue)
     EXPECT_EQ(owned.use_count(), 1);
 }
 
-TEST(JavaScriptPlugin, ConvertsResultsAndRefusesWhatHasNoEnd)
+TEST(JavaScriptPlugin, ConvertsResultsButNoEndlessOnes)
 {
     const auto json = [](const QString& script) {
         const auto result = JavaScriptPlugin().execute(script);
@@ -145,30 +147,30 @@ TEST(JavaScriptPlugin, ConvertsResultsAndRefusesWhatHasNoEnd)
         EXPECT_EQ(json(endless), u"none"_s) << endless.toStdString();
 }
 
-TEST(JavaScriptPlugin, EndsWhatWouldNeverEnd)
+TEST(JavaScriptPlugin, EndsScriptsThatExceedTheirLimits)
 {
     JavaScriptPlugin plugin;
     plugin.timeLimit = std::chrono::milliseconds(60);
     plugin.memoryLimit = 64 << 20;
-    QStringList told;
+    QStringList exceptions;
     plugin.exceptionHandler
-        = [&](const JSValue& exception) { told += exception.toString().value_or(u"?"_s); };
+        = [&](const JSValue& exception) { exceptions += exception.toString().value_or(u"?"_s); };
     EXPECT_EQ(run(u"1 + 1"_s, plugin), u"2"_s);
     for (const QString& script : {u"for (;;) try { for (;;); } catch (e) {}"_s,
              u"for (;;) try { utils.log({toString() { for (;;); }, get x() { for (;;); }}) } catch (e) {}"_s,
              u"for (;;) try { utils.localize({toString() { for (;;); }}) } catch (e) {}"_s,
              u"function f() { new Array(1000).fill(1); Promise.resolve().then(f) } f(); 5"_s})
         EXPECT_EQ(run(script, plugin), u"nothing"_s) << script.toStdString();
-    EXPECT_EQ(told, QStringList(4, u"Error: The script ran for longer than it may."_s));
+    EXPECT_EQ(exceptions, QStringList(4, u"Error: The script exceeded its limit of processor time."_s));
     plugin.timeLimit.reset();
-    told.clear();
+    exceptions.clear();
     for (const QString& script : {u"a = []; for (;;) a.push(new Array(1000).fill(a.length))"_s,
              u"a = []; function f() { a.push(new Array(1000).fill(1)); Promise.resolve().then(f) } f()"_s})
         EXPECT_EQ(run(script, plugin), u"nothing"_s) << script.toStdString();
-    EXPECT_EQ(told, QStringList(2, u"Error: The script took more memory than it may."_s));
+    EXPECT_EQ(exceptions, QStringList(2, u"Error: The script exceeded its limit of memory."_s));
 }
 
-TEST(JavaScriptPlugin, LogsWithItsPlace)
+TEST(JavaScriptPlugin, LogsWithTheNameOfTheOperation)
 {
     const QTemporaryDir folder;
     FileErrorLogger::setup(folder.path());

@@ -17,8 +17,9 @@
 
 namespace quor::test {
 
-/// A server on a port of its own that answers each connection's request with the bytes that `answer` makes
-/// of it, whatever they are, and closes. An answer of none keeps the connection open and silent.
+/// A server on a free port. It answers the request of each connection with the bytes that `answer` returns,
+/// valid or not, and closes the connection. If `answer` returns a null array, the connection stays open
+/// without answer.
 class LoopbackServer final {
 public:
     using Answer = std::function<QByteArray(const QByteArray& request)>;
@@ -50,7 +51,7 @@ public:
     {
         return QStringLiteral("http://127.0.0.1:%1/%2").arg(port_).arg(path);
     }
-    /// What the last connection asked.
+    /// The request of the last connection.
     [[nodiscard]] QByteArray lastRequest() const
     {
         const std::lock_guard lock(mutex_);
@@ -74,11 +75,11 @@ private:
                 continue;
             }
             for (qsizetype sent = 0; sent < response.size();) {
-                const auto n = send(client, response.constData() + sent,
+                const auto count = send(client, response.constData() + sent,
                     static_cast<size_t>(response.size() - sent), MSG_NOSIGNAL);
-                if (n <= 0)
+                if (count <= 0)
                     break;
-                sent += n;
+                sent += count;
             }
             close(client);
         }
@@ -96,10 +97,10 @@ private:
                 : request.mid(field + 16, request.indexOf('\r', field) - field - 16).toLongLong();
             if (end >= 0 && request.size() >= end + 4 + length)
                 return request;
-            const auto n = recv(client, buffer, sizeof buffer, 0);
-            if (n <= 0)
+            const auto count = recv(client, buffer, sizeof buffer, 0);
+            if (count <= 0)
                 return request;
-            request.append(buffer, n);
+            request.append(buffer, count);
         }
     }
 

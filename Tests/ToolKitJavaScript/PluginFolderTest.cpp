@@ -38,7 +38,7 @@ protected:
     PluginFolder folder{QUrl::fromLocalFile(top.filePath(u"plugin"_s)), GetParam()};
 };
 
-TEST_P(PluginFolderTest, KeepsEveryPathInside)
+TEST_P(PluginFolderTest, RefusesPathsThatLeadOutside)
 {
     link(u"../secret"_s, u"plugin/link"_s);
     link(path(u""_s), u"plugin/out"_s);
@@ -61,7 +61,7 @@ TEST_P(PluginFolderTest, KeepsEveryPathInside)
     for (const QString& same : {u"sub/file"_s, u"/sub/./file/"_s, u"//sub//file"_s})
         EXPECT_EQ(folder.contents(same), "inside") << same.toStdString();
 
-    // A link is written over and removed as itself.
+    // Writing and removing affect a link, not its target.
     EXPECT_TRUE(folder.write("own", u"link"_s));
     EXPECT_EQ(folder.contents(u"link"_s), "own");
     folder.remove(u"out"_s);
@@ -71,7 +71,7 @@ TEST_P(PluginFolderTest, KeepsEveryPathInside)
     EXPECT_FALSE(QFileInfo(path(u"plugin/out"_s)).isSymLink());
 }
 
-TEST_P(PluginFolderTest, LeavesTheOldContentAndNothingElseWhereThereIsNoRoom)
+TEST_P(PluginFolderTest, KeepsTheOldContentBeyondTheLimitOfFileSizes)
 {
     ASSERT_EQ(chmod(QFile::encodeName(path(u"plugin/sub/file"_s)), 0600), 0);
     EXPECT_TRUE(folder.write("old", u"sub/file"_s));
@@ -91,7 +91,7 @@ TEST_P(PluginFolderTest, LeavesTheOldContentAndNothingElseWhereThereIsNoRoom)
     EXPECT_FALSE(folder.contents(u"pipe"_s));
 }
 
-TEST_P(PluginFolderTest, LeavesTheOldContentOnAFullDisk)
+TEST_P(PluginFolderTest, KeepsTheOldContentOnAFullDisk)
 {
     constexpr int cannotMount = 77;
     const pid_t child = fork();
@@ -106,11 +106,11 @@ TEST_P(PluginFolderTest, LeavesTheOldContentOnAFullDisk)
     int status = -1;
     ASSERT_EQ(waitpid(child, &status, 0), child);
     if (WEXITSTATUS(status) == cannotMount)
-        GTEST_SKIP() << "this system lets no user mount";
+        GTEST_SKIP() << "this system does not allow users to mount";
     EXPECT_EQ(status, 0);
 }
 
-TEST_P(PluginFolderTest, LosesNoRaceWithALinkThatLeadsOutside)
+TEST_P(PluginFolderTest, FollowsNoLinkThatIsPutInPlaceOfAFolder)
 {
     writeFile(path(u"out/file"_s), "outside");
     std::atomic<bool> done = false;

@@ -55,12 +55,12 @@ TEST(Request, SendsWhatTheScriptAsksFor)
     }
 }
 
-TEST(Request, GivesAClearOutcomeForEveryAnswer)
+TEST(Request, ReturnsARecordForEveryAnswer)
 {
-    const QString tell = u"r = utils.request(url, 'GET', {}, {}); JSON.stringify(r)"_s;
+    const QString script = u"r = utils.request(url, 'GET', {}, {}); JSON.stringify(r)"_s;
     const struct {
         QByteArray answer;
-        QString told;
+        QString result;
     } cases[] = {
         {"HTTP/1.1 500 No\r\nContent-Length: 2\r\n\r\nno",
             uR"({"headers":{"Content-Length":"2"},"result":"no","statusCode":500})"_s},
@@ -74,9 +74,9 @@ TEST(Request, GivesAClearOutcomeForEveryAnswer)
         {"HTTP/1.1 302 F\r\nLocation: file:///etc/passwd\r\n\r\n",
             uR"({"headers":{},"result":"","statusCode":0})"_s},
     };
-    for (const auto& [answer, told] : cases) {
+    for (const auto& [answer, result] : cases) {
         const LoopbackServer server([&](const QByteArray&) { return answer; });
-        EXPECT_EQ(run(server, tell, 1000), told) << answer.left(60).toStdString();
+        EXPECT_EQ(run(server, script, 1000), result) << answer.left(60).toStdString();
     }
     const LoopbackServer unused([](const QByteArray&) { return ok; });
     EXPECT_EQ(run(unused,
@@ -88,18 +88,19 @@ TEST(Request, GivesAClearOutcomeForEveryAnswer)
     EXPECT_EQ(unused.count(), 0);
 }
 
-TEST(Request, TakesNoMoreThanItsLimitHoweverItIsPacked)
+TEST(Request, LimitsTheBodyAfterDecompression)
 {
-    const QByteArray packed = qCompress(QByteArray(2 << 20, 'x')).sliced(4); // less the length in front
+    const QByteArray packed
+        = qCompress(QByteArray(2 << 20, 'x')).sliced(4); // without the length that qCompress puts before it
     const LoopbackServer bomb(
         [&](const QByteArray&) { return "HTTP/1.1 200 OK\r\nContent-Encoding: deflate\r\n\r\n" + packed; });
-    const QString tell = u"r = utils.request(url, 'GET'); [r.statusCode, r.result.length].join()"_s;
-    EXPECT_EQ(run(bomb, tell, 2 << 20), u"200,2097152"_s);
-    EXPECT_EQ(run(bomb, tell, 1 << 20), u"200,0"_s);
+    const QString script = u"r = utils.request(url, 'GET'); [r.statusCode, r.result.length].join()"_s;
+    EXPECT_EQ(run(bomb, script, 2 << 20), u"200,2097152"_s);
+    EXPECT_EQ(run(bomb, script, 1 << 20), u"200,0"_s);
 
     const LoopbackServer large(
         [&](const QByteArray&) { return "HTTP/1.1 200 OK\r\n\r\n" + QByteArray(100 << 20, 'x'); });
-    EXPECT_EQ(run(large, tell, JavaScriptPlugin().responseLimit), u"200,0"_s);
+    EXPECT_EQ(run(large, script, JavaScriptPlugin().responseLimit), u"200,0"_s);
 }
 
 TEST(Request, FollowsSomeRedirectsAsBrowsersDo)
@@ -122,7 +123,7 @@ TEST(Request, FollowsSomeRedirectsAsBrowsersDo)
             Not(HasSubstr("{"))));
 }
 
-TEST(Request, EndsWithItsTimeAtASilentServer)
+TEST(Request, FailsAfterItsTimeoutAtASilentServer)
 {
     const LoopbackServer server([](const QByteArray&) { return QByteArray(); });
     HTTPRequest request{QUrl(server.url()), u"GET"_s};

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/HTTPExchange.h"
 
-#include "ToolKit/Data/JSON/JSONValue.h"
 #include "ToolKit/JavaScript/HTTPTransfer.h"
-
-#include <QUtf8StringView>
+#include "ToolKit/JavaScript/Utf8Text.h"
 
 #include <algorithm>
 #include <array>
@@ -25,8 +23,7 @@ bool isHTTP(const QUrl& url)
 bool isToken(const QString& text)
 {
     return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar character) {
-        const char16_t c = character.unicode();
-        return c > u' ' && c < 0x7f && !u"()<>@,;:\\\"/[]?={}"_s.contains(character);
+        return character > u' ' && character < QChar(0x7f) && !u"()<>@,;:\\\"/[]?={}"_s.contains(character);
     });
 }
 
@@ -56,10 +53,12 @@ QString locationOf(const HTTPResponse& response)
 void HTTPRequest::setHeader(const QString& name, const QString& value)
 {
     const QString key = name.toLower();
-    constexpr std::array ours{
+    constexpr std::array reserved{
         "connection"_L1, "content-length"_L1, "expect"_L1, "host"_L1, "transfer-encoding"_L1};
-    const auto isBreak = [](QChar c) { return c == u'\r' || c == u'\n' || c == QChar::Null; };
-    if (!isToken(name) || std::find(ours.begin(), ours.end(), key) != ours.end()
+    const auto isBreak = [](QChar character) {
+        return character == u'\r' || character == u'\n' || character == QChar::Null;
+    };
+    if (!isToken(name) || std::find(reserved.begin(), reserved.end(), key) != reserved.end()
         || std::any_of(value.begin(), value.end(), isBreak))
         return;
     headers.insert_or_assign(key, Header{name, value});
@@ -67,9 +66,7 @@ void HTTPRequest::setHeader(const QString& name, const QString& value)
 
 QString HTTPResponse::text() const
 {
-    if (!QUtf8StringView(body).isValidUtf8())
-        return {};
-    return textFromUtf8({body.constData(), static_cast<size_t>(body.size())});
+    return utf8Text(body).value_or(QString());
 }
 
 HTTPExchange::HTTPExchange(HTTPRequest request)
@@ -80,18 +77,18 @@ HTTPExchange::HTTPExchange(HTTPRequest request)
 HTTPResponse HTTPExchange::perform()
 {
     if (!isHTTP(request_.url) || !isToken(request_.method))
-        return {.error = u"The request cannot be sent."_s};
+        return {.error = u"The URL is not an HTTP URL, or the method is invalid."_s};
     const auto end = std::chrono::steady_clock::now() + request_.timeout;
     for (int redirects = 0; redirects <= maximumRedirects; ++redirects) {
         const auto left = end - std::chrono::steady_clock::now();
         request_.timeout = std::chrono::duration_cast<std::chrono::milliseconds>(left);
         if (request_.timeout.count() <= 0)
-            return {.error = u"The redirects took too long."_s};
+            return {.error = u"The request and its redirects took too long."_s};
         HTTPResponse response = HTTPTransfer(request_).perform();
         if (!isRedirect(response.statusCode) || locationOf(response).isEmpty())
             return response;
         if (!follow(response))
-            return {.error = u"The server redirects to what is no HTTP."_s};
+            return {.error = u"The server redirects to a URL that is not an HTTP URL."_s};
     }
     return {.error = u"The server redirects too often."_s};
 }

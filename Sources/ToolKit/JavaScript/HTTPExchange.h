@@ -11,45 +11,51 @@
 namespace quor::toolkit {
 
 struct HTTPRequest {
-    /// By their names in lower case, as names do not care.
     struct Header {
         QString name;
         QString value;
     };
 
     QUrl url;
-    QString method; ///< sent as it stands
+    QString method; ///< sent unchanged
     QByteArray body = {};
-    std::map<QString, Header> headers = {};
-    std::chrono::milliseconds timeout = std::chrono::seconds(60); ///< for all, redirects included
-    qint64 responseLimit = qint64(64) << 20; ///< bytes of the body, unpacked
+    std::map<QString, Header> headers = {}; ///< by the name in lower case
+    std::chrono::milliseconds timeout
+        = std::chrono::seconds(60); ///< for the whole exchange, including redirects
+    qint64 responseLimit = qint64(64) << 20; ///< of the body, in bytes after decompression
 
-    /// Replaces one of that name. Ignored: names that are none, values with line breaks or NUL, and what
-    /// belongs to the transfer itself (Connection, Content-Length, Expect, Host, Transfer-Encoding).
+    /// Sets a header and replaces one with the same name. Ignores invalid names, values with line breaks or
+    /// NUL, and the headers of the transfer itself (Connection, Content-Length, Expect, Host,
+    /// Transfer-Encoding).
     void setHeader(const QString& name, const QString& value);
 };
 
 struct HTTPResponse {
     int statusCode = 0; ///< 0 if there was no response
     QByteArray body = {}; ///< empty after a failure
-    std::map<QString, QString> headers = {}; ///< those of one name joined with ", "
-    QString error = {}; ///< why it failed; empty if it did not
+    std::map<QString, QString> headers = {}; ///< values of the same name are joined with ", "
+    QString error = {}; ///< reason of the failure; empty if there was none
 
-    /// The body, "" unless it is UTF-8.
+    /// The body as text; "" if it is not valid UTF-8.
     [[nodiscard]] QString text() const;
 };
 
-/// One request over HTTP or HTTPS, and nothing else, also after redirects, of which it follows 20. As
-/// browsers do, a POST that is redirected by 301 or 302, and anything by 303, goes on as GET, and what
-/// authorises stays with the first server. No cookies, no cache; proxies as the environment says. Blocks
-/// the calling thread; any thread.
+/// A request over HTTP or HTTPS with its response. Other protocols are refused, also in redirects.
+///
+/// Follows up to 20 redirects. As in browsers, a POST becomes a GET after a redirect by 301 or 302, and any
+/// method except HEAD after one by 303. Authorization and cookies are not sent on to another server. There
+/// are no stored cookies and no cache. Proxies are those of the environment variables.
+///
+/// Blocks the calling thread. Any thread.
 class HTTPExchange final {
 public:
     explicit HTTPExchange(HTTPRequest request);
 
+    /// Sends the request and waits for the response. Call it once.
     [[nodiscard]] HTTPResponse perform();
 
 private:
+    /// Changes the request for a redirect. Returns false if the redirect leads to another protocol.
     [[nodiscard]] bool follow(const HTTPResponse& response);
 
     HTTPRequest request_;

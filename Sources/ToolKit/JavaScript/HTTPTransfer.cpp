@@ -11,7 +11,7 @@ namespace {
 
 constexpr qint64 headerLimit = qint64(1) << 20;
 
-/// Once for the process, however many threads ask.
+/// Initializes libcurl once for the process. Any thread.
 bool isReady()
 {
     static const bool ready = curl_global_init(CURL_GLOBAL_DEFAULT) == CURLE_OK;
@@ -37,7 +37,7 @@ HTTPTransfer::HTTPTransfer(const HTTPRequest& request)
 HTTPResponse HTTPTransfer::perform()
 {
     if (!handle_)
-        return {.error = u"The request cannot be made."_s};
+        return {.error = u"libcurl cannot be initialized."_s};
     setOptions();
     setMethod();
     setHeaders();
@@ -57,7 +57,7 @@ void HTTPTransfer::setOptions()
     curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L); // the process has other threads
     curl_easy_setopt(curl, CURLOPT_TIMEOUT_MS, static_cast<long>(request_.timeout.count()));
-    curl_easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, ""); // all that it can unpack
+    curl_easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, ""); // every encoding that libcurl can decode
     curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, reason_.data());
     curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &HTTPTransfer::takeBody);
     curl_easy_setopt(curl, CURLOPT_WRITEDATA, this);
@@ -70,7 +70,7 @@ void HTTPTransfer::setMethod()
     CURL* const curl = handle_.get();
     const QString lowered = request_.method.toLower();
     if (lowered == "head"_L1) {
-        curl_easy_setopt(curl, CURLOPT_NOBODY, 1L); // or it would wait for a body that never comes
+        curl_easy_setopt(curl, CURLOPT_NOBODY, 1L); // otherwise libcurl would wait for a body
     } else if (lowered == "post"_L1) {
         curl_easy_setopt(curl, CURLOPT_POSTFIELDSIZE_LARGE, static_cast<curl_off_t>(request_.body.size()));
         curl_easy_setopt(curl, CURLOPT_POSTFIELDS, request_.body.constData());
@@ -80,9 +80,10 @@ void HTTPTransfer::setMethod()
 
 void HTTPTransfer::setHeaders()
 {
-    curl_slist* list = curl_slist_append(nullptr, "Expect:"); // no waiting before a long body
+    curl_slist* list
+        = curl_slist_append(nullptr, "Expect:"); // do not wait for permission to send a long body
     for (const auto& [key, header] : request_.headers) {
-        // Without a value libcurl would leave the header out, but for a semicolon.
+        // libcurl leaves out a header without a value, unless it has a semicolon instead of the colon.
         const QByteArray line
             = (header.value.isEmpty() ? header.name + u';' : header.name + u": "_s + header.value).toUtf8();
         if (curl_slist* longer = curl_slist_append(list, line.constData()))
@@ -119,7 +120,7 @@ size_t HTTPTransfer::takeHeader(char* data, size_t size, size_t count, void* tra
 
 void HTTPTransfer::readHeader(QByteArrayView line)
 {
-    if (line.startsWith("HTTP/")) { // a response begins: an interim one, perhaps, before the real one
+    if (line.startsWith("HTTP/")) { // a response begins; interim ones come before the final one
         long status = 0;
         curl_easy_getinfo(handle_.get(), CURLINFO_RESPONSE_CODE, &status);
         response_.statusCode = static_cast<int>(status);
@@ -143,7 +144,7 @@ void HTTPTransfer::readHeader(QByteArrayView line)
 QString HTTPTransfer::failure(CURLcode code) const
 {
     if (isTooLong_)
-        return u"The response is longer than allowed."_s;
+        return u"The response is longer than the limit."_s;
     return QString::fromUtf8(reason_.front() != '\0' ? reason_.constData() : curl_easy_strerror(code));
 }
 

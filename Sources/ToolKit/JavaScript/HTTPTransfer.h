@@ -9,13 +9,14 @@
 
 namespace quor::toolkit {
 
-/// One request and its response through libcurl, without redirects. The request outlives it.
+/// One request and its response through libcurl, without following redirects. The request must outlive it.
 class HTTPTransfer final {
 public:
     explicit HTTPTransfer(const HTTPRequest& request);
     HTTPTransfer(const HTTPTransfer&) = delete;
     HTTPTransfer& operator=(const HTTPTransfer&) = delete;
 
+    /// Call it once.
     [[nodiscard]] HTTPResponse perform();
 
 private:
@@ -32,9 +33,9 @@ private:
     HTTPResponse response_;
     qint64 headerBytes_ = 0;
     bool isTooLong_ = false;
-    QByteArray reason_; ///< libcurl's own words
+    QByteArray reason_; ///< error text of libcurl
     std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> headers_;
-    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> handle_; ///< borrows all of the above
+    std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> handle_; ///< uses all of the above
 };
 
 } // namespace quor::toolkit

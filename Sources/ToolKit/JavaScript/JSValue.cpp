@@ -87,7 +87,7 @@ double JSValue::toDouble() const
 std::optional<QString> JSValue::toString() const
 {
     const ScriptWatch::Run run(engine_->watch());
-    if (JSValueIsSymbol(engine_->context(), value_)) { // which has a text only for those who ask for it
+    if (JSValueIsSymbol(engine_->context(), value_)) { // the engine refuses to convert it
         JSObjectRef symbol = JSValueToObject(engine_->context(), value_, nullptr);
         JSValueRef name
             = JSObjectGetProperty(engine_->context(), symbol, script::Text(u"description"_s).get(), nullptr);
@@ -132,8 +132,8 @@ std::optional<JSValue> JSValue::property(const QString& name) const
 
 std::optional<JSValue> JSValue::call(const ScriptValue::List& arguments) const
 {
-    const JSValue kept = *this; // whoever is called may drop this one
-    return kept.engine_->call(kept.value_, arguments);
+    const JSValue copy = *this; // the called function can cause the destruction of this object
+    return copy.engine_->call(copy.value_, arguments);
 }
 
 std::optional<int> JSValue::line() const

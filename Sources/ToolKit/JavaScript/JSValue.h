@@ -14,15 +14,17 @@ namespace quor::toolkit {
 
 class ScriptEngine;
 
-/// A value inside a script's engine: the result of a run, or the exception that ended one. The engine, its
-/// globals and `utils` live until the last value of the run is gone.
+/// A handle to a value in a script's engine: the result of a run, or an exception. The engine, its globals
+/// and `utils` exist until the last handle of the run is destroyed.
 ///
-/// The conversions may run code of the script (`toString`, getters); an exception in it makes them give
-/// nothing and is reported nowhere. One thread at a time, any thread. A handler that the plug-in's
-/// `exceptionHandler` owns must not own a value of that run, or both live for ever: keep texts instead.
+/// Conversions can run code of the script (`toString`, getters). If that code throws, the conversion returns
+/// an empty result, and the exception is not reported. One thread at a time, any thread.
+///
+/// An `exceptionHandler` of a plug-in must not store a `JSValue` of its own run: the engine owns the handler,
+/// so neither would ever be destroyed. Store texts instead.
 class JSValue final {
 public:
-    /// Protects `value` from collection.
+    /// For the engine. Protects `value` from garbage collection.
     JSValue(std::shared_ptr<ScriptEngine> engine, const OpaqueJSValue* value);
     JSValue(const JSValue& other);
     JSValue(JSValue&& other) noexcept;
@@ -35,29 +37,32 @@ public:
     [[nodiscard]] bool isNumber() const;
     [[nodiscard]] bool isString() const;
     [[nodiscard]] bool isArray() const;
-    [[nodiscard]] bool isObject() const; ///< true of arrays and functions too
+    [[nodiscard]] bool isObject() const; ///< also true for arrays and functions
 
     [[nodiscard]] bool toBool() const;
-    [[nodiscard]] double toDouble() const; ///< NaN for what is no number
-    /// As the script's `String(value)`, of symbols too; none where that throws.
+    [[nodiscard]] double toDouble() const; ///< as the script's `Number(value)`; NaN if that throws
+    /// As the script's `String(value)`, also for symbols. Returns `nullopt` if that throws.
     [[nodiscard]] std::optional<QString> toString() const;
-    /// The elements of an array. None for anything else, and as for `toScriptValue`.
+    /// The elements of an array. Returns `nullopt` for other values, and like `toScriptValue`.
     [[nodiscard]] std::optional<ScriptValue::List> toArray() const;
-    /// The enumerable members of any object, an array's by index. None for anything else, and as below.
+    /// The enumerable members of an object; those of an array are its elements, by index. Returns `nullopt`
+    /// for other values, and like `toScriptValue`.
     [[nodiscard]] std::optional<ScriptValue::Map> toDictionary() const;
-    /// A copy of the value and of all within it. Dates are ISO 8601 texts, functions and symbols undefined.
-    /// None where a getter throws, or with cycles, nesting beyond 512 levels or more values than told.
+    /// A copy of the value and everything in it. Dates become texts in ISO 8601, functions and symbols become
+    /// undefined. Returns `nullopt` if a getter throws, if a value contains itself, if values are nested more
+    /// than 512 deep, or if there are more than `maximumCount` values.
     [[nodiscard]] std::optional<ScriptValue> toScriptValue(
         int maximumCount = ScriptValue::maximumCount) const;
 
-    /// A member of an object; none for anything else, where it is missing or where its getter throws.
+    /// A member of an object. Returns `nullopt` if the value is not an object, or if the member is missing,
+    /// undefined, or has a getter that throws.
     [[nodiscard]] std::optional<JSValue> property(const QString& name) const;
-    /// Calls a function. None where the value is none, or where it throws, which goes to the exception
-    /// handler of the run.
+    /// Calls a function and returns its result. Returns `nullopt` if the value is not a function, or if it
+    /// throws; the exception then goes to the exception handler of the run.
     [[nodiscard]] std::optional<JSValue> call(const ScriptValue::List& arguments = {}) const;
 
-    /// Of an exception: where in the script it arose, from 1. None where the engine does not know, as for
-    /// a thrown text.
+    // For an exception: the place in the script, from 1. Returns `nullopt` if the engine does not know it, as
+    // for a thrown text.
     [[nodiscard]] std::optional<int> line() const;
     [[nodiscard]] std::optional<int> column() const;
 

@@ -3,26 +3,17 @@
 
 #include "Markdown/Document.h"
 #include "ToolKit/Data/Ciphers/Base64.h"
-#include "ToolKit/Data/JSON/JSONValue.h"
 #include "ToolKit/Identity/ApplicationVersion.h"
 #include "ToolKit/JavaScript/PluginFolder.h"
+#include "ToolKit/JavaScript/Utf8Text.h"
 #include "ToolKit/Logging/Logger.h"
 #include "ToolKit/Markdown/MarkdownToHTMLVisitor.h"
-
-#include <QUtf8StringView>
 
 namespace quor::toolkit {
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::optional<QString> decodedText(const QByteArray& data)
-{
-    if (!QUtf8StringView(data).isValidUtf8())
-        return std::nullopt;
-    return textFromUtf8({data.constData(), static_cast<size_t>(data.size())});
-}
 
 QString queryOf(const ScriptValue::Map& parameters)
 {
@@ -70,13 +61,14 @@ bool JavaScriptUtils::fileExists(const QString& path) const
 void JavaScriptUtils::writeToFile(const QString& path, const QString& contents) const
 {
     if (contents.isValidUtf16())
-        (void)PluginFolder(baseURL_).write(contents.toUtf8(), path); // a failure is the script's to find out
+        (void)PluginFolder(baseURL_).write(
+            contents.toUtf8(), path); // scripts find a failure by reading the file
 }
 
 std::optional<QString> JavaScriptUtils::contentsOfFile(const QString& path) const
 {
     const auto data = PluginFolder(baseURL_).contents(path);
-    return data ? decodedText(*data) : std::nullopt;
+    return data ? utf8Text(*data) : std::nullopt;
 }
 
 QString JavaScriptUtils::base64Encode(const QString& text) const
@@ -87,7 +79,7 @@ QString JavaScriptUtils::base64Encode(const QString& text) const
 QString JavaScriptUtils::base64Decode(const QString& text) const
 {
     const auto data = dataFromBase64(text, Base64Decoding::strict);
-    return data ? decodedText(*data).value_or(QString()) : QString();
+    return data ? utf8Text(*data).value_or(QString()) : QString();
 }
 
 QString JavaScriptUtils::localize(const QString& key) const
@@ -97,7 +89,7 @@ QString JavaScriptUtils::localize(const QString& key) const
 
 void JavaScriptUtils::log(const JSValue& value) const
 {
-    // Its text is made for the log alone, and may cost.
+    // Making the text can take long, so it is made only if it is logged.
     if (FileErrorLogger::isEnabled())
         Logger::log(loggedText(value), true);
 }

@@ -13,32 +13,33 @@
 
 namespace quor::toolkit {
 
-/// What scripts see as `utils`: files of the plug-in's folder, base64, texts, the error log, Markdown and
-/// requests. None of it throws; a failure is the empty result. Any thread.
+/// The operations that scripts call as `utils`: files of the plug-in's folder, base64, translated texts, the
+/// error log, Markdown, and requests. They never throw; after a failure the result is empty. Any thread.
 class JavaScriptUtils final {
 public:
     using Headers = std::map<QString, QString>;
 
     JavaScriptUtils(QString appName, QUrl baseURL, QHash<QString, QString> localization);
 
-    /// Bytes; 64 MiB at first.
+    /// Limit of a response's body in bytes; 64 MiB by default.
     void setResponseLimit(qint64 limit) { responseLimit_ = limit; }
 
-    // Paths lead from the plug-in's folder; `PluginFolder` tells what they must not.
+    // Paths are relative to the plug-in's folder. `PluginFolder` says which paths are refused.
     void removeFile(const QString& path) const;
     [[nodiscard]] bool fileExists(const QString& path) const;
-    /// Writes nothing where `contents` is no Unicode (half of a surrogate pair).
+    /// Has no effect if `contents` has half of a surrogate pair.
     void writeToFile(const QString& path, const QString& contents) const;
-    [[nodiscard]] std::optional<QString> contentsOfFile(const QString& path) const; ///< UTF-8 alone
+    [[nodiscard]] std::optional<QString> contentsOfFile(
+        const QString& path) const; ///< `nullopt` if not UTF-8
 
-    [[nodiscard]] QString base64Encode(const QString& text) const; ///< of its UTF-8
-    [[nodiscard]] QString base64Decode(const QString& text) const; ///< "" for anything but base64 of UTF-8
-    [[nodiscard]] QString localize(const QString& key) const; ///< the key itself without a text
+    [[nodiscard]] QString base64Encode(const QString& text) const; ///< encodes its UTF-8
+    [[nodiscard]] QString base64Decode(const QString& text) const; ///< "" if it is not base64 of UTF-8
+    [[nodiscard]] QString localize(const QString& key) const; ///< the key if there is no text
     void log(const JSValue& value) const;
     [[nodiscard]] QString markdownToHTML(const QString& text) const;
 
-    /// Blocks until the response is there. None where `url` is no URL; a status of 0 where there was no
-    /// response.
+    /// Sends a request and waits for the response. Returns `nullopt` if `url` is not a URL, and a response
+    /// with the status 0 if there was none.
     [[nodiscard]] std::optional<HTTPResponse> request(const QString& url, const QString& method,
         const Headers& headers, const std::optional<ScriptValue::Map>& parameters) const;
 

@@ -12,8 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// One conversion out of the engine, which ends at the first failure. A cycle ends at the depth, a list that
-/// holds the same list over and over at the number of values.
+/// One conversion from the engine. It fails at the first value that cannot be converted. Cycles exceed the
+/// limit of the depth. Lists that contain the same list many times exceed the limit of the number of values.
 class Conversion {
 public:
     explicit Conversion(JSContextRef context, int maximumValues = ScriptValue::maximumCount)
@@ -106,7 +106,7 @@ private:
         return exception ? std::nullopt : convert(member);
     }
 
-    // The JSON form is the ISO text in quotes, or null for no date at all.
+    // The JSON text of a date is its ISO 8601 text in quotes, or null for an invalid date.
     std::optional<ScriptValue> convertDate(JSValueRef date)
     {
         JSValueRef exception = nullptr;
@@ -125,8 +125,8 @@ private:
     int depth_ = 0;
 };
 
-// Without a prototype there are no setters, which would take a member for themselves: one of the script on
-// `Object.prototype`, or the engine's own for `__proto__`.
+// The object has no prototype while its members are set. Otherwise a setter of the prototype would be called
+// instead: one that the script has put into `Object.prototype`, or the engine's own for `__proto__`.
 JSValueRef fromMap(JSContextRef context, const ScriptValue::Map& map, const MakeFunction& makeFunction)
 {
     JSObjectRef object = JSObjectMake(context, nullptr, nullptr);
@@ -205,8 +205,7 @@ std::optional<ScriptValue::Map> toMap(JSContextRef context, JSValueRef value)
 
 void setMember(JSContextRef context, JSObjectRef object, const QString& name, JSValueRef value)
 {
-    // What the engine keeps for itself, as `undefined`, stays as it is.
-    JSValueRef refused = nullptr;
+    JSValueRef refused = nullptr; // read-only members, such as `undefined`, stay unchanged
     JSObjectSetProperty(context, object, Text(name).get(), value, kJSPropertyAttributeNone, &refused);
 }
 

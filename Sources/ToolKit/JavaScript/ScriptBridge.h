@@ -5,11 +5,11 @@
 
 #include <JavaScriptCore/JavaScript.h>
 
-/// Values into an engine's form and back. Conversions out of it run the script's code where an object brings
-/// some; what that throws is dropped and the conversion gives nothing.
+/// Conversion of values to values of an engine and back. A conversion from the engine can run code of the
+/// script, such as getters. If that code throws, the exception is dropped and the result is `nullopt`.
 namespace quor::toolkit::script {
 
-/// A text of the engine, owned.
+/// An owned string of the engine.
 class Text final {
 public:
     explicit Text(const QString& text)
@@ -17,6 +17,7 @@ public:
             reinterpret_cast<const JSChar*>(text.utf16()), static_cast<size_t>(text.size())))
     {
     }
+    /// Takes over `adopted`, which can be null.
     explicit Text(JSStringRef adopted)
         : text_(adopted)
     {
@@ -38,19 +39,20 @@ private:
 
 [[nodiscard]] JSValueRef makeText(JSContextRef context, const QString& text);
 
-/// As `String(value)`.
+/// As the script's `String(value)`.
 [[nodiscard]] std::optional<QString> toText(JSContextRef context, JSValueRef value);
 
-/// Makes the function of a `ScriptValue::Function`.
+/// Makes an object of the engine that calls the function.
 using MakeFunction = std::function<JSValueRef(const ScriptValue::Function&)>;
 [[nodiscard]] JSValueRef fromScriptValue(
     JSContextRef context, const ScriptValue& value, const MakeFunction& makeFunction);
 
-/// None as `JSValue::toScriptValue` says.
+// Both return `nullopt` as `JSValue::toScriptValue` and `JSValue::toDictionary` say.
 [[nodiscard]] std::optional<ScriptValue> toScriptValue(
     JSContextRef context, JSValueRef value, int maximumValues = ScriptValue::maximumCount);
 [[nodiscard]] std::optional<ScriptValue::Map> toMap(JSContextRef context, JSValueRef value);
 
+/// Sets a member of an object. Has no effect if the object refuses it.
 void setMember(JSContextRef context, JSObjectRef object, const QString& name, JSValueRef value);
 
 } // namespace quor::toolkit::script

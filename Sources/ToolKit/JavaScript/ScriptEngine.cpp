@@ -15,52 +15,42 @@ namespace quor::toolkit {
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// What stands behind a function of ours in the engine.
-struct HostBinding {
-    ScriptEngine* engine; // outlives all that runs in its context
-    ScriptEngine::HostFunction function;
-};
-
-} // namespace
-
 std::shared_ptr<ScriptEngine> ScriptEngine::create(ScriptWatch watch)
 {
     JSContextGroupRef group = JSContextGroupCreate();
     if (!group)
         return nullptr;
-    auto engine = std::make_shared<ScriptEngine>(watch, group);
-    return engine->context_ ? engine : nullptr;
+    if (JSGlobalContextRef context = JSGlobalContextCreateInGroup(group, nullptr))
+        return std::make_shared<ScriptEngine>(watch, group, context);
+    JSContextGroupRelease(group);
+    return nullptr;
 }
 
-ScriptEngine::ScriptEngine(ScriptWatch watch, JSContextGroupRef group)
+ScriptEngine::ScriptEngine(ScriptWatch watch, JSContextGroupRef group, JSGlobalContextRef context)
     : watch_(watch)
     , group_(group)
-    , context_(JSGlobalContextCreateInGroup(group, nullptr))
+    , context_(context)
+    , functions_(*this, context)
 {
-    if (!context_)
-        return;
     watch_.install(group_);
-    // To delete a global costs a third of all that an engine costs, as its table of them is copied then.
+    // Deleting a global would cost a third of what an engine costs, because the engine copies its table of
+    // globals then.
     const auto hide = [&](const QString& name) { setGlobal(name, JSValueMakeUndefined(context_)); };
-    hide(u"console"_s); // leads nowhere
+    hide(u"console"_s); // its output goes nowhere
     if (watch_.limitsTime())
         hide(u"WebAssembly"_s); // its loops cannot be ended
-    functionPrototype_ = functionPrototype();
     reportRejections();
 }
 
 ScriptEngine::~ScriptEngine()
 {
-    if (context_)
-        JSGlobalContextRelease(context_);
+    JSGlobalContextRelease(context_);
     JSContextGroupRelease(group_);
 }
 
 void ScriptEngine::setGlobal(const QString& name, JSValueRef value)
 {
-    if (name != "__proto__"_L1) // which would set the prototype of all globals
+    if (name != "__proto__"_L1) // this would set the prototype of the global object
         script::setMember(context_, JSContextGetGlobalObject(context_), name, value);
 }
 
@@ -71,15 +61,6 @@ JSValueRef ScriptEngine::bridged(const ScriptValue& value)
             return engine.callHelper(function, arguments);
         });
     });
-}
-
-JSObjectRef ScriptEngine::makeFunction(HostFunction function)
-{
-    auto binding = std::make_unique<HostBinding>(HostBinding{this, std::move(function)});
-    JSObjectRef object = JSObjectMake(context_, functionClass(), binding.release());
-    if (functionPrototype_) // so that `call` and `bind` are there
-        JSObjectSetPrototype(context_, object, functionPrototype_);
-    return object;
 }
 
 std::optional<JSValue> ScriptEngine::evaluate(const QString& script)
@@ -95,26 +76,27 @@ std::optional<JSValue> ScriptEngine::call(JSValueRef function, const ScriptValue
         = JSValueIsObject(context_, function) ? JSValueToObject(context_, function, nullptr) : nullptr;
     if (!object || !JSObjectIsFunction(context_, object))
         return std::nullopt;
-    // Handles keep the values from being collected while later ones are made.
-    std::vector<JSValue> kept;
+    // The handles protect the first values from collection while the others are made.
+    std::vector<JSValue> handles;
     std::vector<JSValueRef> values;
-    kept.reserve(arguments.size());
+    handles.reserve(arguments.size());
     for (const ScriptValue& argument : arguments)
-        kept.emplace_back(shared_from_this(), values.emplace_back(bridged(argument)));
+        handles.emplace_back(shared_from_this(), values.emplace_back(bridged(argument)));
     return run([&](JSValueRef* exception) {
         return JSObjectCallAsFunction(context_, object, nullptr, values.size(), values.data(), exception);
     });
 }
 
-// The engine works off the promise jobs as the outermost call into it ends. The body is run from within
-// one, so that its end is known.
+// JavaScriptCore runs the pending promise jobs at the end of the outermost call into it. That outermost call
+// is the one of `frame`, so that the end of the body comes before the jobs, and the end of the call after
+// them.
 std::optional<JSValue> ScriptEngine::run(const Body& body)
 {
     std::optional<JSValue> result;
     std::optional<JSValue> exception;
     {
         const ScriptWatch::Run running(watch_);
-        // Once: a script may get hold of its caller.
+        // The script can find this function, as the caller of its own ones, and must not call it again.
         JSObjectRef frame = makeFunction([&, isDone = false](auto&, auto) mutable -> JSValueRef {
             if (std::exchange(isDone, true))
                 return nullptr;
@@ -130,21 +112,20 @@ std::optional<JSValue> ScriptEngine::run(const Body& body)
         JSObjectCallAsFunction(context_, frame, nullptr, 0, nullptr, nullptr);
     }
     if (watch_.excess() != ScriptWatch::Excess::none) {
-        if (watch_.isRunning()) // within a script, which ends, too, and tells
+        if (watch_.isRunning()) // a script has called this; it ends too, and its own `run` reports the excess
             return std::nullopt;
         exception.emplace(shared_from_this(), excessError());
     }
     if (!exception)
         return result;
-    if (exceptionHandler_)
-        exceptionHandler_(*exception);
+    exceptionHandler_(*exception);
     return std::nullopt;
 }
 
 void ScriptEngine::reportRejections()
 {
     JSObjectRef report = makeFunction([](ScriptEngine& engine, std::span<const JSValueRef> arguments) {
-        if (engine.exceptionHandler_ && arguments.size() > 1) // the promise, then the reason
+        if (arguments.size() > 1) // the promise and the reason
             engine.exceptionHandler_(JSValue(engine.shared_from_this(), arguments[1]));
         return JSValueRef(nullptr);
     });
@@ -155,10 +136,11 @@ JSValueRef ScriptEngine::excessError()
 {
     const bool isTime = watch_.excess() == ScriptWatch::Excess::time;
     const std::array message{script::makeText(context_,
-        isTime ? u"The script ran for longer than it may."_s
-               : u"The script took more memory than it may."_s)};
+        isTime ? u"The script exceeded its limit of processor time."_s
+               : u"The script exceeded its limit of memory."_s)};
     JSValueRef failed = nullptr;
-    // An end that was put to a promise job strikes whatever runs next, too.
+    // If the engine has ended a promise job, it also ends whatever runs next. Let that be an empty script,
+    // not the construction of the error.
     JSEvaluateScript(context_, script::Text(QString()).get(), nullptr, nullptr, 1, &failed);
     failed = nullptr;
     JSObjectRef error = JSObjectMakeError(context_, message.size(), message.data(), &failed);
@@ -172,53 +154,6 @@ JSValueRef ScriptEngine::callHelper(
     for (JSValueRef argument : arguments)
         values.push_back(script::toScriptValue(context_, argument).value_or(ScriptValue()));
     return bridged(function(values));
-}
-
-JSValueRef ScriptEngine::callHost(JSContextRef context, JSObjectRef function, JSObjectRef /*thisObject*/,
-    size_t count, const JSValueRef* arguments, JSValueRef* exception)
-{
-    auto* binding = static_cast<HostBinding*>(JSObjectGetPrivate(function));
-    ScriptEngine& engine = *binding->engine;
-    JSValueRef result = nullptr;
-    if (engine.watch_.excess() == ScriptWatch::Excess::none) {
-        try {
-            result = binding->function(engine, {arguments, count});
-        } catch (...) { // the engine's own frames lie in between: nothing may fly through them
-            result = nullptr;
-        }
-    }
-    if (engine.watch_.endAgain())
-        *exception = script::makeText(context, u"The script has to end."_s);
-    return result ? result : JSValueMakeUndefined(context);
-}
-
-void ScriptEngine::finalizeHost(JSObjectRef function)
-{
-    delete static_cast<HostBinding*>(JSObjectGetPrivate(function));
-}
-
-JSClassRef ScriptEngine::functionClass()
-{
-    // Like a literal: made once, kept as long as the process.
-    static auto* const theClass = [] {
-        JSClassDefinition definition = kJSClassDefinitionEmpty;
-        definition.className = "Function";
-        definition.attributes = kJSClassAttributeNoAutomaticPrototype;
-        definition.callAsFunction = callHost;
-        definition.finalize = finalizeHost;
-        return JSClassCreate(&definition);
-    }();
-    return theClass;
-}
-
-JSObjectRef ScriptEngine::functionPrototype() const
-{
-    JSObjectRef global = JSContextGetGlobalObject(context_);
-    JSValueRef constructor
-        = JSObjectGetProperty(context_, global, script::Text(u"Function"_s).get(), nullptr);
-    JSObjectRef object = JSValueToObject(context_, constructor, nullptr);
-    JSValueRef prototype = JSObjectGetProperty(context_, object, script::Text(u"prototype"_s).get(), nullptr);
-    return JSValueToObject(context_, prototype, nullptr);
 }
 
 } // namespace quor::toolkit

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Lifetime/Callback.h"
+#include "ToolKit/JavaScript/HostFunctions.h"
 #include "ToolKit/JavaScript/JSValue.h"
 #include "ToolKit/JavaScript/ScriptWatch.h"
 
@@ -9,21 +11,20 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <span>
 
 namespace quor::toolkit {
 
-/// An engine with one context of its own: globals are set, functions of ours made, texts evaluated in it.
-/// Lives as long as a `JSValue` of it. One thread at a time, any thread.
+/// A JavaScript engine with one context, in which scripts and their functions run. It passes exceptions that
+/// a script does not catch to a handler. Exists as long as a `JSValue` of it. One thread at a time, any
+/// thread.
 class ScriptEngine final : public std::enable_shared_from_this<ScriptEngine> {
 public:
-    using ExceptionHandler = std::function<void(const JSValue& exception)>;
-    /// Gets the arguments as the script passed them, and gives the result.
-    using HostFunction = std::function<JSValueRef(ScriptEngine& engine, std::span<const JSValueRef>)>;
+    using ExceptionHandler = platform::Callback<void(const JSValue& exception)>;
 
-    /// None if the machine has no room for one.
+    /// Returns null if there is not enough memory for an engine.
     [[nodiscard]] static std::shared_ptr<ScriptEngine> create(ScriptWatch watch);
-    ScriptEngine(ScriptWatch watch, JSContextGroupRef group);
+    /// For `create`. Takes over the group and the context.
+    ScriptEngine(ScriptWatch watch, JSContextGroupRef group, JSGlobalContextRef context);
     ~ScriptEngine();
     ScriptEngine(const ScriptEngine&) = delete;
     ScriptEngine& operator=(const ScriptEngine&) = delete;
@@ -33,22 +34,20 @@ public:
 
     void setExceptionHandler(ExceptionHandler handler) { exceptionHandler_ = std::move(handler); }
     void setGlobal(const QString& name, JSValueRef value);
+    /// Converts the value, with functions in it, to a value of this engine.
     [[nodiscard]] JSValueRef bridged(const ScriptValue& value);
+    [[nodiscard]] JSObjectRef makeFunction(HostFunction function)
+    {
+        return functions_.make(std::move(function));
+    }
 
-    /// A function that never throws into the script; it lives until the script's last reference goes.
-    [[nodiscard]] JSObjectRef makeFunction(HostFunction function);
-
-    /// None where the script throws.
+    /// Runs the script and the promise jobs that it leaves, and returns the value of its last expression.
+    /// Returns `nullopt` if the script throws.
     [[nodiscard]] std::optional<JSValue> evaluate(const QString& script);
+    /// Calls a function of the script, likewise. Returns `nullopt` also if `function` is not a function.
     [[nodiscard]] std::optional<JSValue> call(JSValueRef function, const ScriptValue::List& arguments);
 
 private:
-    static JSValueRef callHost(JSContextRef context, JSObjectRef function, JSObjectRef thisObject,
-        size_t count, const JSValueRef* arguments, JSValueRef* exception);
-    static void finalizeHost(JSObjectRef function);
-    static JSClassRef functionClass();
-
-    [[nodiscard]] JSObjectRef functionPrototype() const;
     [[nodiscard]] JSValueRef callHelper(
         const ScriptValue::Function& function, std::span<const JSValueRef> arguments);
     void reportRejections();
@@ -60,7 +59,7 @@ private:
     ExceptionHandler exceptionHandler_;
     JSContextGroupRef group_;
     JSGlobalContextRef context_;
-    JSObjectRef functionPrototype_ = nullptr;
+    HostFunctions functions_;
 };
 
 } // namespace quor::toolkit

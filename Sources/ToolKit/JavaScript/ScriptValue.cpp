@@ -85,7 +85,7 @@ QString plainText(const ScriptValue& value)
     if (value.as<ScriptValue::Function>())
         return u"function"_s;
     const auto text = json(value, NotFinite::isNull);
-    // Of what JSON cannot tell, at least the kind.
+    // JSON cannot represent the value: show at least its kind.
     return text ? QString::fromUtf8(*text) : value.as<ScriptValue::List>() ? u"[…]"_s : u"{…}"_s;
 }
 

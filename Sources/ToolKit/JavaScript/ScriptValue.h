@@ -12,17 +12,17 @@
 
 namespace quor::toolkit {
 
-/// A value as it passes between the application and a script: what a script's parameters and helpers are
-/// made of, and what a script's values are converted to. Owns all it holds and knows no engine. Any thread.
+/// A value that the application and a script exchange: a parameter, a helper, or the copy of a script's
+/// value. A plain value without an engine. Any thread.
 ///
-/// A function among the helpers is called on the script's thread with the arguments converted, and what it
-/// returns is converted back; what it throws is caught, and the script gets undefined.
+/// A function is called on the thread of the script. Its arguments and its result are converted. If it
+/// throws, the script gets undefined.
 struct ScriptValue {
     using List = std::vector<ScriptValue>;
     using Map = std::map<QString, ScriptValue>;
     using Function = std::function<ScriptValue(const List& arguments)>;
 
-    /// As many a conversion makes at most.
+    /// The maximum number of values in a conversion.
     static constexpr int maximumCount = 1'000'000;
 
     ScriptValue() = default; ///< undefined
@@ -46,7 +46,7 @@ struct ScriptValue {
         : value(std::move(text))
     {
     }
-    ScriptValue(const char* text) = delete; // would pass for a boolean
+    ScriptValue(const char* text) = delete; // would be converted to a boolean
     ScriptValue(List list)
         : value(std::move(list))
     {
@@ -60,7 +60,7 @@ struct ScriptValue {
     {
     }
 
-    /// The value within, if it is of that kind.
+    /// The value if it is of type `T`, else null.
     template <typename T>
     [[nodiscard]] const T* as() const
     {
@@ -70,12 +70,13 @@ struct ScriptValue {
     std::variant<std::monostate, std::nullptr_t, bool, double, QString, List, Map, Function> value;
 };
 
-/// As plain text: a text is itself, a list or map is JSON, with null for a number that is not finite, the
-/// rest is what a script calls it.
+/// The value as plain text. Texts are unchanged, lists and maps become JSON, with null for numbers that are
+/// not finite, other values become the texts that a script makes of them.
 [[nodiscard]] QString plainText(const ScriptValue& value);
 
-/// As JSON in UTF-8, members in the order of their names. Undefined and functions are left out of maps and
-/// null in lists. None where a number is not finite, or lists and maps nest deeper than `maximumJSONDepth`.
+/// The value as JSON in UTF-8, with members in the order of their names. Undefined values and functions are
+/// left out of maps and become null in lists. Returns `nullopt` if a number is not finite, or if lists and
+/// maps are nested deeper than `maximumJSONDepth`.
 [[nodiscard]] std::optional<QByteArray> jsonText(const ScriptValue& value);
 
 } // namespace quor::toolkit

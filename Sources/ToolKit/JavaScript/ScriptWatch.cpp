@@ -25,11 +25,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using namespace std::chrono_literals;
-constexpr auto interval = 20ms;
-constexpr auto soon = 1ms;
-constexpr auto apart = 2ms; ///< timers of one engine
-constexpr auto latest = 1s;
-constexpr auto untilAsked = 200us; ///< that a timer of nought takes at most, as a rule
+constexpr auto checkInterval = 20ms;
+constexpr auto shortestInterval = 1ms;
+constexpr auto distanceOfTimers = 2ms; ///< of one engine
+constexpr auto longestDelay = 1s;
+constexpr auto timerLatency = 200us; ///< after which a timer without delay has usually run out
 
 std::chrono::nanoseconds processorTime()
 {
@@ -55,9 +55,9 @@ ScriptWatch::ScriptWatch(std::optional<std::chrono::milliseconds> time, qint64 m
 void ScriptWatch::install(JSContextGroupRef group)
 {
     group_ = group;
-    if (!isOn())
+    if (!hasLimits())
         return;
-    // The first time allocates, which a collection must not.
+    // The first timer allocates memory, which is not allowed in `collected`.
     JSContextGroupSetExecutionTimeLimit(group_, 1, shouldTerminate, this);
     JSContextGroupClearExecutionTimeLimit(group_);
     JSContextGroupAddHeapFinalizer(group_, collected, this);
@@ -66,28 +66,28 @@ void ScriptWatch::install(JSContextGroupRef group)
 ScriptWatch::Run::Run(ScriptWatch& watch)
     : watch_(watch)
 {
-    if (watch_.depth_++ > 0)
+    if (watch_.runs_++ > 0)
         return;
     watch_.excess_ = Excess::none;
-    if (watch_.isOn())
+    if (watch_.hasLimits())
         watch_.started_ = processorTime();
 }
 
 ScriptWatch::Run::~Run()
 {
-    --watch_.depth_;
+    --watch_.runs_;
 }
 
 ScriptWatch::Script::Script(ScriptWatch& watch)
     : watch_(watch)
 {
     if (watch_.scripts_++ == 0 && watch_.time_)
-        watch_.arm(interval);
+        watch_.startTimer(checkInterval);
 }
 
 ScriptWatch::Script::~Script()
 {
-    if (--watch_.scripts_ == 0 && watch_.isOn())
+    if (--watch_.scripts_ == 0 && watch_.hasLimits())
         JSContextGroupClearExecutionTimeLimit(watch_.group_);
 }
 
@@ -95,44 +95,46 @@ bool ScriptWatch::endAgain()
 {
     if (excess_ == Excess::none)
         return false;
-    arm(soon);
+    startTimer(shortestInterval);
     return true;
 }
 
 bool ScriptWatch::shouldTerminate(JSContextRef context, void* watch)
 {
     auto& self = *static_cast<ScriptWatch*>(watch);
-    if (!self.isRunning()) { // a timer was left over
+    if (!self.isRunning()) { // a timer of an earlier run
         JSContextGroupClearExecutionTimeLimit(self.group_);
         return false;
     }
     if (self.excess_ == Excess::none)
         self.excess_ = self.measure(context);
-    // The engine asks once for each time that it is told to.
+    // The engine asks only once for each timer.
     const bool goesOn = self.scripts_ > 0 && (self.time_ || self.excess_ != Excess::none);
     if (goesOn)
-        self.arm(interval);
+        self.startTimer(checkInterval);
     else
         JSContextGroupClearExecutionTimeLimit(self.group_);
     return self.excess_ != Excess::none;
 }
 
-// Has the engine ask at the next chance, as it is no time for questions now.
+// Called during a garbage collection, when the memory cannot be measured. So it only starts a timer.
 void ScriptWatch::collected(JSContextGroupRef /*group*/, void* watch)
 {
     auto& self = *static_cast<ScriptWatch*>(watch);
     const auto now = Clock::now();
-    if (self.depth_ == 0 || now - self.measured_ < interval || now < self.lastTimer_)
+    if (self.runs_ == 0 || now - self.lastCollection_ < checkInterval || now < self.lastTimer_)
         return;
-    self.measured_ = now;
-    self.arm(0s);
-    std::this_thread::sleep_for(untilAsked); // or jobs would set more timers before the first runs out
+    self.lastCollection_ = now;
+    self.startTimer(0s);
+    std::this_thread::sleep_for(
+        timerLatency); // otherwise jobs would start more timers before this one runs out
 }
 
-void ScriptWatch::arm(Clock::duration delay)
+void ScriptWatch::startTimer(Clock::duration delay)
 {
     const auto now = Clock::now();
-    lastTimer_ = std::clamp(now + delay, std::min(lastTimer_ + apart, now + latest), now + latest);
+    lastTimer_ = std::clamp(
+        now + delay, std::min(lastTimer_ + distanceOfTimers, now + longestDelay), now + longestDelay);
     const std::chrono::duration<double> seconds = lastTimer_ - now;
     JSContextGroupSetExecutionTimeLimit(group_, seconds.count(), shouldTerminate, this);
 }

@@ -10,24 +10,27 @@
 
 namespace quor::toolkit {
 
-/// Ends a script that exceeds its processor time or its memory with an exception that the script cannot
-/// catch. Belongs to one engine.
+/// Watches the scripts of one engine, and ends a script that exceeds its limit of processor time or memory,
+/// with an exception that the script cannot catch.
 ///
-/// The engine asks when a timer of its own has run out. It sets one each time that it enters a script or a
-/// promise job, forgets none, and ends the process if two of them run out within a hair of another. So there
-/// is a timer only while a script with a limit of time runs; the memory, and the time of promise jobs, are
-/// looked at after collections. Not noticed are native code while it works alone, as in `fill`, and jobs
-/// that keep nothing, as of a bare `for (;;) await 0`.
+/// JavaScriptCore asks whether to end a script when its execution timer runs out. It starts such a timer each
+/// time that it enters a script or a promise job, cancels none, and aborts the process if two timers run out
+/// at nearly the same time. So this class lets a timer run only while a script with a time limit runs. The
+/// memory, and the time of promise jobs, are checked after garbage collections. Therefore two excesses are
+/// not noticed: a single long call of native code, as of `fill`, and promise jobs that allocate nothing, as
+/// `for (;;) await 0`.
 class ScriptWatch final {
 public:
     enum class Excess { none, time, memory };
 
-    /// A time of none and a memory of 0 mean no limit; without both the watch costs nothing.
+    /// `memory` is in bytes. `nullopt` and 0 mean no limit; without any limit the watch costs nothing.
     ScriptWatch(std::optional<std::chrono::milliseconds> time, qint64 memory);
 
+    /// Attaches the watch to the engine. The watch must not be moved afterwards.
     void install(JSContextGroupRef group);
 
-    /// Code of the script runs: the time counts from the outermost of these on.
+    /// Exists while code of the script runs, including promise jobs and conversions. The time counts from the
+    /// beginning of the outermost `Run`.
     class Run final {
     public:
         explicit Run(ScriptWatch& watch);
@@ -39,7 +42,8 @@ public:
         ScriptWatch& watch_;
     };
 
-    /// Within a `Run`: a whole script or function runs, rather than single jobs or conversions.
+    /// Exists within a `Run` while a whole script or function runs, as opposed to promise jobs and
+    /// conversions.
     class Script final {
     public:
         explicit Script(ScriptWatch& watch);
@@ -51,12 +55,14 @@ public:
         ScriptWatch& watch_;
     };
 
-    [[nodiscard]] Excess excess() const { return excess_; } ///< until the next `Run` that is not within one
-    [[nodiscard]] bool isRunning() const { return depth_ > 0; }
+    /// The limit that the current or last outermost `Run` has exceeded.
+    [[nodiscard]] Excess excess() const { return excess_; }
+    [[nodiscard]] bool isRunning() const { return runs_ > 0; }
     [[nodiscard]] bool limitsTime() const { return time_.has_value(); }
 
-    /// A conversion within a host function swallows the end that the engine put to the script. Tells
-    /// whether that may have been, and has the engine end the script again at once.
+    /// Call this at the end of each host function. When the engine ends a script during a conversion in a
+    /// host function, the conversion drops the exception and the script would go on. If a limit was exceeded,
+    /// this has the engine end the script again, and returns true.
     bool endAgain();
 
 private:
@@ -64,18 +70,19 @@ private:
 
     static bool shouldTerminate(JSContextRef context, void* watch);
     static void collected(JSContextGroupRef group, void* watch);
-    [[nodiscard]] bool isOn() const { return time_ || memory_ > 0; }
-    void arm(Clock::duration delay);
+    [[nodiscard]] bool hasLimits() const { return time_ || memory_ > 0; }
+    /// Starts a timer that runs out after `delay`, or later if it would be too close to another one.
+    void startTimer(Clock::duration delay);
     [[nodiscard]] Excess measure(JSContextRef context) const;
 
     std::optional<std::chrono::milliseconds> time_;
     qint64 memory_;
     JSContextGroupRef group_ = nullptr;
-    int depth_ = 0;
-    int scripts_ = 0;
-    std::chrono::nanoseconds started_{0};
-    Clock::time_point measured_;
-    Clock::time_point lastTimer_; ///< when the last of the timers set runs out
+    int runs_ = 0; ///< number of `Run` objects
+    int scripts_ = 0; ///< number of `Script` objects
+    std::chrono::nanoseconds started_{0}; ///< processor time at the beginning of the outermost `Run`
+    Clock::time_point lastCollection_; ///< the last one after which the limits were checked
+    Clock::time_point lastTimer_; ///< when the last of the started timers runs out
     Excess excess_ = Excess::none;
 };
 

@@ -22,9 +22,9 @@ std::optional<QString> text(const ScriptEngine& engine, Arguments arguments, siz
     return script::toText(engine.context(), argument(engine, arguments, index));
 }
 
-/// A function of one text that gives a text.
+/// A function with one text as its argument and a text as its result.
 template <typename Operation>
-ScriptEngine::HostFunction textFunction(Operation operation)
+HostFunction textFunction(Operation operation)
 {
     return [operation](ScriptEngine& engine, Arguments arguments) {
         const auto given = text(engine, arguments, 0);
@@ -62,7 +62,7 @@ JSValueRef request(const JavaScriptUtils& utils, ScriptEngine& engine, Arguments
         {u"result"_s, response->text()}, {u"headers"_s, std::move(headers)}});
 }
 
-using Add = std::function<void(const QString& name, ScriptEngine::HostFunction)>;
+using Add = std::function<void(const QString& name, HostFunction)>;
 
 void addFileFunctions(const Add& add, const Utils& utils)
 {
@@ -93,10 +93,10 @@ void addFileFunctions(const Add& add, const Utils& utils)
 
 void installUtils(ScriptEngine& engine, const Utils& utils)
 {
-    // Reached from the global object at once, so that nothing of it is collected meanwhile.
+    // Set before its functions are added, so that the object is not garbage-collected meanwhile.
     JSObjectRef object = JSObjectMake(engine.context(), nullptr, nullptr);
     engine.setGlobal(u"utils"_s, object);
-    const auto add = [&](const QString& name, ScriptEngine::HostFunction function) {
+    const auto add = [&](const QString& name, HostFunction function) {
         script::setMember(engine.context(), object, name, engine.makeFunction(std::move(function)));
     };
     addFileFunctions(add, utils);

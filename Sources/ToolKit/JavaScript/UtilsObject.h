@@ -6,11 +6,12 @@
 
 namespace quor::toolkit {
 
-/// Sets the object that a script sees as `utils`, with the functions of `utils` behind it.
+/// Sets the global `utils`, an object whose functions call the operations of `utils`.
 ///
-/// A missing argument counts as undefined; texts are what `String(argument)` gives, so "undefined" for a
-/// missing one. Where that throws, the function does nothing and gives its empty result. Of `request`,
-/// `headers` and `parameters` count as absent where they are no objects or cannot be converted.
+/// An argument that is missing is undefined. Text arguments are converted by `String(argument)`, so a missing
+/// one becomes "undefined". If that throws, the function has no effect and returns its empty result. The
+/// arguments `headers` and `parameters` of `request` are ignored if they are not objects or cannot be
+/// converted.
 void installUtils(ScriptEngine& engine, const std::shared_ptr<const JavaScriptUtils>& utils);
 
 } // namespace quor::toolkit
