@@ -62,7 +62,7 @@ public:
     [[nodiscard]] const RawMarkup& raw() const { return raw_; }
 
     /// Whether both are the same element of the same document.
-    friend bool operator==(const Markup& a, const Markup& b) { return a.id() == b.id(); }
+    friend bool operator==(const Markup& one, const Markup& other) { return one.id() == other.id(); }
 
 protected:
     [[nodiscard]] QString text() const { return QString::fromUtf8(raw_.utf8Text()); }

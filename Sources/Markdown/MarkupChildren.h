@@ -35,9 +35,9 @@ public:
         ++*this;
         return before;
     }
-    friend bool operator==(const MarkupChildIterator& a, const MarkupChildIterator& b)
+    friend bool operator==(const MarkupChildIterator& one, const MarkupChildIterator& other)
     {
-        return a.left_ == b.left_;
+        return one.left_ == other.left_;
     }
 
 private:

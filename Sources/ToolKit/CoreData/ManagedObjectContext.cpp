@@ -79,7 +79,8 @@ void sortByIdentity(std::vector<ManagedObject>& objects)
     keyed.reserve(objects.size());
     for (const auto& object : objects)
         keyed.emplace_back(object.objectID().URIRepresentation(), object);
-    std::sort(keyed.begin(), keyed.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::sort(keyed.begin(), keyed.end(),
+        [](const auto& one, const auto& other) { return one.first < other.first; });
     std::transform(keyed.begin(), keyed.end(), objects.begin(), [](const auto& pair) { return pair.second; });
 }
 
@@ -166,7 +167,7 @@ std::vector<ManagedObject> ManagedObjectContext::updatedObjects() const
 std::vector<ManagedObject> ManagedObjectContext::deletedObjects() const
 {
     return state_->pending(state_->graph->changed(),
-        [](const ManagedRecord& record) { return record.state == RecordState::deleted; });
+        [](const ManagedRecord& record) { return record.state == RecordState::deleting; });
 }
 
 SaveOutcome ManagedObjectContext::save()
@@ -243,8 +244,8 @@ std::optional<ManagedObject> ManagedObjectContext::existingObject(
             record = nullptr;
             return query.load(objectID.number(), record);
         });
-        const bool isHere = record && record->state != RecordState::deleted
-            && record->state != RecordState::gone && state_->graph->objectID(*record) == objectID;
+        const bool isHere = record && record->state != RecordState::deleting
+            && record->state != RecordState::deleted && state_->graph->objectID(*record) == objectID;
         return !report(failure, error) && isHere ? std::optional<ManagedObject>(record) : std::nullopt;
     });
 }

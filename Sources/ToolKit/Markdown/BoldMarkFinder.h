@@ -19,12 +19,13 @@ public:
     [[nodiscard]] std::optional<MarkdownMark> next();
 
 private:
+    using Find = qsizetype (*)(QStringView text, qsizetype from);
+
     /// Finds the next position of something at or after a given one. It keeps the position until the search
     /// has passed it, so that searches from increasing positions walk over the text only once.
-    template <typename Find>
-    class Upcoming {
+    class NextPosition {
     public:
-        explicit Upcoming(Find find)
+        explicit NextPosition(Find find)
             : find_(find)
         {
         }
@@ -39,8 +40,6 @@ private:
         Find find_;
         qsizetype next_ = -1;
     };
-    using Search = qsizetype (*)(QStringView text, qsizetype from);
-
     [[nodiscard]] bool isMarker(qsizetype at) const;
     [[nodiscard]] bool isAtLineStart(qsizetype at) const;
     /// The position of the marker that closes the one at `opening`, if there is one on the same line.
@@ -48,9 +47,9 @@ private:
 
     QStringView text_;
     qsizetype position_ = 0; // the end of the last mark
-    Upcoming<Search> stars_;
-    Upcoming<Search> underscores_;
-    Upcoming<Search> lineEnds_;
+    NextPosition stars_;
+    NextPosition underscores_;
+    NextPosition lineEnds_;
 };
 
 } // namespace quor::toolkit

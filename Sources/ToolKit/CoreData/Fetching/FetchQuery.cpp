@@ -95,7 +95,7 @@ QByteArray FetchQuery::selection(const QByteArray& columns) const
         return condition.isEmpty() ? file : file + " WHERE " + condition;
     const QByteArray further = condition.isEmpty() ? QByteArray() : " AND " + condition;
     return file + R"( WHERE "$id" NOT IN (SELECT "$id" FROM temp.)" + table + ')' + further
-        + " UNION ALL SELECT " + columns + " FROM temp." + table + " WHERE NOT \"$gone\"" + further;
+        + " UNION ALL SELECT " + columns + " FROM temp." + table + " WHERE NOT \"$deleted\"" + further;
 }
 
 QByteArray FetchQuery::columns() const

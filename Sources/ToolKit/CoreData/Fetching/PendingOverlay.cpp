@@ -38,8 +38,8 @@ struct PendingOverlay::Table {
                     + quoted(QStringLiteral("$index %1 %2").arg(i).arg(entity.name())) + " ON " + table + '('
                     + quoted(attribute.name) + ");";
         }
-        return "CREATE TABLE IF NOT EXISTS temp." + table + R"(("$id" INTEGER PRIMARY KEY, "$gone")" + columns
-            + ");" + indexes;
+        return "CREATE TABLE IF NOT EXISTS temp." + table + R"(("$id" INTEGER PRIMARY KEY, "$deleted")"
+            + columns + ");" + indexes;
     }
 
     Failure write(const SQLiteDatabase& database, const ManagedRecord& record)
@@ -47,7 +47,7 @@ struct PendingOverlay::Table {
         auto& statement = record.isDirty() ? put : remove;
         statement.bind(1, record.number);
         if (record.isDirty()) {
-            statement.bind(2, record.state == ManagedRecord::State::deleted);
+            statement.bind(2, record.state == ManagedRecord::State::deleting);
             for (std::size_t i = 0; i < record.values.size(); ++i)
                 statement.bind(static_cast<int>(i) + 3, record.values[i]);
         }

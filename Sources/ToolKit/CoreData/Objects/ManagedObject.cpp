@@ -97,7 +97,7 @@ bool ManagedObject::isUpdated() const
 bool ManagedObject::isDeleted() const
 {
     return ask(record_, false, [](const ObjectGraph&, const ManagedRecord& record) {
-        return record.state == State::deleted || record.state == State::gone;
+        return record.state == State::deleting || record.state == State::deleted;
     });
 }
 

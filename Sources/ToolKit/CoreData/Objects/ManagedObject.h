@@ -77,7 +77,10 @@ public:
 
     [[nodiscard]] const std::shared_ptr<ManagedRecord>& record() const { return record_; } ///< for contexts
 
-    friend bool operator==(const ManagedObject& a, const ManagedObject& b) { return a.record_ == b.record_; }
+    friend bool operator==(const ManagedObject& one, const ManagedObject& other)
+    {
+        return one.record_ == other.record_;
+    }
 
 private:
     std::shared_ptr<ManagedRecord> record_;

@@ -19,14 +19,14 @@ struct ManagedRecord {
         plain, ///< has no graph
         inserted, ///< not in the file yet
         saved, ///< in the file, changed here or not
-        deleted, ///< in the file until the next save
-        gone, ///< deleted from the file, or never saved and rolled back or deleted
+        deleting, ///< deleted here, but in the file until the next save
+        deleted, ///< not in the file: deleted from it, or never saved and then deleted or rolled back
     };
 
     /// Whether the next save writes something of this record.
     [[nodiscard]] bool isDirty() const
     {
-        return state == State::inserted || state == State::deleted
+        return state == State::inserted || state == State::deleting
             || (state == State::saved && !originals.empty());
     }
 

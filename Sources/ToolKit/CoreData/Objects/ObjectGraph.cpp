@@ -49,7 +49,7 @@ bool ObjectGraph::remove(const Record& record)
 {
     if (isEnded_ || (record->state != State::inserted && record->state != State::saved))
         return false;
-    record->state = record->state == State::inserted ? State::gone : State::deleted;
+    record->state = record->state == State::inserted ? State::deleted : State::deleting;
     setChanged(record);
     return true;
 }
@@ -82,12 +82,12 @@ bool ObjectGraph::setValue(const Record& record, QStringView key, const Attribut
 void ObjectGraph::rollback()
 {
     for (const Record& record : inserted_)
-        record->state = State::gone;
+        record->state = State::deleted;
     for (const Record& record : changed_) {
         for (auto& [index, value] : record->originals)
             record->values[index] = std::move(value);
         record->originals.clear();
-        if (record->state == State::deleted)
+        if (record->state == State::deleting)
             record->state = State::saved;
     }
     clearChanges();
@@ -107,15 +107,15 @@ void ObjectGraph::setSaved(const std::vector<qint64>& numbers)
     }
     for (const Record& record : changed_) {
         record->originals.clear();
-        if (record->state == State::deleted)
-            setGone(*record);
+        if (record->state == State::deleting)
+            setDeleted(*record);
     }
     clearChanges();
 }
 
-void ObjectGraph::setGone(ManagedRecord& record)
+void ObjectGraph::setDeleted(ManagedRecord& record)
 {
-    record.state = State::gone;
+    record.state = State::deleted;
     registries_[record.entity].records.erase(record.number);
 }
 

@@ -49,7 +49,7 @@ public:
     /// for those that were deleted before the save.
     void setSaved(const std::vector<qint64>& numbers);
     /// Call this for a record that another context has deleted from the file.
-    void setGone(ManagedRecord& record);
+    void setDeleted(ManagedRecord& record);
 
     /// The record with this number; null if the graph does not have it.
     [[nodiscard]] Record known(std::size_t entity, qint64 number) const;

@@ -39,7 +39,7 @@ SaveOutcome SaveTransaction::run()
         return {.error = failure};
     SaveOutcome outcome;
     for (const auto& record : dropped_) {
-        graph_.setGone(*record);
+        graph_.setDeleted(*record);
         outcome.dropped.emplace_back(record);
     }
     graph_.setSaved(numbers_);
@@ -60,7 +60,7 @@ Failure SaveTransaction::write()
         return failure;
     for (const auto& record : graph_.changed()) {
         Failure failure;
-        if (record->state == State::deleted)
+        if (record->state == State::deleting)
             failure = remove(*record);
         else if (record->isDirty())
             failure = update(record);
@@ -108,8 +108,9 @@ Failure SaveTransaction::insertAll()
             statement = &prepared(insertion(graph_.entity(record)));
         numbers_[i] = nextNumbers_[record.entity]++;
         statement->bind(1, numbers_[i]);
-        for (std::size_t k = 0; k < record.values.size(); ++k)
-            statement->bind(static_cast<int>(k) + 2, record.values[k]);
+        int parameter = 1;
+        for (const AttributeValue& value : record.values)
+            statement->bind(++parameter, value);
         if (auto failure = finish(*statement, record))
             return failure;
     }
