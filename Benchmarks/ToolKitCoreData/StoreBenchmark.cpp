@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// 100,000 records inserted and saved at once, against SQLite with a prepared statement in one transaction,
-// on the same table in a file with the same settings.
+// Inserts 100,000 records and saves them at once, compared with SQLite using a prepared statement in one
+// transaction, on the same table in a file with the same settings.
 #include "ToolKit/CoreData/ManagedObjectContext.h"
 
 #include <QFile>
@@ -20,7 +20,7 @@ constexpr int recordCount = 100'000;
 
 class TimeEntry : public ManagedObject { };
 
-/// With an index, which that name always has, or without one.
+/// "uniqueID" always has an index; the other name has none.
 QString identifierKey(bool isIndexed)
 {
     return isIndexed ? u"uniqueID"_s : u"identifier"_s;
@@ -47,7 +47,7 @@ std::vector<Sample> samples()
 {
     std::vector<Sample> samples;
     for (int i = 0; i < recordCount; ++i) {
-        // Spread like random identifiers, and the same in each run.
+        // Like random identifiers, but the same in each run.
         const QString digits = u"%1"_s.arg(i * 2'654'435'761ULL % 4'294'967'296ULL, 8, 16, QChar(u'0'));
         samples.push_back(
             {digits + u"-f14e-45fc-9575-000000000000"_s, u"Task %1"_s.arg(i % 100), 1.7e9 + 60.0 * i});
@@ -55,7 +55,7 @@ std::vector<Sample> samples()
     return samples;
 }
 
-/// A new store for each round, empty but for its tables.
+/// A new store with empty tables for each round.
 class Stores {
 public:
     QString next(bool isIndexed)
@@ -144,7 +144,8 @@ void floorByHand(benchmark::State& state, Stores& stores)
     }
 }
 
-/// One record of 100,000 by its identifier, the way of `fetchSingleton`, with or without pending changes.
+/// Fetches one of 100,000 records by its identifier, as `fetchSingleton` does, with or without pending
+/// changes.
 void fetchOne(benchmark::State& state, Stores& stores)
 {
     const auto all = samples();

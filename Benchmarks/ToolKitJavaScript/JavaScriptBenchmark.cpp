@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A fresh engine that runs a trivial script, against the C API alone: a context in a virtual machine of its
-// own, which evaluates the same text and is released. Ours sets `utils` and its functions besides, keeps the
-// watch for time and memory, and hands the value out. Both read the value and release all in the same round.
-// Besides, the process' own memory after 200 runs against that after 1,000 more. The library itself loses a
-// third of a KiB of the heap with each virtual machine, so the floor grows as well.
+// A new engine that runs a trivial script, compared with the C API alone, which makes a context in its own
+// virtual machine, evaluates the same text and releases the context. Our engine also sets `utils` and its
+// functions, watches time and memory, and returns the value. Both read the value and release everything in
+// the same round. Also measures the memory of the process after 200 runs and after 1,000 more. The library
+// itself leaks a third of a KiB with each virtual machine, so the memory of the comparison grows too.
 #include "ToolKit/JavaScript/JavaScriptPlugin.h"
 
 #include <JavaScriptCore/JavaScript.h>
@@ -36,7 +36,7 @@ double runByHand()
 
 double runPlugin()
 {
-    // None of it costs anything: an engine is made by `execute`.
+    // A plug-in itself costs nothing: `execute` makes the engine.
     const JavaScriptPlugin plugin{QUrl::fromLocalFile(QDir::tempPath()), {{u"greeting"_s, u"Hello"_s}}};
     const auto value = plugin.execute(u"1+1"_s);
     return value ? value->toDouble() : 0;
@@ -52,20 +52,20 @@ double runPluginWithTimeLimit()
 
 void fresh(benchmark::State& state, double (*run)())
 {
-    run(); // the first engine of a process prepares what all of them share
+    run(); // the first engine of a process initializes what all of them share
     for ([[maybe_unused]] const auto _ : state) {
         if (run() != 2)
             state.SkipWithError("not 2");
     }
 }
 
-/// What is allocated and not freed, but for the engine's own pages, in KiB.
+/// Allocated memory without the pages of the engine's own allocator, in KiB.
 double heapMemory()
 {
     return static_cast<double>(mallinfo2().uordblks) / 1024;
 }
 
-/// Of this process alone, in KiB, after the engine's allocator had the time to give free pages back.
+/// Private memory of this process in KiB, after the engine's allocator had time to release free pages.
 double privateMemory()
 {
     std::this_thread::sleep_for(std::chrono::seconds(1));
@@ -102,7 +102,7 @@ void memory(benchmark::State& state, double (*run)())
     }
 }
 
-// The processor time is the whole process', since the engine has threads of its own.
+// Measures the processor time of the whole process, because the engine has its own threads.
 BENCHMARK_CAPTURE(fresh, byHand, runByHand)
     ->Unit(benchmark::kMicrosecond)
     ->MeasureProcessCPUTime()
