@@ -11,7 +11,7 @@ namespace quor::toolkit {
 
 namespace {
 
-// Another program that changes the file under each of so many attempts is left alone until the next commit.
+// If another program changes the file under each of so many attempts, the edits fail with a conflict.
 constexpr int mostAttempts = 5;
 
 } // namespace

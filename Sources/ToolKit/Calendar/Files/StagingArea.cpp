@@ -9,29 +9,6 @@
 
 namespace quor::toolkit {
 
-namespace {
-
-/// Whether a later commit may succeed.
-bool isTemporary(const EventStoreError& failure)
-{
-    using Kind = EventStoreError::Kind;
-    switch (failure.kind()) {
-    case Kind::conflict:
-    case Kind::notFound:
-    case Kind::unreadable:
-        return false;
-    case Kind::accessDenied:
-    case Kind::invalid:
-    case Kind::readOnly:
-    case Kind::full:
-    case Kind::failed:
-        return true;
-    }
-    return true;
-}
-
-} // namespace
-
 const StagedFile* StagingArea::find(const QByteArray& name) const
 {
     const auto found = files_.find(name);
@@ -74,7 +51,7 @@ bool StagingArea::commit(CommitWave wave, const CalendarDirectory& directory, Pa
         const auto failure = file.write(directory, files);
         if (failure)
             failures.push_back(*failure);
-        each = failure && isTemporary(*failure) ? std::next(each) : files_.erase(each);
+        each = failure && !isFinal(*failure) ? std::next(each) : files_.erase(each);
     }
     return files_.size() < before;
 }

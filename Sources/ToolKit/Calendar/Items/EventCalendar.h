@@ -70,7 +70,7 @@ private:
         fields_.*field = value;
     }
 
-    [[nodiscard]] std::pair<Fields, Fields> both() const
+    [[nodiscard]] std::pair<Fields, Fields> fieldsAndSaved() const
     {
         const std::scoped_lock lock(mutex_);
         return {fields_, saved_};

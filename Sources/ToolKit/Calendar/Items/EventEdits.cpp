@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/EventEdits.h"
 
+#include "ToolKit/Calendar/Items/Components.h"
 #include "ToolKit/Calendar/Items/ItemErrors.h"
 #include "ToolKit/Calendar/Items/ItemReader.h"
 #include "ToolKit/Calendar/Items/ItemRule.h"
@@ -56,11 +57,7 @@ void writeFields(icalcomponent* event, const EventChange& change)
 
 icalcomponent* masterOf(const ItemFile& file, const QString& uid)
 {
-    for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid)) {
-        if (!replacedStart(each))
-            return each;
-    }
-    return nullptr;
+    return file.master(ICAL_VEVENT_COMPONENT, uid);
 }
 
 icalcomponent* overrideOf(const ItemFile& file, const QString& uid, Date occurrence)
@@ -123,7 +120,7 @@ public:
     SeriesShift(const EventFields& from, const EventFields& to, icalcomponent* event)
         : from_(from.isAllDay ? ItemZone() : zoneFor(event, from.timeZone))
         , to_(to.isAllDay ? ItemZone() : zoneFor(event, to.timeZone))
-        , by_(wall(to_, to.startDate) - wall(from_, from.startDate))
+        , distance_(localTime(to_, to.startDate) - localTime(from_, from.startDate))
         , isDate_(to.isAllDay)
     {
     }
@@ -131,12 +128,12 @@ public:
     void apply(icalcomponent* event, icalproperty_kind kind) const
     {
         std::vector<Date> moved;
-        for (auto* each = icalcomponent_get_first_property(event, kind); each;
-             each = icalcomponent_get_next_property(event, kind)) {
+        for (icalproperty* each : propertiesIn(event, kind)) {
             const auto moment = readMoment(each);
             if (!moment)
                 continue;
-            const Date shifted = to_.moment(ItemZone::utc().local(wall(from_, *moment) + by_, isDate_));
+            const Date shifted
+                = to_.moment(ItemZone::utc().local(localTime(from_, *moment) + distance_, isDate_));
             if (isWritable(shifted))
                 moved.push_back(shifted);
         }
@@ -146,14 +143,14 @@ public:
     }
 
 private:
-    static Date wall(const ItemZone& zone, Date moment)
+    static Date localTime(const ItemZone& zone, Date moment)
     {
         return ItemZone::utc().moment(zone.local(moment, false));
     }
 
     ItemZone from_;
     ItemZone to_;
-    std::chrono::duration<double> by_;
+    std::chrono::duration<double> distance_;
     bool isDate_;
 };
 
@@ -162,8 +159,7 @@ void endRules(icalcomponent* master, const EventFields& fields, Date end)
 {
     const Date last = end - std::chrono::seconds(1);
     const ItemZone zone = fields.isAllDay || fields.timeZone.isEmpty() ? ItemZone() : ItemZone::utc();
-    for (auto* each = icalcomponent_get_first_property(master, ICAL_RRULE_PROPERTY); each;
-         each = icalcomponent_get_next_property(master, ICAL_RRULE_PROPERTY)) {
+    for (icalproperty* each : propertiesIn(master, ICAL_RRULE_PROPERTY)) {
         icalrecurrencetype rule = icalproperty_get_rrule(each);
         rule.count = 0;
         rule.until = zone.local(last, fields.isAllDay);
@@ -175,16 +171,10 @@ void endRules(icalcomponent* master, const EventFields& fields, Date end)
 template <class Keeps>
 void keepMoments(icalcomponent* event, icalproperty_kind kind, Keeps keeps)
 {
-    std::vector<icalproperty*> dropped;
-    for (auto* each = icalcomponent_get_first_property(event, kind); each;
-         each = icalcomponent_get_next_property(event, kind)) {
+    for (icalproperty* each : propertiesIn(event, kind)) {
         const auto moment = readMoment(each);
         if (moment && !keeps(*moment))
-            dropped.push_back(each);
-    }
-    for (icalproperty* each : dropped) {
-        icalcomponent_remove_property(event, each);
-        icalproperty_free(each);
+            removeProperty(event, each);
     }
 }
 

@@ -31,4 +31,23 @@ namespace quor::toolkit {
     return {EventStoreError::Kind::invalid, reason};
 }
 
+/// Whether a change that failed must not be tried again at a later commit.
+[[nodiscard]] inline bool isFinal(const EventStoreError& failure)
+{
+    using Kind = EventStoreError::Kind;
+    switch (failure.kind()) {
+    case Kind::conflict:
+    case Kind::notFound:
+    case Kind::unreadable:
+        return true;
+    case Kind::accessDenied:
+    case Kind::invalid:
+    case Kind::readOnly:
+    case Kind::full:
+    case Kind::failed:
+        return false;
+    }
+    return false;
+}
+
 } // namespace quor::toolkit

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/ItemFile.h"
 
+#include "ToolKit/Calendar/Items/Components.h"
 #include "ToolKit/Calendar/Items/ItemReader.h"
 #include "ToolKit/Calendar/Items/MaskedItems.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <utility>
@@ -15,29 +17,25 @@ namespace {
 /// Whether libical could read all lines.
 bool isSound(icalcomponent* component)
 {
-    for (auto* each = icalcomponent_get_first_property(component, ICAL_XLICERROR_PROPERTY); each;
-         each = icalcomponent_get_next_property(component, ICAL_XLICERROR_PROPERTY)) {
+    for (icalproperty* each : propertiesIn(component, ICAL_XLICERROR_PROPERTY)) {
         const char* const text = icalproperty_get_xlicerror(each);
         if (!text || std::strncmp(text, "No value for", 12) != 0)
             return false;
     }
-    for (auto* each = icalcomponent_get_first_component(component, ICAL_ANY_COMPONENT); each;
-         each = icalcomponent_get_next_component(component, ICAL_ANY_COMPONENT)) {
-        if (!isSound(each))
-            return false;
-    }
-    return true;
+    return std::ranges::all_of(componentsIn(component), isSound);
+}
+
+bool isTimeZone(icalcomponent* component)
+{
+    return icalcomponent_isa(component) == ICAL_VTIMEZONE_COMPONENT;
 }
 
 /// The masked components directly within a calendar, see `MaskedItems.h`.
 std::vector<icalproperty*> maskedParts(icalcomponent* calendar)
 {
-    std::vector<icalproperty*> parts;
-    for (auto* each = icalcomponent_get_first_property(calendar, ICAL_X_PROPERTY); each;
-         each = icalcomponent_get_next_property(calendar, ICAL_X_PROPERTY)) {
-        if (qstrcmp(icalproperty_get_x_name(each), maskedPart) == 0)
-            parts.push_back(each);
-    }
+    std::vector<icalproperty*> parts = propertiesIn(calendar, ICAL_X_PROPERTY);
+    std::erase_if(
+        parts, [](icalproperty* each) { return qstrcmp(icalproperty_get_x_name(each), maskedPart) != 0; });
     return parts;
 }
 
@@ -72,16 +70,13 @@ std::vector<icalcomponent*> ItemFile::calendars() const
 {
     if (icalcomponent_isa(root_.get()) == ICAL_VCALENDAR_COMPONENT)
         return {root_.get()};
-    std::vector<icalcomponent*> calendars;
     if (icalcomponent_isa(root_.get()) != ICAL_XROOT_COMPONENT)
-        return calendars;
-    for (auto* each = icalcomponent_get_first_component(root_.get(), ICAL_ANY_COMPONENT); each;
-         each = icalcomponent_get_next_component(root_.get(), ICAL_ANY_COMPONENT)) {
-        if (icalcomponent_isa(each) != ICAL_VCALENDAR_COMPONENT)
-            return {}; // this component would be lost
-        calendars.push_back(each);
-    }
-    return calendars;
+        return {};
+    // A component of another kind would be lost, so such a file has no calendars.
+    auto calendars = componentsIn(root_.get());
+    const bool areAll = std::ranges::all_of(
+        calendars, [](icalcomponent* each) { return icalcomponent_isa(each) == ICAL_VCALENDAR_COMPONENT; });
+    return areAll ? calendars : std::vector<icalcomponent*>();
 }
 
 FileRecords ItemFile::records() const
@@ -94,16 +89,9 @@ FileRecords ItemFile::records() const
 
 bool ItemFile::isEmpty() const
 {
-    for (icalcomponent* calendar : calendars()) {
-        if (!maskedParts(calendar).empty())
-            return false;
-        for (auto* each = icalcomponent_get_first_component(calendar, ICAL_ANY_COMPONENT); each;
-             each = icalcomponent_get_next_component(calendar, ICAL_ANY_COMPONENT)) {
-            if (icalcomponent_isa(each) != ICAL_VTIMEZONE_COMPONENT)
-                return false;
-        }
-    }
-    return true;
+    return std::ranges::all_of(calendars(), [](icalcomponent* calendar) {
+        return maskedParts(calendar).empty() && std::ranges::all_of(componentsIn(calendar), isTimeZone);
+    });
 }
 
 QByteArray ItemFile::bytes() const
@@ -121,18 +109,12 @@ ItemFile ItemFile::extract(const QString& uid) const
 {
     ItemFile file(OwnedComponent(icalcomponent_new_clone(root_.get())));
     for (icalcomponent* calendar : file.calendars()) {
-        std::vector<icalcomponent*> others;
-        for (auto* each = icalcomponent_get_first_component(calendar, ICAL_ANY_COMPONENT); each;
-             each = icalcomponent_get_next_component(calendar, ICAL_ANY_COMPONENT)) {
-            if (icalcomponent_isa(each) != ICAL_VTIMEZONE_COMPONENT && uidOf(each) != uid)
-                others.push_back(each);
+        for (icalcomponent* each : componentsIn(calendar)) {
+            if (!isTimeZone(each) && uidOf(each) != uid)
+                file.remove(each);
         }
-        for (icalcomponent* other : others)
-            file.remove(other);
-        for (icalproperty* part : maskedParts(calendar)) {
-            icalcomponent_remove_property(calendar, part);
-            icalproperty_free(part);
-        }
+        for (icalproperty* part : maskedParts(calendar))
+            removeProperty(calendar, part);
     }
     return file;
 }
@@ -141,13 +123,19 @@ std::vector<icalcomponent*> ItemFile::components(icalcomponent_kind kind, const 
 {
     std::vector<icalcomponent*> found;
     for (icalcomponent* calendar : calendars()) {
-        for (auto* each = icalcomponent_get_first_component(calendar, kind); each;
-             each = icalcomponent_get_next_component(calendar, kind)) {
+        for (icalcomponent* each : componentsIn(calendar, kind)) {
             if (uidOf(each) == uid)
                 found.push_back(each);
         }
     }
     return found;
+}
+
+icalcomponent* ItemFile::master(icalcomponent_kind kind, const QString& uid) const
+{
+    const auto found = components(kind, uid);
+    const auto master = std::ranges::find_if(found, [](icalcomponent* each) { return !replacedStart(each); });
+    return master == found.end() ? nullptr : *master;
 }
 
 icalcomponent* ItemFile::add(icalcomponent_kind kind, const QString& uid)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/ItemReader.h"
 
+#include "ToolKit/Calendar/Items/Components.h"
+
 #include <algorithm>
 #include <chrono>
 #include <cstdlib>
@@ -88,14 +90,11 @@ Date endOf(icalcomponent* event, const EventFields& fields, icalproperty* start)
     return zoneOf(start).moment(end);
 }
 
-QString ruleOf(icalcomponent* event)
+QByteArray ruleText(icalproperty* property)
 {
-    icalproperty* const found = property(event, ICAL_RRULE_PROPERTY);
-    if (!found)
-        return {};
-    icalrecurrencetype rule = icalproperty_get_rrule(found);
+    icalrecurrencetype rule = icalproperty_get_rrule(property);
     char* const text = icalrecurrencetype_as_string_r(&rule);
-    QString result = QString::fromUtf8(text);
+    QByteArray result = text;
     std::free(text);
     return result;
 }
@@ -103,7 +102,7 @@ QString ruleOf(icalcomponent* event)
 std::vector<Date> moments(icalcomponent* event, icalproperty_kind kind)
 {
     std::vector<Date> moments;
-    for (auto* each = property(event, kind); each; each = icalcomponent_get_next_property(event, kind)) {
+    for (icalproperty* each : propertiesIn(event, kind)) {
         if (const auto moment = readMoment(each))
             moments.push_back(*moment);
     }
@@ -118,33 +117,18 @@ std::shared_ptr<Recurrence> recurrenceOf(icalcomponent* event, const EventFields
     recurrence->zone = zoneOf(start);
     recurrence->first = timeOf(start);
     recurrence->days = int(std::clamp((fields.endDate - fields.startDate) / Seconds(86'400) + 0.5, 1.0, 1e6));
-    for (auto* each = property(event, ICAL_RRULE_PROPERTY); each;
-         each = icalcomponent_get_next_property(event, ICAL_RRULE_PROPERTY)) {
-        icalrecurrencetype rule = icalproperty_get_rrule(each);
-        char* const line = icalrecurrencetype_as_string_r(&rule);
-        recurrence->rules.emplace_back(line);
-        std::free(line);
-    }
+    for (icalproperty* each : propertiesIn(event, ICAL_RRULE_PROPERTY))
+        recurrence->rules.push_back(ruleText(each));
     recurrence->added = moments(event, ICAL_RDATE_PROPERTY);
     recurrence->removed = moments(event, ICAL_EXDATE_PROPERTY);
     return recurrence;
-}
-
-/// Returns a list because the search for a zone moves the iterator that a calendar has within itself.
-std::vector<icalcomponent*> componentsOf(icalcomponent* calendar, icalcomponent_kind kind)
-{
-    std::vector<icalcomponent*> found;
-    for (auto* each = icalcomponent_get_first_component(calendar, kind); each;
-         each = icalcomponent_get_next_component(calendar, kind))
-        found.push_back(each);
-    return found;
 }
 
 void readEvents(icalcomponent* calendar, std::vector<EventRecord>& events)
 {
     std::map<QString, std::shared_ptr<Recurrence>> series;
     const auto visit = [&](bool overrides) {
-        for (icalcomponent* each : componentsOf(calendar, ICAL_VEVENT_COMPONENT)) {
+        for (icalcomponent* each : componentsIn(calendar, ICAL_VEVENT_COMPONENT)) {
             const auto replaced = replacedStart(each);
             const QString uid = replaced.has_value() == overrides ? uidOf(each) : QString();
             const auto fields = uid.isEmpty() ? std::nullopt : readEvent(each);
@@ -223,7 +207,8 @@ std::optional<EventFields> readEvent(icalcomponent* event)
     fields.isAllDay = timeOf(start).is_date;
     fields.timeZone = fields.isAllDay ? QString() : zoneOf(start).name();
     fields.endDate = endOf(event, fields, start);
-    fields.recurrenceRule = ruleOf(event);
+    if (icalproperty* const rule = property(event, ICAL_RRULE_PROPERTY))
+        fields.recurrenceRule = QString::fromUtf8(ruleText(rule));
     return fields;
 }
 
@@ -255,7 +240,7 @@ ReminderFields readReminder(icalcomponent* reminder)
 void readItems(icalcomponent* calendar, FileRecords& records)
 {
     readEvents(calendar, records.events);
-    for (icalcomponent* each : componentsOf(calendar, ICAL_VTODO_COMPONENT)) {
+    for (icalcomponent* each : componentsIn(calendar, ICAL_VTODO_COMPONENT)) {
         const QString uid = replacedStart(each) ? QString() : uidOf(each);
         if (!uid.isEmpty())
             records.reminders.push_back({uid, readReminder(each)});

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/ItemWriter.h"
 
+#include "ToolKit/Calendar/Items/Components.h"
 #include "ToolKit/Calendar/Items/ItemReader.h"
 
 #include <chrono>
@@ -26,15 +27,8 @@ void defineZone(icalcomponent* component, const QString& name)
 {
     icalcomponent* const calendar = icalcomponent_get_parent(component);
     const QByteArray id = name.toUtf8();
-    if (!calendar)
+    if (!calendar || zoneDefinition(calendar, id))
         return;
-    for (auto* each = icalcomponent_get_first_component(calendar, ICAL_VTIMEZONE_COMPONENT); each;
-         each = icalcomponent_get_next_component(calendar, ICAL_VTIMEZONE_COMPONENT)) {
-        icalproperty* const own = icalcomponent_get_first_property(each, ICAL_TZID_PROPERTY);
-        const char* const text = own ? icalproperty_get_tzid(own) : nullptr;
-        if (text && id == text)
-            return;
-    }
     icaltimezone* const zone = icaltimezone_get_builtin_timezone(id.constData());
     icalcomponent* const definition = zone ? icaltimezone_get_component(zone) : nullptr;
     if (!definition)
@@ -49,10 +43,8 @@ void defineZone(icalcomponent* component, const QString& name)
 
 void removeAll(icalcomponent* component, icalproperty_kind kind)
 {
-    while (icalproperty* const each = icalcomponent_get_first_property(component, kind)) {
-        icalcomponent_remove_property(component, each);
-        icalproperty_free(each);
-    }
+    for (icalproperty* each : propertiesIn(component, kind))
+        removeProperty(component, each);
 }
 
 void writeText(icalcomponent* component, icalproperty_kind kind, const QString& text)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/ItemZone.h"
 
+#include "ToolKit/Calendar/Items/Components.h"
+
 #include <QDateTime>
 
 #include <cmath>
@@ -17,19 +19,6 @@ namespace {
 constexpr double firstSecond = -62'135'596'800.0 + 86'400.0; // a day in the year 1
 constexpr double lastSecond = 253'370'764'800.0 - 86'400.0; // a day before the year 9999
 
-icalcomponent* definition(icalcomponent* calendar, const QByteArray& name)
-{
-    for (auto* zone
-         = calendar ? icalcomponent_get_first_component(calendar, ICAL_VTIMEZONE_COMPONENT) : nullptr;
-         zone; zone = icalcomponent_get_next_component(calendar, ICAL_VTIMEZONE_COMPONENT)) {
-        const icalproperty* id = icalcomponent_get_first_property(zone, ICAL_TZID_PROPERTY);
-        const char* text = id ? icalproperty_get_tzid(id) : nullptr;
-        if (text && name == text)
-            return zone;
-    }
-    return nullptr;
-}
-
 /// Removes the prefix of a product, as in "/vendor/20200101_1/Europe/Berlin".
 QByteArray withoutPrefix(const QByteArray& name)
 {
@@ -44,6 +33,17 @@ QByteArray withoutPrefix(const QByteArray& name)
 }
 
 } // namespace
+
+icalcomponent* zoneDefinition(icalcomponent* calendar, const QByteArray& name)
+{
+    for (icalcomponent* zone : componentsIn(calendar, ICAL_VTIMEZONE_COMPONENT)) {
+        const icalproperty* id = icalcomponent_get_first_property(zone, ICAL_TZID_PROPERTY);
+        const char* text = id ? icalproperty_get_tzid(id) : nullptr;
+        if (text && name == text)
+            return zone;
+    }
+    return nullptr;
+}
 
 bool isWritable(Date date)
 {
@@ -80,7 +80,7 @@ ItemZone ItemZone::named(const QByteArray& name, icalcomponent* calendar)
     if (isMachineZone(QString::fromUtf8(plain))) {
         zone.name_ = QString::fromUtf8(plain);
         zone.zone_ = QTimeZone(plain);
-    } else if (icalcomponent* const found = definition(calendar, name)) {
+    } else if (icalcomponent* const found = calendar ? zoneDefinition(calendar, name) : nullptr) {
         zone.defined_ = std::shared_ptr<icaltimezone>(
             icaltimezone_new(), [](icaltimezone* each) { icaltimezone_free(each, 1); });
         // On success the zone takes over the copy.

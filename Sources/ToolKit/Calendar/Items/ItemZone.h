@@ -21,7 +21,7 @@ public:
     /// Floating time.
     ItemZone();
     [[nodiscard]] static ItemZone utc();
-    /// `calendar` holds the definitions; null if there are none.
+    /// `calendar` holds definitions of zones; null if there are none.
     [[nodiscard]] static ItemZone named(const QByteArray& name, icalcomponent* calendar);
     [[nodiscard]] static bool isMachineZone(const QString& name);
 
@@ -38,6 +38,9 @@ private:
     std::shared_ptr<icaltimezone>
         defined_; ///< the zone that the file defines; null for a zone of the machine
 };
+
+/// Returns the definition of that name (VTIMEZONE) in a calendar, null if there is none. Borrowed.
+[[nodiscard]] icalcomponent* zoneDefinition(icalcomponent* calendar, const QByteArray& name);
 
 /// Whether the moment lies in the years 1 to 9998, so that it can be written in every zone.
 [[nodiscard]] bool isWritable(platform::Date date);

@@ -76,7 +76,7 @@ QByteArray masked(const char* name, QByteArrayView raw)
 }
 
 /// Builds the text for libical, line by line.
-class Masking final {
+class MaskedText final {
 public:
     /// Returns false if the file is no calendar file.
     [[nodiscard]] bool add(const Line& line)
@@ -150,12 +150,12 @@ std::optional<QByteArray> maskItems(QByteArrayView file)
 {
     if (file.startsWith("\xEF\xBB\xBF"))
         file = file.sliced(3);
-    Masking masking;
+    MaskedText result;
     while (!file.isEmpty()) {
-        if (!masking.add(takeLine(file)))
+        if (!result.add(takeLine(file)))
             return std::nullopt;
     }
-    return masking.isWhole() ? std::optional(masking.text()) : std::nullopt;
+    return result.isWhole() ? std::optional(result.text()) : std::nullopt;
 }
 
 QByteArray unmaskItems(QByteArrayView text)

@@ -86,7 +86,8 @@ void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
 
 /// Returns the last step of a rule by hour, minute or second before `from`. libical would walk all the steps
 /// to it.
-icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, const icaltimetype& from)
+icaltimetype lastStepBefore(
+    const icalrecurrencetype& rule, const icaltimetype& first, const icaltimetype& from)
 {
     const int unit = rule.freq == ICAL_SECONDLY_RECURRENCE ? 1
         : rule.freq == ICAL_MINUTELY_RECURRENCE            ? 60
@@ -102,7 +103,7 @@ icaltimetype stepped(const icalrecurrencetype& rule, const icaltimetype& first, 
 
 /// Calls `visit` with each start that the rule gives in [start, end), until `visit` returns false.
 template <class Visit>
-void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
+void visitStarts(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
 {
     ItemRule owned(text);
     icalrecurrencetype& rule = owned.value;
@@ -120,7 +121,7 @@ void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date
     const bool isLater = icaltime_compare(from, first) > 0;
     const bool isWithinDays = rule.freq <= ICAL_HOURLY_RECURRENCE;
     if (isLater && isWithinDays)
-        first = stepped(rule, first, from);
+        first = lastStepBefore(rule, first, from);
     const Iterator iterator(icalrecur_iterator_new(rule, first), &icalrecur_iterator_free);
     if (!iterator)
         return;
@@ -139,7 +140,7 @@ void walk(const Recurrence& recurrence, const QByteArray& text, Date start, Date
 }
 
 /// The starts of the occurrences in [start, end), removed ones left out.
-std::set<Date> starts(const Recurrence& recurrence, Date start, Date end)
+std::set<Date> startsIn(const Recurrence& recurrence, Date start, Date end)
 {
     std::set<Date> found;
     const auto add = [&](Date moment) {
@@ -151,7 +152,7 @@ std::set<Date> starts(const Recurrence& recurrence, Date start, Date end)
     for (const Date moment : recurrence.added)
         add(moment);
     for (const QByteArray& rule : recurrence.rules)
-        walk(recurrence, rule, start, end, add);
+        visitStarts(recurrence, rule, start, end, add);
     return found;
 }
 
@@ -168,7 +169,7 @@ void expand(const EventRecord& series, Date start, Date end,
     const Seconds length = series.fields.endDate - series.fields.startDate;
     EventFields fields = series.fields;
     const Seconds slack = recurrence.first.is_date ? aDay : Seconds(0); // days differ in length
-    for (const Date moment : starts(recurrence, start - length - slack, end)) {
+    for (const Date moment : startsIn(recurrence, start - length - slack, end)) {
         if (recurrence.overrides.contains(moment))
             continue;
         fields.startDate = moment;
@@ -202,7 +203,7 @@ int countBefore(const EventRecord& series, Date moment)
     int count = 0;
     const Recurrence& recurrence = *series.recurrence;
     if (!recurrence.rules.empty()) {
-        walk(recurrence, recurrence.rules.front(), series.fields.startDate, moment, [&](Date) {
+        visitStarts(recurrence, recurrence.rules.front(), series.fields.startDate, moment, [&](Date) {
             ++count;
             return true;
         });

@@ -26,15 +26,6 @@ bool clashes(const ReminderFields& current, const ReminderChange& change)
         || clash(current.priority, base.priority, wanted.priority);
 }
 
-icalcomponent* find(const ItemFile& file, const QString& uid)
-{
-    for (icalcomponent* each : file.components(ICAL_VTODO_COMPONENT, uid)) {
-        if (!replacedStart(each))
-            return each;
-    }
-    return nullptr;
-}
-
 void writeDue(icalcomponent* reminder, std::optional<Date> due)
 {
     icalproperty* const before = icalcomponent_get_first_property(reminder, ICAL_DUE_PROPERTY);
@@ -98,7 +89,7 @@ EventStoreResult defectOf(const ReminderFields& fields, const ReminderFields&)
 
 EventStoreResult saveItem(ItemFile& file, const ReminderChange& change)
 {
-    icalcomponent* reminder = find(file, change.uid);
+    icalcomponent* reminder = file.master(ICAL_VTODO_COMPONENT, change.uid);
     if (change.isNew) {
         if (reminder)
             return conflict(change.uid);
@@ -114,7 +105,7 @@ EventStoreResult saveItem(ItemFile& file, const ReminderChange& change)
 
 EventStoreResult removeItem(ItemFile& file, const ReminderChange& change)
 {
-    icalcomponent* const reminder = find(file, change.uid);
+    icalcomponent* const reminder = file.master(ICAL_VTODO_COMPONENT, change.uid);
     if (!reminder)
         return notFound(change.uid);
     if (readReminder(reminder) != change.base)

@@ -155,11 +155,11 @@ EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>
         const QByteArray sourceName = source ? source->sourceIdentifier.toUtf8() : QByteArray();
         if (!isFolderName(sourceName) || calendars.root().isEmpty())
             return invalid(QStringLiteral("the calendar has no source"));
-        const auto [fields, saved] = calendar->both();
+        const auto [fields, saved] = calendar->fieldsAndSaved();
         CalendarPropertiesChange change;
         change.isNew = fields.identifier.isEmpty();
         if (!change.isNew && !calendars.folder(fields.identifier))
-            return notFound(fields.identifier);
+            return notFound(QStringLiteral("the calendar ") + fields.identifier);
         change.path = change.isNew
             ? CalendarPath{sourceName, QUuid::createUuid().toByteArray(QUuid::WithoutBraces)}
             : CalendarPath::fromIdentifier(fields.identifier);

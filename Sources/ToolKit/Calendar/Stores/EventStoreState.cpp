@@ -14,11 +14,10 @@ namespace {
 /// Appends a failure to `failures`. Returns whether the change is done with, by success or for good.
 bool isSettled(const EventStoreResult& result, std::vector<EventStoreError>& failures)
 {
-    using Kind = EventStoreError::Kind;
     if (!result)
         return true;
     failures.push_back(*result);
-    return result->kind() == Kind::conflict || result->kind() == Kind::notFound;
+    return isFinal(*result);
 }
 
 } // namespace
