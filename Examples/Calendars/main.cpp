@@ -119,7 +119,7 @@ int main(int argc, char** argv)
     }
     store.stopObserving();
 
-    // A series gives one event for each occurrence.
+    // The events of a series are returned one by one, each occurrence as an event.
     for (const auto& event :
         store.eventsFor(calendar->calendarIdentifier(), start, start + 31 * 24h).result())
         out << text(event->startDate()) << "  " << event->title() << '\n';

@@ -26,7 +26,7 @@ int main(int argc, char** argv)
     QTextStream out(stdout);
 
     // From text to text. Each call returns another text, and the key decrypts all of them. A failure returns
-    // nullopt.
+    // `nullopt`.
     const auto ciphertext = encrypted(secret, key);
     if (!ciphertext) {
         QTextStream(stderr) << "this secret cannot be encrypted: it is not valid Unicode\n";

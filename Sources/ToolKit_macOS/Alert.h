@@ -19,8 +19,8 @@ namespace quor::toolkit {
 /// A dialog with an icon, a message, a text that explains it, a view of the caller, and buttons. Each
 /// button is identified by its tag. Texts are shown without markup.
 ///
-/// Return chooses the first button. Escape and closing the window choose the button with the `cancelTag`;
-/// without that one, the only button; they are ignored if there are several others. Main thread only.
+/// Return chooses the first button. Escape and closing the window choose the button with the `cancelTag`.
+/// Without that button they choose the only button; if there are several, they are ignored. Main thread only.
 class Alert final : public QDialog {
     Q_OBJECT
 

@@ -28,7 +28,7 @@ struct AlertContent {
     std::vector<std::function<void()>> actions = {};
     QWidget* accessoryView = nullptr; ///< owned by the caller, see `Alert::setAccessoryView`
     /// True: `show` runs an event loop of its own until a button is chosen. False: the alert is a sheet on
-    /// `window`, which it blocks; without any window it blocks the whole application's.
+    /// `window`, which it blocks; without a window it blocks all windows of the application.
     bool modal = false;
     /// Null for the active window, else the window with the focus, else the first visible one.
     QWidget* window = nullptr;

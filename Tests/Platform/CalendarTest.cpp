@@ -39,8 +39,7 @@ TEST(Calendar, ComposesLeniently)
     };
     for (const auto& each : cases) {
         const auto date = calendar.date(each.components);
-        const auto text
-            = [](Date at) { return qDateTimeFromDate(at).toUTC().toString(Qt::ISODate); };
+        const auto text = [](Date at) { return qDateTimeFromDate(at).toUTC().toString(Qt::ISODate); };
         EXPECT_EQ(date ? std::optional(text(*date)) : std::nullopt, each.date);
     }
 }

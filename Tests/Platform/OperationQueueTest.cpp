@@ -24,7 +24,7 @@ struct Work final : Operation {
     std::function<void()> work;
 };
 
-/// Ends when it is told to, not when `start()` returns.
+/// Ends when the test ends it, not when `start()` returns.
 class LateOperation final : public Operation {
 public:
     void start() override

@@ -19,7 +19,8 @@ using quor::test::waitFor;
 
 namespace {
 
-/// Records the calls of its hooks; those of the mouse apart from the others, which come at any time.
+/// Records the calls of its hooks. The hooks for the mouse are recorded apart, since the others are called at
+/// any time.
 struct Probe : public PlatformView {
     using PlatformView::PlatformView;
 

@@ -18,7 +18,7 @@ using quor::test::waitFor;
 
 namespace {
 
-// So many frames pass while the main thread does nothing else. The rate is that of the screen.
+// Blocks the main thread while this many frames pass, at the rate of the screen.
 void passFrames(int count)
 {
     std::atomic<int> left = count;

@@ -38,7 +38,7 @@ class MenubarMenuRenderer final : public QObject {
 public:
     /// Borrows both, which must outlive the renderer.
     MenubarMenuRenderer(platform::StatusItem& statusItem, const platform::PlatformServices& services);
-    ~MenubarMenuRenderer() override; ///< Closes the menu, and gives the keyboard to nobody.
+    ~MenubarMenuRenderer() override; ///< Closes the menu. Activates no other application.
 
     /// Must lead to `showEntries` with the rows for this search term, as soon as they are there.
     platform::Callback<void(const QString& searchTerm)> requestMenuEntries;

@@ -21,8 +21,7 @@ public:
     void clear() { subviews_.clear(); }
 
     /// Appends an element. `spacingAfter` replaces the stack's spacing between it and the next one.
-    void addArrangedSubview(
-        const MenubarElement& element, std::optional<double> spacingAfter = std::nullopt);
+    void addArrangedSubview(const MenubarElement& element, std::optional<double> spacingAfter = std::nullopt);
     /// Adds an element that takes no room of its own: it lies over the middle of the element added last.
     void addSubview(const MenubarElement& element);
 

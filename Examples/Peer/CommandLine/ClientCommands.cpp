@@ -32,8 +32,8 @@ int ask(
     return succeeded;
 }
 
-/// The value of `--ago` in seconds, 0 if it is not given. Prints an error and returns nullopt if it is not a
-/// valid number.
+/// The value of `--ago` in seconds, 0 if it is not given. Prints an error and returns `nullopt` if it is not
+/// a valid number.
 std::optional<double> secondsAgo(const QCommandLineParser& options)
 {
     if (!options.isSet(u"ago"_s))

@@ -23,7 +23,7 @@ namespace quor::peer {
 
 namespace {
 
-/// The folder of the data, readable by this user only; created if it is missing. Returns nullopt if that
+/// The folder of the data, readable by this user only; created if it is missing. Returns `nullopt` if that
 /// fails.
 std::optional<QString> dataFolder()
 {

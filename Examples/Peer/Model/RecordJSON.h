@@ -18,7 +18,7 @@ struct TimeEntry;
 /// The JSON forms of the tracker's records, on disk and in the output of `quor-peer`. Moments are in seconds
 /// since 1970, colours are "RRGGBB"; a member without a value is left out.
 
-// Return nullopt if the object is not such a record.
+// Return `nullopt` if the object is not such a record.
 [[nodiscard]] std::optional<Task> taskFromJSON(const QString& id, const QJsonObject& object);
 [[nodiscard]] std::optional<TimeEntry> entryFromJSON(const QString& id, const QJsonObject& object);
 
@@ -29,7 +29,7 @@ struct TimeEntry;
 /// Has no effect if the value has another type or is negative.
 void assignJSON(Settings& settings, const SettingField& field, const QJsonValue& value);
 
-/// Reads six hexadecimal digits, with or without a "#" in front. Returns nullopt for any other text.
+/// Reads six hexadecimal digits, with or without a "#" in front. Returns `nullopt` for any other text.
 [[nodiscard]] std::optional<std::uint32_t> colorFromText(const QString& text);
 [[nodiscard]] QString colorToText(std::uint32_t color);
 

@@ -11,7 +11,7 @@
 namespace quor::peer {
 
 /// The user's settings: what the status item shows, how durations are written, how long a working day is.
-/// Times are in seconds. The names are those of the exchange with the helper.
+/// Times are in seconds. The names are the same as in the exchange with the helper.
 struct Settings {
     bool menuBarShowActiveTask = true;
     bool menuBarShowDayProgress = true;
@@ -39,7 +39,7 @@ struct SettingField {
 [[nodiscard]] std::span<const SettingField> settingFields();
 
 /// Sets the field called `key` from `text`: "true" or "false", or a number of seconds, 0 or more. Returns
-/// nullopt on success; otherwise changes nothing and returns a message for the user.
+/// `nullopt` on success; otherwise changes nothing and returns a message for the user.
 [[nodiscard]] std::optional<QString> assign(Settings& settings, const QString& key, const QString& text);
 
 } // namespace quor::peer

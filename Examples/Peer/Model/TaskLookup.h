@@ -9,9 +9,8 @@
 
 namespace quor::peer {
 
-/// The tasks that a user can mean by a text: the one with that identifier; if there is none, those with
-/// exactly that name; if there is none, those whose names differ from it only in case and accents. The
-/// pointers are into `tasks`.
+/// The tasks that a user can mean by a text: the task with that identifier, else the tasks with exactly that
+/// name, else the tasks whose names differ from it only in case and accents. The pointers are into `tasks`.
 [[nodiscard]] std::vector<const Task*> tasksMeant(const std::vector<Task>& tasks, const QString& text);
 
 } // namespace quor::peer

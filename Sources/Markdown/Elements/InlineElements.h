@@ -22,7 +22,7 @@ class Strikethrough : public MarkupElement<MarkupKind::strikethrough> {
 class Image : public MarkupElement<MarkupKind::image> {
 public:
     using MarkupElement::MarkupElement;
-    /// The address of the picture; `nullopt` if the text has none or an empty one.
+    /// The address of the picture; `nullopt` if it is missing or empty.
     [[nodiscard]] std::optional<QString> source() const { return optionalText(); }
     [[nodiscard]] std::optional<QString> title() const { return optionalDetail(); }
 };
@@ -30,7 +30,7 @@ public:
 class Link : public MarkupElement<MarkupKind::link> {
 public:
     using MarkupElement::MarkupElement;
-    /// `nullopt` if the text has none or an empty one.
+    /// `nullopt` if it is missing or empty.
     [[nodiscard]] std::optional<QString> destination() const { return optionalText(); }
     [[nodiscard]] std::optional<QString> title() const { return optionalDetail(); }
 };

@@ -12,7 +12,7 @@ using Content = RawMarkupBuilder::Content;
 // cmark-gfm numbers the types of extensions after its own, in the order of registration.
 constexpr unsigned lastBuiltInType = CMARK_NODE_FOOTNOTE_DEFINITION & CMARK_NODE_VALUE_MASK;
 
-// cmark-gfm has an empty text where there is none.
+// cmark-gfm returns an empty text if there is no text.
 QByteArrayView presentText(const char* text)
 {
     return text && *text ? QByteArrayView(text) : QByteArrayView();

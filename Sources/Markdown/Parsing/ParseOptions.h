@@ -10,7 +10,7 @@ namespace quor::markdown {
 enum class ParseOption : unsigned {
     parseBlockDirectives = 1, ///< has no effect: there is no parser of directives
     disableSmartOptions = 4, ///< keep straight quotes, dashes and dots
-    disableSourcePosOptions = 16, ///< give no element a range
+    disableSourcePosOptions = 16, ///< no element has a range
 };
 
 Q_DECLARE_FLAGS(ParseOptions, ParseOption)

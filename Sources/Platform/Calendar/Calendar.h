@@ -24,7 +24,7 @@ namespace quor::platform {
 /// threads at once, without waiting for each other.
 ///
 /// A calendar covers the moments up to `furthestSeconds` from 1970. For others, and for NaN, every operation
-/// returns nullopt or false.
+/// returns `nullopt` or false.
 class Calendar final {
 public:
     enum class Unit { year, month, weekOfYear, day, hour, minute, second };
@@ -46,16 +46,16 @@ public:
     Calendar& operator=(const Calendar& other);
     Calendar& operator=(Calendar&& other) noexcept;
 
-    /// Nullopt, the initial value of each setting, means the user's.
+    /// `nullopt`, the initial value of each setting, means the user's.
     void setLocale(const std::optional<QLocale>& locale);
     void setTimeZone(const std::optional<QTimeZone>& timeZone);
-    /// The calendar system by its name in ICU: "gregorian", "buddhist", "hebrew". Nullopt, and a name that
+    /// The calendar system by its name in ICU: "gregorian", "buddhist", "hebrew". `nullopt`, and a name that
     /// ICU does not know, mean the usual one of the locale's region.
     void setIdentifier(const std::optional<QByteArray>& identifier);
-    /// From 1 for Sunday to 7 for Saturday; values outside are clamped. Nullopt means the region's.
+    /// From 1 for Sunday to 7 for Saturday; values outside are clamped. `nullopt` means the region's.
     void setFirstWeekday(std::optional<int> weekday);
     /// How many days of a week must lie in a year for the week to be the first of that year: 4 by ISO 8601.
-    /// Values outside 1 to 7 are clamped. Nullopt means the region's.
+    /// Values outside 1 to 7 are clamped. `nullopt` means the region's.
     void setMinimumDaysInFirstWeek(std::optional<int> days);
 
     /// The zone's name, or its rule ("CET-1CEST,M3.5.0,M10.5.0/3") if it has no name.
@@ -71,7 +71,7 @@ public:
     /// decides the day if it is set, else `weekdayOrdinal` and `weekday`, else `weekOfYear`,
     /// `yearForWeekOfYear` (or `year`) and `weekday`; the other fields of these are ignored. A missing month
     /// or day is the first, a missing hour, minute or second is 0, a missing era the current one. Returns
-    /// nullopt without any year, and if the moment is out of range.
+    /// `nullopt` without any year, and if the moment is out of range.
     [[nodiscard]] std::optional<Date> date(
         const DateComponents& components, Reading reading = Reading::first) const;
 
@@ -82,7 +82,7 @@ public:
 
     /// How many whole units can be added to `from` without passing `to`. List the units from the largest to
     /// the smallest: each counts in what the ones before it leave. All counts are 0 or negative if `to` is
-    /// the earlier. The result has only the fields of `units`. Returns nullopt if a count does not fit an
+    /// the earlier. The result has only the fields of `units`. Returns `nullopt` if a count does not fit an
     /// `int`.
     [[nodiscard]] std::optional<DateComponents> difference(
         std::initializer_list<Unit> units, Date from, Date to) const;

@@ -11,10 +11,10 @@
 ///
 /// An ICU calendar holds a moment and options. Each function here sets all that it needs and leaves the
 /// calendar in an unspecified state. Moments are whole milliseconds since 1970, as in ICU. Every function
-/// returns nullopt if its result is further than `furthestSeconds` from 1970.
+/// returns `nullopt` if its result is further than `furthestSeconds` from 1970.
 namespace quor::platform::calendarArithmetic {
 
-/// The milliseconds since 1970, rounded down. Returns nullopt for NaN and for a moment out of range.
+/// The milliseconds since 1970, rounded down. Returns `nullopt` for NaN and for a moment out of range.
 [[nodiscard]] std::optional<UDate> milliseconds(Date date);
 
 [[nodiscard]] std::optional<DateComponents> components(icu::Calendar& calendar, UDate moment);

@@ -22,12 +22,12 @@ using Date = std::chrono::sys_time<std::chrono::duration<double>>;
     return Date(std::chrono::duration<double>(seconds));
 }
 
-/// The furthest moment, in seconds from 1970, that has a place in a calendar: 250,000 years to both sides, as
-/// far as a double holds milliseconds exactly.
+/// The furthest moment that calendars cover, in seconds before or after 1970: about 250,000 years, as far as
+/// a double holds milliseconds exactly.
 constexpr double furthestSeconds = 8e12;
 
-/// The moment of `dateTime`, exact to its millisecond, whatever its time zone. Returns nullopt for an invalid
-/// date and time, and for one beyond `furthestSeconds`.
+/// The moment of `dateTime`, which can be in any time zone, exact to the millisecond. Returns `nullopt` for
+/// an invalid date and time, and for one beyond `furthestSeconds`.
 [[nodiscard]] std::optional<Date> dateFromQDateTime(const QDateTime& dateTime);
 
 /// `date`, rounded to the nearest millisecond, as a date and time in `zone`. Returns an invalid one for NaN,

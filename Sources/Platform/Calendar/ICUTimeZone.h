@@ -9,8 +9,8 @@
 
 namespace quor::platform {
 
-/// `zone` for ICU's calendars and formatters, never null. Its offsets are those of `zone`, so of the system's
-/// zone data, and not of the data that ICU brings along; only the names of zones are ICU's.
+/// `zone` for ICU's calendars and formatters, never null. Its offsets come from `zone`, that is from the
+/// system's zone data. Only the names of zones come from ICU's own data.
 [[nodiscard]] std::unique_ptr<icu::TimeZone> icuTimeZone(const QTimeZone& zone);
 
 } // namespace quor::platform

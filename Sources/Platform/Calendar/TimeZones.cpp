@@ -19,7 +19,7 @@ constexpr std::array zoneFolders{"/usr/share/zoneinfo/"_L1, "/usr/lib/zoneinfo/"
 /// Leads from either of them to any file.
 constexpr auto rootFromZoneFolder = "../../.."_L1;
 
-/// The dates that the C library fills in: those of the United States.
+/// The dates that the C library fills in, which are the dates of the United States.
 constexpr QByteArrayView defaultChanges = ",M3.2.0,M11.1.0";
 
 /// The zone in a file. It has a name if the file is one of the system's zone data, or a link to one.

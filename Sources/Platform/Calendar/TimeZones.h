@@ -10,14 +10,14 @@
 /// system, as the C library does. Any thread.
 namespace quor::platform {
 
-/// The zone of this name, as in "Europe/Berlin" or "US/Eastern". Returns nullopt if the system's zone data
+/// The zone of this name, as in "Europe/Berlin" or "US/Eastern". Returns `nullopt` if the system's zone data
 /// have no such zone. Offsets ("UTC+2") and rules ("CET-1CEST") are no names.
 [[nodiscard]] std::optional<QTimeZone> namedTimeZone(const QByteArray& name);
 
 /// The zone that a value of the environment variable TZ means to the C library: a name, the path of a zone
-/// file, or a rule such as "CET-1CEST,M3.5.0,M10.5.0/3". A colon in front is ignored. Offsets of rules count
+/// file, or a rule such as "CET-1CEST,M3.5.0,M10.5.0/3". A leading colon is ignored. Offsets of rules count
 /// westward: "UTC+2" is two hours behind UTC. A rule with a summer time but no dates for it changes on the
-/// dates of the United States. Returns UTC for an empty value and for one that is none of these.
+/// dates of the United States. Returns UTC for an empty or unknown value.
 [[nodiscard]] QTimeZone timeZoneOfVariable(QByteArray value);
 
 /// The user's zone: that of the environment variable TZ if it is set, else the machine's. Cheap: a change of

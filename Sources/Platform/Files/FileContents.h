@@ -21,7 +21,7 @@ enum class SymbolicLinks { follow, refuse };
 [[nodiscard]] FileDescriptor openForReading(
     const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
 
-/// Returns the content of an open file from its current position on. Returns nullopt if the file is not a
+/// Returns the content of an open file from its current position on. Returns `nullopt` if the file is not a
 /// regular one, has more than `limit` bytes, or cannot be read; also if `file` is not open.
 [[nodiscard]] std::optional<QByteArray> readWhole(int file, qint64 limit);
 

@@ -18,7 +18,7 @@ namespace quor::platform {
     const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
 
 /// Makes the folder and those above it where they are missing, with permissions `mode` less the process's
-/// mask. Also succeeds if there is already something else than a folder.
+/// mask. Also succeeds if something other than a folder has that name.
 [[nodiscard]] std::error_code makeFolder(const QByteArray& path, mode_t mode);
 
 /// Hidden names begin with a dot.

@@ -12,22 +12,22 @@ namespace quor::platform {
 
 /// What `TemporaryFile::commit` does with a file that already has the target's name.
 enum class TargetFile {
-    replace, ///< It goes; so does a symbolic link, not the file that it leads to.
+    replace, ///< It is replaced. Of a symbolic link, the link is replaced, not its target.
     mustNotExist, ///< The commit fails with `std::errc::file_exists`.
-    exchange, ///< The two files exchange their names. Not every file system can: `invalid_argument`.
+    exchange, ///< They exchange names. Fails with `invalid_argument` if the file system cannot.
 };
 
-/// A new file that is written under a temporary name and takes the name of its target when it is complete,
-/// so that readers find the old content or the new one, whole, whenever the writer dies.
+/// A new file that is written under a temporary name and takes the name of its target when it is complete.
+/// Readers find either all of the old content or all of the new one, even if the writer is killed.
 ///
 ///     TemporaryFile file(path, 0600);
 ///     file.write(bytes);
 ///     const std::error_code error = file.commit();
 ///
 /// After the first failure, later calls have no effect, and `commit` returns that failure. A file that was
-/// not committed is removed with this object; one whose writer was killed is removed by `removeLeftovers`,
-/// which a lock on each file under a temporary name keeps from removing files that are being written. The
-/// temporary name, `.quor-<random>.new` in the target's folder, is hidden and never used twice.
+/// not committed is removed with this object. If the writer was killed, `removeLeftovers` removes the file;
+/// it skips files that are still being written, because their writers hold a lock on them. The temporary
+/// name, `.quor-<random>.new` in the target's folder, is hidden and never used twice.
 ///
 /// One thread at a time.
 class TemporaryFile final {
@@ -53,9 +53,9 @@ public:
     /// target empty.
     void sync();
 
-    /// Gives the file the target's name. After an exchange the temporary name belongs to the former
-    /// target, which is removed with this object; a second exchange takes everything back. A former target
-    /// is not locked: while it can still be needed, no other process may remove leftovers in the folder.
+    /// Gives the file the target's name. After an exchange the temporary name belongs to the former target,
+    /// which is removed with this object; a second exchange undoes the first. The former target is not
+    /// locked: while it can still be needed, no other process must call `removeLeftovers` for the folder.
     [[nodiscard]] std::error_code commit(TargetFile existing = TargetFile::replace);
 
 private:
@@ -64,14 +64,14 @@ private:
 
     QByteArray target_;
     int folder_;
-    QByteArray path_; ///< Empty when nothing of ours has the temporary name.
+    QByteArray path_; ///< Empty if no file of this object has the temporary name.
     FileDescriptor file_;
     std::error_code error_;
 };
 
 enum class Permissions {
-    fixed, ///< Those of the mode that is given.
-    ofTarget, ///< Those of the file that is replaced; those of the mode for a new file.
+    fixed, ///< The file gets `mode`.
+    ofTarget, ///< The file keeps the permissions of the one it replaces. A new file gets `mode`.
 };
 
 /// Replaces the file, or creates it. On failure, the old file stays as it was. Never syncs.
@@ -79,9 +79,9 @@ enum class Permissions {
     Permissions permissions, int folder = AT_FDCWD);
 
 /// Removes the files that killed writers left under temporary names in an open folder. Files that a
-/// `TemporaryFile` of any process or thread is still writing stay. On a file system without locks, all
-/// stay. Costs one pass over the names of the folder: to be called at each write to a folder of few files,
-/// else when a folder is opened.
+/// `TemporaryFile` of any process or thread is still writing stay. On a file system without locks, all stay.
+/// Costs one pass over the names of the folder: call it at each write if the folder has few files, else when
+/// the folder is opened.
 void removeLeftovers(int folder);
 
 } // namespace quor::platform

@@ -6,7 +6,7 @@
 
 namespace quor::platform {
 
-/// A registration that lasts as long as this handle. Movable, not copyable; an empty one does nothing.
+/// A registration that lasts as long as this handle. Movable, not copyable; an empty handle has no effect.
 class [[nodiscard]] Subscription final {
 public:
     Subscription() = default;
@@ -30,7 +30,7 @@ public:
     Subscription& operator=(const Subscription&) = delete;
     ~Subscription() { reset(); }
 
-    /// Ends the registration now. Harmless afterwards.
+    /// Ends the registration now. Further calls have no effect.
     void reset()
     {
         if (const auto end = std::exchange(end_, nullptr))

@@ -6,9 +6,8 @@
 namespace quor::platform {
 
 /// Base of a class whose objects can be referred to weakly without being a `QObject` or living in a
-/// `std::shared_ptr`: what others hold is a token that expires with the object.
-/// Such an object must end on the thread that uses the references, since nothing keeps it alive
-/// while it is called.
+/// `std::shared_ptr`: others hold a token that expires with the object. The object must end on the thread
+/// that uses the references, since nothing keeps it alive during a call.
 class Trackable {
 public:
     /// Expired as soon as this object has ended. Any thread, as long as the object lives.
@@ -25,7 +24,7 @@ private:
     std::shared_ptr<const void> life_ = std::make_shared<char>();
 };
 
-/// A weak reference to a `Trackable`; null once it has ended, and from the start if so given.
+/// A weak reference to a `Trackable`; null after the object has ended, or if it was made from null.
 template <class T>
 class TrackedPointer final {
 public:

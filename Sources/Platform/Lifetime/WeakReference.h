@@ -19,15 +19,14 @@ concept SharedFromThis = requires(T& object)
         } -> std::convertible_to<std::weak_ptr<T>>;
 };
 
-/// A weak reference to an object, by the means that its class has: a `QPointer` for a `QObject`, a
-/// `std::weak_ptr` for what derives from `std::enable_shared_from_this`, else the token of a
-/// `Trackable`. `lock()` gives something like a pointer, null once the object has gone; an object
-/// in a `std::shared_ptr` stays alive as long as the result.
+/// A weak reference to an object: a `QPointer` for a `QObject`, a `std::weak_ptr` for a class that derives
+/// from `std::enable_shared_from_this`, else the token of a `Trackable`. `lock()` returns a pointer, null
+/// after the object has ended. An object in a `std::shared_ptr` stays alive as long as the result.
 template <class T>
 class WeakReference final {
     static_assert(!std::same_as<T, T>,
         "the target must be a QObject, or derive from std::enable_shared_from_this or "
-        "quor::platform::Trackable, so that it may end before whoever refers to it");
+        "quor::platform::Trackable, so that references to it can expire");
 };
 
 template <std::derived_from<QObject> T>
@@ -46,7 +45,7 @@ private:
 template <class T>
 requires(!std::derived_from<T, QObject> && SharedFromThis<T>) class WeakReference<T> final {
 public:
-    /// The object must be in a `std::shared_ptr` by now, so not within its constructor.
+    /// The object must already be in a `std::shared_ptr`, so its own constructor cannot use this.
     explicit WeakReference(T& object)
         : object_(object.weak_from_this())
     {

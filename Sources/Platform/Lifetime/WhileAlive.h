@@ -13,9 +13,9 @@ namespace quor::platform {
 ///
 ///     button.clicked = whileAlive(*this, [this] { close(); });
 ///
-/// The owner is any object that a `WeakReference` can hold. The closure is not told when the owner ends
-/// during the call. Call it on the thread on which the owner ends; only an owner in a `std::shared_ptr`
-/// may be called from any thread, as it is kept alive for the duration of the call.
+/// The owner is any object that a `WeakReference` can hold. An owner in a `std::shared_ptr` is kept alive
+/// during the call, so the result can be called on any thread. For any other owner, call it on the thread on
+/// which the owner ends. Such an owner can end during the call; the closure then must not use it any more.
 template <class Owner, class Closure>
 [[nodiscard]] auto whileAlive(Owner& owner, Closure closure)
 {

@@ -5,7 +5,7 @@ namespace quor::platform {
 
 namespace {
 
-/// Returns nullopt if the variable is unset, or, against the rules for it, a relative path.
+/// Returns `nullopt` if the variable is unset, or, against the rules for it, a relative path.
 std::optional<QByteArray> absolutePath(const char* variable)
 {
     const QByteArray path = qgetenv(variable);

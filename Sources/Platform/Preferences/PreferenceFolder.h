@@ -8,7 +8,7 @@
 
 namespace quor::platform {
 
-/// The files of one preferences suite, each the content of one key. Knows nothing of what contents mean.
+/// The files of one preferences suite, each the content of one key. Does not interpret the contents.
 ///
 /// A file is replaced as a whole, so a reader sees the old content or the new one, even if a writer dies.
 /// Nothing is cached or synced, and nobody waits for a lock. Any thread.
@@ -18,14 +18,14 @@ public:
     explicit PreferenceFolder(QByteArray path);
 
     /// Makes the folder and those above it where they are missing, accessible to the user alone. Returns
-    /// whether there is a folder now whose files can be reached.
+    /// whether the folder exists now and its files can be accessed.
     [[nodiscard]] bool open() const;
 
-    /// Returns nullopt if the key has no regular file, or one that cannot be read or exceeds 256 MiB.
+    /// Returns `nullopt` if the key has no regular file, or one that cannot be read or exceeds 256 MiB.
     [[nodiscard]] std::optional<QByteArray> read(const QString& key) const;
 
-    /// Stores the content, in a folder that is made where it is missing. Returns false on failure, which
-    /// leaves the old content. Also removes what killed writers left in the folder.
+    /// Stores the content. Makes the folder if it is missing. Returns false on failure, which leaves the old
+    /// content. Also removes what killed writers left in the folder.
     [[nodiscard]] bool replace(const QString& key, const QByteArray& content) const;
 
     /// Returns whether the folder can be opened and the key has no file now.

@@ -26,7 +26,7 @@ namespace quor::platform {
 /// Any thread. A value type without open handles.
 class UserDefaults final {
 public:
-    /// Returns the suite of that name and makes its folder if it is missing. Returns nullopt if the suite
+    /// Returns the suite of that name and makes its folder if it is missing. Returns `nullopt` if the suite
     /// cannot be opened: the name is no name of a folder ("..", or with a "/"), something else has the
     /// folder's name, the folder cannot be made or entered, or there is no data home.
     [[nodiscard]] static std::optional<UserDefaults> suite(const QString& name);

@@ -9,7 +9,7 @@ namespace quor::platform {
 
 class StatusItemHost;
 
-/// The bar of status items: creates items and gives them to the host that shows them. Borrows the host,
+/// The bar of status items: creates items and passes them to the host that shows them. Borrows the host,
 /// which must outlive the bar and every item. Main thread only.
 class StatusBar final {
 public:

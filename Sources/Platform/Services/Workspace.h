@@ -9,7 +9,7 @@
 
 namespace quor::platform {
 
-/// A reference to an application of the session, by value. The application may have ended.
+/// Identifies an application of the session, which may have ended.
 struct RunningApplication {
     QString bundleIdentifier; ///< Empty if not known.
     std::uint64_t window = 0; ///< The native window that had the keyboard; 0 if not known.

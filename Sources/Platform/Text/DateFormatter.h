@@ -28,12 +28,12 @@ public:
     DateFormatter(const DateFormatter&) = delete;
     DateFormatter& operator=(const DateFormatter&) = delete;
 
-    /// Nullopt, the initial value of both, means the user's.
+    /// `nullopt`, the initial value of both, means the user's.
     void setLocale(const std::optional<QLocale>& locale) { locale_ = locale; }
     void setTimeZone(const std::optional<QTimeZone>& timeZone) { timeZone_ = timeZone; }
 
     /// Returns an empty text if both styles are `none`, for NaN, and for a moment beyond `furthestSeconds`.
-    /// In front of "AM" and "PM" stands a narrow no-break space (U+202F).
+    /// "AM" and "PM" follow a narrow no-break space (U+202F).
     [[nodiscard]] QString string(Date date) const;
 
 private:

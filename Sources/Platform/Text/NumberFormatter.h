@@ -31,7 +31,7 @@ public:
     /// Returns an empty text for infinity and NaN.
     [[nodiscard]] QString string(double value) const;
 
-    /// The number that the whole text says. Returns nullopt if a part of the text, be it a blank, is left
+    /// The number that the whole text says. Returns `nullopt` if a part of the text, be it a blank, is left
     /// over, and if the number is not finite.
     [[nodiscard]] std::optional<double> number(const QString& text) const;
 

@@ -19,13 +19,14 @@ namespace quor::platform {
 class RegularExpression final {
 public:
     struct Match {
-        /// The range of the whole match, then that of each group; nullopt for a group that did not take part.
+        /// The range of the whole match, then that of each group; `nullopt` for a group that did not take
+        /// part.
         std::vector<std::optional<TextRange>> groups;
 
         [[nodiscard]] TextRange range() const { return *groups.front(); }
     };
 
-    /// Returns nullopt if the pattern is malformed.
+    /// Returns `nullopt` if the pattern is malformed.
     [[nodiscard]] static std::optional<RegularExpression> compile(const QString& pattern);
 
     /// All matches from left to right, without overlaps. Returns an empty list if the search was stopped.

@@ -38,7 +38,7 @@ public:
     void setDateTimeStyle(DateTimeStyle style);
     void setUnitsStyle(UnitsStyle style);
     void setFormattingContext(FormattingContext context);
-    /// Nullopt, the initial value, means the default locale as it is at each call.
+    /// `nullopt`, the initial value, means the default locale as it is at each call.
     void setLocale(const std::optional<QLocale>& locale);
 
     /// The text for `interval` seconds from now; a negative interval lies in the past. Returns an empty text
@@ -48,7 +48,7 @@ public:
 private:
     struct Format;
 
-    /// Loads the rules if they are not loaded, or are those of another language.
+    /// Loads the rules, unless the rules of this language are loaded already.
     [[nodiscard]] const Format& format() const;
 
     DateTimeStyle dateTimeStyle_ = DateTimeStyle::numeric;

@@ -14,9 +14,9 @@ namespace quor::platform {
 /// The button of a status item: a centred image, a template image in the bar's text colour, and above
 /// the image a drawing in its own colours.
 ///
-/// Setting a value that it has already repaints nothing. Takes no focus. A press with the pointer is not
-/// a click: `clicked` is for assistive tools, which see a button with the application's name until
-/// another accessible name is set. Main thread only.
+/// Setting a value again does not repaint. Takes no focus. A press with the pointer is not a click: `clicked`
+/// is for assistive tools, which see a button with the application's name until another accessible name is
+/// set. Main thread only.
 class StatusBarButton final : public QAbstractButton {
     Q_OBJECT
 

@@ -27,7 +27,7 @@ public:
     {
     }
 
-    /// Runs the block, after those of earlier calls, and returns its result.
+    /// Runs the block after the blocks of earlier calls, and returns its result.
     template <typename Block>
     std::invoke_result_t<Block&, Value&> sync(Block&& block)
     {

@@ -95,8 +95,8 @@ using platform::Date;
     const platform::Clock& clock = platform::SystemClock());
 
 /// Calls `handler` with the noon of each day from `date` to `to`, both included, in order. Does not call it
-/// if the day of `to` is earlier. Days that the time zone left out are left out. Setting the shared calendar
-/// in `handler` has no effect on this call.
+/// if the day of `to` is earlier. Days that the time zone skips are left out. Setting the shared calendar in
+/// `handler` has no effect on this call.
 void forEachDay(Date date, Date to, const std::function<void(Date)>& handler);
 
 /// "3 days ago" or "in 2 weeks", in the user's language. Uses the largest unit of which at least one lies

@@ -15,8 +15,8 @@
 
 namespace quor::toolkit {
 
-/// Whether the caller is on the main thread, which is that of the application object. True if there is no
-/// application object.
+/// Whether the caller is on the main thread, which is the thread of the application object. True if there is
+/// no application object.
 [[nodiscard]] bool isMainThread();
 
 /// Base class of a class that publishes events to targets, which it holds weakly.
@@ -27,9 +27,9 @@ namespace quor::toolkit {
 ///     form.add(*this, &Presenter::needsRender, Form::Event::internalNeedsRender, 0.1);
 ///     void Presenter::needsRender(Form& sender, const std::any& payload);
 ///
-/// A target needs no clean-up: it may end at any moment, also during a call. What a `WeakReference` can hold
-/// can be a target, and so can a publisher. `EventType` is hashed by `std::hash`, as an enumeration is. Main
-/// thread only, except for `trigger`. Targets are called on the main thread only.
+/// A target needs no clean-up: it may end at any moment, also during a call. Any object that a
+/// `WeakReference` can hold can be a target, including publishers. `EventType` is hashed by `std::hash`, as
+/// an enumeration is. Main thread only, except for `trigger`. Targets are called on the main thread only.
 template <class Publisher, class EventType>
 class EventProtocol : public platform::Trackable {
 public:
@@ -72,9 +72,9 @@ public:
     }
 
     /// Calls the targets of `event` in the order in which they were added; an empty `payload` means that
-    /// there is none. Any thread: on the main thread the targets are called before this returns; from another
-    /// thread, which must keep this object alive during this call, in a later turn of the main queue, if this
-    /// object exists then.
+    /// there is none. Any thread. On the main thread the targets are called before this returns. On another
+    /// thread they are called in a later turn of the main queue, if this object exists then; the caller must
+    /// keep it alive during this call.
     ///
     /// Targets that are added during the calls are not called, targets that end before their turn are left
     /// out, and the calls stop if this object ends.

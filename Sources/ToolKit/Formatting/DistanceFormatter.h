@@ -11,14 +11,14 @@ namespace quor::toolkit {
 
 /// Writes distances in metres as texts in the user's unit, kilometres or miles, and reads them back.
 ///
-/// Uses the default locale as it is at each call, or the locale given at creation. Reading a text of `string`
-/// returns the same distance, to half a unit of its last digit. The first call loads the rules of the
-/// language, which takes some milliseconds; they are kept until the locale changes. Use an object on one
-/// thread at a time.
+/// Uses the default locale as it is at each call, or the locale given at creation. Reading a text that
+/// `string` returned returns the same distance, to half a unit of its last digit. The first call loads the
+/// rules of the language, which takes some milliseconds; they are kept until the locale changes. Use an
+/// object on one thread at a time.
 class DistanceFormatter {
 public:
-    /// `localeIdentifier` is such as the function of that name returns; empty for the default locale of each
-    /// call.
+    /// `localeIdentifier` has the form that the function of that name returns; empty for the default locale
+    /// of each call.
     explicit DistanceFormatter(QString localeIdentifier = QString());
     virtual ~DistanceFormatter();
     DistanceFormatter(const DistanceFormatter&) = delete;

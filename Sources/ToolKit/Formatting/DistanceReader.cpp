@@ -78,7 +78,7 @@ std::unique_ptr<icu::DecimalFormat> strictFormat(const icu::Locale& locale)
     return decimal;
 }
 
-/// The number that the whole text says. Returns nullopt if a part of it is left over, and for a negative
+/// The number that the whole text says. Returns `nullopt` if a part of it is left over, and for a negative
 /// number.
 std::optional<double> strictNumber(QString text, const icu::DecimalFormat& format)
 {

@@ -14,15 +14,15 @@
 
 namespace quor::toolkit {
 
-/// Reads a number with a unit of length as people write them. Unit names are those of a language and of
-/// English, in full or abbreviated, in upper or lower case, with or without blanks.
+/// Reads a number with a unit of length as people write them. Understands the names of units in one language
+/// and in English, in full or abbreviated, in upper or lower case, with or without blanks.
 ///
 /// The rules for numbers are tried in the order given. Separators of thousands are accepted only at their
 /// places: with the rules of German and then of English, "1.500 km" are 1500 km, and "1.5 km" are 1.5 km.
 /// Creation takes some milliseconds. Use an object on one thread at a time.
 class DistanceReader final {
 public:
-    /// `locale` is that of the unit names, `numberLocales` are those of the rules for numbers, in order.
+    /// `locale` determines the names of units, `numberLocales` the rules for numbers, in order.
     DistanceReader(const QString& locale, const QStringList& numberLocales);
 
     /// The distance in metres. Returns -1 if `text` is no distance, has no unit, or if its number is negative

@@ -33,10 +33,10 @@ public:
     /// the clock form without seconds. `showMinutes` affects the clock form only.
     [[nodiscard]] virtual QString string(double duration, bool showMinutes) const;
 
-    /// The seconds that a text of either form says: a number of days in front of the unit of working days,
-    /// then "hours:minutes" or hours alone. Blanks of any kind, and what follows the minutes, are ignored. A
-    /// minus sign applies to its own number only. Returns nullopt if one of the three is not a number, and if
-    /// the sum is not finite.
+    /// The seconds that a text of either form says: a number of days before the unit of working days, then
+    /// "hours:minutes" or hours alone. Blanks of any kind, and what follows the minutes, are ignored. A minus
+    /// sign applies to its own number only. Returns `nullopt` if one of the three is not a number, and if the
+    /// sum is not finite.
     [[nodiscard]] virtual std::optional<double> duration(
         const QString& text, int maximumFractionDigits) const;
 
@@ -51,7 +51,7 @@ public:
     [[nodiscard]] virtual QString decimalString(
         bool inWorkingDays, bool appendUnit, int maximumFractionDigits, double duration) const;
 
-    /// `string` with minutes if `value` is a number. Returns nullopt for anything else, also for a text of
+    /// `string` with minutes if `value` is a number. Returns `nullopt` for anything else, also for a text of
     /// digits.
     [[nodiscard]] virtual std::optional<QString> stringForObjectValue(const QVariant& value) const;
 

@@ -14,11 +14,11 @@ namespace quor::toolkit {
 [[nodiscard]] QString localeIdentifier(const QLocale& locale = QLocale());
 
 /// Whether the identifier's "measure" is "metric". If it has no "measure": false for regions that use miles,
-/// as the United States and the United Kingdom do, and for an identifier that is malformed. A missing region
-/// is that of most speakers of the language.
+/// as the United States and the United Kingdom do, and for an identifier that is malformed. If the region is
+/// missing, the region with the most speakers of the language decides.
 [[nodiscard]] bool usesMetricSystem(const QString& identifier = localeIdentifier());
 
-/// The language if it is one of those of the resources, "en" and "de"; else "en".
+/// The language if the resources have it, which are in "en" and "de"; else "en".
 [[nodiscard]] QString languageCodeOrEnglish(const QString& identifier = localeIdentifier());
 
 /// The region's code in capitals, "DE" if the identifier has no region.

@@ -20,8 +20,8 @@ bool isEscapable(QChar character)
     return u"\"$\\`"_s.contains(character);
 }
 
-/// Returns the value in the text after the "=". Returns nullopt if a quote is not closed, or not by the last
-/// character.
+/// Returns the value in the text after the "=". Returns `nullopt` if a quote is not closed, or not by the
+/// last character.
 std::optional<QString> unquoted(const QString& value)
 {
     const QChar quote = value.isEmpty() ? QChar() : value.front();

@@ -44,7 +44,7 @@ struct HTTPResponse {
 ///
 /// Follows up to 20 redirects. As in browsers, a POST becomes a GET after a redirect by 301 or 302, and any
 /// method except HEAD after one by 303. Authorization and cookies are not sent on to another server. There
-/// are no stored cookies and no cache. Proxies are those of the environment variables.
+/// are no stored cookies and no cache. Proxies are taken from the environment variables.
 ///
 /// Blocks the calling thread. Any thread.
 class HTTPExchange final {

@@ -43,10 +43,10 @@ public:
     [[nodiscard]] double toDouble() const; ///< as the script's `Number(value)`; NaN if that throws
     /// As the script's `String(value)`, also for symbols. Returns `nullopt` if that throws.
     [[nodiscard]] std::optional<QString> toString() const;
-    /// The elements of an array. Returns `nullopt` for other values, and like `toScriptValue`.
+    /// The elements of an array. Returns `nullopt` for other values, and in the cases of `toScriptValue`.
     [[nodiscard]] std::optional<ScriptValue::List> toArray() const;
-    /// The enumerable members of an object; those of an array are its elements, by index. Returns `nullopt`
-    /// for other values, and like `toScriptValue`.
+    /// The enumerable members of an object; for an array, its elements by index. Returns `nullopt` for other
+    /// values, and in the cases of `toScriptValue`.
     [[nodiscard]] std::optional<ScriptValue::Map> toDictionary() const;
     /// A copy of the value and everything in it. Dates become texts in ISO 8601, functions and symbols become
     /// undefined. Returns `nullopt` if a getter throws, if a value contains itself, if values are nested more

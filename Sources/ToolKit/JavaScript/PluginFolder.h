@@ -17,12 +17,11 @@ namespace quor::toolkit {
 ///
 /// - A path that contains "..", a NUL character or half of a surrogate pair is refused. The operation fails.
 /// - An absolute path is taken as relative to the folder.
-/// - Symbolic links are followed only if they stay inside the folder. The kernel resolves the path beneath
-/// the
-///   descriptor of the folder (`openat2`), so a link that is changed at the same time cannot lead outside. On
-///   a kernel that cannot do this, no links are followed.
+/// - Symbolic links are followed only if they stay inside the folder. The kernel resolves the path within
+///   the folder (`openat2`), so a link that is changed at the same time cannot lead outside. On a kernel that
+///   cannot do this, no links are followed.
 ///
-/// A folder that does not exist, or whose URL is not one of a local folder, has no files. Stateless; any
+/// A folder that does not exist, or whose URL is not the URL of a local folder, has no files. Stateless; any
 /// thread.
 class PluginFolder final {
 public:

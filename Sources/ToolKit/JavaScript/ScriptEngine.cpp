@@ -139,8 +139,8 @@ JSValueRef ScriptEngine::excessError()
         isTime ? u"The script exceeded its limit of processor time."_s
                : u"The script exceeded its limit of memory."_s)};
     JSValueRef failed = nullptr;
-    // If the engine has ended a promise job, it also ends whatever runs next. Let that be an empty script,
-    // not the construction of the error.
+    // If the engine has ended a promise job, it also ends the next code that runs. Let that be an empty
+    // script, not the construction of the error.
     JSEvaluateScript(context_, script::Text(QString()).get(), nullptr, nullptr, 1, &failed);
     failed = nullptr;
     JSObjectRef error = JSObjectMakeError(context_, message.size(), message.data(), &failed);

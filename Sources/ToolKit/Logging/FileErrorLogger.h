@@ -31,7 +31,7 @@ public:
     static void setup(
         const std::optional<QString>& logDirectory, platform::Date now = platform::SystemClock().now());
 
-    /// Nullopt without a folder. Any thread.
+    /// `nullopt` without a folder. Any thread.
     [[nodiscard]] static std::optional<QString> logDirectory();
 
     /// False at start. Any thread.
@@ -41,7 +41,7 @@ public:
     static void setEnabled(bool isEnabled);
 
     /// Appends the message to today's file, whether the log is enabled or not. Never makes the folder: after
-    /// somebody has removed it, lines are lost until the next `setup`.
+    /// it was removed, lines are lost until the next `setup`.
     static void write(QStringView message, platform::Date now = platform::SystemClock().now());
 
     /// Removes each visible item of the folder that was created more than `olderThan` seconds ago, with

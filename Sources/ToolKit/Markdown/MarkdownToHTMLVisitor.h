@@ -16,7 +16,7 @@ namespace quor::toolkit {
 /// Takes time in proportion to the result, and no stack for the depth of the tree. Stateless; any thread.
 class MarkdownToHTMLVisitor final : public markdown::MarkupVisitor<QString> {
 public:
-    /// Returns the HTML of the element and its descendants, whatever its kind.
+    /// Returns the HTML of an element of any kind and of its descendants.
     QString defaultVisit(const markdown::Markup& markup) override;
 };
 

@@ -16,7 +16,8 @@ namespace quor::toolkit {
 /// True for "#" and "*", too.
 [[nodiscard]] bool isEmoji(QStringView character);
 
-/// The first Unicode scalar. Returns nullopt for an empty text and for one that begins with a lone surrogate.
+/// The first Unicode scalar. Returns `nullopt` for an empty text and for one that begins with a lone
+/// surrogate.
 [[nodiscard]] std::optional<char32_t> firstScalar(QStringView character);
 
 } // namespace quor::toolkit

@@ -5,8 +5,8 @@
 
 namespace quor::helper {
 
-/// Base of the buttons in a row of the menu. Has the text colour of the row behind it, also while that is
-/// selected. Main thread only.
+/// Base of the buttons in a row of the menu. Has the text colour of its row, also while the row is selected.
+/// Main thread only.
 class MenuButton : public QAbstractButton {
     Q_OBJECT
 

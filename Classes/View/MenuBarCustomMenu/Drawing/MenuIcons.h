@@ -13,8 +13,8 @@ namespace quor::helper::MenuIcons {
 /// The largest width of an icon, relative to its height.
 inline constexpr int largestAspectRatio = 3;
 
-/// Returns the icon at this height, which is in device-independent pixels. All icons of our own are
-/// templates, and so are those of the desktop that are grey throughout. The pixels are null for an unknown
+/// Returns the icon at this height, which is in device-independent pixels. The helper's own icons are
+/// templates, and so are icons of the desktop that are grey throughout. The pixels are null for an unknown
 /// name.
 [[nodiscard]] platform::TemplateImage icon(const QString& name, int height, qreal devicePixelRatio);
 

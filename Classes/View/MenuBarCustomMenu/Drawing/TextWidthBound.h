@@ -19,8 +19,8 @@ public:
     explicit TextWidthBound(const QFont& font);
 
     /// Returns a width that the text does not exceed. Stops adding letters above `limit`, so a result above
-    /// `limit` only means that the text may be wider than that. This is always the result for scripts whose
-    /// letters change their shape or place beside others in other ways than those of Arabic.
+    /// `limit` only means that the text may be wider than that. The result is always above `limit` for
+    /// scripts, other than Arabic, in which letters change their shape or place next to other letters.
     [[nodiscard]] int of(const QString& text, int limit);
 
 private:

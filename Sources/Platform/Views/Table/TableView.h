@@ -92,7 +92,7 @@ public:
     /// The row that shows this widget, or a widget around it. Returns -1 if no row does.
     [[nodiscard]] int rowForView(const QWidget* view) const;
 
-    /// Off at first. Switched off, only the `selectedRow()` of several rows stays selected.
+    /// Off at first. When it is switched off, only `selectedRow()` stays selected.
     void setAllowsMultipleSelection(bool allows) { selection_.setAllowsMultiple(allows); }
     [[nodiscard]] bool allowsMultipleSelection() const { return selection_.allowsMultiple(); }
     /// Whether the user can deselect the last row. On at first.
@@ -105,16 +105,16 @@ public:
     /// Whether the user may select the row: it exists, and the delegate allows it.
     [[nodiscard]] bool maySelectRow(int row) const { return selection_.maySelect(row); }
     /// Selects rows without asking the delegate, which is notified of the change. Rows that don't exist are
-    /// left out; where only one row may be selected, the last of `rows` is. `byExtendingSelection` keeps
-    /// what is selected, if several rows may be.
+    /// ignored. If only one row can be selected, the last of `rows` is. `byExtendingSelection` keeps what is
+    /// selected, if several rows can be.
     void selectRowIndexes(const TableViewRowSet& rows, bool byExtendingSelection);
     void deselectRow(int row) { selection_.deselect(row); }
     void deselectAll() { selection_.deselectAll(); }
 
-    /// Moves the selection as the keys do, and scrolls it into view: over rows that must not be selected,
-    /// staying at the ends; without a selection, down takes the first row and up the last. For a widget
-    /// that has the keyboard while the user walks through this list, such as a search field. Returns
-    /// whether the selection has changed; if not, scrolls to that end of the content.
+    /// Moves the selection as the keys do, and scrolls it into view. Skips rows that must not be selected,
+    /// and stops at the ends. Without a selection, down selects the first row and up the last. For a widget
+    /// that has the keyboard while the user walks through this list, such as a search field. Returns whether
+    /// the selection has changed; if not, scrolls to that end of the content.
     bool walk(TableViewStep step, bool byExtendingSelection = false);
     /// Whether typing selects the row that begins with the typed text. On at first.
     void setAllowsTypeSelect(bool allows) { allowsTypeSelect_ = allows; }

@@ -18,7 +18,7 @@ public:
     explicit TableViewRowSet(int row) { insert(row, row); }
     TableViewRowSet(int first, int last) { insert(first, last); }
 
-    /// Inserts the rows from `first` to `last`, both included; negative rows are left out.
+    /// Inserts the rows from `first` to `last`, both included; negative rows are ignored.
     void insert(int row) { insert(row, row); }
     void insert(int first, int last);
     void insert(const TableViewRowSet& rows);

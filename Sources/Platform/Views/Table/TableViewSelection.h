@@ -29,7 +29,7 @@ public:
 
     /// Leaves the selection as it is: call `dropInvalidRows` when the list is ready for the change.
     void setNumberOfRows(int count) { numberOfRows_ = count; }
-    /// Off at first. Switched off, only the `selectedRow()` of several rows stays selected.
+    /// Off at first. When it is switched off, only `selectedRow()` stays selected.
     void setAllowsMultiple(bool allows);
     [[nodiscard]] bool allowsMultiple() const { return allowsMultiple_; }
     /// Whether the user can deselect the last row. On at first.
@@ -41,20 +41,21 @@ public:
     [[nodiscard]] int selectedRow() const { return selectedRow_; }
     [[nodiscard]] bool maySelect(int row) const;
 
-    /// Selects rows by program, also rows that the user must not select. Rows that the list does not have
-    /// are left out; where only one row may be selected, that is the last one. `extending` keeps what is
-    /// selected, if several rows may be.
+    /// Selects rows by program, also rows that the user must not select. Rows that the list does not have are
+    /// ignored. If only one row can be selected, the last of `rows` is. `extending` keeps what is selected,
+    /// if several rows can be.
     bool select(const TableViewRowSet& rows, bool extending);
     bool deselect(int row);
     bool deselectAll() { return change({}, -1); }
     /// Deselects the rows that the list no longer has, or that the user must not select any more.
     bool dropInvalidRows();
 
-    /// Selects what a click on the row selects: with Shift also all rows between it and the anchor, with
-    /// Control the row in addition, or no more. Row -1 stands for a click beside the rows.
+    /// Selects what a click on the row selects: with Shift also all rows between it and the anchor; with
+    /// Control, the click adds the row to the selection or removes it. Row -1 stands for a click beside the
+    /// rows.
     bool click(int row, Qt::KeyboardModifiers modifiers);
-    /// The row that a step leads to: over rows that must not be selected, and staying at the ends. Without
-    /// a selection, down leads to the first row and up to the last. Returns -1 if there is no such row.
+    /// The row that a step leads to. Skips rows that must not be selected, and stops at the ends. Without a
+    /// selection, down leads to the first row and up to the last. Returns -1 if there is no such row.
     [[nodiscard]] int target(TableViewStep step, const TableViewGeometry& geometry) const;
     /// Selects the row that a step leads to: alone, or `extending` with all rows from the anchor on.
     bool moveTo(int row, bool extending);

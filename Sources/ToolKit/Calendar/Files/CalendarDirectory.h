@@ -15,7 +15,7 @@
 
 namespace quor::toolkit {
 
-/// The end of the name of each file that holds items.
+/// The suffix of the name of each file that holds items.
 inline constexpr QByteArrayView itemSuffix = ".ics";
 /// Larger calendar files are neither read nor written. In bytes.
 inline constexpr qint64 largestItemFile = qint64(64) << 20;
@@ -31,11 +31,11 @@ struct FileIdentity {
 
 struct FileContent {
     FileIdentity identity;
-    std::optional<QByteArray> bytes; ///< nullopt if the file is too large or cannot be read
+    std::optional<QByteArray> bytes; ///< `nullopt` if the file is too large or cannot be read
 };
 
-/// The folder of a source or a calendar, held open: all operations stay in that folder, even if it is
-/// renamed meanwhile. Names are those of its files; symbolic links are never followed.
+/// The folder of a source or a calendar, held open: all operations stay in that folder, even if it is renamed
+/// meanwhile. A `name` is the name of a file in it. Symbolic links are never followed.
 class CalendarDirectory final {
 public:
     CalendarDirectory(const QByteArray& root, const CalendarPath& path);
@@ -53,13 +53,13 @@ public:
 
     /// The visible regular files, in no order.
     [[nodiscard]] std::vector<QByteArray> names() const;
-    /// Returns nullopt if there is no regular file of that name.
+    /// Returns `nullopt` if there is no regular file of that name.
     [[nodiscard]] std::optional<FileIdentity> identity(const QByteArray& name) const;
-    /// Returns nullopt if there is no regular file of that name. `limit` is in bytes.
+    /// Returns `nullopt` if there is no regular file of that name. `limit` is in bytes.
     [[nodiscard]] std::optional<FileContent> read(
         const QByteArray& name, qint64 limit = largestItemFile) const;
 
-    /// Replaces the file if it is still in the state `expected`, or creates it if `expected` is nullopt.
+    /// Replaces the file if it is still in the state `expected`, or creates it if `expected` is `nullopt`.
     /// Fails with `conflict`, and leaves the file alone, if it is in another state. Stores the new state in
     /// `written`. Synced.
     [[nodiscard]] EventStoreResult write(const QByteArray& name, const QByteArray& bytes,

@@ -39,7 +39,7 @@ public:
     [[nodiscard]] QByteArray fileOf(const QString& uid, const QByteArray& lastKnown);
     /// Returns null if there is no such file, or it cannot be read.
     [[nodiscard]] const FileRecords* records(const QByteArray& file);
-    /// Returns nullopt if there is no such file, or it cannot be read.
+    /// Returns `nullopt` if there is no such file, or it cannot be read.
     [[nodiscard]] std::optional<ItemFile> content(const QByteArray& file);
     /// Returns an unused name for the file of a new item.
     [[nodiscard]] QByteArray newFile(const QString& uid);

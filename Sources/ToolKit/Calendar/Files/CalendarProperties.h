@@ -25,8 +25,8 @@ struct CalendarProperties {
 struct CalendarPropertiesChange {
     CalendarPath path;
     bool isNew = false; ///< its folder is to be made
-    std::optional<QString> title; ///< nullopt leaves the file as it is, an empty one removes it
-    std::optional<QColor> color; ///< nullopt leaves the file as it is, an invalid one removes it
+    std::optional<QString> title; ///< `nullopt` leaves the file as it is, an empty one removes it
+    std::optional<QColor> color; ///< `nullopt` leaves the file as it is, an invalid one removes it
 
     [[nodiscard]] EventStoreResult write(const QByteArray& root) const;
 };

@@ -15,8 +15,8 @@ struct NamedRecords {
     const FileRecords* records;
 };
 
-/// Called with an event, or with each occurrence of a series. `occurrence` is the start by which the series
-/// knows it, nullopt for an event that happens once.
+/// Called with an event, or with each occurrence of a series. `occurrence` is the start that identifies it in
+/// its series, `nullopt` for an event that happens once.
 using EventVisit = std::function<void(const QByteArray& file, const EventRecord& record,
     std::optional<Date> occurrence, const EventFields& fields)>;
 

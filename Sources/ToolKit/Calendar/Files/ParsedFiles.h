@@ -15,7 +15,7 @@ class ParsedFiles final {
 public:
     struct File {
         FileIdentity identity;
-        std::optional<FileRecords> records; ///< nullopt if the file is broken or cannot be read
+        std::optional<FileRecords> records; ///< `nullopt` if the file is broken or cannot be read
     };
 
     /// Makes the next `update` compare all files with the disk.
@@ -38,7 +38,7 @@ private:
     void read(const CalendarDirectory& directory, const CalendarPath& path, const QByteArray& name);
 
     std::map<QByteArray, File> files_;
-    std::optional<std::set<QByteArray>> changed_; ///< the files to read; nullopt: not known yet
+    std::optional<std::set<QByteArray>> changed_; ///< the files to read; `nullopt`: not known yet
 };
 
 } // namespace quor::toolkit

@@ -14,7 +14,7 @@ namespace quor::toolkit {
 enum class WriteStatus {
     pending,
     written,
-    abandoned, ///< they never will
+    abandoned, ///< they will never reach the disk
 };
 
 /// The order in which the files of a commit are written: an item that moves between two files is added to
@@ -24,7 +24,7 @@ enum class CommitWave { additions, removals };
 /// One file with edits that are not committed yet.
 class StagedFile final {
 public:
-    /// `content` is what the file holds now, nullopt if there is no such file.
+    /// `content` is what the file holds now, `nullopt` if there is no such file.
     StagedFile(QByteArray name, std::optional<FileContent> content);
     /// Abandons the edits, unless they were written.
     ~StagedFile();
@@ -36,7 +36,7 @@ public:
     /// written, and is left out if that file is abandoned.
     [[nodiscard]] EventStoreResult add(ItemEdit edit, std::shared_ptr<const WriteStatus> condition);
 
-    /// The content with all edits; nullopt if nothing is left in the file.
+    /// The content with all edits; `nullopt` if nothing is left in the file.
     [[nodiscard]] const std::optional<QByteArray>& bytes() const { return bytes_; }
     [[nodiscard]] const FileRecords& records() const { return records_; }
     [[nodiscard]] std::shared_ptr<const WriteStatus> status() const { return status_; }
@@ -67,7 +67,7 @@ private:
     const QByteArray name_;
     std::vector<Edit> edits_;
     std::shared_ptr<WriteStatus> status_ = std::make_shared<WriteStatus>(WriteStatus::pending);
-    std::optional<FileIdentity> base_; ///< the state on disk that was edited; nullopt: there was no file
+    std::optional<FileIdentity> base_; ///< the state on disk that was edited; `nullopt`: there was no file
     std::optional<QByteArray> bytes_;
     FileRecords records_;
 };

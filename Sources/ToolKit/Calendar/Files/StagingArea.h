@@ -28,7 +28,7 @@ public:
 
     /// Writes the files of that wave that wait for no other file, and appends failures to `failures`. A file
     /// that was written, or never can be, is not staged any more. Any other stays for the next commit.
-    /// Returns whether a file left the staging area, so that others may not wait any more.
+    /// Returns whether a file left the staging area, after which files that waited for it can be written.
     bool commit(CommitWave wave, const CalendarDirectory& directory, ParsedFiles& files,
         std::vector<EventStoreError>& failures);
 

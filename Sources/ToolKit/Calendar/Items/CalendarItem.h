@@ -21,7 +21,7 @@ struct ItemPlace {
     QString uid;
     QString calendarIdentifier; ///< empty before the first save
     QByteArray file; ///< the name of the file in the calendar's folder, when it was last read or saved
-    std::optional<Date> occurrence; ///< the start by which a series knows its occurrence
+    std::optional<Date> occurrence; ///< the start that identifies the occurrence in its series
 };
 
 /// What an `Event` or a `Reminder` holds.

@@ -29,8 +29,8 @@ public:
     [[nodiscard]] QColor color() const { return get(&Fields::color); }
     void setColor(const QColor& color) { set(&Fields::color, color); }
 
-    /// Returns nullopt for a new calendar before `setSource`. A saved calendar stays where it is, whatever
-    /// source is set.
+    /// Returns `nullopt` for a new calendar before `setSource`. Setting another source does not move a saved
+    /// calendar.
     [[nodiscard]] std::optional<EventSource> source() const { return get(&Fields::source); }
     void setSource(const EventSource& source) { set(&Fields::source, std::optional(source)); }
 

@@ -69,7 +69,7 @@ icalcomponent* overrideOf(const ItemFile& file, const QString& uid, Date occurre
     return nullptr;
 }
 
-/// Returns nullopt if the file does not have that occurrence.
+/// Returns `nullopt` if the file does not have that occurrence.
 std::optional<EventFields> occurrenceFields(const ItemFile& file, const QString& uid, Date occurrence)
 {
     std::optional<EventFields> found;

@@ -6,7 +6,7 @@
 
 namespace quor::toolkit {
 
-/// Returns why the fields cannot be written, nullopt if they can. `base` are the fields as they were read.
+/// Returns why the fields cannot be written, `nullopt` if they can. `base` are the fields as they were read.
 [[nodiscard]] EventStoreResult defectOf(const EventFields& fields, const EventFields& base);
 
 // The functions below change the file, which may be left half changed on failure. They fail with `notFound`

@@ -36,7 +36,7 @@ private:
     QString description_;
 };
 
-/// The result of a change: nullopt if it succeeded.
+/// The result of a change: `nullopt` if it succeeded.
 using EventStoreResult = std::optional<EventStoreError>;
 
 } // namespace quor::toolkit

@@ -12,7 +12,7 @@ namespace quor::toolkit {
 template <class Fields>
 struct ItemChange {
     QString uid;
-    std::optional<Date> occurrence; ///< nullopt for all but an occurrence of a series
+    std::optional<Date> occurrence; ///< `nullopt` for all but an occurrence of a series
     Fields base; ///< the fields as they were read
     Fields fields; ///< the fields as they are to be
     bool isNew = false;

@@ -26,7 +26,7 @@ class ItemFile final {
 public:
     /// A calendar without items.
     ItemFile();
-    /// Returns nullopt if the bytes are no calendar file, or if the value of a property that this library
+    /// Returns `nullopt` if the bytes are no calendar file, or if the value of a property that this library
     /// reads is malformed. Properties without a value, which some programs write, are ignored.
     [[nodiscard]] static std::optional<ItemFile> parse(const QByteArray& bytes);
 

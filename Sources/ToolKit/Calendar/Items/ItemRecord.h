@@ -25,7 +25,7 @@ struct Recurrence {
 /// An event that happens once, a series, or an override whose series is not in the file.
 struct EventRecord {
     QString uid;
-    EventFields fields; ///< for a series, those of its first occurrence
+    EventFields fields; ///< for a series, the fields of its first occurrence
     std::optional<Date> occurrence; ///< for an override, the start of the occurrence that it replaces
     std::shared_ptr<const Recurrence> recurrence; ///< null for all but a series
 };

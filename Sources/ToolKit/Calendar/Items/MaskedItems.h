@@ -15,7 +15,7 @@ namespace quor::toolkit {
 /// The property that takes the place of a component.
 inline constexpr char maskedPart[] = "X-QUOR-MASKED-PART";
 
-/// Returns the text for libical. Returns nullopt if the file is no calendar file: if BEGIN and END do not
+/// Returns the text for libical. Returns `nullopt` if the file is no calendar file: if BEGIN and END do not
 /// match, components are nested too deeply, a component at the top is no VCALENDAR, a line has no name, or a
 /// line stands outside of all components.
 [[nodiscard]] std::optional<QByteArray> maskItems(QByteArrayView file);

@@ -101,7 +101,7 @@ icaltimetype lastStepBefore(
     return next;
 }
 
-/// Calls `visit` with each start that the rule gives in [start, end), until `visit` returns false.
+/// Calls `visit` with each start in [start, end) that the rule generates, until `visit` returns false.
 template <class Visit>
 void visitStarts(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
 {

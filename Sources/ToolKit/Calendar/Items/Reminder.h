@@ -15,7 +15,7 @@ struct ReminderFields {
     QString notes;
     std::optional<Date> dueDate; ///< for a reminder of a whole day, the midnight at which that day begins
     bool isCompleted = false;
-    std::optional<Date> completionDate; ///< nullopt if it is not completed, or its file has no date
+    std::optional<Date> completionDate; ///< `nullopt` if it is not completed, or its file has no date
     int priority = 0; ///< 1 is the highest, 9 the lowest, 0 means no priority
 
     friend bool operator==(const ReminderFields&, const ReminderFields&) = default;
@@ -35,7 +35,7 @@ public:
         setCompletionDate(isCompleted ? std::optional<Date>(platform::SystemClock().now()) : std::nullopt);
     }
     [[nodiscard]] std::optional<Date> completionDate() const { return get(&ReminderFields::completionDate); }
-    /// A date completes the reminder, nullopt reopens it.
+    /// A date completes the reminder, `nullopt` reopens it.
     void setCompletionDate(std::optional<Date> date)
     {
         change([&](ReminderFields& fields) {

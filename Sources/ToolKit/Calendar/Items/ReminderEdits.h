@@ -6,7 +6,7 @@
 
 namespace quor::toolkit {
 
-/// Returns why the fields cannot be written, nullopt if they can.
+/// Returns why the fields cannot be written, `nullopt` if they can.
 [[nodiscard]] EventStoreResult defectOf(const ReminderFields& fields, const ReminderFields& base);
 
 // Both fail by the rules of `EventEdits.h`.

@@ -27,7 +27,7 @@ public:
         CalendarFolder& folder, EventChange change, ItemPlace& place) const;
     [[nodiscard]] ItemEdit removal(const EventChange& change) const;
     /// Returns the fields as they will be read again, and sets `place.occurrence` accordingly. Returns
-    /// nullopt if the event is not in the records.
+    /// `nullopt` if the event is not in the records.
     [[nodiscard]] std::optional<EventFields> readBack(const FileRecords& records, ItemPlace& place) const;
 
 private:

@@ -30,9 +30,9 @@ namespace quor::toolkit {
 /// See `EventStoreChanges` for reports of changes.
 class EventStore final {
 public:
-    using Result = EventStoreResult; ///< nullopt: success
+    using Result = EventStoreResult; ///< `nullopt`: success
     using AccessCompletion = std::function<void(bool granted, const Result& error)>;
-    /// Called with nullopt without access.
+    /// Called with `nullopt` without access.
     using ReminderCompletion = std::function<void(std::optional<std::vector<std::shared_ptr<Reminder>>>)>;
 
     /// Does not read the disk. The first operation does.
@@ -47,7 +47,7 @@ public:
         EntityType type, const EventStoreOptions& options = {});
 
     /// Calls `completion` on a thread that the store owns. Does not ask the user, see
-    /// `EventStoreOptions::authorization`. The error is always nullopt.
+    /// `EventStoreOptions::authorization`. The error is always `nullopt`.
     void requestFullAccessToEvents(AccessCompletion completion);
     void requestFullAccessToReminders(AccessCompletion completion);
 
@@ -94,7 +94,8 @@ public:
 
     [[nodiscard]] EventPredicate predicateForEvents(Date start, Date end,
         const std::optional<std::vector<std::shared_ptr<EventCalendar>>>& calendars = std::nullopt) const;
-    /// Sorted by start. A series gives one event for each occurrence in the range, at most 10,000.
+    /// Sorted by start. Contains one event for each occurrence of a series in the range, at most 10,000 of
+    /// each series.
     [[nodiscard]] std::vector<std::shared_ptr<Event>> eventsMatching(const EventPredicate& predicate);
 
     [[nodiscard]] ReminderPredicate predicateForIncompleteReminders(std::optional<Date> start,

@@ -12,7 +12,7 @@ namespace quor::toolkit {
 
 /// The calendars that an `EventStore` works on, and the access to them.
 struct EventStoreOptions {
-    /// The folder of the sources. nullopt means `$XDG_DATA_HOME/calendars`.
+    /// The folder of the sources. `nullopt` means `$XDG_DATA_HOME/calendars`.
     std::optional<QString> root;
 
     /// Called by each operation, on its thread. If empty, the user's preferences decide: access is granted

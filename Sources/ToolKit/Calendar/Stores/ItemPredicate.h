@@ -14,7 +14,7 @@ namespace quor::toolkit {
 struct EventPredicate {
     platform::Date startDate;
     platform::Date endDate;
-    std::optional<std::vector<QString>> calendarIdentifiers; ///< nullopt selects all calendars
+    std::optional<std::vector<QString>> calendarIdentifiers; ///< `nullopt` selects all calendars
 };
 
 /// Selects reminders that are not completed and are due in [startDate, endDate). A missing bound is open. If
@@ -22,7 +22,7 @@ struct EventPredicate {
 struct ReminderPredicate {
     std::optional<platform::Date> startDate;
     std::optional<platform::Date> endDate;
-    std::optional<std::vector<QString>> calendarIdentifiers; ///< nullopt selects all calendars
+    std::optional<std::vector<QString>> calendarIdentifiers; ///< `nullopt` selects all calendars
 };
 
 } // namespace quor::toolkit

@@ -24,7 +24,7 @@ struct ReminderPolicy {
     {
         return [change](ItemFile& file) { return removeItem(file, change); };
     }
-    /// Returns the fields as they will be read again, nullopt if the reminder is not in the records.
+    /// Returns the fields as they will be read again, `nullopt` if the reminder is not in the records.
     [[nodiscard]] static std::optional<ReminderFields> readBack(
         const FileRecords& records, const ItemPlace& place)
     {

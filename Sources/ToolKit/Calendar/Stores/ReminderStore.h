@@ -31,7 +31,7 @@ public:
     [[nodiscard]] Calendars reminderCalendars() const;
 
     /// Reads the reminders that are not completed and are due in [startDate, endDate), in all calendars if
-    /// `calendars` is nullopt. Calls `completion` on a thread that the event store owns; there it must not
+    /// `calendars` is `nullopt`. Calls `completion` on a thread that the event store owns; there it must not
     /// wait for the main thread, nor destroy this object. Before access was requested, calls it at once, on
     /// the calling thread, with an empty list.
     void remindersFor(Date startDate, Date endDate, const std::optional<Calendars>& calendars,

@@ -44,7 +44,7 @@ public:
     /// The value of an attribute. Also empty for an unknown key.
     [[nodiscard]] AttributeValue value(QStringView key) const;
 
-    /// The value if it has this type, one of those of `AttributeValue`; else `nullopt`.
+    /// The value if it has this type, which is one of the types of `AttributeValue`; else `nullopt`.
     template <class T>
     [[nodiscard]] std::optional<T> value(QStringView key) const
     {

@@ -16,8 +16,8 @@ public:
     ManagedObjectID(QString store, QString entityName, qint64 number, bool isTemporary);
 
     /// `x-quor-store://<store>/<entity>/p<number>`, percent-encoded. A temporary identity is
-    /// `x-quor-store:///<entity>/t<context>-<number>`. Temporary URIs sort before all others, and those of
-    /// one context in the order of insertion. Empty for the null identity.
+    /// `x-quor-store:///<entity>/t<context>-<number>`. Temporary URIs sort before all others; the temporary
+    /// URIs of one context sort in the order of insertion. Empty for the null identity.
     [[nodiscard]] QString URIRepresentation() const;
 
     [[nodiscard]] const QString& entityName() const { return entityName_; }

@@ -46,7 +46,7 @@ public:
     void rollback();
 
     /// Call this after all changes were saved. `numbers` has the new number of each record in `inserted`; 0
-    /// for those that were deleted before the save.
+    /// for records that were deleted before the save.
     void setSaved(const std::vector<qint64>& numbers);
     /// Call this for a record that another context has deleted from the file.
     void setDeleted(ManagedRecord& record);

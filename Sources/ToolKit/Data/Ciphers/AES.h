@@ -28,12 +28,12 @@ namespace quor::toolkit {
 /// failed" with OpenSSL's error code, for a wrong key or for data that is no ciphertext.
 [[nodiscard]] QByteArray decrypt(QByteArrayView data, QStringView key);
 
-/// Encrypts the text's UTF-8 and returns the ciphertext in Base64 without line breaks. Returns nullopt on
+/// Encrypts the text's UTF-8 and returns the ciphertext in Base64 without line breaks. Returns `nullopt` on
 /// failure, and for a text with half of a surrogate pair, which has no UTF-8.
 [[nodiscard]] std::optional<QString> encrypted(QStringView text, QStringView key);
 
 /// Returns the text that `encrypted` was called with. Ignores characters that are not of Base64, such as line
-/// breaks. Returns nullopt on failure, and if the decrypted bytes are no valid UTF-8, as with most wrong
+/// breaks. Returns `nullopt` on failure, and if the decrypted bytes are no valid UTF-8, as with most wrong
 /// keys.
 [[nodiscard]] std::optional<QString> decrypted(QStringView text, QStringView key);
 

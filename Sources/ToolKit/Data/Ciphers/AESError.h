@@ -9,7 +9,7 @@
 namespace quor::toolkit {
 
 /// The reason why `encrypt` or `decrypt` failed. The only exception that the kit throws; `encrypted` and
-/// `decrypted` catch it and return nullopt. A value. Any thread.
+/// `decrypted` catch it and return `nullopt`. A value. Any thread.
 class AESError final : public std::exception {
 public:
     enum class Case {

@@ -19,7 +19,7 @@ enum class Base64Decoding {
 /// Returns the bytes in Base64, with padding and without line breaks.
 [[nodiscard]] QString base64EncodedString(QByteArrayView data);
 
-/// Returns the bytes of a text in Base64; no bytes for an empty text. Returns nullopt if the number of
+/// Returns the bytes of a text in Base64; no bytes for an empty text. Returns `nullopt` if the number of
 /// characters (without ignored ones) is no multiple of 4, or if there is an "=" before the last two.
 [[nodiscard]] std::optional<QByteArray> dataFromBase64(QStringView text, Base64Decoding decoding);
 

@@ -51,7 +51,7 @@ const unsigned char* bytes(const char* data)
     return reinterpret_cast<const unsigned char*>(data);
 }
 
-// Returns the number of bytes written, or nullopt on failure.
+// Returns the number of bytes written, or `nullopt` on failure.
 std::optional<qsizetype> tryToCrypt(
     Direction direction, const SecretBytes& key, const char* iv, QByteArrayView in, char* out)
 {

@@ -18,8 +18,8 @@ namespace quor::toolkit {
 /// Returns two lower-case hexadecimal digits for each byte, with nothing between them.
 [[nodiscard]] QString hexadecimal(QByteArrayView data);
 
-/// Return the digest of the text's UTF-8 in 64 or 128 hexadecimal digits. Return nullopt for a text with half
-/// of a surrogate pair, which has no UTF-8.
+/// Return the digest of the text's UTF-8 in 64 or 128 hexadecimal digits. Return `nullopt` for a text with
+/// half of a surrogate pair, which has no UTF-8.
 [[nodiscard]] std::optional<QString> sha256(QStringView text);
 [[nodiscard]] std::optional<QString> sha512(QStringView text);
 

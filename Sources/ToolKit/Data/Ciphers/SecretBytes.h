@@ -20,7 +20,7 @@ public:
     SecretBytes& operator=(const SecretBytes&) = delete;
     SecretBytes& operator=(SecretBytes&&) = delete;
 
-    /// Returns the text's UTF-8, or nullopt for a text with half of a surrogate pair.
+    /// Returns the text's UTF-8, or `nullopt` for a text with half of a surrogate pair.
     [[nodiscard]] static std::optional<SecretBytes> utf8(QStringView text);
 
     [[nodiscard]] char* data() { return bytes_.data(); }

@@ -56,12 +56,12 @@ bool mismatch(DecodingError& error, QLatin1StringView expected, JSONValue found)
 /// The same for a number that the type cannot hold. Returns false.
 bool unsuitableNumber(DecodingError& error, QLatin1StringView expected, JSONValue found);
 
-/// How many elements at most memory is reserved for, before they are read.
+/// The largest number of elements for which memory is reserved before they are read.
 inline constexpr std::uint32_t mostReserved = 4096;
 
 } // namespace json
 
-/// The integer types for numbers, without those for truth values and characters.
+/// The integer types for numbers, without the types for booleans and characters.
 template <typename T>
 concept JSONInteger
     = std::integral<T> && !std::same_as<T,
@@ -201,7 +201,7 @@ struct JSONCoding<std::vector<T>> {
     static void encode(const std::vector<T>& list, JSONWriter& writer) { json::encodeList<T>(list, writer); }
 };
 
-/// Of texts: `QStringList`.
+/// `QList<QString>` is `QStringList`.
 template <typename T>
 struct JSONCoding<QList<T>> {
     static bool decode(JSONValue value, QList<T>& out, DecodingError& error)

@@ -20,7 +20,7 @@ namespace quor::toolkit {
 /// it is moved.
 class JSONDocument final {
 public:
-    /// Returns nullopt for a text that is refused, and sets `error`. `data` is copied if it is shared.
+    /// Returns `nullopt` for a text that is refused, and sets `error`. `data` is copied if it is shared.
     [[nodiscard]] static std::optional<JSONDocument> parse(QByteArray data, DecodingError& error);
 
     [[nodiscard]] JSONValue root() const { return {nodes_.data(), 0}; }

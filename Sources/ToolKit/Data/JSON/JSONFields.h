@@ -15,8 +15,8 @@
 /// not written if it has no value. Other members of the object are ignored.
 ///
 ///     template <> struct JSONCases<Shape> {          // {"circle":{"_0":2}} or {"none":{}}
-///         static constexpr auto value = &Shape::value; // a std::variant, with its alternatives in the order
-///         of the cases static constexpr auto cases
+///         static constexpr auto value = &Shape::value; // a std::variant in the order of the cases
+///         static constexpr auto cases
 ///             = std::tuple(jsonCase("circle", jsonField("_0", &Shape::Circle::radius)), jsonCase("none"));
 ///     };
 ///

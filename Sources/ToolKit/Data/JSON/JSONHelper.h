@@ -18,7 +18,7 @@
 /// Any thread.
 namespace quor::toolkit::JSONHelper {
 
-/// Returns nullopt on failure. Also for absent or empty data, without a line in the log.
+/// Returns `nullopt` on failure. Also for absent or empty data, without a line in the log.
 template <typename T>
 [[nodiscard]] std::optional<T> decode(const std::optional<QByteArray>& data, const JSONDecoder& decoder)
 {
@@ -31,7 +31,7 @@ template <typename T>
     return value;
 }
 
-/// Returns nullopt on failure.
+/// Returns `nullopt` on failure.
 template <typename T>
 [[nodiscard]] std::optional<QByteArray> encode(const T& object, const JSONEncoder& encoder)
 {
@@ -42,17 +42,17 @@ template <typename T>
     return data;
 }
 
-/// Returns nullopt for an absent object too, without a line in the log.
+/// Returns `nullopt` for an absent object too, without a line in the log.
 template <typename T>
 [[nodiscard]] std::optional<QByteArray> encode(const std::optional<T>& object, const JSONEncoder& encoder)
 {
     return object ? encode(*object, encoder) : std::nullopt;
 }
 
-/// Returns the JSON in several lines, or nullopt on failure. Nothing is logged.
+/// Returns the JSON in several lines, or `nullopt` on failure. Nothing is logged.
 [[nodiscard]] std::optional<QByteArray> dataFromDictionary(const QJsonObject& dictionary);
 
-/// Returns nullopt on failure, and if the JSON is not an object. Nothing is logged.
+/// Returns `nullopt` on failure, and if the JSON is not an object. Nothing is logged.
 [[nodiscard]] std::optional<QJsonObject> dictionaryFromData(const QByteArray& data);
 
 } // namespace quor::toolkit::JSONHelper

@@ -19,7 +19,7 @@ inline constexpr int maximumJSONDepth = 512;
 [[nodiscard]] QString textFromUtf8(std::string_view utf8);
 
 /// One token of a parsed text. The tokens of a document are a flat list in the order of the text: the token
-/// of an object comes before those of each name and value in it, and its `end` is the index after them.
+/// of an object comes before the tokens of the names and values in it, and its `end` is the index after them.
 struct JSONNode {
     enum class Kind : std::uint8_t {
         null,
@@ -65,7 +65,7 @@ public:
     /// Returns the kind of value in words, for error texts: "null", "a number".
     [[nodiscard]] QLatin1StringView kindName() const;
 
-    // These return nullopt for a value of another kind, or a number that the type cannot hold exactly.
+    // These return `nullopt` for a value of another kind, or a number that the type cannot hold exactly.
     [[nodiscard]] std::optional<bool> toBool() const;
     [[nodiscard]] std::optional<double> toDouble() const; ///< Takes any number; rounds a long integer.
     [[nodiscard]] std::optional<std::uint64_t> toUnsigned() const; ///< 3.0 is integral, 3.5 is not.

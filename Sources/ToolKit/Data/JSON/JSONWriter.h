@@ -44,7 +44,7 @@ public:
     void fail(const QString& description); ///< To be called in place of writing a value.
     [[nodiscard]] bool hasFailed() const { return error_.has_value(); }
 
-    /// Returns the text, or sets `error` and returns nullopt after a failure. To be called last.
+    /// Returns the text, or sets `error` and returns `nullopt` after a failure. To be called last.
     [[nodiscard]] std::optional<QByteArray> take(EncodingError& error);
 
 private:

@@ -67,7 +67,7 @@ public:
         return access_.sync(
             [](State& state) { return state.containers.empty() && state.fileNames().isEmpty(); });
     }
-    /// Returns nullopt if the key has no element.
+    /// Returns `nullopt` if the key has no element.
     [[nodiscard]] std::optional<Element> value(const QString& key) const
     {
         if (!isKey(key))
@@ -111,7 +111,7 @@ private:
 
     struct Change {
         QString key;
-        std::optional<Element> value; ///< Nullopt removes the key.
+        std::optional<Element> value; ///< `nullopt` removes the key.
     };
     using Changes = std::vector<Change>;
 
@@ -198,7 +198,7 @@ private:
         changes_->push_back(std::move(change));
     }
 
-    /// Lets no more changes be added to a block that runs now.
+    /// Prevents that changes are added to a block that runs now.
     void close(const std::shared_ptr<Changes>& changes)
     {
         const std::lock_guard lock(mutex_);

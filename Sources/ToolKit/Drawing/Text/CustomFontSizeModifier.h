@@ -32,7 +32,7 @@ struct CustomFontSizeModifier {
     QFont::Weight weight = QFont::Normal;
     double sizeFactor = 1;
 
-    /// Returns the font. Its size is kept between 1 and 1000 points; a factor that is not a number gives 1.
+    /// Returns the font. Its size is clamped to 1 to 1000 points, and is 1 if the factor is not a number.
     [[nodiscard]] QFont font() const;
 
     /// Sets the font of `content`.

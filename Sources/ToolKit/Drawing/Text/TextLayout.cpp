@@ -20,8 +20,8 @@ namespace {
 // The widest line that a layout can hold: it measures in 1/64 pixels and multiplies by 4.
 constexpr double widestLine = std::numeric_limits<int>::max() / 256.0;
 
-// A layout without a document gives no room to an inline object, but it does to a letter. This letter
-// stands for an attachment: it is drawn clear, and letter spacing gives it the width of the attachment.
+// A layout without a document reserves no room for inline objects. So this letter stands for an attachment:
+// it is drawn clear, and letter spacing makes it as wide as the attachment.
 constexpr QChar placeholder(u'x');
 
 std::optional<TextAttachment> attachmentOf(const QTextFormat& format)
