@@ -47,7 +47,7 @@ public:
     /// Ends the registration for notifications.
     void removeObserver();
 
-    /// Null while the status item is not shown, as is the one below.
+    /// Both are null while the status item is not shown.
     [[nodiscard]] MenubarMenuRenderer* menubarMenuRenderer() const { return menubarMenuRenderer_.get(); }
     [[nodiscard]] platform::StatusItem* statusItem() const { return statusItem_.get(); }
 

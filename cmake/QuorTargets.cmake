@@ -1,4 +1,4 @@
-# One target a folder. A library's public headers keep their folders below the include root, so a
+# One target for each folder. A library's public headers keep their folders below the include root, so a
 # header is included by the same path inside this tree and from an installed one.
 include_guard(GLOBAL)
 
@@ -9,8 +9,8 @@ target_compile_options(QuorBuild INTERFACE
 target_compile_definitions(QuorBuild INTERFACE
   QT_NO_KEYWORDS QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
-# A static library brings more than a program uses, the meta-objects of all its widgets at least: what
-# nothing refers to is left out of a released program, and so is a library that only such parts call.
+# A static library contains more than a program uses, at least the meta-objects of all its widgets. A release
+# build leaves out code that is not used, and libraries that only such code calls.
 target_compile_options(QuorBuild INTERFACE $<$<CONFIG:Release>:-ffunction-sections -fdata-sections>)
 target_link_options(QuorBuild INTERFACE $<$<CONFIG:Release>:-Wl,--gc-sections,--as-needed>)
 if(QUOR_SANITIZE)
@@ -22,13 +22,13 @@ endif()
 function(quor_precompile name)
   if(QUOR_PRECOMPILED_HEADERS)
     target_precompile_headers(${name} PRIVATE ${ARGN})
-    # Without it ccache cannot see what a precompiled header holds.
+    # Without it ccache cannot see what a precompiled header contains.
     target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
   endif()
 endfunction()
 
 # quor_add_library(<name> ROOT <include root> SOURCES ... HEADERS ... PUBLIC ... PRIVATE ... PRECOMPILE ...)
-# Without SOURCES' HEADERS nothing is installed. Installed as Quor::<name>.
+# Without HEADERS nothing is installed. Installed as Quor::<name>.
 function(quor_add_library name)
   cmake_parse_arguments(arg "" "ROOT" "SOURCES;HEADERS;PUBLIC;PRIVATE;PRECOMPILE" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES} ${arg_HEADERS})

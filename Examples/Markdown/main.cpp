@@ -68,11 +68,10 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        u"Renders a Markdown text in UTF-8 as HTML, or lists its tree of elements. Nothing is escaped: HTML "
-        u"in "
-        "the text stays HTML. Exits with 0; with 1 if reading or writing failed; with 2 if the arguments are "
-        "wrong."_s);
-    const QCommandLineOption tree(u"tree"_s, u"List the tree, one element a line, instead of HTML."_s);
+        u"Renders a Markdown text in UTF-8 as HTML, or lists its tree of elements. Nothing is escaped: "
+        "HTML in the text stays HTML. Exits with 0; with 1 if reading or writing failed; with 2 if the "
+        "arguments are wrong."_s);
+    const QCommandLineOption tree(u"tree"_s, u"List the tree, one element on each line, instead of HTML."_s);
     const QCommandLineOption straight(u"straight"_s, u"Keep straight quotes, dashes and dots."_s);
     const QCommandLineOption help({u"h"_s, u"help"_s}, u"Shows this help."_s);
     parser.addOptions({tree, straight, help});

@@ -162,10 +162,9 @@ int main(int argc, char** argv)
     const QCoreApplication application(argc, argv);
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        u"Runs the plug-in in a folder. Its result goes to standard output, its log and uncaught exceptions "
-        u"go "
-        "to standard error. Exits with 0; with 1 if it threw or a file could not be read or the output not "
-        "written; with 2 if the arguments are wrong.\n\n"
+        u"Runs the plug-in in a folder. Its result goes to standard output, its log and uncaught "
+        "exceptions go to standard error. Exits with 0; with 1 if the script threw, a file could not be "
+        "read or the output could not be written; with 2 if the arguments are wrong.\n\n"
         "    quor-plugin my-plugin --parameters '{\"name\": \"Ada\"}'"_s);
     parser.addPositionalArgument(u"FOLDER"_s, u"Contains plugin.js and optionally texts.json."_s);
     const QCommandLineOption parametersOption(u"parameters"_s,

@@ -78,7 +78,7 @@ TEST(StatusItemPlan, ChoosesTheSymbolAndShowsOverTimeLiveAboveTheCutOutRingOnly)
     const QColor faintWhite = QColor::fromRgbF(1, 1, 1, 0.4F);
     const QColor blue(0x00, 0xBF, 0xF9);
     const QColor faintBlue = QColor::fromRgbF(0, blue.greenF(), blue.blueF(), 0.4F);
-    constexpr quint64 activeColor = 0xAB'00'BF'F9; // what is above 24 bits does not count
+    constexpr quint64 activeColor = 0xAB'00'BF'F9; // bits above the lowest 24 are ignored
     const struct {
         bool progress;
         std::optional<quint64> color;

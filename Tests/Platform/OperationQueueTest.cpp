@@ -64,7 +64,7 @@ TEST(OperationQueue, RunsAsManyAsItIsWide)
 {
     constexpr int width = 3;
     OperationQueue queue(width);
-    std::latch together(width); // lets nobody through unless three run at a time
+    std::latch together(width); // opens only when three run at the same time
     std::atomic<int> running = 0;
     for (int i = 0; i < 30; ++i) {
         queue.add([&, i] {
@@ -103,7 +103,7 @@ TEST(OperationQueue, EndsWithoutRunningWhatStillWaits)
     late->started.get_future().wait();
     queue.reset();
     EXPECT_TRUE(waiting->isFinished() && !late->isFinished());
-    late->finish(); // nobody is left to hear it
+    late->finish(); // no observer is left
 }
 
 TEST(OperationQueue, MayEndWithinItsOwnOperation)

@@ -30,7 +30,7 @@ TEST(TimeZones, ReadsTheVariableAsTheCLibraryDoes)
              "<+03>-3", "CET-1CEST,M3.5.0,M10.5.0/3", "EST5EDT,J60,J300", "no/such", "Europe/berlin", "A3"}) {
         qputenv("TZ", value);
         tzset();
-        // From the winter of 2024 to that of 2025, around every change of the clocks of these zones.
+        // From the winter of 2024 to the winter of 2025, around every change of the clocks of these zones.
         for (std::time_t moment = 1'704'067'200; moment < 1'737'000'000; moment += 3600) {
             std::tm local{};
             localtime_r(&moment, &local);

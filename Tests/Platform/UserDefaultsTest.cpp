@@ -94,7 +94,7 @@ TEST_F(UserDefaultsTest, MakesItsFoldersAndFilesForTheUserAlone)
     EXPECT_TRUE(lazy.setObject(true, u"key"_s));
     const QString made = home_.path(u"not/there/new/Preferences"_s);
     for (const auto& path : {home_.path(u"not/there"_s), made, made + "/key"_L1})
-        EXPECT_FALSE(QFile::permissions(path) & 0x77) << path.toStdString(); // the group's, everybody's
+        EXPECT_FALSE(QFile::permissions(path) & 0x77) << path.toStdString(); // of the group and of others
     QDir(made).removeRecursively();
     EXPECT_TRUE(lazy.setObject(true, u"key"_s)) << "a folder that was taken away comes back";
 }

@@ -26,7 +26,7 @@ TEST_F(MenuFaults, RowsThatNeverCome)
     xdotool(u"key Escape"_s);
     EXPECT_TRUE(shows(plain));
     EXPECT_TRUE(typing.takes(u"x"_s)) << "nobody's keys are kept";
-    // An answer of long ago opens it all the same.
+    // A late answer still opens the menu.
     answer(someRows());
     ASSERT_TRUE(menu->opens());
     EXPECT_TRUE(menu->hover(u"Review"_s));
@@ -155,7 +155,7 @@ TEST_F(MenuFaults, AHundredOpeningsLeaveMemoryFlat)
 #ifdef __SANITIZE_ADDRESS__ // which keeps aside what was freed
     EXPECT_TRUE(openAndClose(20));
 #else
-    ASSERT_TRUE(openAndClose(100)); // what is made once, fonts and icons, is no leak
+    ASSERT_TRUE(openAndClose(100)); // creates fonts and icons, which stay
     const long before = helper->privateMemory();
     ASSERT_TRUE(openAndClose(100));
     EXPECT_LT(helper->privateMemory() - before, 1024) << "kilobytes";

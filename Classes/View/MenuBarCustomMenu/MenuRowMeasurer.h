@@ -24,8 +24,8 @@ public:
     /// `clock` must outlive this object.
     MenuRowMeasurer(QWidget& parent, const platform::Clock& clock);
 
-    /// Returns the width of a menu with these rows: that of the widest row and `sideRoom`, at most
-    /// `maxWidth`, but never less than `atLeast`. The heights below are those at the last measuring.
+    /// Returns the width of a menu with these rows: the width of the widest row plus `sideRoom`, at most
+    /// `maxWidth`, but never less than `atLeast`. The heights below are as of the last measuring.
     [[nodiscard]] int measure(const std::vector<MenuEntry>& rows, int atLeast);
 
     [[nodiscard]] int cellHeight() const { return cellHeight_; }

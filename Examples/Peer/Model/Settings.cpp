@@ -25,8 +25,8 @@ const std::array fields{
         "write durations as decimal numbers"_L1},
     SettingField{"enableLogging"_L1, &Settings::enableLogging, "have the helper write its log"_L1},
     SettingField{"expectedWorkingTime"_L1, &Settings::expectedWorkingTime, "work expected of each day"_L1},
-    SettingField{"nonWorkingTime"_L1, &Settings::nonWorkingTime,
-        "part of each day that counts as worked without a timer"_L1},
+    SettingField{
+        "nonWorkingTime"_L1, &Settings::nonWorkingTime, "part of each day that is worked without a timer"_L1},
     SettingField{"singleTimer"_L1, &Settings::singleTimer, "starting a timer stops the others"_L1},
 };
 

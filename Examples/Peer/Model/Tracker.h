@@ -44,8 +44,8 @@ public:
     [[nodiscard]] const Settings& settings() const { return settings_; }
 
     [[nodiscard]] const Task* task(const QString& id) const; ///< null if there is none
-    [[nodiscard]] const TimeEntry* runningEntry(
-        const QString& taskID) const; ///< null if the task does not run
+    /// Returns null if the task does not run.
+    [[nodiscard]] const TimeEntry* runningEntry(const QString& taskID) const;
     [[nodiscard]] std::vector<TimeEntry> runningEntries() const; ///< by start, earliest first
 
     /// Appends a task for each name, in this order.

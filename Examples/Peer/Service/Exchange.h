@@ -18,8 +18,8 @@ class Exchange final {
 public:
     struct Handlers {
         platform::Callback<void()> openQuor; ///< bring the application to the front
-        platform::Callback<void()>
-            quitQuor; ///< quit the application; the helper has already been asked to quit
+        /// Quit the application; the helper has already been asked to quit.
+        platform::Callback<void()> quitQuor;
         platform::Callback<void()> notStored; ///< a change could not be written to disk
     };
 

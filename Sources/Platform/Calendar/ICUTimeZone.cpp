@@ -154,8 +154,8 @@ private:
 
     QTimeZone zone_;
     std::shared_ptr<const icu::TimeZone> icuZone_; ///< ICU's own zone of that name; UTC if there is none
-    mutable Known
-        known_; ///< saves most lookups, which cost some 20 times as much as the rest of a computation
+    /// Saves most lookups, which cost some 20 times as much as the rest of a computation.
+    mutable Known known_;
 };
 
 } // namespace

@@ -92,8 +92,8 @@ struct OperationQueue::State : std::enable_shared_from_this<State> {
     /// Counts the operation as running no more. A second call has no effect.
     void end(const Operation* operation)
     {
-        Running
-            ended; // destroyed after the lock is released, as the operation's destructor may call the queue
+        // Destroyed after the lock is released, as the operation's destructor may call the queue.
+        Running ended;
         const std::lock_guard lock(mutex);
         const auto index = indexOf(operation);
         if (index == running.size())

@@ -5,8 +5,8 @@ namespace quor::platform {
 
 class StatusItem;
 
-/// Shows status items to the user: the strip of this library, or a panel of the desktop. Items stay owned by
-/// the callers of `StatusBar::statusItem`. Main thread only.
+/// Shows status items to the user: in this library's own strip, or in a panel of the desktop. Items stay
+/// owned by the callers of `StatusBar::statusItem`. Main thread only.
 class StatusItemHost {
 public:
     virtual ~StatusItemHost() = default;

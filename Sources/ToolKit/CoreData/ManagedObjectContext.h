@@ -84,8 +84,8 @@ public:
     [[nodiscard]] bool hasChanges() const;
     [[nodiscard]] std::vector<ManagedObject> insertedObjects() const;
     [[nodiscard]] std::vector<ManagedObject> updatedObjects() const;
-    [[nodiscard]] std::vector<ManagedObject>
-    deletedObjects() const; ///< without records that were never saved
+    /// Without records that were never saved.
+    [[nodiscard]] std::vector<ManagedObject> deletedObjects() const;
 
     /// Writes all changes in one transaction and returns when they are on the disk. Does not use the file if
     /// there are no changes. After a failure all changes are still pending, and a later save tries again.

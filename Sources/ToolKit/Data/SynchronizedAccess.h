@@ -44,8 +44,8 @@ public:
 
 private:
     Value value_;
-    platform::DispatchQueue accessQueue_{
-        QByteArrayLiteral("SynchronizedAccess")}; ///< Last, so that it ends before the value.
+    /// Last, so that it ends before the value.
+    platform::DispatchQueue accessQueue_{QByteArrayLiteral("SynchronizedAccess")};
 };
 
 } // namespace quor::toolkit

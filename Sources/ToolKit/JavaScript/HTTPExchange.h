@@ -20,8 +20,8 @@ struct HTTPRequest {
     QString method; ///< sent unchanged
     QByteArray body = {};
     std::map<QString, Header> headers = {}; ///< by the name in lower case
-    std::chrono::milliseconds timeout
-        = std::chrono::seconds(60); ///< for the whole exchange, including redirects
+    /// For the whole exchange, including redirects.
+    std::chrono::milliseconds timeout = std::chrono::seconds(60);
     qint64 responseLimit = qint64(64) << 20; ///< of the body, in bytes after decompression
 
     /// Sets a header and replaces one with the same name. Ignores invalid names, values with line breaks or

@@ -29,8 +29,8 @@ public:
     [[nodiscard]] bool fileExists(const QString& path) const;
     /// Has no effect if `contents` has half of a surrogate pair.
     void writeToFile(const QString& path, const QString& contents) const;
-    [[nodiscard]] std::optional<QString> contentsOfFile(
-        const QString& path) const; ///< `nullopt` if not UTF-8
+    /// Returns `nullopt` on failure, and if the content is not UTF-8.
+    [[nodiscard]] std::optional<QString> contentsOfFile(const QString& path) const;
 
     [[nodiscard]] QString base64Encode(const QString& text) const; ///< encodes its UTF-8
     [[nodiscard]] QString base64Decode(const QString& text) const; ///< "" if it is not base64 of UTF-8

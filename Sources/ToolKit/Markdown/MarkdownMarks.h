@@ -15,8 +15,8 @@
 namespace quor::toolkit {
 
 struct MarkdownMark {
-    platform::TextRange
-        opening; ///< the mark before the content, which is removed; for an image the whole construct
+    /// The mark before the content, which is removed; for an image the whole construct.
+    platform::TextRange opening;
     platform::TextRange content; ///< the text that stays; empty for an image
     platform::TextRange closing; ///< the mark after the content, which is removed
     platform::TextRange argument; ///< destination of a link, name of an image

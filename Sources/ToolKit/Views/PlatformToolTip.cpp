@@ -169,7 +169,7 @@ void PlatformToolTip::draw(QPainter& context)
 void PlatformToolTip::changeEvent(QEvent* event)
 {
     PlatformView::changeEvent(event);
-    // The font sizes are fixed, but the family is that of the desktop.
+    // The font sizes are fixed, but the family is the desktop's.
     if (event->type() == QEvent::FontChange)
         updateLayout();
 }

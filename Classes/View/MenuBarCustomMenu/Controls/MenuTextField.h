@@ -7,8 +7,7 @@
 
 namespace quor::helper {
 
-/// A label that shows a `MenuLine`: plain text, which screen readers read as that of any label. Main
-/// thread only.
+/// A label that shows a `MenuLine`: plain text, which screen readers read like any label. Main thread only.
 class MenuTextField final : public QLabel {
     Q_OBJECT
 

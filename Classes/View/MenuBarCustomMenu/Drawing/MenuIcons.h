@@ -5,9 +5,9 @@
 
 #include <QString>
 
-/// The icons of rows, by the names that the main application sends. A name is looked up in the
-/// application's own resources first, then in the desktop's icon theme. Results are cached, also those for
-/// unknown names. Main thread only.
+/// The icons of rows, by the names that the main application sends. A name is looked up in the application's
+/// own resources first, then in the desktop's icon theme. Results are cached, also for unknown names. Main
+/// thread only.
 namespace quor::helper::MenuIcons {
 
 /// The largest width of an icon, relative to its height.

@@ -18,9 +18,8 @@ namespace quor::helper {
 ///     cell->data = entry;
 ///     cell->rebuild();
 ///
-/// Text and icon have the text colour of the row behind the cell, also while that is selected. The height
-/// of `sizeHint()` is the same for all entries: 16 with a menu font of 13 pixels, more with a larger one.
-/// Main thread only.
+/// Text and icon have the text colour of the row, also while the row is selected. The height of `sizeHint()`
+/// is the same for all entries: 16 with a menu font of 13 pixels, more with a larger one. Main thread only.
 class MenuCellView final : public QWidget {
     Q_OBJECT
 

@@ -53,8 +53,8 @@ private:
     std::uint32_t mailbox_ = 0; ///< The window to which the messages are sent.
     std::uint8_t inputOpcode_ = 0;
     std::deque<RawEvent> undecided_; ///< One for each message that is under way.
-    std::array<Receiver, 2>
-        pressReceivers_{}; ///< Who got the last press of the left and of the right button.
+    /// Who got the last press of the left and of the right button.
+    std::array<Receiver, 2> pressReceivers_{};
     MonitorList<EventMonitors::GlobalHandler> monitors_;
 };
 

@@ -18,7 +18,7 @@ namespace quor::platform {
 class Appearance;
 class StripWindow;
 
-/// The status bar of our own: a narrow window in the top right corner of the main screen. It stays above
+/// This library's own status bar: a narrow window in the top right corner of the main screen. It stays above
 /// all other windows, never takes the focus, and reserves its height so that maximized windows stay below.
 ///
 /// Items stand from right to left in the order of their creation, each in its width plus a little padding

@@ -11,7 +11,7 @@ namespace quor::toolkit {
 
 namespace {
 
-// If another program changes the file under each of so many attempts, the edits fail with a conflict.
+// If another program changes the file during each of this many attempts, the edits fail with a conflict.
 constexpr int mostAttempts = 5;
 
 } // namespace

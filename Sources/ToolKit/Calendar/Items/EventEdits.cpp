@@ -193,16 +193,16 @@ void dropOverrides(ItemFile& file, const QString& uid, Drops drops)
 EventStoreResult defectOf(const EventFields& fields, const EventFields& base)
 {
     if (!isWritable(fields.startDate) || !isWritable(fields.endDate))
-        return invalid(QStringLiteral("a date out of range"));
+        return invalid(QStringLiteral("a date is out of range"));
     if (fields.endDate < fields.startDate)
         return invalid(QStringLiteral("the end is before the start"));
     const bool isKnownZone = fields.timeZone.isEmpty() || fields.timeZone == base.timeZone
         || ItemZone::isMachineZone(fields.timeZone);
     if (!isKnownZone)
-        return invalid(QStringLiteral("an unknown time zone"));
+        return invalid(QStringLiteral("the time zone is unknown"));
     if (!fields.recurrenceRule.isEmpty() && fields.recurrenceRule != base.recurrenceRule
         && !ItemRule(fields.recurrenceRule.toUtf8()).isValid())
-        return invalid(QStringLiteral("a malformed rule"));
+        return invalid(QStringLiteral("the recurrence rule is malformed"));
     return std::nullopt;
 }
 
@@ -222,7 +222,7 @@ EventStoreResult saveItem(ItemFile& file, const EventChange& change)
     icalcomponent* event = masterOf(file, change.uid);
     if (change.occurrence) {
         if (change.fields.recurrenceRule != change.base.recurrenceRule)
-            return invalid(QStringLiteral("one occurrence of a series has no rule of its own"));
+            return invalid(QStringLiteral("one occurrence of a series cannot have a rule of its own"));
         icalcomponent* const own = overrideOf(file, change.uid, *change.occurrence);
         event = own ? own : makeOverride(event, *change.occurrence, *current);
     }

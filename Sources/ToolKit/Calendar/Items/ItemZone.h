@@ -35,8 +35,8 @@ public:
 private:
     QString name_;
     QTimeZone zone_;
-    std::shared_ptr<icaltimezone>
-        defined_; ///< the zone that the file defines; null for a zone of the machine
+    /// The zone that the file defines; null for a zone of the machine.
+    std::shared_ptr<icaltimezone> defined_;
 };
 
 /// Returns the definition of that name (VTIMEZONE) in a calendar, null if there is none. Borrowed.

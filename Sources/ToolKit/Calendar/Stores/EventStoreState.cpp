@@ -11,7 +11,8 @@ namespace quor::toolkit {
 
 namespace {
 
-/// Appends a failure to `failures`. Returns whether the change is done with, by success or for good.
+/// Appends a failure to `failures`. Returns whether no further attempt is needed: the change succeeded, or
+/// can never succeed.
 bool isSettled(const EventStoreResult& result, std::vector<EventStoreError>& failures)
 {
     if (!result)

@@ -55,8 +55,8 @@ private:
         std::atomic<std::thread::id>& occupant_;
     };
 
-    std::atomic<std::thread::id>
-        occupant_; ///< the thread that runs a block; only that thread can find its own id here
+    /// The thread that runs a block; only that thread can find its own id here.
+    std::atomic<std::thread::id> occupant_;
     platform::DispatchQueue queue_{QByteArrayLiteral("ManagedObjectContext")};
 };
 

@@ -37,8 +37,8 @@ struct ManagedRecord {
     bool isListed = false; ///< in `ObjectGraph::changed`
     bool awaitsOverlay = false; ///< in `ObjectGraph::awaitingOverlay`
     std::vector<AttributeValue> values; ///< in the order of the entity's attributes
-    std::vector<std::pair<std::size_t, AttributeValue>>
-        originals; ///< changed attributes by index, with the values that a rollback restores
+    /// Changed attributes by index, with the values that a rollback restores.
+    std::vector<std::pair<std::size_t, AttributeValue>> originals;
     std::vector<std::pair<QString, AttributeValue>> plainValues; ///< of a plain record, by key
 };
 

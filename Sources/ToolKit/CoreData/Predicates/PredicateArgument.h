@@ -39,10 +39,8 @@ public:
     [[nodiscard]] bool isList() const { return isList_; }
     /// The values of the list; for a single value, that one.
     [[nodiscard]] const std::vector<AttributeValue>& list() const { return values_; }
-    [[nodiscard]] const AttributeValue& value() const
-    {
-        return values_.front();
-    } ///< must not be called for a list
+    /// Must not be called for a list.
+    [[nodiscard]] const AttributeValue& value() const { return values_.front(); }
 
 private:
     std::vector<AttributeValue> values_;

@@ -33,8 +33,8 @@ struct JSONNode {
     };
 
     Kind kind = Kind::null;
-    std::uint32_t count
-        = 0; ///< Of the bytes of a text, the elements of an array, or the members of an object.
+    /// The number of bytes of a text, elements of an array, or members of an object.
+    std::uint32_t count = 0;
     union {
         bool boolean;
         std::uint64_t unsignedInteger = 0;

@@ -24,7 +24,7 @@ int wholePixels(double size)
 
 bool hasEqualDigits(const QFont& font)
 {
-    // The width of a run includes hinting and kerning, that of a single digit would not.
+    // The width of a run includes hinting and kerning, the width of a single digit does not.
     constexpr int run = 8;
     constexpr double slack = 1.0 / 64; // the resolution of Qt's text measures
     const QFontMetricsF metrics(font);

@@ -89,7 +89,7 @@ void drawSoftShadow(
     }
     const QRectF target(
         pixels.x() / scale, pixels.y() / scale, pixels.width() / scale, pixels.height() / scale);
-    // The standard deviation of a blur is half of it.
+    // The standard deviation is half of the blur.
     painter.drawImage(target, shadowOf(picture, color, blur / 2 * scale));
 }
 
