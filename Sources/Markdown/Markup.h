@@ -55,8 +55,8 @@ public:
     [[nodiscard]] MarkupChildren children() const;
 
     [[nodiscard]] MarkupIdentifier id() const { return {raw_.tree().rootId, raw_.index()}; }
-    /// The place in the parsed text. `nullopt` if the parser reports none, as for line breaks, and if
-    /// `RawMarkupBuilder` was given none.
+    /// The place in the parsed text. `nullopt` if the parser reports no range, as for line breaks, or if
+    /// `RawMarkupBuilder` got no range.
     [[nodiscard]] std::optional<SourceRange> range() const { return raw_.parsedRange(); }
     [[nodiscard]] AbsoluteRawMarkup absoluteRaw() const { return {raw_, {id(), indexInParent()}}; }
     [[nodiscard]] const RawMarkup& raw() const { return raw_; }

@@ -35,7 +35,7 @@ public:
     void setMessageText(const QString& text);
     void setInformativeText(const QString& text);
 
-    /// A view below the texts, in place of the one before; null for none. The caller keeps ownership: when
+    /// A view below the texts, in place of the one before; null removes it. The caller keeps ownership: when
     /// the view is replaced, or this alert ends, the view becomes hidden and has no parent.
     void setAccessoryView(QWidget* view);
     /// Returns the new button, owned by this alert.

@@ -22,13 +22,13 @@ class CustomTableView : public platform::TableView {
 public:
     explicit CustomTableView(QWidget* parent = nullptr);
 
-    /// The delegate is held weakly, and may end before the table. Null for none. Return and the space bar
+    /// The delegate is held weakly, and may end before the table. Null removes it. Return and the space bar
     /// are accepted also without a delegate.
     void setKeyDelegate(CustomTableViewKeyDelegate* keyDelegate);
     [[nodiscard]] CustomTableViewKeyDelegate* keyDelegate() const;
 
-    /// The context menu, borrowed and held weakly; null for none. It opens by a right click, by the menu key
-    /// and by a click with Control, and its row is selected, unless the row already is.
+    /// The context menu, borrowed and held weakly; null removes it. It opens by a right click, by the menu
+    /// key and by a click with Control, and its row is selected, unless the row already is.
     void setMenu(QMenu* menu);
 
     /// The row of the context menu that is open, or was closed less than 0.2 seconds ago; -1 if it was opened

@@ -9,12 +9,12 @@ namespace quor::toolkit {
 
 /// A monitor of the user's input, for the types of events in its mask. Removed when this object ends.
 ///
-/// Call `stop` before starting it again: otherwise the monitor that was started first stays installed
-/// for good. If the desktop doesn't allow a monitor, the handler is never called. Borrows the monitors, which
+/// Call `stop` before starting it again: otherwise the monitor that was started first stays installed for
+/// good. If the desktop does not allow a monitor, the handler is never called. Borrows the monitors, which
 /// must outlive it. Main thread only.
 class EventMonitor final {
 public:
-    /// Doesn't install a monitor yet.
+    /// Does not install a monitor yet.
     EventMonitor(platform::EventMonitors& monitors, platform::EventMask mask);
     ~EventMonitor();
     EventMonitor(const EventMonitor&) = delete;

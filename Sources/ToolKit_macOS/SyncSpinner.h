@@ -19,7 +19,7 @@ public:
     explicit SyncSpinner(SpinnerType type, QWidget* parent = nullptr);
 
     [[nodiscard]] SpinnerType type() const { return type_; }
-    /// Contains the image view. Doesn't turn itself.
+    /// Contains the image view. Does not turn itself.
     [[nodiscard]] QWidget& rotationView() { return *rotationView_; }
     [[nodiscard]] SpinnerImageView& imageView() { return *imageView_; }
     [[nodiscard]] const SpinnerImageView& imageView() const { return *imageView_; }

@@ -53,11 +53,10 @@ public:
     /// Shows an alert. One that is still on the screen is hidden, and its handler not called.
     void show(const AlertContent& content, Handler handler);
 
-    /// Hides the alert, and doesn't call the handler. Has no effect after a button was chosen.
+    /// Hides the alert, and does not call the handler. Has no effect after a button was chosen.
     void close();
 
-    /// The alert on the screen, or one whose button was chosen less than 0.3 seconds ago. Null if there is
-    /// none.
+    /// The alert on the screen, or one whose button was chosen less than 0.3 seconds ago; otherwise null.
     [[nodiscard]] Alert* alert() const { return alert_; }
 
     /// The handler of the present alert. Destroyed after its call.

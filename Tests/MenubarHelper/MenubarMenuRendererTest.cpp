@@ -20,7 +20,7 @@ using Action = MenuEntry::Entry::Action;
 
 namespace {
 
-// The window of the editor must not be one of our own.
+// The window of the editor must not belong to this process.
 const platform::RunningApplication editor{u"org.example.Editor"_s, 1'000'000};
 const QString givenBack = u"activate "_s + editor.bundleIdentifier;
 const QPointF elsewhere(700, 700);

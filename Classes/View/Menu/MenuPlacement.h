@@ -15,8 +15,8 @@ namespace quor::helper {
 /// aligned with its left edge, or with its right edge if it would cross the right edge of the screen's
 /// visible frame otherwise. It never begins to the left of the screen.
 ///
-/// All values are in the coordinates of `QScreen`. `screen` is the one that the anchor is on; without a
-/// screen the right edges are aligned.
+/// All values are in the coordinates of `QScreen`. `screen` is the screen of the anchor; without a screen the
+/// right edges are aligned.
 [[nodiscard]] QPoint menuPosition(
     const QRectF& anchor, const QSize& window, const std::optional<platform::Screen>& screen);
 

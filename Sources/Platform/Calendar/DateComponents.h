@@ -8,7 +8,7 @@ namespace quor::platform {
 /// A moment in the fields of a calendar, or the difference of two moments.
 ///
 /// Months count from 1, weekdays from 1 for Sunday, hours from 0. `Calendar::components` sets all fields,
-/// `Calendar::difference` only those that were asked for. `Calendar::date` accepts missing fields, and values
+/// `Calendar::difference` only the requested ones. `Calendar::date` accepts missing fields, and values
 /// outside their usual range.
 struct DateComponents {
     std::optional<int> era = std::nullopt; ///< in the Gregorian calendar 0 for BC, 1 for AD

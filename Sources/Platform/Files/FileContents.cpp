@@ -41,7 +41,7 @@ std::optional<QByteArray> readWhole(int file, qint64 limit)
         if (count < 0)
             return std::nullopt;
         if (count == 0)
-            break; // somebody has shortened the file
+            break; // another process has shortened the file
         filled += count;
     }
     bytes.truncate(filled);

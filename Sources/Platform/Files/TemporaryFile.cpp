@@ -53,8 +53,8 @@ TemporaryFile::~TemporaryFile()
         unlinkat(folder_, path_.constData(), 0);
 }
 
-// Between its creation and the lock the file looks like a leftover. Where somebody has just removed it,
-// another one is needed. From then on it is safe, until the descriptor is closed.
+// Between its creation and the lock the file looks like a leftover. If another process has just removed it,
+// another file is needed. Once locked it is safe, until the descriptor is closed.
 bool TemporaryFile::lock()
 {
     while (flock(file_.get(), LOCK_EX) != 0 && errno == EINTR) { }

@@ -11,7 +11,7 @@ namespace quor::platform {
 /// The files of one preferences suite, each the content of one key. Does not interpret the contents.
 ///
 /// A file is replaced as a whole, so a reader sees the old content or the new one, even if a writer dies.
-/// Nothing is cached or synced, and nobody waits for a lock. Any thread.
+/// Nothing is cached or synced, and no call waits for a lock. Any thread.
 class PreferenceFolder final {
 public:
     /// `path` is in the file system's encoding. A folder without a path (empty) cannot be opened.

@@ -71,10 +71,10 @@ public:
             moveOut(found->second, removed, isOf(target));
     }
 
-    /// Calls the targets of `event` in the order in which they were added; an empty `payload` means that
-    /// there is none. Any thread. On the main thread the targets are called before this returns. On another
-    /// thread they are called in a later turn of the main queue, if this object exists then; the caller must
-    /// keep it alive during this call.
+    /// Calls the targets of `event` in the order in which they were added; an empty `payload` means no
+    /// payload. Any thread. On the main thread the targets are called before this returns. On another thread
+    /// they are called in a later turn of the main queue, if this object exists then; the caller must keep it
+    /// alive during this call.
     ///
     /// Targets that are added during the calls are not called, targets that end before their turn are left
     /// out, and the calls stop if this object ends.

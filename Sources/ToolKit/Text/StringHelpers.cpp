@@ -109,7 +109,7 @@ QString filtered(QStringView text, bool wantsEmoji)
 
 QString withoutFileNameCharacters(const QString& text)
 {
-    // By code units: a slash with an accent is still a slash in a file name.
+    // By UTF-16 units: a slash with an accent is still a slash in a file name.
     QString kept = text;
     return kept.removeIf([](QChar character) { return QStringView(u"/\\?%*|\"<>").contains(character); });
 }

@@ -20,7 +20,7 @@ namespace quor::toolkit {
 /// Texts may contain the marks of `MarkdownParser`; an empty text takes no room. Lengths are
 /// device-independent pixels. The setters of texts, font sizes, padding and radius lay out and redraw the
 /// tip. Main thread only; on another thread the setters only store the value for the next layout, and the
-/// caller has to make sure that the main thread doesn't use the tip at the same time.
+/// caller has to make sure that the main thread does not use the tip at the same time.
 class PlatformToolTip : public PlatformView {
     Q_OBJECT
 

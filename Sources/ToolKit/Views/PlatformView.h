@@ -32,7 +32,7 @@ public:
     /// The painter of the present call of `draw`. Null at any other time.
     [[nodiscard]] QPainter* cgContext() const { return context_; }
 
-    /// A setting for derived classes, which this class doesn't use. True at first.
+    /// A setting for derived classes, which this class does not use. True at first.
     [[nodiscard]] bool isAnimated() const { return isAnimated_; }
     void setAnimated(bool isAnimated) { isAnimated_ = isAnimated; }
 

@@ -21,14 +21,14 @@ class TableViewRows;
 
 /// A scrolling column of rows, each shown by a widget. Only the rows on the screen have widgets, which are
 /// reused when rows come and go. So a million rows cost what a screenful costs, plus one number per row for
-/// the heights, or none after `setUniformRowHeight`.
+/// the heights, which `setUniformRowHeight` avoids.
 ///
 ///     list.setDataSource(&rows); // both are held weakly, and may end before the list
 ///     list.setDelegate(&rows);
 ///     list.reloadData();
 ///
 /// Lengths are device-independent pixels. A y in the content is counted from the upper edge of the content
-/// insets and doesn't change by scrolling. The content is at most 2^30 pixels high, and rows beyond that
+/// insets and does not change by scrolling. The content is at most 2^30 pixels high, and rows beyond that
 /// have no height. Main thread only.
 class TableView : public QAbstractScrollArea {
     Q_OBJECT
@@ -104,7 +104,7 @@ public:
     [[nodiscard]] bool isRowSelected(int row) const { return selection_.rows().contains(row); }
     /// Whether the user may select the row: it exists, and the delegate allows it.
     [[nodiscard]] bool maySelectRow(int row) const { return selection_.maySelect(row); }
-    /// Selects rows without asking the delegate, which is notified of the change. Rows that don't exist are
+    /// Selects rows without asking the delegate, which is notified of the change. Rows that do not exist are
     /// ignored. If only one row can be selected, the last of `rows` is. `byExtendingSelection` keeps what is
     /// selected, if several rows can be.
     void selectRowIndexes(const TableViewRowSet& rows, bool byExtendingSelection);

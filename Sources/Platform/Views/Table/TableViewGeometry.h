@@ -15,8 +15,8 @@ enum class TableViewDirection { up = -1, down = 1 };
 /// Where the rows of a table lie in its content, and which part of the content is on the screen. Made
 /// for one layout or one question; borrows the heights, and so must not outlive them.
 ///
-/// All lengths are device-independent pixels. y grows downwards, from the upper edge of the content,
-/// which is the upper edge of the insets, and doesn't change by scrolling.
+/// All lengths are device-independent pixels. y grows downwards, from the upper edge of the content, which is
+/// the upper edge of the insets, and does not change by scrolling.
 struct TableViewGeometry final {
     const TableViewRowHeights& heights; ///< with the spacing
     QMargins insets; ///< around the rows, as seen: left is left in a right-to-left layout too

@@ -20,7 +20,7 @@ class TableViewHover final : public QObject {
 public:
     explicit TableViewHover(TableView& table);
 
-    /// The window that the table is in now; null for none.
+    /// Sets the window that the table is in now; null if it is in no window.
     void watch(QWindow* window);
     /// Reports the row that lies under a resting pointer now, after the rows or the table have moved.
     void contentMoved();
@@ -36,7 +36,7 @@ private:
     void pointerMoved(const QPoint& globalPosition);
     void pointerLeft();
     void report(int row);
-    /// The row at the pointer, -1 for none; `nullopt` if something else lies at the pointer.
+    /// The row at the pointer; -1 if no row is there, `nullopt` if the pointer is not over the viewport.
     [[nodiscard]] std::optional<int> rowUnderPointer() const;
 
     TableView& table_;

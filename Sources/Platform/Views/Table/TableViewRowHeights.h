@@ -13,7 +13,7 @@ namespace quor::platform {
 /// height is taken as 0. The sum of all heights stops at `limit`: rows beyond it have the height 0.
 class TableViewRowHeights final {
 public:
-    /// Small enough that adding margins and scroll offsets doesn't overflow an int.
+    /// Small enough that adding margins and scroll offsets does not overflow an int.
     static constexpr int limit = 1 << 30;
 
     /// `count` rows of the same height.

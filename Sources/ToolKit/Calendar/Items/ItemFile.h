@@ -40,7 +40,8 @@ public:
 
     /// Returns the components of that kind with that identifier. Borrowed.
     [[nodiscard]] std::vector<icalcomponent*> components(icalcomponent_kind kind, const QString& uid) const;
-    /// Returns the one of them that is not an override of an occurrence, null if there is none. Borrowed.
+    /// Returns the component among them that is not an override of an occurrence. Returns null if there is no
+    /// such component. Borrowed.
     [[nodiscard]] icalcomponent* master(icalcomponent_kind kind, const QString& uid) const;
     /// Adds a component to the first calendar of the file, and returns it. Borrowed.
     icalcomponent* add(icalcomponent_kind kind, const QString& uid);

@@ -37,7 +37,7 @@ public:
     }
 
     [[nodiscard]] bool isList() const { return isList_; }
-    /// The values of the list; for a single value, that one.
+    /// The values of the list; for a single value, a list of this value.
     [[nodiscard]] const std::vector<AttributeValue>& list() const { return values_; }
     /// Must not be called for a list.
     [[nodiscard]] const AttributeValue& value() const { return values_.front(); }

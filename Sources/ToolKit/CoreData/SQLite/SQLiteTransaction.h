@@ -20,8 +20,8 @@ public:
     SQLiteTransaction(const SQLiteTransaction&) = delete;
     SQLiteTransaction& operator=(const SQLiteTransaction&) = delete;
 
-    /// A writing transaction waits for other writers, at most for the busy timeout. A reading one waits for
-    /// nobody and sees one state of the file until it ends.
+    /// A writing transaction waits for other writers, at most for the busy timeout. A reading transaction
+    /// does not wait, and sees one state of the file until it ends.
     [[nodiscard]] SQLiteDatabase::Failure beginWriting() { return begin("BEGIN IMMEDIATE"); }
     [[nodiscard]] SQLiteDatabase::Failure beginReading() { return begin("BEGIN"); }
 
