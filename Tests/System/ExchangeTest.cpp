@@ -6,8 +6,6 @@
 #include "System/Program.h"
 #include "System/Publisher.h"
 
-#include <QFile>
-
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -126,20 +124,6 @@ TEST_F(Exchange, AStormEndsWithTheLastStateAndLeavesMemoryFlat)
 #endif
     publisher.request({GroupStorage::Action::OpenMenu{}}); // closes the menu that the requests have opened
     EXPECT_TRUE(shows(first));
-}
-
-TEST_F(Exchange, ASuiteThatCannotBeOpenedIsTheProcessesOwnDefaults)
-{
-    QFile inTheWay(home.path(QStringLiteral("QX77Z4012M.com.quor-app")));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    inTheWay.close();
-    startHelper();
-    publisher.publish(totalOf(60, blue)); // lands in the test's own defaults
-    const QImage clock = nextItem(bare);
-    ASSERT_FALSE(clock.isNull());
-    EXPECT_EQ(countOf(blueOnScreen, clock), 0) << "both sides stay apart";
-    EXPECT_TRUE(
-        QFile::exists(home.path(QStringLiteral("com.quor-app.Quor3-MenubarHelper/Preferences/action"))));
 }
 
 TEST_F(Exchange, AShellScriptCanBeTheMainApplication)

@@ -64,17 +64,6 @@ TEST_F(HelperEnds, DoesNotBeginWithoutABusADisplayOrASecondTime)
     EXPECT_TRUE(helper->isRunning()) << "the first one goes on";
 }
 
-TEST_F(HelperEnds, OnHelperKillAndLeavesNothingOnTheScreen)
-{
-    startHelper();
-    publisher.publish(totalOf(60));
-    ASSERT_FALSE(nextItem({}).isNull());
-    publisher.bridge.postNotification(InterAppNotification::helperKill);
-    ASSERT_TRUE(helper->ends());
-    EXPECT_EQ(helper->exitCode(), 0) << qPrintable(helper->errors());
-    EXPECT_TRUE(waitFor([] { return shownItem().isNull(); }));
-}
-
 TEST_F(HelperEnds, WhenTheBusGoesInsteadOfSpinning)
 {
     QProcess bus;

@@ -2,9 +2,6 @@
 // How the menu copes with faulty main applications and with events from outside.
 #include "System/MenuFixture.h"
 
-#include <QWidget>
-#include <QWindow>
-
 using namespace quor;
 using namespace quor::test;
 using namespace std::chrono_literals;
@@ -52,22 +49,6 @@ TEST_F(MenuFaults, RowsThatComeTwiceOrCannotBeReadOrAreNone)
     EXPECT_TRUE(holds({Action::StartTimer{u"T2"_s}})) << "as good as before";
 }
 
-TEST_F(MenuFaults, RowsThatChangeUnderAPressedButtonAreNotChosenByMistake)
-{
-    startHelper();
-    open();
-    ASSERT_TRUE(menu->hover(u"Review"_s));
-    xdotool(u"mousedown 1 key x"_s);
-    ASSERT_TRUE(isAsked()) << "so it has seen the press, too";
-    Rows others = someRows();
-    others[6] = row(u"Planning"_s, {Entry::Action::Start{u"T3"_s}});
-    answer(others);
-    ASSERT_TRUE(menu->shows(u"Planning"_s));
-    xdotool(u"mouseup 1"_s);
-    EXPECT_TRUE(menu->hover(u"Show"_s)) << "it is still there";
-    EXPECT_EQ(storage().action(), Action());
-}
-
 TEST_F(MenuFaults, TheHelperEndsWithTheMenuOpenAndAtAClickOnceTheMainApplicationHasGone)
 {
     startHelper();
@@ -85,20 +66,6 @@ TEST_F(MenuFaults, TheHelperEndsWithTheMenuOpenAndAtAClickOnceTheMainApplication
     publisher.bridge.postNotification(InterAppNotification::helperKill);
     ASSERT_TRUE(helper->ends());
     EXPECT_EQ(helper->exitCode(), 0) << qPrintable(helper->errors());
-}
-
-TEST_F(MenuFaults, ABubbleThatPopsUpDoesNotCloseIt)
-{
-    startHelper();
-    open();
-    QWidget bubble(nullptr, Qt::ToolTip | Qt::WindowStaysOnTopHint);
-    bubble.setAttribute(Qt::WA_ShowWithoutActivating);
-    bubble.setGeometry(900, 600, 200, 60);
-    bubble.show();
-    ASSERT_TRUE(waitFor([&] { return bubble.windowHandle()->isExposed(); }));
-    EXPECT_TRUE(menu->hover(u"Review"_s));
-    xdotool(u"key Return"_s);
-    EXPECT_TRUE(holds({Action::StartTimer{u"T2"_s}}));
 }
 
 TEST_F(MenuFaults, AScreenThatChangesTakesItAlong)

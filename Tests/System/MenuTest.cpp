@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 class MenuFocus : public MenuFixture { };
-class MenuKeys : public MenuFixture { };
+class MovedItem : public MenuFixture { };
 
 /// A way to open or close the menu.
 struct Way {
@@ -173,27 +173,7 @@ TEST_F(MenuFocus, TheWindowHangsUnderTheItemAtEachScaleAndIsNeverElsewhere)
     }
 }
 
-TEST_F(MenuKeys, TheArrowsRewindWhatRunsAndNothingElse)
-{
-    startHelper();
-    open();
-    ASSERT_TRUE(menu->shows(u"Quit"_s));
-    xdotool(u"key Down Left"_s);
-    EXPECT_TRUE(holds({Action::AdjustTimer{u"T1"_s, -60}}));
-    xdotool(u"key Right"_s);
-    EXPECT_TRUE(holds({Action::AdjustTimer{u"T1"_s, 60}}));
-    storage().setAction({});
-    xdotool(u"key Down Left Right"_s);
-    EXPECT_TRUE(menu->selects(u"Review"_s));
-    EXPECT_EQ(storage().action(), Action());
-    for (int times = 0; times < 2; ++times)
-        ASSERT_TRUE(menu->click(u"5 minutes earlier"_s, 1));
-    ASSERT_TRUE(menu->click(u"Stop 10 min. ago"_s)) << "the row counts on";
-    EXPECT_TRUE(holds({Action::StopTimer{u"T1"_s, -600}}));
-    EXPECT_TRUE(menu->closes());
-}
-
-TEST_F(MenuKeys, AClickThatMovesTheItemOpensNothing)
+TEST_F(MovedItem, AClickThatMovesTheItemOpensNothing)
 {
     startHelper();
     const int before = publisher.posts;
@@ -278,6 +258,24 @@ TEST_F(MenuAndPeer, KeysAloneFromOpeningToQuitting)
     ASSERT_TRUE(menu.shows(u"Quit Quor"_s));
     xdotool(u"key Down Down Down Down Down Return"_s);
     EXPECT_TRUE(main.ends());
+    EXPECT_TRUE(helper.ends());
+    EXPECT_EQ(helper.exitCode(), 0) << qPrintable(helper.errors());
+}
+
+TEST_F(MenuAndPeer, TheItemShowsStartsStopsAndSettingsAsTheyHappen)
+{
+    const QColor green(0x00, 0xCA, 0x8F);
+    peer({u"add"_s, u"Sketch"_s, u"--color"_s, u"00CA8F"_s});
+    peer({u"set"_s, u"menuBarShowDailyTotal=true"_s, u"menuBarShowActiveTask=true"_s,
+        u"menuBarShowDayProgress=false"_s, u"menuBarShowRunningTimer=true"_s});
+    peer({u"start"_s, u"Sketch"_s});
+    EXPECT_TRUE(waitFor([&] { return countOf(green, shownItem()) > 20; }));
+    const QImage running = shownItem();
+    peer({u"set"_s, u"menuBarShowActiveTask=false"_s});
+    EXPECT_LT(nextItem(running).width(), running.width());
+    peer({u"stop"_s});
+    EXPECT_TRUE(waitFor([&] { return countOf(green, shownItem()) == 0; }));
+    peer({u"kill-helper"_s});
     EXPECT_TRUE(helper.ends());
     EXPECT_EQ(helper.exitCode(), 0) << qPrintable(helper.errors());
 }
