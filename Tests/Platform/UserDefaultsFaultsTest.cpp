@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Preferences/UserDefaults.h"
-#include "Support/Files.h"
 #include "Support/TemporaryDataHome.h"
 
 #include <gtest/gtest.h>
@@ -9,7 +8,6 @@
 #include <csignal>
 #include <thread>
 
-#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -71,35 +69,6 @@ TEST_F(UserDefaultsFaultsTest, ReadersSeeWholeValuesWhileWritersDie)
     writer.join();
     EXPECT_TRUE(defaults_.setObject(wholeValue(0), key));
     EXPECT_EQ(temporaries(), QStringList());
-}
-
-TEST_F(UserDefaultsFaultsTest, AWriteRemovesWhatDeadWritersLeft)
-{
-    for (const auto& name : {u".quor-dead.new"_s, u".quor-0.new"_s, u".another's"_s})
-        ASSERT_TRUE(quor::test::writeFile(folder_ + u'/' + name, "half a val"));
-    EXPECT_TRUE(defaults_.setObject(true, key));
-    EXPECT_EQ(temporaries(), QStringList{u".another's"_s});
-}
-
-TEST_F(UserDefaultsFaultsTest, AValueThatDoesNotFitLeavesTheOldOne)
-{
-    ASSERT_TRUE(defaults_.setObject(u"old"_s, key));
-    rlimit limit{};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small{4096, limit.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &small);
-    EXPECT_FALSE(defaults_.setObject(QByteArray(5000, 'n'), key));
-    setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(quor::test::readFile(folder_ + "/timerData"_L1), "string\nold");
-    EXPECT_EQ(temporaries(), QStringList());
-}
-
-TEST_F(UserDefaultsFaultsTest, RefusesEndlessValues)
-{
-    QFile endless(folder_ + "/endless"_L1);
-    ASSERT_TRUE(endless.open(QIODevice::WriteOnly) && endless.write("data\n") > 0);
-    ASSERT_TRUE(endless.resize(qint64(1) << 40)); // sparse
-    EXPECT_EQ(defaults_.dataForKey(u"endless"_s), std::nullopt);
 }
 
 } // namespace

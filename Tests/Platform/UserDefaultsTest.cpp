@@ -118,11 +118,15 @@ TEST_F(UserDefaultsTest, StandardDefaultsStandInForASuiteThatCannotBeOpened)
         << "a suite that can be opened but has no such key";
 }
 
-TEST_F(UserDefaultsTest, TakesRegularFilesOnly)
+TEST_F(UserDefaultsTest, TakesRegularFilesOfBoundedSizeOnly)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(folder() + "/pipe"_L1).constData(), 0600), 0);
     ASSERT_TRUE(QDir(folder()).mkdir(u"folder"_s));
-    EXPECT_FALSE(defaults_.dataForKey(u"pipe"_s) || defaults_.dataForKey(u"folder"_s));
+    QFile endless(folder() + "/endless"_L1);
+    ASSERT_TRUE(endless.open(QIODevice::WriteOnly) && endless.write("data\n") > 0);
+    ASSERT_TRUE(endless.resize(qint64(1) << 40)); // sparse
+    for (const auto& key : {u"pipe"_s, u"folder"_s, u"endless"_s})
+        EXPECT_EQ(defaults_.dataForKey(key), std::nullopt) << key.toStdString();
     EXPECT_TRUE(defaults_.setObject(true, u"pipe"_s));
     EXPECT_FALSE(defaults_.setObject(true, u"folder"_s) || defaults_.removeObject(u"folder"_s));
 }

@@ -29,7 +29,8 @@ protected:
 
 TEST_F(GroupStorageTest, EachKeyIsAFileWithThisNameAndTheseBytes)
 {
-    const MenubarStatusItemData data{28800, 0.5, 60, true, 0xF58C6E, {1700000000.5}, u"Büro"_s, true, false};
+    const MenubarStatusItemData data{
+        28800, 0.5, 60, true, 0xF58C6E, {1700000000.5}, u"Büro"_s, true, false, true, false};
     const std::vector<MenuEntry> entries{{MenuEntry::Search{}}, {MenuEntry::StopPast{u"T1"_s}}};
     const Action action{Action::StopTimer{u"T1"_s, -300}};
     const struct {
@@ -42,7 +43,7 @@ TEST_F(GroupStorageTest, EachKeyIsAFileWithThisNameAndTheseBytes)
             "data\n{\"expectedWorkingTime\":28800,\"nonWorkingTime\":0.5,\"inactiveTotalTimeToday\":60,"
             "\"trackerActive\":true,\"activeColor\":16092270,\"activeStartTimes\":[1700000000.5],"
             "\"taskName\":\"Büro\",\"menuBarShowActiveTask\":true,\"menuBarShowDayProgress\":false,"
-            "\"menuBarShowRunningTimer\":false,\"menuBarShowDailyTotal\":false}",
+            "\"menuBarShowRunningTimer\":true,\"menuBarShowDailyTotal\":false}",
             [&] { storage_.setTimerData(data); }, [&] { return storage_.timerData() == data; }},
         {u"menuEntryData"_s, "data\n[{\"search\":{}},{\"stopPast\":{\"_0\":\"T1\"}}]",
             [&] { storage_.setMenuEntryData(entries); }, [&] { return storage_.menuEntryData() == entries; }},

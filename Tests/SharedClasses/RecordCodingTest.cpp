@@ -42,15 +42,6 @@ void expectForm(const Record& record, const QByteArray& text)
     EXPECT_EQ(JSONEncoder().encode(record), text);
 }
 
-TEST(RecordCoding, StatusRecord)
-{
-    expectForm(MenubarStatusItemData{28800, 0.5, -1, true, 0xFF0000, {1700000000.5, 1700000001}, u"Büro"_s,
-                   true, false, true, false},
-        status);
-    const auto atRest = JSONEncoder().encode(MenubarStatusItemData{});
-    EXPECT_EQ(JSONDecoder().decode<MenubarStatusItemData>(*atRest), MenubarStatusItemData{});
-}
-
 TEST(RecordCoding, StatusRecordNeedsEachFieldInItsType)
 {
     const struct {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/Lists/PersistableList.h"
 #include "Support/Files.h"
-#include "Support/TinyDisk.h"
 
 #include <QTemporaryDir>
 
@@ -11,7 +10,6 @@
 #include <thread>
 
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -167,27 +165,6 @@ TEST_F(PersistableListTest, AFlushReplacesFilesAsAWholeAndRemovesWhatDeadWriters
     EXPECT_EQ(content(u"../before"_s), "{\"ab\":1}") << "a reader that has the old file open reads on in it";
     EXPECT_EQ(QFile::permissions(path(u"AB"_s)) & 0x77, QFile::ReadGroup);
     EXPECT_EQ(files(), QStringList{u"AB"_s});
-}
-
-TEST_F(PersistableListTest, AFullDiskLeavesTheOldContent)
-{
-    constexpr int cannotMount = 77;
-    QDir().mkpath(path());
-    const pid_t child = fork();
-    if (child == 0) {
-        if (!quor::test::mountTinyDisk(path()))
-            _exit(cannotMount);
-        put(u"AB"_s, "{\"ab\":1}");
-        bool isWritten = false;
-        for (const auto& name : {u"AB"_s, u"CD"_s})
-            isWritten = FileManager().write(QByteArray(1 << 20, 'x'), path(name)) || isWritten;
-        _exit(!isWritten && content(u"AB"_s) == "{\"ab\":1}" && files() == QStringList{u"AB"_s} ? 0 : 1);
-    }
-    int status = -1;
-    ASSERT_EQ(waitpid(child, &status, 0), child);
-    if (WEXITSTATUS(status) == cannotMount)
-        GTEST_SKIP() << "this system lets no user mount";
-    EXPECT_EQ(status, 0);
 }
 
 TEST_F(PersistableListTest, ThreadsShareAListAndItsEndWaitsForThem)

@@ -28,6 +28,15 @@ protected:
                 "SUMMARY:A\nDTSTART:20261102T090000Z\nX-OWN;P=\"q\":kept\n" + more
                     + "BEGIN:VALARM\nACTION:DISPLAY\nTRIGGER:-PT5M\nEND:VALARM"));
     }
+    void writeMany(int count) const
+    {
+        QByteArray lines;
+        for (int i = 0; i < count; ++i)
+            lines += TestCalendars::event(
+                         QByteArray::number(i), "SUMMARY:-\nX-OWN:kept\nDTSTART:20261102T090000Z")
+                + "\n";
+        calendars_.write(u"many.ics"_s, lines.trimmed());
+    }
 
     TestCalendars calendars_;
     EventStore store_{calendars_.options()};
@@ -60,10 +69,7 @@ TEST_F(Faults, TwoProgramsThatSaveOneEventLoseNothing)
 
 TEST_F(Faults, TwoProcessesWriteTheSameFileInTurn)
 {
-    QByteArray lines;
-    for (int i = 0; i < 40; ++i)
-        lines += TestCalendars::event(QByteArray::number(i), "SUMMARY:-\nDTSTART:20261102T090000Z") + "\n";
-    calendars_.write(u"many.ics"_s, lines.trimmed());
+    writeMany(40);
     const auto edit = [&](int parity) {
         EventStore store(calendars_.options());
         bool isDone = true;
@@ -123,24 +129,20 @@ TEST_F(Faults, BrokenFilesAreSkippedAndNeverWritten)
 TEST_F(Faults, WhatCannotBeSavedIsAnswered)
 {
     const auto event = newEvent(store_, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00");
-    const auto kind = [&](auto change) {
-        change(*event);
-        const auto failure = store_.saveEvent(event, EventSpan::thisEvent, true);
-        event->setStartDate(utc("2026-11-02T09:00"));
-        event->setEndDate(utc("2026-11-02T10:00"));
-        event->setTimeZone({});
-        event->setRecurrenceRule({});
-        return failure.value().kind();
-    };
-    EXPECT_EQ(kind([](Event& each) { each.setStartDate(utc("2026-11-03T00:00")); }), Kind::invalid);
-    EXPECT_EQ(kind([](Event& each) { each.setEndDate(quor::platform::dateFromSeconds(std::nan(""))); }),
-        Kind::invalid);
-    EXPECT_EQ(
-        kind([](Event& each) { each.setEndDate(quor::platform::dateFromSeconds(1e300)); }), Kind::invalid);
-    EXPECT_EQ(kind([](Event& each) { each.setTimeZone(u"Middle/Nowhere"_s); }), Kind::invalid);
-    EXPECT_EQ(kind([](Event& each) { each.setRecurrenceRule(u"FREQ=SOMETIMES"_s); }), Kind::invalid);
-    EXPECT_TRUE(calendars_.files().isEmpty());
     const auto nan = quor::platform::dateFromSeconds(std::nan(""));
+    const std::function<void(Event&)> changes[] = {
+        [](Event& each) { each.setStartDate(utc("2026-11-03T00:00")); },
+        [&](Event& each) { each.setEndDate(nan); },
+        [](Event& each) { each.setEndDate(quor::platform::dateFromSeconds(1e300)); },
+        [](Event& each) { each.setTimeZone(u"Middle/Nowhere"_s); },
+        [](Event& each) { each.setRecurrenceRule(u"FREQ=SOMETIMES"_s); },
+    };
+    for (const auto& change : changes) {
+        const auto invalid = newEvent(store_, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00");
+        change(*invalid);
+        EXPECT_EQ(store_.saveEvent(invalid, EventSpan::thisEvent, true).value().kind(), Kind::invalid);
+    }
+    EXPECT_TRUE(calendars_.files().isEmpty());
     EXPECT_TRUE(store_.eventsMatching(store_.predicateForEvents(nan, nan)).empty());
     // The folder goes while the event is staged.
     ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, false));
@@ -231,12 +233,7 @@ TEST_F(Faults, AFullDiskAndAReadOnlyFolderLeaveTheOldAndKeepTheNew)
 
 TEST_F(Faults, OneOfTenThousandEventsInAFileIsSaved)
 {
-    QByteArray lines;
-    for (int i = 0; i < 10'000; ++i)
-        lines
-            += TestCalendars::event(QByteArray::number(i), "SUMMARY:-\nX-OWN:kept\nDTSTART:20261102T090000Z")
-            + "\n";
-    calendars_.write(u"many.ics"_s, lines.trimmed());
+    writeMany(10'000);
     Events read = all();
     ASSERT_EQ(read.size(), 10'000u);
     read[5'000]->setTitle(u"Changed"_s);
