@@ -77,6 +77,7 @@ TEST_F(TableViewSelectionTest, ClicksSelectToggleAndExtend)
     EXPECT_FALSE(selection.click(7, control) || selection.click(-1, {})) << "one row stays selected";
     selection.setAllowsMultiple(false);
     selection.click(9, shift);
+    EXPECT_FALSE(selection.selectAll());
     EXPECT_THAT(selection.rows().runs(), ElementsAre(Run{9, 9}));
 }
 
@@ -98,6 +99,9 @@ TEST_F(TableViewSelectionTest, StepsExtendFromTheAnchorBackAndForth)
     selection.selectAll();
     EXPECT_THAT(selection.rows().runs(), ElementsAre(Run{1, 98}));
     EXPECT_EQ(selection.selectedRow(), 11);
+    selection.select(TableViewRowSet(99), false);
+    selection.selectAll();
+    EXPECT_EQ(selection.selectedRow(), 1) << "the barred row is not selected any more";
 }
 
 TEST_F(TableViewSelectionTest, KeepsToTheRowsThatTheListHas)

@@ -39,7 +39,9 @@ class MenuSession final : public QObject {
 public:
     enum class End {
         closed, ///< by the user, by the window manager, or because the item is not visible any more
-        lostKeyboard, ///< on a desktop that hides presses elsewhere, of which this is the only sign
+        /// The window lost the keyboard. Reported only on desktops where presses in other applications cannot
+        /// be observed (see `WindowServer::missesPresses`).
+        lostKeyboard,
     };
 
     /// Borrows both, which must outlive the session.
@@ -48,19 +50,30 @@ public:
     /// user asked for the menu (see `forgetPreviousActiveApp`).
     ~MenuSession() override;
 
-    /// The session is over. The owner must destroy it, within this call or soon after.
+    /// The session is over. The owner must destroy it, within this call or soon after. Every function that
+    /// may call this says so; otherwise it is called from the event loop.
     platform::Callback<void(End end)> ended;
-    /// The list was created, and is not shown yet. The owner sets its handlers.
+    /// The list was created, and is not shown yet. The owner sets the handlers of the list, and must not
+    /// destroy the session within this call.
     platform::Callback<void(MenuBarCustomMenu& list)> listCreated;
 
-    /// The user has asked for the menu, for the first time or again while rows are awaited. From now on the
-    /// keys that are typed are kept for the search field. The window will hang below `eventFrame` (screen
-    /// coordinates in device-independent pixels).
+    /// The user has asked for the menu, for the first time or again while rows are awaited. Must not be
+    /// called while the window is open. The window will hang below `eventFrame` (screen coordinates in
+    /// device-independent pixels); without this call it hangs below the item's button.
+    ///
+    /// For up to two seconds, the session keeps all typed keys for the search field. If the window is not
+    /// open by then, other applications get the keys again, and of the kept keys only the text stays. Escape
+    /// ends the session.
+    ///
+    /// `previousActiveApp` gets the keyboard back when the session ends; with `nullopt`, no application does.
+    /// If the user presses in another application before the window is open, the session drops the kept keys
+    /// and `previousActiveApp`.
     void awaitRows(
         const QRectF& eventFrame, const std::optional<platform::RunningApplication>& previousActiveApp);
 
-    /// Opens the window with these rows, or shows them in the open one. Ends the session if the item is not
-    /// visible.
+    /// Opens the window with these rows, or shows them in the open window. The first call calls
+    /// `listCreated`, before the list is shown. May call `ended` before it returns: if the item is not
+    /// visible, or if the kept keys end the session.
     void showEntries(std::vector<MenuEntry> entries);
 
     /// Leaves the keyboard where it is when the session ends.

@@ -12,28 +12,36 @@ namespace quor::platform {
 
 /// What `TemporaryFile::commit` does with a file that already has the target's name.
 enum class TargetFile {
-    replace, ///< It is replaced. Of a symbolic link, the link is replaced, not its target.
+    replace, ///< It is replaced. A symbolic link is replaced itself, not the file that it leads to.
     mustNotExist, ///< The commit fails with `std::errc::file_exists`.
-    exchange, ///< They exchange names. Fails with `invalid_argument` if the file system cannot.
+    /// The two files exchange names. The commit fails with `std::errc::no_such_file_or_directory` if no file
+    /// has the target's name, and with `invalid_argument` if the file system cannot exchange names.
+    exchange,
 };
 
 /// A new file that is written under a temporary name and takes the name of its target when it is complete.
-/// Readers find either all of the old content or all of the new one, even if the writer is killed.
+/// Readers of the target always see either the complete old content or the complete new content, even if the
+/// writer is killed.
 ///
 ///     TemporaryFile file(path, 0600);
 ///     file.write(bytes);
 ///     const std::error_code error = file.commit();
 ///
-/// After the first failure, later calls have no effect, and `commit` returns that failure. A file that was
-/// not committed is removed with this object. If the writer was killed, `removeLeftovers` removes the file;
-/// it skips files that are still being written, because their writers hold a lock on them. The temporary
-/// name, `.quor-<random>.new` in the target's folder, is hidden and never used twice.
+/// After the first failure, later calls have no effect, and `commit` returns that failure. Only a failed
+/// `exchange` is not kept: the caller can then commit again with another choice.
+///
+/// The destructor removes a file that was not committed. `removeLeftovers` removes the files of killed
+/// writers. A `TemporaryFile` locks its file, so that `removeLeftovers` skips files that are still being
+/// written. The temporary name, `.quor-<random>.new` in the target's folder, is hidden and never used twice.
 ///
 /// One thread at a time.
 class TemporaryFile final {
 public:
-    /// Creates the file with permissions `mode` less the process's mask. A relative `target` starts in
-    /// `folder`, an open descriptor that must stay open, or in the working folder without one.
+    /// Creates the file with the permissions `mode`, with the bits of the process's umask cleared. If that
+    /// fails, `error()` says why.
+    ///
+    /// A relative `target` is resolved against `folder`, an open descriptor that must stay open as long as
+    /// this object exists; by default against the working folder.
     TemporaryFile(const QByteArray& target, mode_t mode, int folder = AT_FDCWD);
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
@@ -43,19 +51,24 @@ public:
     [[nodiscard]] std::error_code error() const { return error_; }
     /// Borrowed; for `fstat` and the like. Negative if the file could not be created.
     [[nodiscard]] int descriptor() const { return file_.get(); }
-    /// The temporary name, with the path of `target` before it.
+    /// The temporary name, with the folders of `target` before it. Empty if the file could not be created,
+    /// and after a commit that has renamed it to the target's name.
     [[nodiscard]] const QByteArray& path() const { return path_; }
 
     void write(QByteArrayView bytes);
-    /// Gives the file the permissions of the target, where that is a regular file.
+    /// Copies the bits to read, write and execute from the target, but not its owner or its special bits. Has
+    /// no effect if the target is missing or is not a regular file.
     void copyPermissionsOfTarget();
-    /// Waits until the content is on the disk. Without it, a power cut soon after the commit can leave the
-    /// target empty.
+    /// Waits until the data of the file is on the disk. Without it, a power cut soon after the commit can
+    /// leave the target empty. Does not sync the folder: a power cut can still undo the commit.
     void sync();
 
-    /// Gives the file the target's name. After an exchange the temporary name belongs to the former target,
-    /// which is removed with this object; a second exchange undoes the first. The former target is not
-    /// locked: while it can still be needed, no other process must call `removeLeftovers` for the folder.
+    /// Gives the file the target's name. Must not be called again after it has succeeded, unless that was an
+    /// exchange.
+    ///
+    /// After an exchange the former target has the temporary name, and the destructor removes it. A second
+    /// exchange restores both names. The former target is not locked: nobody must call `removeLeftovers` for
+    /// this folder before this object is destroyed.
     [[nodiscard]] std::error_code commit(TargetFile existing = TargetFile::replace);
 
 private:
@@ -70,18 +83,21 @@ private:
 };
 
 enum class Permissions {
-    fixed, ///< The file gets `mode`.
-    ofTarget, ///< The file keeps the permissions of the one it replaces. A new file gets `mode`.
+    fixed, ///< The file gets `mode`, with the bits of the process's umask cleared.
+    ofTarget, ///< As `TemporaryFile::copyPermissionsOfTarget`. A new file gets `mode`, as with `fixed`.
 };
 
-/// Replaces the file, or creates it. On failure, the old file stays as it was. Never syncs.
+/// Replaces the file `target`, or creates it, by a `TemporaryFile`. On failure, the old file stays as it was.
+/// Does not sync.
 [[nodiscard]] std::error_code replaceFile(const QByteArray& target, QByteArrayView bytes, mode_t mode,
     Permissions permissions, int folder = AT_FDCWD);
 
-/// Removes the files that killed writers left under temporary names in an open folder. Files that a
-/// `TemporaryFile` of any process or thread is still writing stay. On a file system without locks, all stay.
-/// Costs one pass over the names of the folder: call it at each write if the folder has few files, else when
-/// the folder is opened.
+/// Removes the files that killed writers left under temporary names in an open folder. Keeps the files that a
+/// `TemporaryFile` of any process or thread is still writing; on a file system without locks, keeps all
+/// files. Errors are ignored.
+///
+/// Reads all names in the folder. If the folder has few files, call it at each write; otherwise call it once,
+/// when the folder is opened.
 void removeLeftovers(int folder);
 
 } // namespace quor::platform

@@ -24,35 +24,44 @@ public:
     DurationFormatter(const DurationFormatter&) = delete;
     DurationFormatter& operator=(const DurationFormatter&) = delete;
 
-    /// `showWorkingDays` splits off whole working days, `showDurationInPercent` selects the decimal form. If
-    /// `workingDayLengthSeconds` is 0, negative or not finite, no text has working days and the decimal form
-    /// is in hours.
+    /// `showWorkingDays` splits off whole working days, `showDurationInPercent` selects the decimal form.
+    /// Both are false by default. `workingDayLengthSeconds` is 28800 by default, which is 8 hours. If it is
+    /// 0, negative or not finite, no text has working days and the decimal form is in hours.
     virtual void configure(bool showWorkingDays, bool showDurationInPercent, double workingDayLengthSeconds);
 
-    /// The form that the settings select: the decimal form with its unit and at most 2 fraction digits, or
-    /// the clock form without seconds. `showMinutes` affects the clock form only.
+    /// Returns the form that the settings select: the decimal form with its unit and at most 2 fraction
+    /// digits, or the clock form without seconds. `showMinutes` affects the clock form only.
     [[nodiscard]] virtual QString string(double duration, bool showMinutes) const;
 
-    /// The seconds that a text of either form says: a number of days before the unit of working days, then
-    /// "hours:minutes" or hours alone. Blanks of any kind, and what follows the minutes, are ignored. A minus
-    /// sign applies to its own number only. Returns `nullopt` if one of the three is not a number, and if the
-    /// sum is not finite.
+    /// Parses a text of either form and returns the duration in seconds. The text is
+    ///
+    ///     [days <unit of working days>] hours[:minutes]
+    ///
+    /// After days, the hours can be missing. Without a colon, the unit of hours can follow the hours. Blanks
+    /// are ignored, and everything after a second colon. Each number can have a fraction. A minus sign
+    /// applies only to the number directly after it: "-02:30" is minus 2 hours plus 30 minutes, which is not
+    /// what `clockString` means by it. Days are taken as 0 if the length of the working day is unusable.
+    ///
+    /// Returns `nullopt` if one of the numbers is missing ("", "1:") or is not a number ("1:30 h"), or if the
+    /// sum is not finite. The settings do not select which form is accepted.
     [[nodiscard]] virtual std::optional<double> duration(
         const QString& text, int maximumFractionDigits) const;
 
-    /// The clock form. Each field has at least two digits and is truncated, never rounded: 59.9 seconds are
-    /// "00:00". Seconds are shown only together with minutes. A duration that is not finite is written as 0,
-    /// a field that exceeds 64 bits as their largest value.
+    /// Returns the clock form. Hours, minutes and seconds have at least two digits. Days come before them;
+    /// they have no padding, and are omitted if they are 0 or `inWorkingDays` is false. A negative duration
+    /// begins with a minus sign. Values are truncated, never rounded: 59.9 seconds are "00:00". `showSeconds`
+    /// has no effect without `showMinutes`. A duration that is not finite is written as 0. A number that does
+    /// not fit into 64 bits is written as the largest number that does.
     [[nodiscard]] virtual QString clockString(
         bool inWorkingDays, bool showMinutes, bool showSeconds, double duration) const;
 
-    /// The decimal form: hours or working days as a number, rounded half to even. Returns an empty text,
-    /// without a unit, if the number is not finite.
+    /// Returns the decimal form: hours or working days as a number, rounded half to even. Returns an empty
+    /// text, without a unit, if the number is not finite.
     [[nodiscard]] virtual QString decimalString(
         bool inWorkingDays, bool appendUnit, int maximumFractionDigits, double duration) const;
 
-    /// `string` with minutes if `value` is a number. Returns `nullopt` for anything else, also for a text of
-    /// digits.
+    /// Returns `string` with minutes for a value of an integer or floating-point type. Returns `nullopt` for
+    /// all other types, also for a string of digits.
     [[nodiscard]] virtual std::optional<QString> stringForObjectValue(const QVariant& value) const;
 
     [[nodiscard]] bool showWorkingDays() const { return showWorkingDays_; }

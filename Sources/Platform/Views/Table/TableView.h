@@ -55,11 +55,11 @@ public:
     /// edge of the viewport may be another one afterwards.
     void noteHeightOfRowsChanged(int first, int last);
 
-    /// The height of every row; the delegate is not asked for heights then. `nullopt` at first. Takes effect
-    /// with the next reload.
+    /// Sets the height of every row; with `nullopt`, the default, the delegate is asked for each row's
+    /// height. Takes effect with the next reload.
     void setUniformRowHeight(std::optional<int> height) { uniformRowHeight_ = height; }
-    /// Added to each row's height, half of it above the row's view. 0 at first. Takes effect with the next
-    /// reload.
+    /// Sets a length that is added to each row's height, half of it above the row's view. The default is 0.
+    /// Takes effect with the next reload.
     void setIntercellSpacing(int spacing);
     /// Free room around the rows, which scrolls with them. Left and right change sides in a right-to-left
     /// layout.
@@ -73,7 +73,7 @@ public:
     [[nodiscard]] QRect rectOfRow(int row) const { return rowGeometry().rectOfRow(row); }
     /// The part of the content that is on the screen.
     [[nodiscard]] QRect visibleRect() const { return rowGeometry().visible; }
-    /// Returns -1 outside the viewport and where there is no row.
+    /// Returns -1 if the point is outside the viewport, or no row is there.
     [[nodiscard]] int rowAtPoint(const QPoint& viewportPoint) const
     {
         return rowGeometry().rowAtPoint(viewportPoint);
@@ -92,10 +92,11 @@ public:
     /// The row that shows this widget, or a widget around it. Returns -1 if no row does.
     [[nodiscard]] int rowForView(const QWidget* view) const;
 
-    /// Off at first. When it is switched off, only `selectedRow()` stays selected.
+    /// Whether more than one row can be selected. The default is false. If `allows` is false and several rows
+    /// are selected, only `selectedRow()` stays selected.
     void setAllowsMultipleSelection(bool allows) { selection_.setAllowsMultiple(allows); }
     [[nodiscard]] bool allowsMultipleSelection() const { return selection_.allowsMultiple(); }
-    /// Whether the user can deselect the last row. On at first.
+    /// Whether clicks can leave no row selected. The default is true. The functions below ignore this.
     void setAllowsEmptySelection(bool allows) { selection_.setAllowsEmpty(allows); }
     [[nodiscard]] bool allowsEmptySelection() const { return selection_.allowsEmpty(); }
     /// The row that was selected last. Returns -1 if no row is selected.
@@ -105,18 +106,20 @@ public:
     /// Whether the user may select the row: it exists, and the delegate allows it.
     [[nodiscard]] bool maySelectRow(int row) const { return selection_.maySelect(row); }
     /// Selects rows without asking the delegate, which is notified of the change. Rows that do not exist are
-    /// ignored. If only one row can be selected, the last of `rows` is. `byExtendingSelection` keeps what is
-    /// selected, if several rows can be.
+    /// ignored. The highest of `rows` becomes `selectedRow()`; unless several rows can be selected, it is the
+    /// only one that is selected. `byExtendingSelection` keeps the selected rows, if several rows can be
+    /// selected.
     void selectRowIndexes(const TableViewRowSet& rows, bool byExtendingSelection);
+    /// If the row was `selectedRow()`, the highest row that is still selected becomes `selectedRow()`.
     void deselectRow(int row) { selection_.deselect(row); }
     void deselectAll() { selection_.deselectAll(); }
 
-    /// Moves the selection as the keys do, and scrolls it into view. Skips rows that must not be selected,
-    /// and stops at the ends. Without a selection, down selects the first row and up the last. For a widget
-    /// that has the keyboard while the user walks through this list, such as a search field. Returns whether
-    /// the selection has changed; if not, scrolls to that end of the content.
+    /// Moves the selection as the keys do, and scrolls it into view. Skips rows that the user must not
+    /// select. Without a selection, down selects the first row and up the last. Returns whether the selection
+    /// has changed. If it has not, because it is at the end, scrolls to that end of the content. For a widget
+    /// that has the keyboard while the user walks through this list, such as a search field.
     bool walk(TableViewStep step, bool byExtendingSelection = false);
-    /// Whether typing selects the row that begins with the typed text. On at first.
+    /// Whether typing selects the row that begins with the typed text. The default is true.
     void setAllowsTypeSelect(bool allows) { allowsTypeSelect_ = allows; }
 
     /// Reports no hover until the pointer moves. The table does this after each `walk`: a row that is

@@ -128,8 +128,12 @@ bool TableViewSelection::extendTo(int row)
 
 bool TableViewSelection::selectAll()
 {
-    const int selectedRow = selectedRow_ >= 0 ? selectedRow_ : nextSelectable(0, TableViewDirection::down);
-    return change(selectableRows(0, numberOfRows_ - 1), selectedRow);
+    if (!allowsMultiple_)
+        return false;
+    TableViewRowSet rows = selectableRows(0, numberOfRows_ - 1);
+    const int selectedRow
+        = rows.contains(selectedRow_) ? selectedRow_ : nextSelectable(0, TableViewDirection::down);
+    return change(std::move(rows), selectedRow);
 }
 
 TableViewRowSet TableViewSelection::selectableRows(int first, int last) const

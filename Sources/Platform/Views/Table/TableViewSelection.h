@@ -15,7 +15,12 @@ enum class TableViewStep { up, down, pageUp, pageDown, first, last };
 /// The selection of a list: the selected rows, the one of them that was selected last, and the rules by
 /// which clicks and keys change them. Knows no widget.
 ///
-/// Functions that change the selection return whether it has changed, after calling `changed` if so.
+/// The anchor is the row from which Shift extends the selection: the row that a click without Shift, a step
+/// without `extending`, or `select` selected last. If that row is not selected any more, the anchor is
+/// `selectedRow()` or, without a selection, the new row itself.
+///
+/// Functions that change the selection return whether `rows()` or `selectedRow()` has changed. If so, they
+/// have called `changed`.
 class TableViewSelection final {
 public:
     struct Change {
@@ -29,37 +34,51 @@ public:
 
     /// Leaves the selection as it is: call `dropInvalidRows` when the list is ready for the change.
     void setNumberOfRows(int count) { numberOfRows_ = count; }
-    /// Off at first. When it is switched off, only `selectedRow()` stays selected.
+    /// Whether more than one row can be selected. The default is false. If `allows` is false and several rows
+    /// are selected, only `selectedRow()` stays selected.
     void setAllowsMultiple(bool allows);
     [[nodiscard]] bool allowsMultiple() const { return allowsMultiple_; }
-    /// Whether the user can deselect the last row. On at first.
+    /// Whether clicks can leave no row selected. The default is true. Only `click` obeys this.
     void setAllowsEmpty(bool allows) { allowsEmpty_ = allows; }
     [[nodiscard]] bool allowsEmpty() const { return allowsEmpty_; }
 
     [[nodiscard]] const TableViewRowSet& rows() const { return rows_; }
-    /// The row that was selected last. Returns -1 if no row is selected.
+    /// The row that was selected last; one of `rows()`. Returns -1 if no row is selected.
     [[nodiscard]] int selectedRow() const { return selectedRow_; }
+    /// Whether the list has the row, and `shouldSelectRow` allows it.
     [[nodiscard]] bool maySelect(int row) const;
 
-    /// Selects rows by program, also rows that the user must not select. Rows that the list does not have are
-    /// ignored. If only one row can be selected, the last of `rows` is. `extending` keeps what is selected,
-    /// if several rows can be.
+    /// Selects rows by program, also rows that the user must not select, in place of the selected ones. Rows
+    /// that the list does not have are ignored. The highest of `rows` becomes `selectedRow()`; unless several
+    /// rows can be selected, it is the only one that is selected. `extending` keeps the selected rows, if
+    /// several rows can be selected; it has no effect on the selection if the list has none of `rows`.
     bool select(const TableViewRowSet& rows, bool extending);
+    /// Deselects the row, also if the selection must not become empty. If it was `selectedRow()`, the highest
+    /// row that is still selected becomes `selectedRow()`.
     bool deselect(int row);
     bool deselectAll() { return change({}, -1); }
-    /// Deselects the rows that the list no longer has, or that the user must not select any more.
+    /// Deselects the rows that the list no longer has, or that the user must not select any more. If
+    /// `selectedRow()` is among them, the highest row that is still selected becomes `selectedRow()`.
     bool dropInvalidRows();
 
-    /// Selects what a click on the row selects: with Shift also all rows between it and the anchor; with
-    /// Control, the click adds the row to the selection or removes it. Row -1 stands for a click beside the
-    /// rows.
+    /// Changes the selection as a click on the row does. A click without modifiers selects only the row. With
+    /// Shift, the selection becomes all rows from the anchor to the row that the user may select. Control
+    /// adds the row to the selection or removes it. With both, Control is ignored. A row that the user must
+    /// not select is ignored.
+    ///
+    /// Unless several rows can be selected, a click on a row ignores modifiers. Row -1 stands for a click
+    /// outside the rows: without modifiers it deselects all rows if the selection can be empty; otherwise it
+    /// is ignored.
     bool click(int row, Qt::KeyboardModifiers modifiers);
-    /// The row that a step leads to. Skips rows that must not be selected, and stops at the ends. Without a
-    /// selection, down leads to the first row and up to the last. Returns -1 if there is no such row.
+    /// Returns the row that a step leads to, and skips rows that the user must not select. Without a
+    /// selection, up leads to the last row and down to the first. Returns -1 if there is no such row, as for
+    /// a step down from the last row; `first` and `last` can return `selectedRow()` itself.
     [[nodiscard]] int target(TableViewStep step, const TableViewGeometry& geometry) const;
-    /// Selects the row that a step leads to: alone, or `extending` with all rows from the anchor on.
+    /// Selects `row`, which must satisfy `maySelect`, as `target` returns it: alone, or with `extending`, if
+    /// several rows can be selected, all rows from the anchor to it that the user may select.
     bool moveTo(int row, bool extending);
-    /// Selects all rows that the user may select.
+    /// Selects all rows that the user may select. `selectedRow()` stays if it is one of them; otherwise the
+    /// first of them becomes `selectedRow()`. Has no effect unless several rows can be selected.
     bool selectAll();
 
 private:

@@ -32,18 +32,20 @@ namespace quor::toolkit {
 /// belongs to; nothing outside the folder is read or written.
 ///
 /// Changes are made in memory, on a private queue, and only `flush` writes them: changes after the last flush
-/// are lost when the list is destroyed. One thing is not deferred: removing the last key of a file removes
-/// the file. The destructor waits for all calls that were made, flushes included.
+/// are lost when the list is destroyed. One thing is not deferred: `removeValue` removes the file at once if
+/// the file has no keys left. The destructor waits for all calls that were made, flushes included.
 ///
-/// Each file is replaced as a whole, so whenever the process dies, a file has its old content or its new
-/// one. Nothing is synced.
+/// Files are replaced atomically: whenever the process dies, a file has its old content or its new content.
+/// The data is not synced, so a power cut can damage a file that was written shortly before.
 ///
-/// Failures are not reported. A file that cannot be read as an object of elements reads as an empty one, and
-/// the flush after any of its keys was used replaces or removes it. Changes that a flush cannot write stay
-/// in memory for the next one.
+/// Failures are not reported. A file that cannot be read as an object of elements reads as an empty one.
+/// Reading one key of such a file and then flushing removes the file, or replaces it if keys were set;
+/// `removeValue` of one of its keys removes it at once. Changes that a flush cannot write stay in memory for
+/// the next flush.
 ///
-/// Symbolic links and folders within the folder are ignored, and so are names that begin with a dot; `clear`
-/// removes them all. Only one list at a time may use a folder.
+/// Symbolic links, folders and names that begin with a dot are not read. But if a link has the name of a
+/// key's file, a flush after any use of the key replaces or removes the link. Only one list at a time may use
+/// a folder.
 ///
 /// Any thread; the calls of one thread take effect in their order. A key that is empty or no valid Unicode
 /// (half of a surrogate pair) has no element, and setting or removing it has no effect.
@@ -52,8 +54,9 @@ class PersistableList final {
 public:
     using Entry = std::pair<QString, Element>; ///< key and value
 
-    /// `storageURL` is the path of the folder, which the first flush makes if any key was used before. If it
-    /// is absent or empty, the list is in memory only. Touches no file.
+    /// `storageURL` is the path of the folder, which a flush makes if it is missing and any key was used. If
+    /// the path is absent or empty, the list is in memory only, and `flush` has no effect. The constructor
+    /// touches no file.
     explicit PersistableList(const std::optional<QString>& storageURL)
         : access_(storageURL)
     {
@@ -61,7 +64,10 @@ public:
 
     // These wait until the changes of earlier calls are made, and may read files.
 
-    /// Returns whether the folder has no visible file and no key was used since the last flush.
+    /// Returns whether the folder has no visible file and no file is in memory. Any use of a key loads its
+    /// file into memory, even if there is no such file: after `value` of a missing key the list is not empty.
+    /// A file leaves the memory when a flush has written or removed it, when `removeValue` leaves it without
+    /// keys, and by `clear`.
     [[nodiscard]] bool isEmpty() const
     {
         return access_.sync(
@@ -94,13 +100,15 @@ public:
     void set(Element value, const QString& key) { change({key, std::move(value)}); }
     void removeValue(const QString& key) { change({key, std::nullopt}); }
 
-    /// Writes each file that was loaded or changed, and drops it from memory.
+    /// Writes each file that was loaded, also if it is unchanged, and frees its memory. A file without keys
+    /// is removed.
     void flush()
     {
         submit([](State& state) { state.flush(); });
     }
 
-    /// Removes all elements, the files and the folder.
+    /// Removes all elements, and the folder with everything in it, also what the list does not read. If the
+    /// folder is a symbolic link, removes the visible files and the link.
     void clear()
     {
         submit([](State& state) { state.clear(); });
