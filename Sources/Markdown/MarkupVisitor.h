@@ -10,8 +10,9 @@
 
 namespace quor::markdown {
 
-/// Computes a `Result` from an element, with one operation for each kind of element. A visitor overrides the
-/// operations of the kinds that it handles, and `defaultVisit`, which handles all others:
+/// Base class of a class that computes a `Result` from an element, with one operation for each kind of
+/// element. A subclass overrides the operations for the kinds that it handles. All other kinds call
+/// `defaultVisit`, which the subclass must implement. `Result` can be `void`.
 ///
 ///     class HeadingCounter : public MarkupVisitor<int> {
 ///     public:
@@ -25,9 +26,11 @@ namespace quor::markdown {
 ///         int visitHeading(const Heading&) override { return 1; }
 ///     };
 ///
-/// `visit` does not visit children by itself. A visitor that recurses, as this one does, uses some hundred
-/// bytes of stack for each level of the tree. Texts of unknown origin can be nested without limit: use
-/// `MarkupWalk` for them. `Result` can be `void`.
+/// `visit` does not visit the children of an element. A visitor that visits them recursively, as this one
+/// does, uses several hundred bytes of stack for each level of the tree. An untrusted text can be nested so
+/// deeply that the recursion overflows the stack: use `MarkupWalk` for it.
+///
+/// The reference that an operation gets is valid only during the call. Copy the element to keep it.
 template <class Result>
 class MarkupVisitor {
 public:

@@ -33,7 +33,8 @@ public:
     /// in that case a later call can succeed.
     [[nodiscard]] virtual bool grabKeyboard(QWindow& window) = 0;
 
-    /// Ends the grab of `window`: the keys go to the active window again when this returns.
+    /// Ends the grab of `window`, so that the keys go to the active window again. The window system has got
+    /// the request when this returns, also if the caller then blocks the thread.
     virtual void releaseKeyboard(QWindow& window) = 0;
 
     /// Whether global event monitors can miss presses in windows of other applications. This is so in a

@@ -45,13 +45,15 @@ public:
     explicit ManagedObjectContext(const QString& path, std::vector<EntityDescription> entities,
         std::chrono::milliseconds busyTimeout = std::chrono::seconds(5));
 
-    /// Waits for the blocks of `performBlock`, unless it is called by one of them. Drops pending changes.
+    /// Waits until the blocks of `performBlock` have run, and drops pending changes. If one of these blocks
+    /// destroys the context, the destructor does not wait: later blocks still run, and must not use the
+    /// context.
     ~ManagedObjectContext();
     ManagedObjectContext(const ManagedObjectContext&) = delete;
     ManagedObjectContext& operator=(const ManagedObjectContext&) = delete;
 
-    /// Why the file could not be opened. Such a context has no entities and no records: fetches return
-    /// nothing, and `save` fails with this error.
+    /// The reason why the file could not be opened; `nullopt` if it is open. After a failure the context has
+    /// no entities and no records: fetches and `save` fail with this error.
     [[nodiscard]] const std::optional<StoreError>& openError() const;
 
     /// The description of the entity with that name, owned by the context. Null if there is no such entity,
@@ -63,7 +65,8 @@ public:
     template <class Block>
     std::invoke_result_t<Block&> performBlockAndWait(Block&& block);
 
-    /// Runs the block later, on the thread of the queue.
+    /// Submits the block and returns. The block runs later, on the thread of the queue. It may destroy the
+    /// context.
     void performBlock(std::function<void()> block);
 
     // Changes.
@@ -77,14 +80,15 @@ public:
         return recordOf<Record>(insertObject(plainClassName<Record>()));
     }
 
-    /// Deletes the record. Returns false, with no effect, if it is deleted already or belongs to another
-    /// context.
+    /// Deletes the record. Returns false, with no effect, if the record is already deleted, belongs to
+    /// another context, or is a plain record.
     bool deleteObject(const ManagedObject& object);
 
-    [[nodiscard]] bool hasChanges() const;
-    [[nodiscard]] std::vector<ManagedObject> insertedObjects() const;
-    [[nodiscard]] std::vector<ManagedObject> updatedObjects() const;
-    /// Without records that were never saved.
+    [[nodiscard]] bool hasChanges() const; ///< whether `save` would write something
+    [[nodiscard]] std::vector<ManagedObject> insertedObjects() const; ///< those not saved and not deleted
+    [[nodiscard]] std::vector<ManagedObject> updatedObjects() const; ///< see `ManagedObject::isUpdated`
+    /// The saved records whose deletion is pending. A record that was inserted and deleted between two saves
+    /// is in none of these lists.
     [[nodiscard]] std::vector<ManagedObject> deletedObjects() const;
 
     /// Writes all changes in one transaction and returns when they are on the disk. Does not use the file if
@@ -95,7 +99,8 @@ public:
     /// Drops all changes since the last save. Records that were inserted since then are deleted.
     void rollback();
 
-    // Fetches that return `nullopt` on failure, and set `error` if it is not null.
+    // Fetches that return `nullopt` on failure. On failure they also set `error`, if it is not null. On
+    // success they leave it unchanged.
 
     [[nodiscard]] std::optional<std::vector<ManagedObject>> execute(
         const FetchRequest& request, StoreError* error = nullptr) const;
@@ -105,13 +110,16 @@ public:
     /// The identity with this URI. Returns `nullopt` unless it is the URI of a saved record of this store.
     /// The record need not exist.
     [[nodiscard]] std::optional<ManagedObjectID> objectID(QStringView uri) const;
-    /// The record with this identity. Returns `nullopt` also if the record was deleted, or if the identity is
-    /// a temporary one of another context.
+    /// The record with this identity. Returns `nullopt` if the record does not exist or was deleted, and if
+    /// the fetch fails; only a failure sets `error`. An identity that a record had before its first save (a
+    /// temporary identity) finds the record only in its own context, and only until that save.
     [[nodiscard]] std::optional<ManagedObject> existingObject(
         const ManagedObjectID& objectID, StoreError* error = nullptr) const;
 
     // The store helpers. They return an empty result for every failure, also for an unknown entity. A record
-    // class needs an entity with the plain name of the class and a text attribute "uniqueID".
+    // class needs an entity with the plain name of the class and a text attribute "uniqueID". Without sort
+    // descriptors records are in the order of insertion, so `fetchFirst` and `fetchObject` return the oldest
+    // match.
 
     template <RecordClass Record>
     [[nodiscard]] qint64 count(const std::optional<Predicate>& predicate = std::nullopt) const
@@ -141,7 +149,7 @@ public:
     {
         return fetchFirst<Record>(Predicate(u"(uniqueID == %@)", {uniqueIdentifier}));
     }
-    /// The existing records with these identifiers, in unspecified order.
+    /// The existing records with these identifiers. Their order is not that of the identifiers.
     template <RecordClass Record>
     [[nodiscard]] std::vector<Record> fetchObjects(const QStringList& uniqueIdentifiers) const
     {
@@ -154,10 +162,15 @@ public:
         std::optional<int> limit = std::nullopt) const;
 
     /// Returns the record with that "uniqueID", or without an identifier the only record of the class.
-    /// Inserts it if there is none. If there are several, because two devices have created the same record,
-    /// it deletes all but the one whose identity has the last URI, and reports that in the error log. The
-    /// changes are not saved. Returns a plain record, which belongs to no context, if the entity is unknown,
-    /// or if an identifier is given that is not storable or whose entity has no text attribute "uniqueID".
+    ///
+    /// If the fetch finds no record, this inserts one. A fetch that fails, for instance by a read error, also
+    /// finds no record. The duplicate that a later save can then write is removed by a later call. If there
+    /// are several records, because two devices have created the same record, this deletes all but the one
+    /// whose identity has the last URI, and reports that in the error log. The changes are not saved.
+    ///
+    /// Returns a plain record, which belongs to no context, if the entity is unknown, if the identifier
+    /// cannot be stored (see `isStorable`), or if an identifier is given for an entity without a text
+    /// attribute "uniqueID".
     template <RecordClass Record>
     [[nodiscard]] Record fetchSingleton(const std::optional<QString>& uniqueIdentifier = std::nullopt)
     {

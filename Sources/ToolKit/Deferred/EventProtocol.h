@@ -15,8 +15,8 @@
 
 namespace quor::toolkit {
 
-/// Whether the caller is on the main thread, which is the thread of the application object. True if there is
-/// no application object.
+/// Returns whether the calling thread is the main thread: the thread of the application object
+/// (`QCoreApplication`). Returns true on every thread while no application object exists.
 [[nodiscard]] bool isMainThread();
 
 /// Base class of a class that publishes events to targets, which it holds weakly.
@@ -27,9 +27,10 @@ namespace quor::toolkit {
 ///     form.add(*this, &Presenter::needsRender, Form::Event::internalNeedsRender, 0.1);
 ///     void Presenter::needsRender(Form& sender, const std::any& payload);
 ///
-/// A target needs no clean-up: it may end at any moment, also during a call. Any object that a
-/// `WeakReference` can hold can be a target, including publishers. `EventType` is hashed by `std::hash`, as
-/// an enumeration is. Main thread only, except for `trigger`. Targets are called on the main thread only.
+/// A target can be destroyed at any moment, also during a call, without being removed first. Any object that
+/// a `WeakReference` can hold can be a target, including publishers. `EventType` must have a `std::hash`;
+/// every enumeration has one. Main thread only, except for `trigger`. Targets are called on the main thread
+/// only.
 template <class Publisher, class EventType>
 class EventProtocol : public platform::Trackable {
 public:
@@ -39,12 +40,17 @@ public:
 
     /// The entries of each event, in the order in which they were added.
     [[nodiscard]] const Actions& actions() const { return actions_; }
+    /// Replaces all entries of all events. Pending delayed calls of the replaced entries still take place.
     void setActions(Actions actions) { actions_.swap(actions); }
 
-    /// From now on each `trigger` of `event` calls `action` on `target`. With a `delay` above 0, in seconds,
-    /// a burst of triggers calls it once, `delay` after the last. `action` is a member function of the
+    /// From now on each `trigger` of `event` calls `action` on `target`. `action` is a member function of the
     /// target, or any closure that takes (target, sender, payload). A target that is added twice is called
     /// twice.
+    ///
+    /// `delay` is in seconds. With a positive `delay`, a trigger does not call the target at once, but
+    /// `delay` later. Each further trigger before that restarts the delay, so there is one call, with the
+    /// payload of the last trigger. It takes place only if the target and this object still exist. 0, a
+    /// negative number and NaN mean no delay.
     template <class Target, class Action>
     requires std::invocable<Action&, Target&, Publisher&, const std::any&>
     void add(Target& target, Action action, const Event& event, double delay = 0)
@@ -54,7 +60,7 @@ public:
     }
 
     /// Removes `target` from all events. The static type of `target` must be the one with which it was added.
-    /// A delayed call that is pending still takes place if the target exists then.
+    /// Does not cancel a pending delayed call: it takes place if the target still exists.
     template <class Target>
     void remove(const Target& target)
     {
@@ -62,7 +68,7 @@ public:
         for (auto& [event, list] : actions_)
             moveOut(list, removed, isOf(target));
     }
-    /// Removes `target` from one event only.
+    /// The same, for one event only.
     template <class Target>
     void remove(const Target& target, const Event& event)
     {
@@ -71,13 +77,17 @@ public:
             moveOut(found->second, removed, isOf(target));
     }
 
-    /// Calls the targets of `event` in the order in which they were added; an empty `payload` means no
-    /// payload. Any thread. On the main thread the targets are called before this returns. On another thread
-    /// they are called in a later turn of the main queue, if this object exists then; the caller must keep it
-    /// alive during this call.
+    /// Calls the targets of `event` in the order in which they were added. An empty `payload` means no
+    /// payload. Any thread.
     ///
-    /// Targets that are added during the calls are not called, targets that end before their turn are left
-    /// out, and the calls stop if this object ends.
+    /// On the main thread, targets without a delay are called before this returns. On another thread, the
+    /// calls are queued on the main queue, and dropped if this object is destroyed before their turn. The
+    /// caller must keep this object alive until `trigger` returns on that thread.
+    ///
+    /// The list of targets is fixed when the calls begin: a target that is added during the calls is not
+    /// called, and a target that is removed during the calls is still called. A target that is destroyed
+    /// before its turn is skipped. A target may destroy this object; the remaining targets are then not
+    /// called.
     void trigger(const Event& event, std::any payload = {})
     {
         if (!isMainThread()) {
@@ -101,8 +111,8 @@ public:
         }
     }
 
-    /// The number of entries of `event`. Entries whose target has ended count until the next `trigger` of
-    /// `event`.
+    /// The number of entries of `event`; 0 for an event without entries. An entry whose target was destroyed
+    /// is counted until the next `trigger` of `event`.
     [[nodiscard]] std::size_t numberOfTargets(const Event& event) const
     {
         const auto found = actions_.find(event);

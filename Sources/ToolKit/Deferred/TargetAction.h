@@ -13,9 +13,9 @@ public:
 
     [[nodiscard]] virtual bool isAlive() const = 0;
 
-    /// Calls the target, at once or after the delay of the entry. Has no effect after the target has ended.
-    /// An empty `payload` means no payload. The call may remove this entry, and delete the target or the
-    /// sender.
+    /// Calls the target, at once or after the delay of the entry. Has no effect if the target was destroyed.
+    /// An empty `payload` means no payload. The called target may remove this entry, and may destroy itself
+    /// or the sender.
     virtual void perform(Publisher& sender, const std::any& payload) = 0;
 };
 

@@ -17,11 +17,14 @@ class ScriptEngine;
 /// A handle to a value in a script's engine: the result of a run, or an exception. The engine, its globals
 /// and `utils` exist until the last handle of the run is destroyed.
 ///
-/// Conversions can run code of the script (`toString`, getters). If that code throws, the conversion returns
-/// an empty result, and the exception is not reported. One thread at a time, any thread.
+/// Conversions and `property` can run code of the script (`toString`, getters). If that code throws, the
+/// function returns what its comment says, and the exception is not reported.
 ///
-/// An `exceptionHandler` of a plug-in must not store a `JSValue` of its own run: the engine owns the handler,
-/// so neither would ever be destroyed. Store texts instead.
+/// All handles of one run must be used on one thread at a time, which can be any thread. A handle that was
+/// moved from can only be assigned to or destroyed.
+///
+/// The `exceptionHandler` of a plug-in must not store a `JSValue` of its own run: the engine owns the
+/// handler, so neither would ever be destroyed. Store texts instead.
 class JSValue final {
 public:
     /// For the engine. Protects `value` from garbage collection.
@@ -39,30 +42,36 @@ public:
     [[nodiscard]] bool isArray() const;
     [[nodiscard]] bool isObject() const; ///< also true for arrays and functions
 
+    /// The same as `Boolean(value)` in a script.
     [[nodiscard]] bool toBool() const;
-    [[nodiscard]] double toDouble() const; ///< as the script's `Number(value)`; NaN if that throws
-    /// As the script's `String(value)`, also for symbols. Returns `nullopt` if that throws.
+    /// The same as `Number(value)` in a script. Returns NaN if the value is not a number and cannot be
+    /// converted to one.
+    [[nodiscard]] double toDouble() const;
+    /// The same as `String(value)` in a script, also for symbols. Returns `nullopt` if the conversion throws.
     [[nodiscard]] std::optional<QString> toString() const;
-    /// The elements of an array. Returns `nullopt` for other values, and in the cases of `toScriptValue`.
+    /// The elements of an array. Returns `nullopt` if the value is not an array, and whenever `toScriptValue`
+    /// returns `nullopt`.
     [[nodiscard]] std::optional<ScriptValue::List> toArray() const;
-    /// The enumerable members of an object; for an array, its elements by index. Returns `nullopt` for other
-    /// values, and in the cases of `toScriptValue`.
+    /// The enumerable members of an object. The members of an array are its elements; their names are the
+    /// indices. Returns `nullopt` if the value is not an object, and whenever `toScriptValue` returns
+    /// `nullopt`.
     [[nodiscard]] std::optional<ScriptValue::Map> toDictionary() const;
-    /// A copy of the value and everything in it. Dates become texts in ISO 8601, functions and symbols become
-    /// undefined. Returns `nullopt` if a getter throws, if a value contains itself, if values are nested more
-    /// than 512 deep, or if there are more than `maximumCount` values.
+    /// A copy of the value with all values that it contains. Dates become texts in ISO 8601, functions and
+    /// symbols become undefined. Returns `nullopt` if a getter throws, if a value contains itself, if values
+    /// are nested more than 512 levels deep, or if the copy would have more than `maximumCount` values.
     [[nodiscard]] std::optional<ScriptValue> toScriptValue(
         int maximumCount = ScriptValue::maximumCount) const;
 
-    /// A member of an object. Returns `nullopt` if the value is not an object, or if the member is missing,
-    /// undefined, or has a getter that throws.
+    /// The member `name` of an object. Returns `nullopt` if the value is not an object, and if the member is
+    /// missing, is undefined, or has a getter that throws.
     [[nodiscard]] std::optional<JSValue> property(const QString& name) const;
-    /// Calls a function and returns its result. Returns `nullopt` if the value is not a function, or if it
-    /// throws; the exception then goes to the exception handler of the run.
+    /// Calls a function and returns its result. Returns `nullopt` if the value is not a function, or if the
+    /// function throws. An exception is written to the error log and passed to the `exceptionHandler` that
+    /// the plug-in had when it ran the script. The plug-in's limits apply to each call.
     [[nodiscard]] std::optional<JSValue> call(const ScriptValue::List& arguments = {}) const;
 
-    // For an exception: the place in the script, from 1. Returns `nullopt` if the engine does not know it, as
-    // for a thrown text.
+    // For an exception: the line and the column of the script at which it was thrown, counted from 1. They
+    // return `nullopt` if the engine does not know the position, for instance if the script threw a text.
     [[nodiscard]] std::optional<int> line() const;
     [[nodiscard]] std::optional<int> column() const;
 

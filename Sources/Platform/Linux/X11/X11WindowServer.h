@@ -10,8 +10,9 @@
 
 namespace quor::platform {
 
-/// The window system on X. Without X, `grabKeyboard` fails, `isCompositing` is true under Wayland and false
-/// on other platforms, and observers of it are not called.
+/// The `WindowServer` for X11. If Qt does not use X11, `grabKeyboard` returns false and `releaseKeyboard` has
+/// no effect; `isCompositing` returns true on Wayland and false on other platforms, and observers are never
+/// called. Observers are also never called if the X server has no XFixes extension.
 class X11WindowServer final : public QObject, public WindowServer, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -27,7 +28,7 @@ public:
     [[nodiscard]] bool missesPresses() const override;
 
 Q_SIGNALS:
-    void compositingChanged();
+    void compositingChanged(); ///< used by `observeCompositing`; do not connect to it directly
 
 private:
     void watchCompositor();
