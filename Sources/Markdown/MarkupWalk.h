@@ -6,8 +6,8 @@
 namespace quor::markdown {
 
 /// A walk over an element and its descendants that stops at each element twice: before its children and after
-/// them. It needs no memory and no stack for the depth of the tree, so it is safe for texts of unknown
-/// origin, unlike a `MarkupVisitor` that recurses. One thread at a time.
+/// them. Its use of memory and of stack does not grow with the depth of the tree. So it is safe for untrusted
+/// texts, unlike a recursive `MarkupVisitor`. One thread at a time.
 ///
 ///     for (MarkupWalk walk(document); walk.next();)
 ///         if (walk.event() == MarkupWalk::Event::enter) ...
@@ -17,14 +17,16 @@ public:
 
     explicit MarkupWalk(const Markup& root);
 
-    /// Goes to the next event; the first is that the root is entered. Returns false after the root was left.
+    /// Goes to the next event. The first event enters the root, the last one leaves it. Returns false, with
+    /// no further event, after the last one.
     bool next();
 
     /// Both are valid after `next` returned true. The next step changes the element that `markup` refers to:
     /// copy it to keep it.
     [[nodiscard]] Event event() const { return event_; }
     [[nodiscard]] const Markup& markup() const { return markup_; }
-    /// Call this when an element is entered: the next event is then that it is left.
+    /// Makes the next event leave the element that was just entered, without its children. Call it only after
+    /// an `enter` event.
     void skipChildren() { skips_ = true; }
 
 private:

@@ -3,14 +3,14 @@
 
 #include <QFlags>
 
-/// The options of the parser. By default quotes, dashes and dots become typographic ones, and elements know
-/// their places in the text.
+/// The options of the parser. Without options, straight quotes, hyphens and dots are replaced by typographic
+/// quotes, dashes and ellipses, and `Markup::range` returns the places of the elements in the text.
 namespace quor::markdown {
 
 enum class ParseOption : unsigned {
     parseBlockDirectives = 1, ///< has no effect: there is no parser of directives
-    disableSmartOptions = 4, ///< keep straight quotes, dashes and dots
-    disableSourcePosOptions = 16, ///< no element has a range
+    disableSmartOptions = 4, ///< quotes, hyphens and dots stay unchanged
+    disableSourcePosOptions = 16, ///< `Markup::range` returns `nullopt` for every element
 };
 
 Q_DECLARE_FLAGS(ParseOptions, ParseOption)

@@ -32,12 +32,13 @@ public:
     /// Sets the desktop's scheme, which is light at first.
     void setDesktopScheme(ColorScheme scheme);
 
-    /// Calls `changed` after each change of `effectiveAppearance`, until the returned subscription ends.
-    /// The subscription may outlive this object.
+    /// Calls `changed` after each change of `effectiveAppearance`, until the returned subscription ends. The
+    /// call takes place before `setAppearance` or `setDesktopScheme` returns. The subscription may outlive
+    /// this object.
     Subscription observe(std::function<void()> changed);
 
 Q_SIGNALS:
-    void effectiveAppearanceChanged();
+    void effectiveAppearanceChanged(); ///< used by `observe`
 
 private:
     void apply(std::optional<ColorScheme> own, ColorScheme desktop);

@@ -9,8 +9,8 @@ namespace quor::toolkit {
 struct CoreImageFactory {
     enum class ImageName { syncSpinner, syncSpinnerSmall };
 
-    /// Returns the image in its own size, drawn for this device pixel ratio; with `isTemplate` the image
-    /// that is meant as a mask. The pixels are null if the bundle does not contain it.
+    /// Returns the image in its own size, drawn for `devicePixelRatio`. `isTemplate` selects the variant of
+    /// the image that serves as a mask. If the bundle does not contain the image, `pixels` is null.
     [[nodiscard]] static platform::TemplateImage image(
         ImageName name, bool isTemplate, qreal devicePixelRatio = 1);
 };

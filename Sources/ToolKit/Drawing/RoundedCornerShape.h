@@ -13,9 +13,9 @@ struct RoundedCornerShape {
     double radius = 0;
     RectCorners corners;
 
-    /// Returns the outline, for filling: its top edge is open, which a fill closes. Only the size of `rect`
-    /// is used: the outline always lies at (0, 0), and the caller moves it. With a radius above half of a
-    /// side, corners overlap.
+    /// Returns the outline to fill. It is not for stroking, because the path does not contain the top edge;
+    /// a fill closes it. Only the size of `rect` is used: the outline always lies at (0, 0), and the caller
+    /// moves it. With a radius above half of a side, corners overlap.
     [[nodiscard]] QPainterPath path(const QRectF& rect) const;
 };
 

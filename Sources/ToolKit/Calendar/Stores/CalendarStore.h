@@ -64,19 +64,23 @@ public:
     /// such calendar.
     [[nodiscard]] std::shared_ptr<Event> newEvent(const QString& calendarIdentifier) const;
 
-    /// Saves the event; of a series, that occurrence alone. Saves the values that the fields have when the
-    /// queue runs the save, which is mostly at once.
+    /// Saves the event, on the queue. For an occurrence of a series, saves that occurrence alone. Saves the
+    /// values that the fields have when the queue runs the save, usually at once. A null event is ignored.
     void saveEvent(const std::shared_ptr<Event>& event);
-    /// Deletes the event; of a series, that occurrence alone.
+    /// Deletes the event, on the queue. For an occurrence of a series, deletes that occurrence alone. A null
+    /// event is ignored.
     void deleteCalendarEvent(const std::shared_ptr<Event>& event);
 
-    /// Removes the calendar with all its items, on the queue, without waiting for the commit.
+    /// Removes the calendar with all its items, on the queue. Commits at once, and with it all changes that
+    /// were saved before. Has no effect if there is no such calendar.
     void deleteCalendar(const QString& identifier);
 
-    /// Returns each source, followed by its calendars: a tree of two levels as a flat list.
+    /// Returns each source, followed by its calendars that can hold events: a tree of two levels as a flat
+    /// list. Reads on the calling thread.
     [[nodiscard]] std::vector<CalendarSource> calendarSources() const;
 
-    /// Writes a new, empty calendar on the calling thread. Returns null on failure.
+    /// Writes a new, empty calendar on the calling thread, and then all changes that were saved before.
+    /// Returns null if one of these writes fails, even if the calendar itself was written.
     std::shared_ptr<EventCalendar> createCalendar(
         const EventSource& source, const QString& title, const QColor& color);
 

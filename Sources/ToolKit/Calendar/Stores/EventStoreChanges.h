@@ -10,8 +10,8 @@
 namespace quor::toolkit {
 
 /// Reports changes to the calendars of a root folder, by this process or any other. Needs no `EventStore`.
-/// Changes that arrive together are reported once. Makes the root if it is missing. Where the machine can
-/// watch no more folders, nothing is reported.
+/// Changes that arrive together are reported once. Makes the root if it is missing. Folders beyond the
+/// system's limit of watched folders are not watched: their changes are not reported.
 ///
 ///     EventStoreChanges changes(options);
 ///     subscription_ = changes.subscribe([] { ... });

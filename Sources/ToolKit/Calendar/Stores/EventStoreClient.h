@@ -27,14 +27,15 @@ namespace quor::toolkit {
 /// `.then(context, ...)`, which does not block.
 class EventStoreClient : public platform::Trackable {
 public:
-    /// Ends all observations. No handler is called after this.
+    /// Ends all observations. Their handlers are not called any more, even if a change was already noticed.
     void stopObserving();
 
     /// Calls `handler` on the main queue once for each burst of changes, by this process or any other, when
-    /// `debounceInterval` seconds have passed without a further change. Each call adds an observation.
+    /// `debounceInterval` seconds have passed without a further change. Each call adds another observation,
+    /// which lasts until `stopObserving` or the end of this object. Needs no access.
     void startObserving(double debounceInterval, std::function<void()> handler);
 
-    /// Lists all folders again, on the queue.
+    /// Calls `EventStore::refreshSourcesIfNecessary` on the queue. Has no effect before `requestAccess`.
     void refreshSources();
 
     /// Whether access is neither granted nor refused yet. Does not ask the user.

@@ -11,8 +11,9 @@
 
 namespace quor::toolkit {
 
-/// A request for the records of one entity that match a predicate. Without a predicate all records match. A
-/// limit of 0 means no limit, like an absent one.
+/// A request for the records of one entity that match a predicate. Without a predicate all records match.
+/// Without sort descriptors the records are in the order of insertion. A limit of 0 or less means no limit,
+/// like an absent one.
 struct FetchRequest {
     QString entityName;
     std::optional<Predicate> predicate = std::nullopt;

@@ -66,11 +66,14 @@ public:
     [[nodiscard]] ManagedObjectID objectID() const;
     [[nodiscard]] QString entityName() const; ///< empty for a plain record
 
-    [[nodiscard]] bool isAttached() const; ///< belongs to a context that still exists
-    [[nodiscard]] bool isInserted() const; ///< was inserted and is not saved yet
-    [[nodiscard]] bool isUpdated() const; ///< was saved, and has changed attributes
-    [[nodiscard]] bool isDeleted() const; ///< deleted in its context, or elsewhere as a save has found
-    [[nodiscard]] bool hasChanges() const; ///< the next save will write something of it
+    // The state of the record. For a plain record all of these return false.
+
+    [[nodiscard]] bool isAttached() const; ///< whether its context still exists
+    [[nodiscard]] bool isInserted() const; ///< whether it was inserted and is not saved yet
+    [[nodiscard]] bool isUpdated() const; ///< whether it was saved and has changed attributes since then
+    /// Whether it was deleted in this context, or was deleted by another one and a save has found that.
+    [[nodiscard]] bool isDeleted() const;
+    [[nodiscard]] bool hasChanges() const; ///< whether the next save writes a change of this record
 
     /// The names of the attributes that differ from the last saved values; empty for an inserted record.
     [[nodiscard]] QStringList changedKeys() const;
