@@ -30,7 +30,7 @@ public:
     explicit Alert(QWidget* parent = nullptr);
     ~Alert() override;
 
-    /// A null icon stands for the desktop's warning sign, which is also shown at first.
+    /// Sets the icon. A null icon stands for the desktop's warning sign, which is the default.
     void setAlertIcon(const QIcon& icon);
     void setMessageText(const QString& text);
     void setInformativeText(const QString& text);
@@ -43,7 +43,8 @@ public:
     /// Returns null if there is no button with this tag.
     [[nodiscard]] QPushButton* button(int tag) const;
 
-    /// Called once with the tag of the chosen button, after the alert was hidden.
+    /// Called once with the tag of the chosen button, after the alert was hidden. It must not
+    /// delete the alert directly, only by `deleteLater`.
     platform::Callback<void(int tag)> ended;
     /// Hides the alert without calling `ended`.
     void dismiss();

@@ -37,7 +37,8 @@ public:
     /// The row to which an action of the context menu applies: `rowForLastMenu()`, else `selectedRow()`.
     [[nodiscard]] int menuRow() const { return rowForLastMenu_.value_or(selectedRow()); }
 
-    /// Selects this row, alone, or in addition with `extending` if several rows may be selected.
+    /// Selects this row, also if the user must not select it: alone, or with `extending` in addition, if
+    /// several rows can be selected. Selecting a row alone that does not exist deselects all rows.
     void selectRow(int row, bool extending = false);
 
     /// Scrolls within a quarter of a second until the row is at the upper edge of the viewport, or as far as

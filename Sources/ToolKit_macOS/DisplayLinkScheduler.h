@@ -29,8 +29,8 @@ public:
 
     [[nodiscard]] const std::shared_ptr<QWidget>& window() const { return window_; }
 
-    /// Off at first. Stays off if there is no screen; try again later. After it was switched off, the handler
-    /// can still be called for frames that passed before.
+    /// The default is off. Stays off if there is no screen; the caller can try again later. After it was
+    /// switched off, the handler can still be called for frames that passed before.
     void setRunning(bool on);
     [[nodiscard]] bool isRunning() const { return displayLink_ != nullptr; }
 

@@ -7,7 +7,7 @@ namespace quor::toolkit {
 
 /// A panel with the background of a sidebar: translucent in a window with `Qt::WA_TranslucentBackground`,
 /// else opaque; the same in active and inactive windows. Its origin is the upper left corner. Has an
-/// empty geometry at first. Main thread only.
+/// empty geometry by default. Main thread only.
 class FlippedEffectView : public QWidget {
     Q_OBJECT
 

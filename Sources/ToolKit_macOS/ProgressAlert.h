@@ -22,7 +22,8 @@ public:
         const QString& buttonTitle, Handler handler, const std::optional<platform::Bundle>& images = {});
 
     /// Shows `text` as the informative text, and `progress` from 0 to 1 in the bar. Above 1 is taken as 1,
-    /// NaN as 0. A negative progress lets the bar move without a value, for work of unknown length.
+    /// NaN as 0. A negative progress lets the bar move without a value, for work of unknown length. If
+    /// `alert()` is null, only the bar changes.
     void update(const QString& text, double progress);
 
     [[nodiscard]] bool isIndeterminate() const;

@@ -18,7 +18,7 @@ public:
     /// The image's size in device-independent pixels. Empty if there is no such image.
     [[nodiscard]] QSize sizeHint() const override;
 
-    /// In radians, counterclockwise. 0 at first.
+    /// The angle in radians, counterclockwise. The default is 0.
     [[nodiscard]] double angle() const { return angle_; }
     void setAngle(double radians);
 

@@ -24,13 +24,14 @@ public:
     [[nodiscard]] SpinnerImageView& imageView() { return *imageView_; }
     [[nodiscard]] const SpinnerImageView& imageView() const { return *imageView_; }
 
-    /// Turns clockwise until `stop`, once in `duration` seconds; 0.25 if that is not above 0. Ignored while
-    /// it turns already, in either direction.
+    /// Turns clockwise until `stop`, once in `duration` seconds, which is at most a day. If `duration` is not
+    /// above 0, turns once in 0.25 seconds. Ignored while the spinner turns already, in either direction.
     void startSpinning(double duration);
     /// The same, counterclockwise.
     void startSpinningReverse(double duration);
     /// Ends the turning, and sets the angle to 0.
     void stop();
+    /// Returns true until `stop`, also while the spinner is hidden.
     [[nodiscard]] bool isSpinning() const { return animation_.state() != QAbstractAnimation::Stopped; }
 
     [[nodiscard]] QSize sizeHint() const override { return imageView_->size(); }

@@ -21,7 +21,7 @@ namespace quor::platform {
 class DisplayLink final {
 public:
     explicit DisplayLink(const QScreen& screen);
-    ~DisplayLink(); ///< Stops.
+    ~DisplayLink(); ///< Calls `stop`, so the callback must not destroy this object.
     DisplayLink(const DisplayLink&) = delete;
     DisplayLink& operator=(const DisplayLink&) = delete;
 
@@ -35,8 +35,8 @@ public:
     /// callback.
     void start();
 
-    /// Waits for a call that is under way; after that there are no more calls. So the callback must not
-    /// wait for the thread that calls this. Has no effect while stopped.
+    /// Waits for a call that is under way; after that there are no more calls until the next `start`. The
+    /// callback must not call this, nor wait for the thread that calls this. Has no effect while stopped.
     void stop();
 
 private:

@@ -46,6 +46,7 @@ public:
 
     /// Calls `changed` after each announced change of `key`, on the thread that announces it, until the
     /// returned subscription ends. A call that is under way on another thread at that moment continues.
+    /// Changes before this call are not reported, not even that the operation has finished.
     Subscription observe(Key key, std::function<void()> changed);
 
 protected:

@@ -20,19 +20,21 @@ public:
     /// `width` is the number of operations that may run at the same time. Values below 1 mean 1.
     explicit OperationQueue(int width = static_cast<int>(std::thread::hardware_concurrency()));
 
-    /// Cancels all operations, and waits until `start()` has returned for each of them. An asynchronous
-    /// operation that has not finished by then stays alive until it has. One of the queue's own operations
-    /// may destroy the queue; the destructor then does not wait for that operation.
+    /// Cancels all operations, and waits until `start()` has returned for each of them, even if the queue is
+    /// suspended. An asynchronous operation that has not finished by then stays alive until it has. One of
+    /// the queue's own operations may destroy the queue; the destructor then does not wait for that
+    /// operation.
     ~OperationQueue();
     OperationQueue(const OperationQueue&) = delete;
     OperationQueue& operator=(const OperationQueue&) = delete;
 
-    /// Adds an operation, which must not have been started or added to a queue before.
+    /// Adds an operation, which must not be null, nor have been started or added to a queue before.
     void add(std::shared_ptr<Operation> operation);
     /// Adds an operation that calls `work`.
     void add(std::function<void()> work);
 
     /// Cancels all operations that run or wait. For waiting ones `start()` is still called, in their order.
+    /// Operations that are added later are not cancelled.
     void cancelAll();
 
     /// Waits until no operation runs or waits. While the queue is suspended and operations wait, it does
@@ -41,11 +43,13 @@ public:
     void waitUntilAllAreFinished();
 
     [[nodiscard]] int width() const;
-    /// Operations that run already continue even if the new width is smaller.
+    /// Sets the limit; values below 1 mean 1. Operations that run already continue even if the new limit is
+    /// smaller.
     void setWidth(int width);
 
     [[nodiscard]] bool isSuspended() const;
-    /// While suspended, the queue starts no operations. Operations that run already continue.
+    /// While suspended, the queue starts no operations; operations that run already continue. The default is
+    /// false.
     void setSuspended(bool suspended);
 
     /// The number of operations that run or wait.

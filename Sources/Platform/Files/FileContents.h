@@ -9,8 +9,8 @@
 
 #include <fcntl.h>
 
-/// Reading and writing whole files. Paths are in the file system's encoding; a relative one starts in
-/// `folder`, an open descriptor, or in the working folder without one. Any thread.
+/// Reading and writing whole files. Paths are in the file system's encoding. A relative path is
+/// resolved against `folder`, an open descriptor; by default against the working folder. Any thread.
 namespace quor::platform {
 
 /// Whether the last component of a path may be a symbolic link. Links before it are always followed.
@@ -21,17 +21,18 @@ enum class SymbolicLinks { follow, refuse };
 [[nodiscard]] FileDescriptor openForReading(
     const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
 
-/// Returns the content of an open file from its current position on. Returns `nullopt` if the file is not a
-/// regular one, has more than `limit` bytes, or cannot be read; also if `file` is not open.
+/// Returns the content of an open file from its current position on, without bytes that another process
+/// appends meanwhile. Returns `nullopt` if the file is not a regular file, has more than `limit` bytes, or
+/// cannot be read; also if `file` is not open.
 [[nodiscard]] std::optional<QByteArray> readWhole(int file, qint64 limit);
 
 /// Opens the file and returns its content, by the rules of the two functions above.
 [[nodiscard]] std::optional<QByteArray> readFile(
     const QByteArray& path, qint64 limit, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
 
-/// Writes all the bytes at the end of an open file, in one system call where the system allows it. On
-/// failure the file may hold a part of them. Fails with `std::errc::file_too_large`, instead of ending the
-/// process, where the file would exceed the process's limit (`RLIMIT_FSIZE`).
+/// Writes all the bytes at the current position of an open file, which must be its end. On failure, a part of
+/// the bytes may have been written. Fails with `std::errc::file_too_large`, instead of ending the process, if
+/// the file would exceed the process's limit (`RLIMIT_FSIZE`).
 [[nodiscard]] std::error_code writeWhole(int file, QByteArrayView bytes);
 
 } // namespace quor::platform

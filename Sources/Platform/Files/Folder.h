@@ -17,11 +17,12 @@ namespace quor::platform {
 [[nodiscard]] FileDescriptor openFolder(
     const QByteArray& path, SymbolicLinks links = SymbolicLinks::follow, int folder = AT_FDCWD);
 
-/// Makes the folder and those above it where they are missing, with permissions `mode` less the process's
-/// mask. Also succeeds if something other than a folder has that name.
+/// Makes the folder and all missing folders above it, with the permissions `mode`, with the bits of the
+/// process's umask cleared. Also succeeds if something other than a folder has that name. After a failure,
+/// some of the folders above may have been made.
 [[nodiscard]] std::error_code makeFolder(const QByteArray& path, mode_t mode);
 
-/// Hidden names begin with a dot.
+/// Which names a list contains: only those without a dot at the beginning, or only those with it.
 enum class Names { visible, hidden };
 
 /// Returns the names of a folder's own entries of one kind (`S_IFREG`, `S_IFDIR`), in no order, without

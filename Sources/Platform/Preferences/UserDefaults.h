@@ -36,8 +36,8 @@ public:
     /// succeeds.
     [[nodiscard]] static UserDefaults standard();
 
-    /// Returns defaults that use the suite where it can be opened, else the standard defaults. This is
-    /// decided at each access. Opens nothing by itself.
+    /// Returns defaults that use the suite if it can be opened, otherwise the standard defaults. This is
+    /// decided at each access. This function does not make or open a folder.
     [[nodiscard]] static UserDefaults suiteOrStandard(const QString& name);
 
     [[nodiscard]] std::optional<QByteArray> dataForKey(const QString& key) const;
@@ -53,7 +53,8 @@ public:
     bool setObject(bool value, const QString& key) const;
     bool setObject(double value, const QString& key) const;
     bool setObject(const char* value, const QString& key) const = delete; // it would convert to a bool
-    /// Returns whether the key is unset now.
+    /// Removes the value. Returns true if the key was unset already. Returns false on failure, if the suite
+    /// cannot be opened, and for a key that can have no value.
     bool removeObject(const QString& key) const;
 
 private:

@@ -80,7 +80,7 @@ bool PluginFolder::write(const QByteArray& data, const QString& path) const
     if (!components || components->isEmpty())
         return false;
     const FileDescriptor folder = openParent(*components);
-    constexpr mode_t mode = 0666; // less the process's mask
+    constexpr mode_t mode = 0666; // the bits of the process's umask are cleared
     return folder
         && !platform::replaceFile(
             components->last(), data, mode, platform::Permissions::ofTarget, folder.get());

@@ -132,7 +132,7 @@ bool isVisible(const std::filesystem::path& path)
 
 void FileErrorLogger::setup(const std::optional<QString>& logDirectory, platform::Date now)
 {
-    constexpr mode_t mode = 0777; // less the process's mask
+    constexpr mode_t mode = 0777; // the bits of the process's umask are cleared
     const QString path = logDirectory.value_or(QString());
     LogFolder::shared().setPath(path);
     if (!path.isEmpty())

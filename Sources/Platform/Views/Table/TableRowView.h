@@ -28,9 +28,9 @@ public:
     [[nodiscard]] QWidget* view() const { return view_; }
     /// Makes the widget a child of this one, and shows it. The view before stays a child.
     void setView(QWidget* view);
-    /// The room above and below the view: together the table's row spacing.
+    /// Sets the room above and below the view: together the table's row spacing. The default is 0.
     void setSpacing(int above, int below);
-    /// Free room on each side of the view, which the selection covers. 0 at first.
+    /// Sets the free room on each side of the view, which the selection covers. The default is 0.
     void setSideMargin(int margin);
 
     [[nodiscard]] bool isSelected() const { return selected_; }

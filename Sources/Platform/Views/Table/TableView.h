@@ -39,8 +39,8 @@ public:
 
     [[nodiscard]] TableViewDataSource* dataSource() const { return dataSource_.get(); }
     [[nodiscard]] TableViewDelegate* delegate() const { return delegate_.get(); }
-    /// Takes effect with the next reload, as `setDelegate` does. Without a data source or without a
-    /// delegate, a reload leaves no rows.
+    /// These two do not reload: call `reloadData` afterwards. Calls and notifications go to the new delegate
+    /// at once. Without a data source or without a delegate, a reload leaves no rows.
     void setDataSource(TableViewDataSource* dataSource);
     void setDelegate(TableViewDelegate* delegate);
 
@@ -125,8 +125,8 @@ public:
     /// Reports no hover until the pointer moves. The table does this after each `walk`: a row that is
     /// scrolled under a resting pointer must not take the selection from the keyboard.
     void ignorePointerUntilItMoves();
-    /// Reports a click on the row to the delegate, as a screen reader may ask for. Ignored if there is no
-    /// such row.
+    /// Reports a click on the row to the delegate, as a screen reader may ask for. Does not select the row.
+    /// Ignored if there is no such row.
     void clickRow(int row);
 
     /// Scrolls by as little as possible until the whole row can be seen; a row higher than the viewport is

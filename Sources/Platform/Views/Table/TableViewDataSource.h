@@ -7,11 +7,11 @@ namespace quor::platform {
 
 class TableView;
 
-/// The number of rows of a `TableView`. The table asks once in each `reloadData()`, so the answer may change
-/// at any time. The table holds it weakly, so either may end first. Main thread only.
+/// Supplies the number of rows of a `TableView`. The table asks once in each `reloadData()`, so the answer
+/// may change at any time. The table holds it weakly, so either may end first. Main thread only.
 class TableViewDataSource : public Trackable {
 public:
-    /// Never negative.
+    /// Must not return a negative number.
     [[nodiscard]] virtual int numberOfRows(const TableView& table) const = 0;
 
 protected:

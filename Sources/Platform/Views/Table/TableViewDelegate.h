@@ -29,7 +29,8 @@ struct TableViewRowDescription {
 /// Rows are counted from 0, and every `row` passed in exists. How often and in which order the functions are
 /// called is unspecified; except for the heights, they are called for rows that are about to be seen. A
 /// `reloadData()` from within a `const` function, `viewForRow` or `rowViewForRow` takes effect when the event
-/// loop next runs. The table holds its delegate weakly, so either may end first. Main thread only.
+/// loop next runs. Only `didClickRow` may delete the table. The table holds its delegate weakly, so either
+/// may end first. Main thread only.
 class TableViewDelegate : public Trackable {
 public:
     /// Returns the widget that fills the row: one from `TableView::makeView`, or a new one. The table takes

@@ -32,7 +32,8 @@ struct TableViewGeometry final {
     {
         return rectOfRow(row).translated(0, -visible.y());
     }
-    /// The row at a point of the viewport. Returns -1 outside the viewport and where there is no row.
+    /// The row at a point of the viewport. Returns -1 if the point is outside the viewport, or no row is
+    /// there.
     [[nodiscard]] int rowAtPoint(QPoint viewportPoint) const;
     /// The rows that are at least partly on the screen, in ascending order. Rows without a height are
     /// never among them.
@@ -44,7 +45,7 @@ struct TableViewGeometry final {
     /// row.
     [[nodiscard]] int offsetShowingRow(int row) const;
     /// The row that a page key reaches from `row`: a viewport further, less the height of `row`, so that
-    /// one row of the page before can still be seen. Returns -1 if no row has a height.
+    /// one row of the page before can still be seen. `row` must exist. Returns -1 if no row has a height.
     [[nodiscard]] int rowOnNextPage(int row, TableViewDirection direction) const;
 };
 

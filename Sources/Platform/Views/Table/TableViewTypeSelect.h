@@ -18,8 +18,11 @@ public:
     static constexpr std::chrono::milliseconds timeout{1000};
 
     /// Adds the letters `typed` at `now`, and returns the row among `count` that begins with the text typed
-    /// so far, ignoring case. Searches from `selectedRow` (-1 for none) to the end, then from the first row.
-    /// Returns -1 if no row begins with the text, or if `typed` is empty.
+    /// so far, ignoring case. If no row does and all letters of the text are the same, searches for a row
+    /// that begins with that letter. Returns -1 if there is no such row, or if `typed` is empty.
+    ///
+    /// The search begins after `selectedRow` (-1 if no row is selected), and goes on from the first row after
+    /// the last. For a text that grows, the search begins at `selectedRow` itself.
     [[nodiscard]] int find(const QString& typed, TimePoint now, int selectedRow, int count,
         const std::function<QString(int row)>& textOfRow);
 

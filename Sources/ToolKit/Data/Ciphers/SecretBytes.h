@@ -27,7 +27,8 @@ public:
     [[nodiscard]] const char* data() const { return bytes_.data(); }
     [[nodiscard]] qsizetype size() const { return size_; }
 
-    /// Makes the size smaller. The bytes after it are wiped with the others.
+    /// Sets a smaller size, which must not exceed the present size. The bytes after it are wiped with the
+    /// others.
     void truncate(qsizetype size) { size_ = size; }
 
 private:

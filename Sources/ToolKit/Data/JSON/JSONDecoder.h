@@ -19,7 +19,8 @@ namespace quor::toolkit {
 /// several members with the same name, the last is used.
 class JSONDecoder final {
 public:
-    /// Returns `nullopt` on failure, and sets `error` if it is not null.
+    /// Returns `nullopt` on failure, and sets `error` if it is not null. After a success the content of
+    /// `error` is unspecified.
     template <typename T>
     [[nodiscard]] std::optional<T> decode(QByteArray data, DecodingError* error = nullptr) const
     {

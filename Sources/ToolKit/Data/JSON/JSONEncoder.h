@@ -20,7 +20,7 @@ public:
 
     OutputFormatting outputFormatting = OutputFormatting::compact;
 
-    /// Returns `nullopt` on failure, and sets `error` if it is not null.
+    /// Returns `nullopt` on failure, and sets `error` if it is not null. Leaves `error` as it is otherwise.
     template <typename T>
     [[nodiscard]] std::optional<QByteArray> encode(const T& object, EncodingError* error = nullptr) const
     {

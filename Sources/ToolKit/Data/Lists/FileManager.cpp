@@ -25,7 +25,7 @@ std::optional<QByteArray> FileManager::contents(const QString& path) const
 
 bool FileManager::write(const QByteArray& data, const QString& path) const
 {
-    constexpr mode_t mode = 0666; // less the process's mask
+    constexpr mode_t mode = 0666; // the bits of the process's umask are cleared
     return !platform::replaceFile(QFile::encodeName(path), data, mode, platform::Permissions::ofTarget);
 }
 
@@ -42,7 +42,7 @@ bool FileManager::itemExists(const QString& path) const
 
 bool FileManager::createDirectory(const QString& path) const
 {
-    constexpr mode_t mode = 0777; // less the process's mask
+    constexpr mode_t mode = 0777; // the bits of the process's umask are cleared
     return !platform::makeFolder(QFile::encodeName(path), mode);
 }
 

@@ -24,13 +24,15 @@ public:
     /// Removes a file or symbolic link, never a folder. Returns whether nothing is there now.
     bool removeFile(const QString& path) const;
 
-    /// Returns whether anything is there. A symbolic link counts even if it leads nowhere.
+    /// Returns whether anything is there, also for a symbolic link that leads nowhere.
     [[nodiscard]] bool itemExists(const QString& path) const;
 
-    /// Makes the folder and those above it where they are missing. Returns false on failure.
+    /// Makes the folder and all missing folders above it. Returns false on failure. Also succeeds if
+    /// something other than a folder has that name.
     bool createDirectory(const QString& path) const;
 
-    /// Removes the folder with all its content; of a symbolic link, only the link. Returns false on failure.
+    /// Removes the folder with all its content; of a symbolic link, only the link. Returns false on failure,
+    /// which may leave a part of the content; true if nothing was there.
     bool removeDirectory(const QString& path) const;
 
     /// Returns the names of the regular files directly in the folder, in no order, without those that begin
