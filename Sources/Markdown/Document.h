@@ -22,7 +22,7 @@ class Document : public MarkupElement<MarkupKind::document> {
 public:
     using MarkupElement::MarkupElement;
 
-    /// Parses the text. `source` is where it came from; `source()` returns it.
+    /// Parses the text. `source` is the URL of the text. It is not opened, only stored for `source()`.
     explicit Document(QStringView parsing, const std::optional<QUrl>& source = {}, ParseOptions options = {});
     /// Parses a text in UTF-8.
     explicit Document(

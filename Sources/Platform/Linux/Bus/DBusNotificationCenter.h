@@ -16,8 +16,8 @@ class SessionBus;
 /// member `Posted`, with the notification's name as the only argument.
 ///
 /// There is one match rule for each observed name, so the bus delivers only observed notifications. Without
-/// a connection, posts are lost and none arrive. Borrows the bus, which must outlive this object. Main
-/// thread only.
+/// a connection, posts are lost and no notification arrives. Borrows the bus, which must outlive this object.
+/// Main thread only.
 class DBusNotificationCenter final : public DistributedNotificationCenter {
 public:
     explicit DBusNotificationCenter(SessionBus& bus);

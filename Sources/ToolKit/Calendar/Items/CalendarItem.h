@@ -33,9 +33,10 @@ struct ItemState {
     std::shared_ptr<EventCalendar> calendar;
 };
 
-/// Base of `Event` and `Reminder`: an item of a calendar as it was when it was read or made. Setters change
-/// only this object until `EventStore` saves it. Saving writes the fields that differ from those that were
-/// read, so changes of other programs in other fields are kept. Held in shared pointers. Any thread.
+/// Base of `Event` and `Reminder`: an item of a calendar. The object has the values that the item had when it
+/// was read or created; later changes of the file do not reach it. Setters change only this object until
+/// `EventStore` saves it. A save writes only the fields that were changed here, so changes of other programs
+/// in other fields are kept. Held in shared pointers. Any thread.
 template <class Fields>
 class CalendarItem {
 public:
@@ -58,7 +59,8 @@ public:
     {
         return read([](const ItemState<Fields>& state) { return state.calendar; });
     }
-    /// Another calendar for a saved item moves it when it is saved, an occurrence with its whole series.
+    /// If the item is saved already, the next save moves it to this calendar. An occurrence of a series is
+    /// moved together with its whole series.
     void setCalendar(std::shared_ptr<EventCalendar> calendar)
     {
         const std::scoped_lock lock(mutex_);
@@ -70,7 +72,7 @@ public:
     [[nodiscard]] QString notes() const { return get(&Fields::notes); }
     void setNotes(const QString& notes) { set(&Fields::notes, notes); }
 
-    /// All fields at one moment.
+    /// Copies of all fields at one moment, so that no other thread changes some of them in between.
     [[nodiscard]] Fields fields() const
     {
         return read([](const ItemState<Fields>& state) { return state.fields; });

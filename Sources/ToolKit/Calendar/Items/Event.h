@@ -49,8 +49,8 @@ public:
 
     /// Whether this is an occurrence of a series, by rule or by a list of dates.
     [[nodiscard]] bool isRecurring() const { return occurrenceDate().has_value(); }
-    /// The start of this occurrence before it was moved by itself. Returns `nullopt` for an event that
-    /// happens once.
+    /// The start that the series gives to this occurrence. It stays the same if this occurrence alone is
+    /// moved to another time. Returns `nullopt` for an event that happens once.
     [[nodiscard]] std::optional<Date> occurrenceDate() const
     {
         return read([](const ItemState<EventFields>& state) { return state.place.occurrence; });

@@ -13,9 +13,9 @@
 
 namespace quor::toolkit {
 
-/// A calendar as it was when it was read or made. Setters change only this object until
-/// `EventStore::saveCalendar`. Objects that describe the same calendar have equal identifiers. Made by an
-/// `EventStore`, held in shared pointers. Any thread.
+/// The properties of a calendar, as they were when they were read or made. Setters change only this object
+/// until `EventStore::saveCalendar`. Objects that describe the same calendar have equal identifiers. Made by
+/// an `EventStore`, held in shared pointers. Any thread.
 class EventCalendar final {
 public:
     /// "<folder of the source>/<folder of the calendar>". Empty before the first save. A new title does not
