@@ -22,8 +22,8 @@ class CustomTableView : public platform::TableView {
 public:
     explicit CustomTableView(QWidget* parent = nullptr);
 
-    /// The delegate is held weakly, and may end before the table. Null removes it. Return and the space bar
-    /// are accepted also without a delegate.
+    /// The delegate is held weakly, and may end before the table. Null removes it. Return, the space bar
+    /// and both arrow keys are accepted also without a delegate; they have no effect then.
     void setKeyDelegate(CustomTableViewKeyDelegate* keyDelegate);
     [[nodiscard]] CustomTableViewKeyDelegate* keyDelegate() const;
 
@@ -31,10 +31,11 @@ public:
     /// key and by a click with Control, and its row is selected, unless the row already is.
     void setMenu(QMenu* menu);
 
-    /// The row of the context menu that is open, or was closed less than 0.2 seconds ago; -1 if it was opened
-    /// beside the rows. Returns `nullopt` at any other time.
+    /// The row of the context menu that is open, or was closed less than 0.2 seconds ago; -1 if the menu was
+    /// opened outside the rows. Returns `nullopt` at any other time.
     [[nodiscard]] std::optional<int> rowForLastMenu() const { return rowForLastMenu_; }
-    /// The row to which an action of the context menu applies: `rowForLastMenu()`, else `selectedRow()`.
+    /// The row to which an action of the context menu applies: `rowForLastMenu()` unless it is `nullopt`,
+    /// otherwise `selectedRow()`.
     [[nodiscard]] int menuRow() const { return rowForLastMenu_.value_or(selectedRow()); }
 
     /// Selects this row, also if the user must not select it: alone, or with `extending` in addition, if

@@ -7,7 +7,7 @@ namespace quor::toolkit {
 
 class CustomTableView;
 
-/// Gets the keys and double clicks of a `CustomTableView`. `row` is the selected row, -1 if no row is
+/// Receives the keys and double clicks of a `CustomTableView`. `row` is the selected row, or -1 if no row is
 /// selected. The table holds its delegate weakly. Main thread only.
 class CustomTableViewKeyDelegate : public platform::Trackable {
 public:

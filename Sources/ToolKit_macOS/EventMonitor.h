@@ -27,8 +27,8 @@ public:
     /// that the handler returns is passed on; `nullopt` swallows the event.
     void startLocal(platform::EventMonitors::LocalHandler handler);
 
-    /// Removes the monitor. Has no effect if none is started. The handler may call this, and may delete this
-    /// object.
+    /// Removes the monitor. Has no effect if no monitor is started. After that the handler is not called. The
+    /// handler may call this, and may delete this object.
     void stop();
 
 private:

@@ -27,7 +27,7 @@ public:
     /// Turns clockwise until `stop`, once in `duration` seconds, which is at most a day. If `duration` is not
     /// above 0, turns once in 0.25 seconds. Ignored while the spinner turns already, in either direction.
     void startSpinning(double duration);
-    /// The same, counterclockwise.
+    /// As `startSpinning`, but turns counterclockwise.
     void startSpinningReverse(double duration);
     /// Ends the turning, and sets the angle to 0.
     void stop();

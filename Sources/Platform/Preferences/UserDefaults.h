@@ -11,7 +11,7 @@ namespace quor::platform {
 /// A preferences suite: keyed, typed values that every process of the user can read and write.
 ///
 /// A suite is a folder, `$XDG_DATA_HOME/<suite>/Preferences` (mode 0700), with one regular file (mode 0600)
-/// for each key. The file's name is the key, where a leading dot and every byte outside `A-Za-z0-9._-` is
+/// for each key. The file's name is the key, in which a leading dot and every byte outside `A-Za-z0-9._-` is
 /// written as `%XX`. Its content is a line with the type (`data`, `string`, `bool` or `real`) and then the
 /// value. A write replaces the file as a whole, so a reader sees the old value or the new one. Nothing is
 /// cached: each read opens the file.

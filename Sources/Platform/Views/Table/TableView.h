@@ -52,7 +52,8 @@ public:
     [[nodiscard]] int numberOfRows() const { return heights_.count(); }
 
     /// Asks again for the heights of the rows from `first` to `last`, both included. The row at the upper
-    /// edge of the viewport may be another one afterwards.
+    /// edge of the viewport may be another one afterwards. After a reload with `setUniformRowHeight`, heights
+    /// are not asked for.
     void noteHeightOfRowsChanged(int first, int last);
 
     /// Sets the height of every row; with `nullopt`, the default, the delegate is asked for each row's
@@ -81,12 +82,12 @@ public:
     /// `rectOfRow` in the viewport, also for a row that is not on the screen.
     [[nodiscard]] QRect viewportRectOfRow(int row) const { return rowGeometry().viewportRectOfRow(row); }
 
-    /// Returns a widget with this `objectName()` that no row needs now, null if there is none. Only for use
-    /// within `TableViewDelegate::viewForRow`, which must set everything that the row shows: the widget
-    /// still shows the row that it served last.
+    /// Returns a widget with this `objectName()` that no row needs now, or null if there is no such widget.
+    /// Only for use within `TableViewDelegate::viewForRow`, which must set everything that the row shows: the
+    /// widget still shows the row that it served last.
     [[nodiscard]] QWidget* makeView(const QString& identifier);
-    /// Returns null for a row that has no widgets now. Rows on the screen have widgets, and so has the row
-    /// with the keyboard focus, wherever it is.
+    /// These return null for a row that has no widgets now. Rows on the screen have widgets, and so has the
+    /// row with the keyboard focus, wherever it is.
     [[nodiscard]] QWidget* viewAtRow(int row) const;
     [[nodiscard]] TableRowView* rowViewAtRow(int row) const;
     /// The row that shows this widget, or a widget around it. Returns -1 if no row does.
@@ -133,7 +134,7 @@ public:
     /// shown from its upper edge. The first and the last row are shown with the insets next to them.
     void scrollRowToVisible(int row);
 
-    /// As wide as the frame needs, and as high as the content.
+    /// Returns a size that is as wide as the frame needs, and as high as the content.
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -44,18 +44,20 @@ public:
     /// row view.
     [[nodiscard]] virtual TableRowView* rowViewForRow(TableView& table, int row);
 
-    /// In device-independent pixels, without the spacing; a negative height is taken as 0. Called for every
-    /// row in each reload, unless `TableView::setUniformRowHeight` was called, so it has to be fast. 20
-    /// unless overridden.
+    /// Returns the row's height in device-independent pixels, without the spacing; a negative height is taken
+    /// as 0. Called for every row in each reload, unless `TableView::setUniformRowHeight` was called, so it
+    /// has to be fast. Returns 20 unless overridden.
     [[nodiscard]] virtual int heightOfRow(const TableView& table, int row) const;
 
-    /// Whether the user may select the row. Not called when the program selects it. True unless overridden.
+    /// Whether the user may select the row. Not called when the program selects it. Returns true unless
+    /// overridden.
     [[nodiscard]] virtual bool shouldSelectRow(const TableView& table, int row) const;
 
-    /// The text by which typing finds the row. Empty, as it is unless overridden, if typing must not find it.
+    /// Returns the text by which typing finds the row, or an empty text if typing must not find it. Returns
+    /// an empty text unless overridden.
     [[nodiscard]] virtual QString typeSelectString(const TableView& table, int row) const;
 
-    /// Describes the row to screen readers. Unless overridden, an enabled list item with the text of
+    /// Describes the row to screen readers. Unless overridden, returns an enabled list item with the text of
     /// `typeSelectString`.
     [[nodiscard]] virtual TableViewRowDescription describeRow(const TableView& table, int row) const;
 

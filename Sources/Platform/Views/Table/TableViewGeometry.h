@@ -27,7 +27,7 @@ struct TableViewGeometry final {
     [[nodiscard]] int contentHeight() const { return heights.total() + insets.top() + insets.bottom(); }
     /// The row and its spacing, in the content. Returns a null rectangle if there is no such row.
     [[nodiscard]] QRect rectOfRow(int row) const;
-    /// The same in the viewport, also for a row that is not on the screen.
+    /// `rectOfRow` in the viewport, also for a row that is not on the screen.
     [[nodiscard]] QRect viewportRectOfRow(int row) const
     {
         return rectOfRow(row).translated(0, -visible.y());

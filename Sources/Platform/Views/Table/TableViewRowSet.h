@@ -18,7 +18,8 @@ public:
     explicit TableViewRowSet(int row) { insert(row, row); }
     TableViewRowSet(int first, int last) { insert(first, last); }
 
-    /// Inserts the rows from `first` to `last`, both included; negative rows are ignored.
+    /// Inserts the rows from `first` to `last`, both included. Negative rows are ignored, and so is a `last`
+    /// before `first`.
     void insert(int row) { insert(row, row); }
     void insert(int first, int last);
     void insert(const TableViewRowSet& rows);
@@ -30,7 +31,7 @@ public:
     [[nodiscard]] int count() const;
     /// The highest row. Returns -1 if the set is empty.
     [[nodiscard]] int last() const { return runs_.empty() ? -1 : runs_.back().last; }
-    /// In ascending order; between two runs at least one row is missing.
+    /// Returns the runs in ascending order. Between two runs at least one row is missing.
     [[nodiscard]] const std::vector<Run>& runs() const { return runs_; }
 
     friend bool operator==(const TableViewRowSet&, const TableViewRowSet&) = default;

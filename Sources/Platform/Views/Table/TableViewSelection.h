@@ -28,8 +28,9 @@ public:
         bool isStep; ///< the user stepped to the new `selectedRow()`, or extended the selection to it
     };
 
-    /// Whether the user may select a row of the list. While this is empty the user may select no row.
+    /// Returns whether the user may select a row of the list. While this is empty the user may select no row.
     Callback<bool(int row)> shouldSelectRow;
+    /// Called after each change, before the function that made it returns.
     Callback<void(const Change& change)> changed;
 
     /// Leaves the selection as it is: call `dropInvalidRows` when the list is ready for the change.
@@ -51,7 +52,7 @@ public:
     /// Selects rows by program, also rows that the user must not select, in place of the selected ones. Rows
     /// that the list does not have are ignored. The highest of `rows` becomes `selectedRow()`; unless several
     /// rows can be selected, it is the only one that is selected. `extending` keeps the selected rows, if
-    /// several rows can be selected; it has no effect on the selection if the list has none of `rows`.
+    /// several rows can be selected; if the list has no row of `rows`, the call then has no effect.
     bool select(const TableViewRowSet& rows, bool extending);
     /// Deselects the row, also if the selection must not become empty. If it was `selectedRow()`, the highest
     /// row that is still selected becomes `selectedRow()`.

@@ -8,8 +8,8 @@
 
 namespace quor::toolkit {
 
-/// Bytes that are wiped at the end of their life. They are never copied or reallocated, so none remain
-/// elsewhere.
+/// Bytes that are wiped when their owner is destroyed. They are never copied or reallocated, so no copy of
+/// them remains elsewhere. An object that was moved from must only be destroyed.
 class SecretBytes final {
 public:
     /// Filled with zero bytes.

@@ -10,7 +10,7 @@
 
 #include <optional>
 
-/// Converts values and dictionaries to JSON and back, where a failure is only an empty result. The failure of
+/// Converts values and dictionaries to JSON and back. After a failure the result is `nullopt`. The failure of
 /// a typed value is also written to the error log, with the reason:
 ///
 ///     JSONHelper.decode:31: decodeError: There is no value for the key "name". (at [2])

@@ -41,7 +41,8 @@ public:
     void number(std::uint64_t value);
     void text(QStringView value);
 
-    void fail(const QString& description); ///< To be called in place of writing a value.
+    /// To be called in place of writing a value. Only the first failure is kept.
+    void fail(const QString& description);
     [[nodiscard]] bool hasFailed() const { return error_.has_value(); }
 
     /// Returns the text, or sets `error` and returns `nullopt` after a failure. To be called last.
