@@ -7,6 +7,7 @@
 
 #include <unicode/calendar.h>
 
+#include <array>
 #include <ctime>
 #include <memory>
 #include <random>
@@ -26,10 +27,17 @@ constexpr long dayAfter = 47'847; // 2101-01-01
 /// From the C library: the first and last second of each local day, none for a day that was left out.
 class LocalDays final {
 public:
-    LocalDays()
+    struct Day {
+        long first = 0, last = -1;
+    };
+
+    /// Of all days from `begin` to before `end`. A day is a number of days since the beginning of 1970.
+    LocalDays(long begin, long end)
+        : base_(begin - 4)
+        , days_(size_t(end - begin + 8))
     {
-        long from = (firstDay - 2) * daySeconds;
-        for (long step = 6 * 3600, at = from; at < (dayAfter + 2) * daySeconds; at += step) {
+        long from = (begin - 2) * daySeconds;
+        for (long step = 6 * 3600, at = from; at < (end + 2) * daySeconds; at += step) {
             if (offset(at) == offset(at + step))
                 continue;
             long before = at;
@@ -38,13 +46,9 @@ public:
             addPeriod(from, before, offset(at));
             from = before + 1;
         }
-        addPeriod(from, (dayAfter + 2) * daySeconds, offset(from));
+        addPeriod(from, (end + 2) * daySeconds, offset(from));
     }
-
-    struct Day {
-        long first = 0, last = -1;
-    };
-    [[nodiscard]] const Day& operator[](long day) const { return days_[size_t(day - firstDay + 4)]; }
+    [[nodiscard]] const Day& operator[](long day) const { return days_[size_t(day - base_)]; }
 
 private:
     static long offset(std::time_t moment)
@@ -53,78 +57,58 @@ private:
         localtime_r(&moment, &local);
         return local.tm_gmtoff;
     }
-
     void addPeriod(long first, long last, long offset)
     {
         const auto dayOf
             = [&](long moment) { return (moment + offset + 100'000 * daySeconds) / daySeconds - 100'000; };
         for (long number = dayOf(first); number <= dayOf(last); ++number) {
-            Day& day = days_[size_t(number - firstDay + 4)];
+            Day& day = days_[size_t(number - base_)];
             if (day.last < day.first)
                 day.first = std::max(first, number * daySeconds - offset);
             day.last = std::min(last, (number + 1) * daySeconds - 1 - offset);
         }
     }
 
-    std::vector<Day> days_ = std::vector<Day>(dayAfter - firstDay + 8);
+    long base_;
+    std::vector<Day> days_;
 };
 
 TEST(DateAgreement, CountsDaysAsTheCLibraryDoes)
 {
     const QByteArray before = qgetenv("TZ");
     // The last ones changed their rules in recent years, so older data than the system's would be wrong.
-    for (const char* const zone :
-        {"Europe/Berlin", "America/New_York", "America/Sao_Paulo", "America/Santiago", "America/Toronto",
-            "America/St_Johns", "Asia/Beirut", "Pacific/Apia", "Pacific/Kwajalein", "Australia/Lord_Howe",
-            "CET-1CEST,M3.5.0,M10.5.0/3", "Africa/Cairo", "Asia/Almaty", "Asia/Tehran"}) {
+    const QByteArrayList thorough{"Europe/Berlin", "America/New_York", "America/Sao_Paulo",
+        "America/Santiago", "America/Toronto", "America/St_Johns", "Asia/Beirut", "Pacific/Apia",
+        "Pacific/Kwajalein", "Australia/Lord_Howe", "CET-1CEST,M3.5.0,M10.5.0/3", "Africa/Cairo",
+        "Asia/Almaty", "Asia/Tehran"};
+    for (const QByteArray& zone : thorough + QTimeZone::availableTimeZoneIds()) {
+        if (zone.startsWith("UTC"))
+            continue;
         qputenv("TZ", zone); // the shared calendar follows
         tzset();
-        const LocalDays days;
-        int wrong = 0;
-        // To the C library, a rule begins in 1970.
-        const long begin = QByteArrayView(zone).contains(',') ? 1 : firstDay;
-        for (long day = begin, previous = day; day < dayAfter && wrong < 3; ++day) {
+        const bool isThorough = thorough.contains(zone);
+        // To the C library, a rule begins in 1970. The other zones are compared in 2025 and 2026.
+        const long begin = !isThorough ? 20'089 : zone.contains(',') ? 1 : firstDay;
+        const long end = isThorough ? dayAfter : 20'819;
+        const LocalDays days(begin, end);
+        for (long day = begin, previous = day, odd = begin; day < end; ++day) {
             const auto [first, last] = days[day];
             if (last < first)
                 continue;
-            const Date within = dateFromSeconds(double(day % 3 == 0 ? first : last));
             const Date earlier = dateFromSeconds(double(days[previous].last));
-            const bool isOdd = last - first != daySeconds - 1;
-            const bool isRight
-                = ((day % 2 != 0 && !isOdd) || startOfDay(within) == dateFromSeconds(double(first)))
-                && ((day % 2 == 0 && !isOdd) || endOfDay(within) == dateFromSeconds(double(last)))
-                && ((day % 16 != 0 && !isOdd)
-                    || (daysBetween(earlier, within) == 1 && numberOfDays(within, earlier) == 0));
-            EXPECT_TRUE(isRight) << zone << ", day " << day;
-            wrong += isRight ? 0 : 1;
             previous = day;
-        }
-    }
-    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
-    tzset();
-}
-
-TEST(DateAgreement, StartsTheDaysOfRecentYearsInEveryZoneAsTheCLibraryDoes)
-{
-    const QByteArray before = qgetenv("TZ");
-    for (const QByteArray& zone : QTimeZone::availableTimeZoneIds()) {
-        if (zone.startsWith("UTC"))
-            continue;
-        qputenv("TZ", zone);
-        tzset();
-        const auto dayOf = [](double moment) {
-            std::tm local{};
-            const auto second = std::time_t(moment);
-            localtime_r(&second, &local);
-            return std::pair(local.tm_year, local.tm_yday);
-        };
-        for (double moment = 1'735'732'800; moment < 1'798'804'800; moment += daySeconds) { // 2025 and 2026
-            const double start = secondsSince1970(startOfDay(dateFromSeconds(moment)));
-            const double end = secondsSince1970(endOfDay(dateFromSeconds(moment)));
-            const bool isRight = start <= moment && moment <= end && dayOf(start) == dayOf(moment)
-                && dayOf(start - 1) != dayOf(moment) && dayOf(end) == dayOf(moment)
-                && dayOf(end + 1) != dayOf(moment);
-            ASSERT_TRUE(isRight) << zone.constData() << ' ' << qint64(moment);
+            if (last - first != daySeconds - 1)
+                odd = day;
+            if (day > odd + 1 && day % 61 != 0) // all days are compared only where offsets change
+                continue;
+            for (const long within : {first, last}) {
+                const Date moment = dateFromSeconds(double(within));
+                ASSERT_TRUE(startOfDay(moment) == dateFromSeconds(double(first))
+                    && endOfDay(moment) == dateFromSeconds(double(last))
+                    && (day == begin
+                        || (daysBetween(earlier, moment) == 1 && numberOfDays(moment, earlier) == 0)))
+                    << zone.constData() << ", day " << day;
+            }
         }
     }
     before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
@@ -141,7 +125,7 @@ TEST(DateAgreement, FindsWeeksMonthsAndYearsAsQtDoes)
         return dateFromSeconds(double(QDate(1970, 1, 1).daysTo(day) * daySeconds) + seconds);
     };
     const QDate end(2101, 1, 1);
-    for (QDate day(1900, 1, 1); day < end && !HasFailure(); day = day.addDays(1)) {
+    for (QDate day(1900, 1, 1); day < end && !HasFailure(); day = day.addDays(3)) {
         const Date moment = at(day, day.day() * 2500.5);
         ASSERT_EQ(weekOfYear(moment), day.weekNumber()) << qPrintable(day.toString());
         ASSERT_EQ(startOfWeek(moment), at(day.addDays(1 - day.dayOfWeek()), 0));
@@ -176,11 +160,10 @@ TEST(DateAgreement, MeasuresAsIcuDoes)
                 const auto found = calendar.difference(
                     {Unit::year, Unit::month, Unit::day}, dateFromSeconds(from), dateFromSeconds(to));
                 ASSERT_TRUE(found);
-                EXPECT_EQ(found->year, wanted(UCAL_EXTENDED_YEAR))
+                // In this order, since ICU moves its calendar by what it returns.
+                const std::array expected{wanted(UCAL_EXTENDED_YEAR), wanted(UCAL_MONTH), wanted(UCAL_DATE)};
+                EXPECT_EQ((std::array<int32_t, 3>{*found->year, *found->month, *found->day}), expected)
                     << zone << ' ' << name << ' ' << from << ' ' << to;
-                EXPECT_EQ(found->month, wanted(UCAL_MONTH))
-                    << zone << ' ' << name << ' ' << from << ' ' << to;
-                EXPECT_EQ(found->day, wanted(UCAL_DATE)) << zone << ' ' << name << ' ' << from << ' ' << to;
             }
         }
     }
