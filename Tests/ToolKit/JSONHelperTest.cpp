@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Data/JSON/JSONHelper.h"
+#include "Support/TestLog.h"
 
-#include <QDir>
-#include <QFile>
 #include <QJsonArray>
-#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -17,25 +15,10 @@ namespace {
 
 class JSONHelperTest : public testing::Test {
 protected:
-    JSONHelperTest()
-    {
-        FileErrorLogger::setup(folder_.path());
-        FileErrorLogger::setEnabled(true);
-    }
-    ~JSONHelperTest() override
-    {
-        FileErrorLogger::setEnabled(false);
-        FileErrorLogger::setup(std::nullopt);
-    }
-
-    [[nodiscard]] std::string log() const
-    {
-        QFile file(folder_.filePath(QDir(folder_.path()).entryList(QDir::Files).value(0)));
-        return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : "";
-    }
+    [[nodiscard]] std::string log() const { return log_.text().toStdString(); }
 
 private:
-    QTemporaryDir folder_;
+    const quor::test::TestLog log_;
 };
 
 TEST_F(JSONHelperTest, FailuresOfTypedValuesLeaveALine)

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Stores/CalendarStore.h"
-#include "Support/Files.h"
-#include "ToolKit/Logging/FileErrorLogger.h"
+#include "Support/TestLog.h"
 #include "ToolKitCalendar/CalendarsFixture.h"
-
-#include <cstdlib>
+#include "ToolKitCalendar/TestCalendars.h"
 
 using namespace Qt::StringLiterals;
 using namespace quor::toolkit;
@@ -88,9 +86,7 @@ TEST_F(CalendarStoreTest, AnswersWithNothingAtOnceWhereThereIsNothing)
 
 TEST_F(CalendarStoreTest, FailuresGoToTheLogAlone)
 {
-    const QTemporaryDir logs;
-    FileErrorLogger::setup(logs.path());
-    FileErrorLogger::setEnabled(true);
+    const TestLog testLog;
     exempt_ = std::this_thread::get_id();
     const auto store = open();
     save(*store, u"staged"_s);
@@ -103,17 +99,13 @@ TEST_F(CalendarStoreTest, FailuresGoToTheLogAlone)
     EXPECT_TRUE(seen(*store).isEmpty());
     EXPECT_EQ(there_.calendars(EntityType::event).size(), 1U);
     EXPECT_FALSE(there_.removeCalendar(work_, true)) << "so that there is nowhere to commit to";
-    const auto log = [&] {
-        return readFile(logs.filePath(QDir(logs.path()).entryList(QDir::Files).join(u'/'))).toStdString();
-    };
+    const auto log = [&] { return testLog.text().toStdString(); };
     EXPECT_TRUE(waitFor([&] { return log().find(": Error saving: ") != std::string::npos; }));
     for (const char* line :
         {"saveEvent:[0-9]+: Error saving Event: .", "deleteCalendarEvent:[0-9]+: Error deleting Event: .",
             "deleteCalendar:[0-9]+: Error deleting Calendar: .",
             "createCalendar:[0-9]+: Error saving Calendar: .", "saveDelayed:[0-9]+: Error saving: ."})
         EXPECT_THAT(log(), testing::ContainsRegex(std::string(": CalendarStore\\.") + line));
-    FileErrorLogger::setEnabled(false);
-    FileErrorLogger::setup({});
 }
 
 TEST_F(CalendarStoreTest, ListsMakesAndRemovesCalendars)
@@ -151,14 +143,10 @@ TEST_F(CalendarStoreTest, EachObserverHearsOfABurstOnce)
     store->startObserving(0.3, [&] { ++calls; });
     witness.startObserving(0.6, [&] { ++witnessed; });
     const auto burst = [&](const QString& name) {
-        const QString script
-            = u"for i in 1 2 3; do printf 'BEGIN:VCALENDAR\\r\\nVERSION:2.0\\r\\nPRODID:x\\r\\n"
-              "BEGIN:VEVENT\\r\\nUID:%s\\r\\nDTSTAMP:20231114T000000Z\\r\\nSUMMARY:%s\\r\\n"
-              "DTSTART:20231114T230000Z\\r\\nEND:VEVENT\\r\\nEND:VCALENDAR\\r\\n' $1$i $1$i "
-              ">$0/$1$i.new && mv $0/$1$i.new $0/$1$i.ics; done"_s;
-        const QString command
-            = QString(script).replace(u"$0"_s, folder_.filePath(workID())).replace(u"$1"_s, name);
-        EXPECT_EQ(std::system(qPrintable(command)), 0);
+        for (const QString& title : {name + u'1', name + u'2', name + u'3'})
+            writeFile(folder_.filePath(workID() + u'/' + title + u".ics"_s),
+                TestCalendars::calendar(TestCalendars::event(
+                    title.toUtf8(), "DTSTART:20231114T230000Z\nSUMMARY:" + title.toUtf8())));
     };
     burst(u"a"_s);
     EXPECT_TRUE(waitFor([&] { return witnessed == 1; }));

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Logging/FileErrorLogger.h"
+#include "Support/TestLog.h"
 #include "ToolKitCoreData/TestStore.h"
-
-#include <QDir>
-#include <QFile>
 
 using namespace Qt::StringLiterals;
 using namespace quor::toolkit;
@@ -15,33 +12,20 @@ class Unknown : public ManagedObject { };
 
 class StoreHelpersTest : public StoreTest {
 protected:
-    StoreHelpersTest()
-    {
-        FileErrorLogger::setup(logs());
-        FileErrorLogger::setEnabled(true);
-    }
-    ~StoreHelpersTest() override
-    {
-        FileErrorLogger::setEnabled(false);
-        FileErrorLogger::setup(std::nullopt);
-    }
     /// The lines since the last call, without time and line number.
-    [[nodiscard]] QString logged() const
+    [[nodiscard]] QString logged()
     {
+        const QString all = QString::fromUtf8(log_.text());
         QString text;
-        for (const QString& name : QDir(logs()).entryList(QDir::Files)) {
-            QFile file(logs() + u'/' + name);
-            EXPECT_TRUE(file.open(QFile::ReadOnly));
-            for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts))
-                text += line.section(u": "_s, 1, 1).section(u':', 0, 0) + u'|' + line.section(u": "_s, 2)
-                    + u'\n';
-            file.remove();
-        }
+        for (const QString& line : all.sliced(seen_).split(u'\n', Qt::SkipEmptyParts))
+            text += line.section(u": "_s, 1, 1).section(u':', 0, 0) + u'|' + line.section(u": "_s, 2) + u'\n';
+        seen_ = all.size();
         return text;
     }
 
 private:
-    [[nodiscard]] QString logs() const { return folder_.filePath(u"logs"_s); }
+    const TestLog log_;
+    qsizetype seen_ = 0;
 };
 
 TEST_F(StoreHelpersTest, FindsOrInsertsASingleton)
