@@ -17,6 +17,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <random>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -126,12 +127,17 @@ TEST_F(MenuCell, MakesRoomForWhatItShows)
     for (const QString& unknown :
         {u"nowhere"_s, QString(), u"../Images/stop"_s, u"/etc/passwd"_s, u"a\0b"_s, QString(5000, u'x')})
         EXPECT_EQ(width(entry(u"Report"_s, unknown)), label) << unknown.toStdString();
-    for (const QString& text : {u"Report"_s, u"fjord AVATAR Työ"_s, u"Задача"_s, u"日本語タスク"_s, u"שלום"_s,
-             u"e\u0301\u0301"_s, u"👩‍👩‍👧‍👦 tasks"_s, QString(9000, u'i')}) {
-        for (const auto& icon :
-            {std::optional<QString>(), std::optional(u"play"_s), std::optional(u"no"_s)}) {
-            const Entry row = entry(text, icon, u"Ctrl+Ä"_s);
-            EXPECT_TRUE(metrics.mayBeWiderThan(row, width(row) - 1)) << text.toStdString();
+    std::mt19937 random(7);
+    for (const QString& alphabet : {u"iljr.AVTo"_s, u"wäöß fi ffl"_s, u"日本語 ab"_s, u"שלום ab"_s,
+             u"مراجعة لا"_s, u"Ä–„“ Ґї"_s, u"👩‍💻e\u0301\u0301🇩🇪"_s}) {
+        for (int row = 0; row < 100; ++row) {
+            QString text;
+            for (std::size_t left = random() % (row == 0 ? 9000 : 28); left > 0; --left)
+                text += alphabet.at(qsizetype(random() % std::size_t(alphabet.size())));
+            const std::optional<QString> icons[] = {{}, u"play"_s, u"no"_s};
+            Entry shown = entry(text, icons[random() % 3], u"Ctrl+Ä"_s);
+            shown.isTitle = row % 4 == 0;
+            EXPECT_TRUE(metrics.mayBeWiderThan(shown, width(shown) - 1)) << text.toStdString();
         }
     }
     EXPECT_FALSE(metrics.mayBeWiderThan(entry(u"Report"_s, u"play"_s), 2 * label + 40));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/JavaScriptPlugin.h"
 #include "Support/Files.h"
-#include "ToolKit/Logging/FileErrorLogger.h"
+#include "Support/TestLog.h"
 
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -172,17 +172,11 @@ TEST(JavaScriptPlugin, EndsScriptsThatExceedTheirLimits)
 
 TEST(JavaScriptPlugin, LogsWithTheNameOfTheOperation)
 {
-    const QTemporaryDir folder;
-    FileErrorLogger::setup(folder.path());
-    FileErrorLogger::setEnabled(true);
+    const quor::test::TestLog log;
     (void)JavaScriptPlugin().execute(
         u"utils.log('text'); utils.log([1, {a: 2}]); utils.log({b: [3]}); utils.log(null);"
         " utils.log({get x() { throw 1 }}); throw 'up'"_s);
-    const QString name = QDir(folder.path()).entryList(QDir::Files).value(0);
-    const QString log = QString::fromUtf8(quor::test::readFile(folder.filePath(name)));
-    FileErrorLogger::setEnabled(false);
-    FileErrorLogger::setup(std::nullopt);
-    QStringList lines = log.trimmed().split(u'\n');
+    QStringList lines = QString::fromUtf8(log.text()).trimmed().split(u'\n');
     lines.replaceInStrings(QRegularExpression(u"^.*\\+0000: |:\\d+(?=: )"_s), QString());
     EXPECT_EQ(lines,
         (QStringList{u"JavaScriptUtils.log: text"_s, u"JavaScriptUtils.log: [1,{\"a\":2}]"_s,
