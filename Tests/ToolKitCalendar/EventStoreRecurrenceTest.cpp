@@ -60,6 +60,8 @@ TEST_F(Recurrence, RulesAndZones)
         {"DTSTART;TZID=Office:20261102T090000", "2026-11-02T12:30", "2026-11-02T12:31", {u"A@11-02 12:30"_s}},
         {"DTSTART;TZID=/vendor/1/Europe/Berlin:20260702T090000\nDURATION:PT2H", "2026-07-02T08:59",
             "2026-07-02T09:00", {u"A@07-02 07:00"_s}},
+        {"DTSTART;TZID=US/Eastern:20260702T090000", "2026-07-02T00:00", "2026-07-03T00:00",
+            {u"A@07-02 13:00"_s}},
         {"DTSTART;TZID=Nowhere:20261102T090000", "2026-11-02T00:00", "2026-11-03T00:00",
             {u"A@11-02 08:00"_s}},
         // Rules without any match, and impossible dates.
@@ -146,10 +148,22 @@ TEST_F(Recurrence, WholeDaysAndZonesAreWrittenPlainly)
         calendars_.read(file).contains("DTSTART;VALUE=DATE:20261024\r\nDTEND;VALUE=DATE:20261026\r\n"))
         << calendars_.read(file).constData();
     event->setAllDay(false);
-    event->setTimeZone(u"America/New_York"_s);
-    ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, true));
-    const QByteArray text = calendars_.read(file);
-    EXPECT_TRUE(text.contains("DTSTART;TZID=America/New_York:20261023T180000")) << text.constData();
-    EXPECT_TRUE(text.contains("TZID:America/New_York\r\n"));
-    EXPECT_EQ(shownElsewhere("2026-10-23T22:00", "2026-10-23T22:01"), QStringList{u"A@10-23 22:00"_s});
+    for (const QByteArray zone : {"America/New_York", "US/Eastern"}) {
+        event->setTimeZone(QString::fromUtf8(zone));
+        ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, true));
+        const QByteArray text = calendars_.read(file);
+        EXPECT_TRUE(text.contains("DTSTART;TZID=" + zone + ":20261023T180000")) << text.constData();
+        EXPECT_TRUE(text.contains("\nTZID:" + zone + "\r\n")) << text.constData();
+        EXPECT_EQ(shownElsewhere("2026-10-23T22:00", "2026-10-23T22:01"), QStringList{u"A@10-23 22:00"_s});
+    }
+}
+
+TEST_F(Recurrence, NewEventsAreInTheUsersZone)
+{
+    for (const auto& [variable, name] : {std::pair(":Asia/Kabul", u"Asia/Kabul"_s),
+             std::pair("/usr/share/zoneinfo/US/Eastern", u"US/Eastern"_s), std::pair("Etc/UTC", u"UTC"_s),
+             std::pair("CET-1CEST,M3.5.0,M10.5.0/3", QString())}) {
+        qputenv("TZ", variable);
+        EXPECT_EQ(store_.newEvent()->timeZone(), name) << variable;
+    }
 }

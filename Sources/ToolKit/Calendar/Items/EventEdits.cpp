@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/EventEdits.h"
 
+#include "Platform/Calendar/TimeZones.h"
 #include "ToolKit/Calendar/Items/Components.h"
 #include "ToolKit/Calendar/Items/ItemErrors.h"
 #include "ToolKit/Calendar/Items/ItemReader.h"
@@ -197,7 +198,7 @@ EventStoreResult defectOf(const EventFields& fields, const EventFields& base)
     if (fields.endDate < fields.startDate)
         return invalid(QStringLiteral("the end is before the start"));
     const bool isKnownZone = fields.timeZone.isEmpty() || fields.timeZone == base.timeZone
-        || ItemZone::isMachineZone(fields.timeZone);
+        || platform::namedTimeZone(fields.timeZone.toUtf8());
     if (!isKnownZone)
         return invalid(QStringLiteral("the time zone is unknown"));
     if (!fields.recurrenceRule.isEmpty() && fields.recurrenceRule != base.recurrenceRule

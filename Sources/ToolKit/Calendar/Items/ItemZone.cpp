@@ -6,7 +6,7 @@
 #include <QDateTime>
 
 #include <cmath>
-#include <cstring>
+#include <optional>
 
 namespace quor::toolkit {
 
@@ -19,17 +19,17 @@ namespace {
 constexpr double firstSecond = -62'135'596'800.0 + 86'400.0; // a day in the year 1
 constexpr double lastSecond = 253'370'764'800.0 - 86'400.0; // a day before the year 9999
 
-/// Removes the prefix of a product, as in "/vendor/20200101_1/Europe/Berlin".
-QByteArray withoutPrefix(const QByteArray& name)
+/// The machine's zone of this name, which can have the prefix of a product, as in
+/// "/vendor/20200101_1/Europe/Berlin". After a prefix, a single word such as "EST" is no name.
+std::optional<QTimeZone> machineZone(const QByteArray& name)
 {
-    if (!name.startsWith('/'))
-        return name;
-    for (qsizetype slash = 0; slash >= 0; slash = name.indexOf('/', slash + 1)) {
-        const QByteArray rest = name.sliced(slash + 1);
-        if (rest.contains('/') && QTimeZone::isTimeZoneIdAvailable(rest))
-            return rest;
-    }
-    return name;
+    constexpr qsizetype longestName = 200; // each slash costs a look-up
+    auto zone = platform::namedTimeZone(name);
+    const qsizetype lastSlash
+        = name.startsWith('/') && name.size() <= longestName ? name.lastIndexOf('/') : 0;
+    for (qsizetype slash = 0; !zone && slash < lastSlash; slash = name.indexOf('/', slash + 1))
+        zone = platform::namedTimeZone(name.sliced(slash + 1));
+    return zone;
 }
 
 } // namespace
@@ -51,36 +51,30 @@ bool isWritable(Date date)
     return seconds >= firstSecond && seconds <= lastSecond;
 }
 
-ItemZone::ItemZone()
-    : zone_(QTimeZone::systemTimeZone())
+ItemZone::ItemZone(const QTimeZone& zone)
+    : name_(QString::fromUtf8(zone.id()))
+    , zone_(zone)
 {
 }
 
 ItemZone ItemZone::utc()
 {
-    ItemZone zone;
-    zone.name_ = QStringLiteral("UTC");
-    zone.zone_ = QTimeZone::utc();
-    return zone;
+    return ItemZone(QTimeZone::utc());
 }
 
-bool ItemZone::isMachineZone(const QString& name)
+ItemZone ItemZone::ofUser()
 {
-    const QByteArray id = name.toUtf8();
-    return id.size() < 100 && !id.startsWith("UTC+") && !id.startsWith("UTC-")
-        && QTimeZone::isTimeZoneIdAvailable(id);
+    return named(platform::userTimeZone().id(), nullptr);
 }
 
 ItemZone ItemZone::named(const QByteArray& name, icalcomponent* calendar)
 {
-    const QByteArray plain = withoutPrefix(name.first(std::min<qsizetype>(name.size(), 200)));
-    if (plain == "UTC" || plain == "Etc/UTC")
+    if (name == "UTC") // also without zone data
         return utc();
+    if (const auto known = machineZone(name))
+        return known->id() == "Etc/UTC" ? utc() : ItemZone(*known);
     ItemZone zone;
-    if (isMachineZone(QString::fromUtf8(plain))) {
-        zone.name_ = QString::fromUtf8(plain);
-        zone.zone_ = QTimeZone(plain);
-    } else if (icalcomponent* const found = calendar ? zoneDefinition(calendar, name) : nullptr) {
+    if (icalcomponent* const found = calendar ? zoneDefinition(calendar, name) : nullptr) {
         zone.defined_ = std::shared_ptr<icaltimezone>(
             icaltimezone_new(), [](icaltimezone* each) { icaltimezone_free(each, 1); });
         // On success the zone takes over the copy.

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Calendar/TimeZones.h"
 #include "Platform/Services/Clock.h"
 
 #include <QByteArray>
 #include <QString>
-#include <QTimeZone>
 
 #include <libical/ical.h>
 
@@ -15,15 +15,16 @@ namespace quor::toolkit {
 
 /// The time zone of a moment in a calendar file. A name that the machine knows means the machine's zone of
 /// that name, even if the file defines it differently. Any other name means the zone that the file defines.
-/// An unknown name, and no name (floating time), mean the machine's own zone.
+/// An unknown name, and no name (floating time), mean the user's zone.
 class ItemZone final {
 public:
     /// Floating time.
-    ItemZone();
+    ItemZone() = default;
     [[nodiscard]] static ItemZone utc();
+    /// The user's zone under its name. Floating time if it has none, as with a rule in TZ.
+    [[nodiscard]] static ItemZone ofUser();
     /// `calendar` holds definitions of zones; null if there are none.
     [[nodiscard]] static ItemZone named(const QByteArray& name, icalcomponent* calendar);
-    [[nodiscard]] static bool isMachineZone(const QString& name);
 
     /// Empty for floating time and for an unknown name.
     [[nodiscard]] const QString& name() const { return name_; }
@@ -33,8 +34,10 @@ public:
     [[nodiscard]] icaltimetype local(platform::Date moment, bool isDate) const;
 
 private:
+    explicit ItemZone(const QTimeZone& zone);
+
     QString name_;
-    QTimeZone zone_;
+    QTimeZone zone_ = platform::userTimeZone();
     /// The zone that the file defines; null for a zone of the machine.
     std::shared_ptr<icaltimezone> defined_;
 };

@@ -30,7 +30,7 @@ void writeDue(icalcomponent* reminder, std::optional<Date> due)
 {
     icalproperty* const before = icalcomponent_get_first_property(reminder, ICAL_DUE_PROPERTY);
     const bool wasDay = before && icalproperty_get_due(before).is_date;
-    ItemZone zone = before ? zoneOf(before) : ItemZone::named(QTimeZone::systemTimeZoneId(), nullptr);
+    ItemZone zone = before ? zoneOf(before) : ItemZone::ofUser();
     removeAll(reminder, ICAL_DURATION_PROPERTY);
     if (!due) {
         removeAll(reminder, ICAL_DUE_PROPERTY);
@@ -38,7 +38,7 @@ void writeDue(icalcomponent* reminder, std::optional<Date> due)
     }
     const bool isMidnight = ItemZone().moment(ItemZone().local(*due, true)) == *due;
     if (wasDay && !isMidnight)
-        zone = ItemZone::named(QTimeZone::systemTimeZoneId(), nullptr);
+        zone = ItemZone::ofUser();
     writeMoment(reminder, ICAL_DUE_PROPERTY, *due, wasDay && isMidnight, zone);
 }
 

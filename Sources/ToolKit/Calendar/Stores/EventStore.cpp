@@ -8,7 +8,6 @@
 #include "ToolKit/Calendar/Stores/ItemSaving.h"
 #include "ToolKit/Calendar/Stores/ReminderPolicy.h"
 
-#include <QTimeZone>
 #include <QUuid>
 
 #include <algorithm>
@@ -135,8 +134,7 @@ std::shared_ptr<Event> EventStore::newEvent()
 {
     ItemState<EventFields> state;
     state.place.uid = newIdentifier();
-    const QString zone = QString::fromUtf8(QTimeZone::systemTimeZoneId());
-    state.fields.timeZone = zone == u"Etc/UTC" ? QStringLiteral("UTC") : zone;
+    state.fields.timeZone = ItemZone::ofUser().name();
     return std::make_shared<Event>(std::move(state));
 }
 
