@@ -4,8 +4,6 @@
 #include "Support/TestClock.h"
 #include "Support/WaitFor.h"
 #include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
-#include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
-#include "View/MenuBarCustomMenu/Rows/MenuStopPastTimerView.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -14,9 +12,6 @@
 #include <QTest>
 
 #include <gmock/gmock.h>
-
-#include <array>
-#include <random>
 
 using namespace Qt::StringLiterals;
 using namespace quor;
@@ -104,40 +99,18 @@ protected:
     std::vector<QString> terms;
 };
 
-TEST_F(MenuBarCustomMenuTest, IsAsWideAsItsWidestRowNeeds)
+TEST_F(MenuBarCustomMenuTest, IsAsWideAsItsWidestRowUpToALimit)
 {
-    std::vector<std::vector<MenuEntry>> lists{{}, {search, separator, search}, {entry(QString(10'000, u'w'))},
-        {MenuEntry{MenuEntry::AdjustStart{}}, MenuEntry{MenuEntry::StopPast{}}}};
-    std::mt19937 random(7);
-    const std::array alphabets{u"iljr.AVTo"_s, u"wäöß fi ffl"_s, u"日本語 ab"_s, u"שלום ab"_s, u"مراجعة لا"_s,
-        u"Ä–„“ Ґї"_s, u"👩‍💻é🇩🇪"_s};
-    for (const QString& alphabet : alphabets) {
-        lists.emplace_back();
-        for (int row = 0; row < 60; ++row) {
-            QString label;
-            for (std::size_t left = random() % 28; left > 0; --left)
-                label += alphabet.at(qsizetype(random() % std::size_t(alphabet.size())));
-            lists.back().push_back(entry(label, {}, random() % 4 == 0));
-        }
-    }
-    for (const auto& rows : lists) {
-        int widest = 0;
-        for (const MenuEntry& row : rows) {
-            MenuCellView cell;
-            if (const auto* shown = std::get_if<MenuEntry::Entry>(&row.value))
-                cell.data = *shown;
-            cell.rebuild();
-            const std::array widths{cell.sizeHint().width(), MenuAdjustTimerView().sizeHint().width(),
-                MenuStopPastTimerView(clock).sizeHint().width(), 0, 0};
-            if (const int width = widths.at(row.value.index()); width > 0)
-                widest = std::max(widest, width + 52);
-        }
-        for (const int minWidth : {60, 300}) {
-            MenuBarCustomMenu measured(true, minWidth, clock);
-            measured.dataList = rows;
-            measured.reload();
-            EXPECT_EQ(measured.width(), std::clamp(widest, minWidth, 500));
-        }
+    const MenuEntry longer = entry(u"A label that takes more than the least width"_s);
+    const int adjusting = MenuAdjustTimerView().sizeHint().width() + 52;
+    const std::pair<std::vector<MenuEntry>, int> cases[]
+        = {{{}, 300}, {{search, entry(u"A"_s), separator}, 300}, {{longer, entry(u"A"_s)}, 339},
+            {{entry(u"A"_s), longer, entry(u"B"_s)}, 339},
+            {{MenuEntry{MenuEntry::AdjustStart{}}, entry(u"A"_s)}, adjusting},
+            {{entry(QString(10'000, u'w'))}, 500}};
+    for (const auto& [rows, width] : cases) {
+        reload(rows);
+        EXPECT_EQ(menu->width(), width);
     }
 }
 

@@ -104,10 +104,6 @@ TEST_F(DurationFormatterTest, ReadsBothForms)
 TEST_F(DurationFormatterTest, OnlyNumbersHaveTextBySettings)
 {
     DurationFormatter formatter;
-    EXPECT_FALSE(formatter.showWorkingDays() || formatter.showDurationInPercent());
-    EXPECT_EQ(formatter.workingDayLengthSeconds(), 28800);
-    EXPECT_EQ(formatter.percentageFormatter().minimumFractionDigits(), 0);
-    EXPECT_EQ(formatter.percentageFormatter().maximumFractionDigits(), 2);
     (void)formatter.decimalString(false, false, 5, 0);
     EXPECT_EQ(formatter.percentageFormatter().maximumFractionDigits(), 5) << "kept from the last call";
     formatter.configure(true, false, day);
