@@ -43,9 +43,9 @@ QDateTime betweenTransitions(UDate moment)
 /// skipped and repeated times of day. Overrides every function that ICU's calendars and formatters call.
 class SystemTimeZone final : public icu::SimpleTimeZone {
 public:
-    explicit SystemTimeZone(QTimeZone zone)
+    explicit SystemTimeZone(const QTimeZone& zone)
         : SimpleTimeZone(0, icu::UnicodeString::fromUTF8(zone.id().constData()))
-        , zone_(std::move(zone))
+        , zone_(zone)
         , icuZone_(createTimeZone(icu::UnicodeString::fromUTF8(zone_.id().constData())))
     {
         setRawOffset(offsetsAt(UDate(QDateTime::currentMSecsSinceEpoch())).standard);
@@ -56,10 +56,13 @@ public:
     [[nodiscard]] UBool hasSameRules(const icu::TimeZone& other) const override
     {
         const auto* const system = dynamic_cast<const SystemTimeZone*>(&other);
-        return system && system->zone_ == zone_;
+        return static_cast<UBool>(system && system->zone_ == zone_);
     }
 
-    [[nodiscard]] UBool useDaylightTime() const override { return zone_.hasDaylightTime(); }
+    [[nodiscard]] UBool useDaylightTime() const override
+    {
+        return static_cast<UBool>(zone_.hasDaylightTime());
+    }
 
     using SimpleTimeZone::getOffset;
     void getOffset(
