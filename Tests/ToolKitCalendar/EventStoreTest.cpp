@@ -74,9 +74,10 @@ TEST(EventStore, CalendarsAreMadeRenamedAndRemoved)
     const auto calendar = store.newCalendar(EntityType::event);
     EXPECT_EQ(store.saveCalendar(calendar, true).value().kind(), Kind::invalid);
     calendar->setTitle(u"Home"_s);
-    calendar->setColor(QColor(u"#102030"_s));
     calendar->setSource(store.sources()[0]);
-    ASSERT_FALSE(store.saveCalendar(calendar, true));
+    ASSERT_FALSE(store.saveCalendar(calendar, false));
+    calendar->setColor(QColor(u"#102030"_s));
+    ASSERT_FALSE(store.saveCalendar(calendar, true)) << "its creation is only staged";
 
     QStringList seen;
     for (const auto& each : store.calendars(EntityType::event))
@@ -84,6 +85,8 @@ TEST(EventStore, CalendarsAreMadeRenamedAndRemoved)
     EXPECT_EQ(seen, (QStringList{u"Home#102030local"_s, u"team#000000local"_s, u"Team#ff8000remote"_s}));
     EXPECT_EQ(store.calendars(EntityType::reminder).size(), 4u); // the empty ones, and the list
 
+    calendar->setTitle(u"Hut"_s);
+    ASSERT_FALSE(store.saveCalendar(calendar, false));
     calendar->setTitle(u"House"_s);
     ASSERT_FALSE(store.saveCalendar(calendar, true));
     const QString folder = calendars.path(calendar->calendarIdentifier());

@@ -154,26 +154,32 @@ EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>
         if (!isFolderName(sourceName) || calendars.root().isEmpty())
             return invalid(QStringLiteral("the calendar has no source"));
         const auto [fields, saved] = calendar->fieldsAndSaved();
+        auto& stagedChanges = state_->propertiesChanges;
         CalendarPropertiesChange change;
         change.isNew = fields.identifier.isEmpty();
-        if (!change.isNew && !calendars.folder(fields.identifier))
-            return notFound(QStringLiteral("the calendar ") + fields.identifier);
         change.path = change.isNew
             ? CalendarPath{sourceName, QUuid::createUuid().toByteArray(QUuid::WithoutBraces)}
             : CalendarPath::fromIdentifier(fields.identifier);
+        const auto earlier = std::ranges::find(stagedChanges, change.path, &CalendarPropertiesChange::path);
+        if (earlier != stagedChanges.end())
+            change = *earlier;
+        else if (!change.isNew && !calendars.folder(change.path))
+            return notFound(QStringLiteral("the calendar ") + fields.identifier);
         if (fields.title != saved.title)
             change.title = fields.title;
         if (fields.color != saved.color)
             change.color = fields.color;
-        if (!commit) {
-            state_->propertiesChanges.push_back(change);
-        } else if (auto failure = change.write(calendars.root())) {
-            return failure;
-        } else {
+        if (commit) {
+            if (auto failure = change.write(calendars.root()))
+                return failure;
             calendars.refresh(CalendarTree::Listing::always); // the next save into it finds the calendar
             if (CalendarFolder* const folder = calendars.folder(change.path))
                 folder->markAllChanged();
         }
+        if (earlier != stagedChanges.end())
+            stagedChanges.erase(earlier); // `change` contains it
+        if (!commit)
+            stagedChanges.push_back(change);
         calendar->setSaved(fields, change.path.identifier());
         return std::nullopt;
     });
