@@ -183,6 +183,11 @@ TEST_F(MenuBarCustomMenuTest, APressOnARowThatIsReplacedComesToNothing)
     reload({entry(u"A"_s, {Action::Start{u"a"_s}}), adjust});
     const QWidget* button = qobject_cast<MenuTimerRow*>(table.viewAtRow(1))->buttons().front();
     replaced(button->mapTo(&window, button->rect().center()));
+
+    reload({search, entry(u"A"_s)});
+    mouse(&QTest::mousePress, centre(1));
+    reload({search, search}); // no row shows the cell now
+    mouse(&QTest::mouseRelease, centre(1));
     EXPECT_THAT(chosen, testing::IsEmpty());
     EXPECT_THAT(moved, testing::IsEmpty());
 }
@@ -258,6 +263,16 @@ TEST_F(MenuBarCustomMenuTest, AReloadGivesTheTableTheKeysAndLosesNoText)
     reload({search});
     EXPECT_TRUE(field.hasFocus());
     EXPECT_TRUE(field.text().endsWith(u'か'));
+
+    reload(rows);
+    press(Qt::Key_Down);
+    std::vector longer(1'000, entry(u"A"_s));
+    longer.back() = search;
+    reload(longer); // takes the keyboard from the field, which is out of sight now
+    EXPECT_TRUE(table.hasFocus());
+    type(" y");
+    EXPECT_TRUE(field.text().endsWith(u" y"_s));
+    EXPECT_EQ(chosen.size(), 1U);
 }
 
 TEST_F(MenuBarCustomMenuTest, ACompositionIsLeftAlone)

@@ -98,6 +98,7 @@ void MenuBarCustomMenu::connectRows()
 void MenuBarCustomMenu::reload()
 {
     const bool hadSelection = tableView_.selectedRow() >= 0;
+    const bool wasTyping = keyboard_.isTyping();
     keyboard_.setSearchRow(rowProvider_.searchRow());
     width_ = measurer_.measure(dataList, minWidth_); // first, as the table asks for the rows' heights
     tableView_.reloadData();
@@ -108,7 +109,8 @@ void MenuBarCustomMenu::reload()
     // New rows may have come under the pointer, which selects only when it is moved.
     if (!hadSelection)
         tableView_.deselectAll();
-    keyboard_.giveTo(hadSelection ? MenuKeyboard::Receiver::table : MenuKeyboard::Receiver::searchField);
+    using enum MenuKeyboard::Receiver;
+    keyboard_.giveTo(hadSelection ? table : searchField, wasTyping);
 }
 
 void MenuBarCustomMenu::resizeToFit()
@@ -161,7 +163,7 @@ void MenuBarCustomMenu::showEvent(QShowEvent* event)
     const QPointer<MenuBarCustomMenu> self(this);
     resizeToFit();
     if (self)
-        keyboard_.giveTo(MenuKeyboard::Receiver::searchField);
+        keyboard_.giveTo(MenuKeyboard::Receiver::searchField, keyboard_.isTyping());
 }
 
 void MenuBarCustomMenu::changeEvent(QEvent* event)

@@ -31,7 +31,12 @@ void MenuKeyboard::setSearchRow(int row)
     typingRelay_.setFieldRow(row);
 }
 
-void MenuKeyboard::giveTo(Receiver receiver)
+bool MenuKeyboard::isTyping() const
+{
+    return searchView_.hasFocus() && !searchView_.text().isEmpty();
+}
+
+void MenuKeyboard::giveTo(Receiver receiver, bool wasTyping)
 {
     const QWidget* focus = table_.window()->focusWidget();
     const bool isControlOfRow = focus && focus != &searchView_ && focus != &table_
@@ -43,9 +48,8 @@ void MenuKeyboard::giveTo(Receiver receiver)
         searchView_.setFocus(Qt::OtherFocusReason);
         return;
     }
-    const bool isTyping = searchView_.hasFocus() && !searchView_.text().isEmpty();
     table_.setFocus(Qt::OtherFocusReason);
-    if (isTyping && table_.hasFocus())
+    if (wasTyping && table_.hasFocus())
         typingRelay_.setInterruptsTyping(true);
 }
 

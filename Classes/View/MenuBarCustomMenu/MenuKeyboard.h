@@ -35,10 +35,15 @@ public:
     /// The row that shows the search field; -1 if no row does, and then typing in the table selects rows.
     void setSearchRow(int row);
 
+    /// Returns whether the search field has the keyboard and contains text.
+    [[nodiscard]] bool isTyping() const;
+
     enum class Receiver { searchField, table };
     /// Gives the keyboard to the receiver, or to the table if the search field is not on the screen. Has no
-    /// effect while a control of a row has the keyboard, or an input method composes a text.
-    void giveTo(Receiver receiver);
+    /// effect while a control of a row has the keyboard, or an input method composes a text. `wasTyping` is
+    /// `isTyping` before the rows changed, which may have taken the keyboard from the field: then a space
+    /// in the table continues the text.
+    void giveTo(Receiver receiver, bool wasTyping);
 
     /// Stops handling keys, for good.
     void detach();

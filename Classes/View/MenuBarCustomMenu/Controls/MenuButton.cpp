@@ -29,4 +29,10 @@ void MenuButton::mouseMoveEvent(QMouseEvent* event)
         QAbstractButton::mouseMoveEvent(event);
 }
 
+void MenuButton::hideEvent(QHideEvent* event)
+{
+    cancelPress(); // its row has left the table, and Qt still sends it the release
+    QAbstractButton::hideEvent(event);
+}
+
 } // namespace quor::helper

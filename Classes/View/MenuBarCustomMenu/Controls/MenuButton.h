@@ -6,7 +6,7 @@
 namespace quor::helper {
 
 /// Base of the buttons in a row of the menu. Has the text colour of its row, also while the row is selected.
-/// Main thread only.
+/// If it is hidden while it is pressed, the release does not click it. Main thread only.
 class MenuButton : public QAbstractButton {
     Q_OBJECT
 
@@ -20,6 +20,7 @@ protected:
 
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     bool isPressCancelled_ = false;

@@ -29,7 +29,8 @@ public:
     /// The entry to show from the next `rebuild` on.
     std::optional<MenuEntry::Entry> data;
     /// The cell was clicked anywhere, which includes headings; gets the entry that it shows. Not called if
-    /// the action of the entry has changed between press and release. May delete the cell.
+    /// the cell was hidden, or the action of the entry has changed, between press and release. May delete
+    /// the cell.
     platform::Callback<void(const MenuEntry::Entry& entry)> clicked;
 
     /// Shows `data`; has no effect if that is absent.
