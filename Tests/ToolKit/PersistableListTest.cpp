@@ -6,9 +6,11 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <limits>
 #include <thread>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -132,6 +134,33 @@ TEST_F(PersistableListTest, UnreadableFilesReadAsEmptyAndAreReplaced)
     list.set(2, u"xab"_s);
     flush(list);
     EXPECT_THAT(PersistableList<double>(path()).allKeys(), UnorderedElementsAre(u"ab"_s, u"xab"_s));
+}
+
+TEST_F(PersistableListTest, NothingIsLostWhileNoFileCanBeOpened)
+{
+    PersistableList<double> list(path());
+    (void)list.isEmpty(); // the list needs no descriptor of its own later
+    const struct {
+        std::function<void()> use;
+        QByteArray content;
+    } cases[] = {
+        {[&] { EXPECT_EQ(list.value(u"1ab"_s), std::nullopt); }, "{\"1ab\":1}"},
+        {[&] { list.removeValue(u"2ab"_s); }, "{\"1ab\":1}"},
+        {[&] { list.removeValue(u"1ab"_s), list.set(2, u"1ab"_s); }, "{\"1ab\":2}"},
+    };
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    const rlimit none{0, limit.rlim_max};
+    for (const auto& c : cases) {
+        put(u"AB"_s, "{\"1ab\":1}");
+        setrlimit(RLIMIT_NOFILE, &none);
+        c.use();
+        flush(list);
+        setrlimit(RLIMIT_NOFILE, &limit);
+        EXPECT_EQ(content(u"AB"_s), "{\"1ab\":1}");
+        flush(list);
+        EXPECT_EQ(content(u"AB"_s), c.content);
+    }
 }
 
 TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)

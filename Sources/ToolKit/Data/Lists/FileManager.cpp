@@ -20,7 +20,10 @@ constexpr qint64 largestFile = qint64(1) << 30;
 
 std::optional<QByteArray> FileManager::contents(const QString& path) const
 {
-    return platform::readFile(QFile::encodeName(path), largestFile, platform::SymbolicLinks::refuse);
+    const auto file = platform::openForReading(QFile::encodeName(path), platform::SymbolicLinks::refuse);
+    if (!file && (errno == EMFILE || errno == ENFILE || errno == ENOMEM))
+        return std::nullopt;
+    return platform::readWhole(file.get(), largestFile).value_or(QByteArray());
 }
 
 bool FileManager::write(const QByteArray& data, const QString& path) const

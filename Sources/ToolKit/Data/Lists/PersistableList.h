@@ -40,8 +40,8 @@ namespace quor::toolkit {
 ///
 /// Failures are not reported. A file that cannot be read as an object of elements reads as an empty one.
 /// Reading one key of such a file and then flushing removes the file, or replaces it if keys were set;
-/// `removeValue` of one of its keys removes it at once. Changes that a flush cannot write stay in memory for
-/// the next flush.
+/// `removeValue` of one of its keys removes it at once. Only while the process can open no more files, a file
+/// stays as it is. Changes that a flush cannot write stay in memory for the next flush.
 ///
 /// Symbolic links, folders and names that begin with a dot are not read. But if a link has the name of a
 /// key's file, a flush after any use of the key replaces or removes the link. Only one list at a time may use
@@ -166,7 +166,8 @@ private:
         {
             if (storageURL && !containers.empty())
                 fileManager.removeLeftovers(*storageURL);
-            std::erase_if(containers, [](const auto& each) { return each.second.save(); });
+            for (auto each = containers.begin(); each != containers.end();)
+                each = each->second.save() ? containers.erase(each) : std::next(each);
         }
 
         void clear()

@@ -7,6 +7,7 @@
 
 #include <QFileInfo>
 #include <QHash>
+#include <QSet>
 #include <QString>
 
 #include <limits>
@@ -33,21 +34,31 @@ public:
     }
 
     /// Reads the file, unless there are elements already. A file that cannot be read as an object of such
-    /// elements reads as an empty one.
+    /// elements reads as an empty one. If files cannot be opened for the moment, the next call tries again,
+    /// and the changes made until then are applied to what it reads.
     void load()
     {
-        if (!storageURL_ || !dict_.isEmpty())
+        if (!storageURL_ || (!dict_.isEmpty() && !isLoadPending_))
             return;
-        if (auto data = fileManager_.contents(*storageURL_))
-            if (auto dict = JSONDecoder().decode<QHash<QString, Element>>(*std::move(data)))
-                dict_ = std::move(*dict);
+        auto data = fileManager_.contents(*storageURL_);
+        isLoadPending_ = !data;
+        if (isLoadPending_)
+            return;
+        const auto changed = std::exchange(dict_, {});
+        if (auto dict = JSONDecoder().decode<QHash<QString, Element>>(*std::move(data)))
+            dict_ = std::move(*dict);
+        for (const QString& key : std::exchange(removed_, {}))
+            dict_.remove(key);
+        dict_.insert(changed);
     }
 
     /// Writes the file, or removes it if there are no elements; makes its folder if that is missing. Returns
-    /// whether the disk has these elements now.
-    bool save() const
+    /// whether the disk has these elements now. A file that could not be read so far is read first.
+    bool save()
     {
-        if (!storageURL_)
+        if (isLoadPending_)
+            load();
+        if (!storageURL_ || isLoadPending_)
             return false;
         const QString directory = QFileInfo(*storageURL_).path();
         if (!fileManager_.itemExists(directory))
@@ -66,7 +77,8 @@ public:
         dict_ = {};
     }
 
-    [[nodiscard]] bool isEmpty() const { return dict_.isEmpty(); }
+    /// Whether neither memory nor a file that could not be read so far has elements.
+    [[nodiscard]] bool isEmpty() const { return dict_.isEmpty() && !isLoadPending_; }
 
     /// Returns at most `limit` keys, in no particular order.
     [[nodiscard]] std::vector<QString> keys(qint64 limit = noLimit) const
@@ -95,10 +107,17 @@ public:
     }
 
     void setValue(Element value, const QString& key) { dict_.emplace(key, std::move(value)); }
-    void removeValue(const QString& key) { dict_.remove(key); }
+    void removeValue(const QString& key)
+    {
+        dict_.remove(key);
+        if (isLoadPending_)
+            removed_.insert(key);
+    }
 
 private:
     QHash<QString, Element> dict_;
+    QSet<QString> removed_; ///< Since a load is pending.
+    bool isLoadPending_ = false;
     std::optional<QString> storageURL_;
     const FileManager& fileManager_;
 };
