@@ -70,12 +70,14 @@ TEST_P(PluginFolderTest, RefusesPathsThatLeadOutside)
     EXPECT_FALSE(QFileInfo(path(u"plugin/out"_s)).isSymLink());
 }
 
-TEST_P(PluginFolderTest, KeepsPermissionsAndReadsNoPipes)
+TEST_P(PluginFolderTest, KeepsPermissionsRemovesLeftoversAndReadsNoPipes)
 {
     const QString file = path(u"plugin/sub/file"_s);
     ASSERT_EQ(chmod(QFile::encodeName(file), 0600), 0);
+    ASSERT_TRUE(writeFile(path(u"plugin/sub/.quor-1.new"_s), "of a killed writer"));
     EXPECT_TRUE(folder.write("new", u"sub/file"_s));
     EXPECT_EQ(QFile::permissions(file) & 0x77, QFile::Permissions());
+    EXPECT_EQ(QDir(path(u"plugin/sub"_s)).entryList(QDir::Files | QDir::Hidden), QStringList{u"file"_s});
     ASSERT_EQ(mkfifo(QFile::encodeName(path(u"plugin/pipe"_s)), 0600), 0);
     EXPECT_FALSE(folder.contents(u"pipe"_s));
 }

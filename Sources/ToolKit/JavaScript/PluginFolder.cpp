@@ -80,10 +80,12 @@ bool PluginFolder::write(const QByteArray& data, const QString& path) const
     if (!components || components->isEmpty())
         return false;
     const FileDescriptor folder = openParent(*components);
+    if (!folder)
+        return false;
+    platform::removeLeftovers(folder.get());
     constexpr mode_t mode = 0666; // the bits of the process's umask are cleared
-    return folder
-        && !platform::replaceFile(
-            components->last(), data, mode, platform::Permissions::ofTarget, folder.get());
+    return !platform::replaceFile(
+        components->last(), data, mode, platform::Permissions::ofTarget, folder.get());
 }
 
 void PluginFolder::remove(const QString& path) const

@@ -38,7 +38,8 @@ public:
     [[nodiscard]] std::optional<QByteArray> contents(const QString& path) const;
     /// Creates or replaces a file and returns whether it succeeded. The file is replaced by renaming, so
     /// readers see the old or the new content, and a failure leaves the old. The permissions stay. A link is
-    /// replaced, not the file that it leads to. Folders are not created.
+    /// replaced, not the file that it leads to. Folders are not created. Also removes what killed writers
+    /// left in the file's folder.
     [[nodiscard]] bool write(const QByteArray& data, const QString& path) const;
     /// Removes a file or a link, but not the file that the link leads to, and never a folder.
     void remove(const QString& path) const;

@@ -13,7 +13,8 @@ namespace quor::toolkit {
 /// followed, and a pipe is never waited for. Stateless. Any thread.
 class FileManager final {
 public:
-    /// Returns `nullopt` if the file is missing, unreadable, longer than 1 GiB, or not a regular file.
+    /// Returns empty contents if the file is missing, unreadable, longer than 1 GiB, or not a regular file.
+    /// Returns `nullopt` if the process cannot open files now: it has too many open ones, or no memory.
     [[nodiscard]] std::optional<QByteArray> contents(const QString& path) const;
 
     /// Replaces the file as a whole, or creates it; a file that is replaced keeps its permissions. Replaces
