@@ -27,7 +27,7 @@ public:
     template <class Closure>
     requires(
         !std::is_same_v<std::remove_cvref_t<Closure>, Callback> && std::is_constructible_v<Function, Closure>)
-        Callback(Closure&& closure)
+        Callback(Closure&& closure) // NOLINT(bugprone-forwarding-reference-overload): constrained
     {
         if (Function function(std::forward<Closure>(closure)); function)
             function_ = std::make_shared<const Function>(std::move(function));
