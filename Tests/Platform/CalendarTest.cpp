@@ -44,6 +44,19 @@ TEST(Calendar, ComposesLeniently)
     }
 }
 
+TEST(Calendar, ComputesInZonesOfOneOffset)
+{
+    Calendar calendar;
+    for (const auto& [zone, newYear] : {std::pair(QTimeZone(19'800), u"2023-12-31T18:30:00Z"_s),
+             {QTimeZone("UTC-03:00"), u"2024-01-01T03:00:00Z"_s},
+             {QTimeZone("Etc/GMT+5"), u"2024-01-01T05:00:00Z"_s}}) {
+        calendar.setTimeZone(zone);
+        const auto date = calendar.date({.year = 2024});
+        ASSERT_TRUE(date);
+        EXPECT_EQ(qDateTimeFromDate(*date).toUTC().toString(Qt::ISODate), newYear) << zone.id().constData();
+    }
+}
+
 TEST(Calendar, FollowsTheUserUntilItIsSet)
 {
     const QLocale before;

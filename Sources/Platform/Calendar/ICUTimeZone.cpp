@@ -100,10 +100,11 @@ private:
     {
         if (moment >= known_.from && moment < known_.until)
             return known_.offsets;
-        const QTimeZone::OffsetData data = zone_.offsetData(utc(moment));
+        const QDateTime date = utc(moment); // not by offsetData, which fails for zones of one offset
         const QDateTime next = zone_.nextTransition(betweenTransitions(moment)).atUtc;
         known_ = {moment, next.isValid() ? UDate(next.toMSecsSinceEpoch()) : moment + longestPeriod,
-            {int32_t(data.standardTimeOffset * second), int32_t(data.daylightTimeOffset * second)}};
+            {int32_t(zone_.standardTimeOffset(date) * second),
+                int32_t(zone_.daylightTimeOffset(date) * second)}};
         // The names of zones in ICU fit ICU's division into standard and daylight time. The system's data
         // divide differently in some zones: in Ireland the summer is the standard time.
         Offsets named{0, 0};
