@@ -48,6 +48,7 @@ struct Sample {
 std::vector<Sample> samples()
 {
     std::vector<QString> tasks;
+    tasks.reserve(taskCount);
     for (int i = 0; i < taskCount; ++i)
         tasks.push_back(u"8f14e45f-ceea-467f-9575-%1"_s.arg(i, 12, 10, QLatin1Char('0')));
     std::vector<Sample> samples;

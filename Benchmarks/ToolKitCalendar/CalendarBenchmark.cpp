@@ -74,7 +74,7 @@ QByteArray event(int number, bool recurs)
 {
     // Scattered over the years, on quarter hours of the working day, the same in each run.
     const std::int64_t place = number * 2'654'435'761LL % (std::int64_t(years) * 365 * 40);
-    const std::int64_t start = firstDay + place / 40 * aDay + 8 * 3600 + place % 40 * 900;
+    const std::int64_t start = firstDay + place / 40 * aDay + std::int64_t(8) * 3600 + place % 40 * 900;
     const auto time = [&](const char* name, std::int64_t seconds) {
         const QByteArray text
             = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString(u"yyyyMMdd'T'HHmmss"_s).toLatin1();
@@ -83,7 +83,7 @@ QByteArray event(int number, bool recurs)
     const QByteArray id = QByteArray::number(number);
     return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//calendar benchmark//\r\nBEGIN:VEVENT\r\nUID:" + id
         + "-f14e-45fc-9575-000000000000\r\nDTSTAMP:20220101T000000Z\r\n" + time("DTSTART", start)
-        + time("DTEND", start + 900 * (2 + number % 6))
+        + time("DTEND", start + std::int64_t(900) * (2 + number % 6))
         + (recurs ? "RRULE:" + rule(number / 10, start) + "\r\n" : "") + "SUMMARY:Meeting " + id
         + " on the release\r\n" + (number % 2 == 0 ? "DESCRIPTION:What is left\\, and who does it\r\n" : "")
         + (number % 3 == 0 ? "LOCATION:Room " + id + "\r\n" : "") + "END:VEVENT\r\nEND:VCALENDAR\r\n";

@@ -60,7 +60,7 @@ class Stores {
 public:
     QString next(bool isIndexed)
     {
-        const QString path = folder_.filePath(QString::number(++count_));
+        QString path = folder_.filePath(QString::number(++count_));
         if (ManagedObjectContext(path, entities(isIndexed)).openError())
             qFatal("no store");
         return path;

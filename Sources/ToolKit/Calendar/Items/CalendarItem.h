@@ -64,7 +64,7 @@ public:
     void setCalendar(std::shared_ptr<EventCalendar> calendar)
     {
         const std::scoped_lock lock(mutex_);
-        state_.calendar = std::move(calendar);
+        std::swap(state_.calendar, calendar); // The previous one is released after the lock.
     }
 
     [[nodiscard]] QString title() const { return get(&Fields::title); }

@@ -14,6 +14,7 @@
 #include <QString>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <concepts>
@@ -43,11 +44,11 @@ inline constexpr QLatin1StringView floatName("a number of 32 bits");
 template <typename Integer>
 constexpr QLatin1StringView integerName()
 {
-    constexpr QLatin1StringView names[]
-        = {QLatin1StringView("an unsigned integer of 8 bits"), QLatin1StringView("an integer of 8 bits"),
+    constexpr auto names = std::to_array<QLatin1StringView>(
+        {QLatin1StringView("an unsigned integer of 8 bits"), QLatin1StringView("an integer of 8 bits"),
             QLatin1StringView("an unsigned integer of 16 bits"), QLatin1StringView("an integer of 16 bits"),
             QLatin1StringView("an unsigned integer of 32 bits"), QLatin1StringView("an integer of 32 bits"),
-            QLatin1StringView("an unsigned integer"), QLatin1StringView("an integer")};
+            QLatin1StringView("an unsigned integer"), QLatin1StringView("an integer")});
     return names[2 * std::countr_zero(sizeof(Integer)) + std::is_signed_v<Integer>];
 }
 
