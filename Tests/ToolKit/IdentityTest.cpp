@@ -17,6 +17,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+/// A line of the kernel's table of routes: a default route, unless the mask or the flags say otherwise.
+QByteArray route(const QByteArray& interface, const QByteArray& metric = "0",
+    const QByteArray& mask = "00000000", const QByteArray& flags = "0003")
+{
+    return interface + "\t00000000\t010200C0\t" + flags + "\t0\t0\t" + metric + '\t' + mask
+        + "\t0\t0\t0   \n";
+}
+
 class IdentityTest : public testing::Test {
 protected:
     /// Puts `content` into the file of this name, below the temporary folder. Returns its path.
@@ -48,31 +56,43 @@ TEST_F(IdentityTest, FollowsTheDefaultRoute)
     file(u"hostname"_s, "box\n");
     EXPECT_TRUE(identifies(u"box"_s)) << "with no network at all";
     for (const auto& [name, address] : std::initializer_list<std::pair<QString, QByteArray>>{
-             {u"lo"_s, "00:00:00:00:00:00"}, {u"tun0"_s, ""}, {u"eth0"_s, "A4:83:E7:12:9F:01"},
-             {u"eth1"_s, "02:00:00:00:00:02"}, {u"wlan0"_s, "02:00:00:00:00:03"}})
+             {u"no-lo"_s, "00:00:00:00:00:00"}, {u"no-tun"_s, ""}, {u"no-eth0"_s, "A4:83:E7:12:9F:01"},
+             {u"no-eth1"_s, "02:00:00:00:00:02"}, {u"no-wlan"_s, "02:00:00:00:00:03"}})
         file(u"net/%1/address"_s.arg(name), address + '\n');
     EXPECT_TRUE(identifies(u"box"_s)) << "with virtual interfaces alone";
-    file(u"net/eth1/device/vendor"_s, "0x1af4\n");
+    file(u"net/no-eth1/device/vendor"_s, "0x1af4\n");
     EXPECT_TRUE(identifies(u"02:00:00:00:00:02"_s)) << "offline, with a device";
 
     const QByteArray none(32, '0');
     const QByteArray ipv6 = none + " 00 " + none + " 00 " + none;
     file(u"ipv6_route"_s,
-        ipv6 + " ffffffff 00000001 00000000 00200200 eth1\n" // a route that rejects packets
+        ipv6 + " ffffffff 00000001 00000000 00200200 no-eth1\n" // a route that rejects packets
             + "fd" + none.sliced(2) + " 40 " + none + " 00 " + none
-            + " 00000001 00000001 00000000 00000001 eth1\n" + ipv6
-            + " 00000400 00000002 00000000 00000003    wlan0\n");
+            + " 00000001 00000001 00000000 00000001 no-eth1\n" + ipv6
+            + " 00000400 00000002 00000000 00000003    no-wlan\n");
     EXPECT_TRUE(identifies(u"02:00:00:00:00:03"_s)) << "with IPv6 alone";
 
-    const auto route = [](const QByteArray& name, const QByteArray& metric,
-                           const QByteArray& mask = "00000000", const QByteArray& flags = "0003") {
-        return name + "\t00000000\t010200C0\t" + flags + "\t0\t0\t" + metric + '\t' + mask + "\t0\t0\t0   \n";
-    };
     file(u"route"_s,
-        "Iface\tDestination\tGateway \n\tgarbage\n" + route("eth1", "0", "000000FF")
-            + route("eth1", "1", "00000000", "0201") + route("eth1", "700") + route("eth0", "100")
-            + route("wlan0", "100") + route("tun0", "50") + route("lo", "53") + route("gone", "54"));
+        "Iface\tDestination\tGateway \n\tgarbage\n" + route("no-eth1", "0", "000000FF")
+            + route("no-eth1", "1", "00000000", "0201") + route("no-eth1", "700") + route("no-eth0", "100")
+            + route("no-wlan", "100") + route("no-tun", "50") + route("no-lo", "53") + route("gone", "54"));
     EXPECT_TRUE(identifies(u"a4:83:e7:12:9f:01"_s)) << "by the least metric that has an address";
+}
+
+TEST_F(IdentityTest, KeepsThePermanentAddressWhileTheInterfaceUsesAnother)
+{
+    const QString real = u"/sys/class/net/%1/%2"_s;
+    for (const QString& name : QDir(u"/sys/class/net"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        const QByteArray address = quor::test::readFile(real.arg(name, u"address"_s)).trimmed();
+        const bool isPermanent = quor::test::readFile(real.arg(name, u"addr_assign_type"_s)) == "0\n";
+        if (!isPermanent || address.size() != 17 || address == "00:00:00:00:00:00")
+            continue;
+        file(u"net/%1/address"_s.arg(name), "02:00:00:00:00:09\n");
+        file(u"route"_s, route(name.toUtf8()));
+        EXPECT_TRUE(identifies(QString::fromLatin1(address))) << qPrintable(name);
+        return;
+    }
+    GTEST_SKIP() << "no interface of this machine uses its permanent address";
 }
 
 TEST_F(IdentityTest, NamesTheDevice)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Identity/HardwareAddress.h"
 
+#include "Platform/Files/FileDescriptor.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,8 +11,12 @@
 #include <algorithm>
 #include <vector>
 
+#include <linux/ethtool.h>
 #include <linux/ipv6_route.h>
 #include <linux/route.h>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
 
 using namespace Qt::StringLiterals;
 
@@ -74,7 +80,33 @@ std::vector<DefaultRoute> defaultRoutes(
     return routes;
 }
 
-std::optional<HardwareAddress> addressOf(const QString& interface, const QString& interfaces)
+bool isNone(const HardwareAddress& address)
+{
+    return std::all_of(address.begin(), address.end(), [](auto byte) { return byte == 0; });
+}
+
+/// The address that the hardware was made with, from the kernel. Virtual interfaces mostly have none.
+std::optional<HardwareAddress> permanentAddressOf(const QString& interface)
+{
+    const QByteArray name = QFile::encodeName(interface);
+    const platform::FileDescriptor any(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    if (name.size() >= IFNAMSIZ || !any)
+        return std::nullopt;
+    struct { // an ethtool_perm_addr
+        std::uint32_t command = ETHTOOL_GPERMADDR;
+        std::uint32_t size = sizeof(HardwareAddress);
+        HardwareAddress address{};
+    } answer;
+    ifreq request{};
+    std::copy(name.begin(), name.end(), std::begin(request.ifr_name));
+    request.ifr_data = reinterpret_cast<char*>(&answer);
+    if (ioctl(any.get(), SIOCETHTOOL, &request) != 0 || answer.size != sizeof(HardwareAddress)
+        || isNone(answer.address))
+        return std::nullopt;
+    return answer.address;
+}
+
+std::optional<HardwareAddress> currentAddressOf(const QString& interface, const QString& interfaces)
 {
     QFile file(interfaces + u'/' + interface + "/address"_L1);
     if (!file.open(QFile::ReadOnly))
@@ -90,8 +122,7 @@ std::optional<HardwareAddress> addressOf(const QString& interface, const QString
             return std::nullopt;
         address[i] = static_cast<std::uint8_t>(part);
     }
-    const bool isNone = std::all_of(address.begin(), address.end(), [](auto byte) { return byte == 0; });
-    return isNone ? std::nullopt : std::optional(address);
+    return isNone(address) ? std::nullopt : std::optional(address);
 }
 
 std::vector<DefaultRoute> devices(const QString& interfaces)
@@ -115,7 +146,9 @@ std::optional<HardwareAddress> primaryHardwareAddress(
     if (candidates.empty())
         candidates = devices(interfaces);
     for (const auto& candidate : candidates) {
-        if (const auto address = addressOf(candidate.interface, interfaces))
+        // Wi-Fi interfaces may use another, random address in each network.
+        const auto permanent = permanentAddressOf(candidate.interface);
+        if (const auto address = permanent ? permanent : currentAddressOf(candidate.interface, interfaces))
             return address;
     }
     return std::nullopt;
