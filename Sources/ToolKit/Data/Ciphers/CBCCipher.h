@@ -5,9 +5,9 @@
 
 #include <QByteArrayView>
 
-namespace quor::toolkit::CBCCipher {
-
 /// AES-256 in CBC mode with PKCS#7 padding, from buffer to buffer. `encrypt` and `decrypt` are built on it.
+/// Stateless. Any thread.
+namespace quor::toolkit::CBCCipher {
 
 constexpr qsizetype keySize = 32;
 constexpr qsizetype blockSize = 16; ///< Also the size of the initialisation vector.
