@@ -13,11 +13,15 @@ namespace quor::markdown {
 /// strikethrough and task lists.
 ///
 /// Parsing never fails. NUL characters and invalid Unicode are read as U+FFFD. A text becomes one paragraph
-/// of plain text if it is longer than half a gigabyte, if its tree would need far more memory than the text
-/// (as with a long address that is referred to a million times), or if parsing would take seconds for each
-/// megabyte (as with images that begin and never end).
+/// of plain text if
+/// - it is longer than half a gigabyte,
+/// - the parser would need more memory than the larger of 768 MB and 64 bytes for each byte of the text, as
+///   for megabytes of marks with hardly a word between them, or
+/// - the parser would take more than half a second of processor time and 2 seconds for each megabyte, as for
+///   images that begin and never end.
 ///
-/// Any thread. The process parses one text at a time, because cmark-gfm has global tables.
+/// Any thread. The process parses inline elements of one text at a time, because cmark-gfm has global tables.
+/// Texts on several threads take turns of a few milliseconds.
 class Document : public MarkupElement<MarkupKind::document> {
 public:
     using MarkupElement::MarkupElement;

@@ -113,7 +113,7 @@ private:
         if (depth == 0 || below(3) == 0)
             return oneOf({"word", " \"quoted\" 'it's' -- --- ... ", "ß 😀 \xcc\x81", "`co|de`", "`` a`b ``",
                 "<b class='x'>", "<https://a.b/?c=d&e>", "\n", "  \n", "\\\n", "&amp; &#0; &ouml; & <", "\\*",
-                "[", "](", "**", "_", "~~~", "[r]", "[no][r]", "![ä][]", "a|b"});
+                "[", "](", "**", "_", "~~~", "\"", "'", "[r]", "[no][r]", "![ä][]", "a|b"});
         const QByteArray content = inlines(depth - 1);
         switch (below(6)) {
         case 0:

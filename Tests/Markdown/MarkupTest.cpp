@@ -1,65 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "Markdown/DocumentGenerator.h"
 #include "Markdown/MarkupVisitor.h"
-#include "Markdown/MarkupWalk.h"
 #include "Markdown/Raw/RawMarkupBuilder.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 using namespace quor::markdown;
-using namespace quor::tests;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-/// Collects an element and its descendants, parents first.
-class Collector : public MarkupVisitor<void> {
-public:
-    void defaultVisit(const Markup& markup) override
-    {
-        all.push_back(markup);
-        for (const Markup& child : markup.children())
-            visit(child);
-    }
-
-    std::vector<Markup> all;
-};
-
-TEST(Markup, IsNumberedInWalkingOrder)
-{
-    for (unsigned seed = 0; seed < 200; ++seed) {
-        const Document document{QString::fromUtf8(DocumentGenerator(seed).blocks(3))};
-        Collector collector;
-        collector.visit(document);
-        std::size_t entered = 0;
-        for (MarkupWalk walk(document); walk.next();) {
-            if (walk.event() == MarkupWalk::Event::leave)
-                continue;
-            ASSERT_EQ(collector.all.at(entered++), walk.markup());
-        }
-        ASSERT_EQ(entered, collector.all.size());
-        ASSERT_EQ(document.raw().header().subtreeCount, entered);
-        for (std::size_t i = 0; i < entered; ++i) {
-            const Markup& markup = collector.all[i];
-            EXPECT_EQ(markup.id(), (MarkupIdentifier{document.id().rootId, i}));
-            std::vector<Markup> children;
-            for (const Markup& child : markup.children()) {
-                EXPECT_EQ(child.indexInParent(), static_cast<qsizetype>(children.size()));
-                EXPECT_EQ(child.parent(), markup);
-                children.push_back(child);
-            }
-            ASSERT_EQ(static_cast<qsizetype>(children.size()), markup.childCount());
-            for (const Markup& child : markup.children().reversed()) {
-                ASSERT_FALSE(children.empty());
-                EXPECT_EQ(child, children.back());
-                children.pop_back();
-            }
-            EXPECT_TRUE(children.empty());
-        }
-    }
-}
 
 TEST(Markup, OutlivesTheDocument)
 {
@@ -78,19 +26,6 @@ TEST(Markup, OutlivesTheDocument)
         text = text->parent();
     EXPECT_EQ(text->id().childId, 0U);
     EXPECT_EQ(text->as<Document>()->childCount(), 1);
-}
-
-TEST(Markup, IsNotWalkedBelowASkippedElement)
-{
-    QStringList steps;
-    const Document document(u"a *b* c"_s);
-    for (MarkupWalk walk(*document.children().at(0)); walk.next();) {
-        const bool isEntering = walk.event() == MarkupWalk::Event::enter;
-        steps += (isEntering ? u'+' : u'-') + markupKindName(walk.markup().kind());
-        if (isEntering && walk.markup().kind() == MarkupKind::emphasis)
-            walk.skipChildren();
-    }
-    EXPECT_EQ(steps.join(u' '), u"+Paragraph +Text -Text +Emphasis -Emphasis +Text -Text -Paragraph");
 }
 
 /// A node of each kind with contents.

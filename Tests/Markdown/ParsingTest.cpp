@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: MIT
+#include "Markdown/CmarkTree.h"
 #include "Markdown/DocumentGenerator.h"
 #include "Markdown/MarkupVisitor.h"
-#include "Markdown/MarkupXML.h"
 
+#include <QThread>
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <pthread.h>
+#include <chrono>
+#include <ctime>
 #include <set>
 #include <thread>
 
@@ -47,9 +49,10 @@ TEST(Parsing, BuildsTheTreeOfCmark)
     for (unsigned seed = 0; seed < 1500; ++seed) {
         const QByteArray text = DocumentGenerator(seed).blocks(4);
         const Document document{QString::fromUtf8(text)};
-        ASSERT_EQ(markupXML(document), cmarkXML(text, everyday)) << seed << '\n' << text.constData();
+        ASSERT_EQ(tree(document), cmarkTree(text, everyday)) << seed << '\n' << text.constData();
         const Document plain(QByteArrayView(text), {}, ParseOption::disableSmartOptions);
-        ASSERT_EQ(markupXML(plain), cmarkXML(text, CMARK_OPT_SOURCEPOS | CMARK_OPT_VALIDATE_UTF8)) << seed;
+        ASSERT_EQ(tree(plain), cmarkTree(text, CMARK_OPT_SOURCEPOS | CMARK_OPT_VALIDATE_UTF8)) << seed;
+        ASSERT_TRUE(isInOrder(document)) << seed;
         for (MarkupWalk walk(document); walk.next();)
             seen.insert(walk.markup().kind());
     }
@@ -81,100 +84,119 @@ TEST(Parsing, TakesItsOptions)
     EXPECT_EQ((*Document(text).children().begin()).range(), (SourceRange{{1, 1}, {1, 8}}));
 }
 
-TEST(Parsing, KeepsTheContentsOfElements)
+TEST(Parsing, PutsTheRowsOfATableIntoABody)
 {
-    const Document document(
-        u"- [x] a\n- b\n\n7) c\n\n```c d\ne\n```\n\n|f|g|h|\n|:-|-|-:|\n\n[i]()![](j 'k')"_s);
-    std::vector<Markup> blocks;
-    for (const Markup& block : document.children())
-        blocks.push_back(block);
-    ASSERT_EQ(blocks.size(), 5);
-    EXPECT_EQ(blocks[0].children().at(0)->as<ListItem>()->checkbox(), Checkbox::checked);
-    EXPECT_FALSE(blocks[0].children().at(1)->as<ListItem>()->checkbox());
-    EXPECT_EQ(blocks[1].as<OrderedList>()->startIndex(), 7U);
-    EXPECT_EQ(blocks[2].as<CodeBlock>()->language(), u"c d");
-    EXPECT_EQ(blocks[2].as<CodeBlock>()->code(), u"e\n");
-    const Table table = *blocks[3].as<Table>();
-    using enum ColumnAlignment;
-    EXPECT_EQ(table.columnAlignments(), (ColumnAlignments{left, std::nullopt, right}));
+    const Document document(u"|a|b|c|\n|-|-|-|\n|b|\n|cc|\n\n|d|\n|-|"_s);
+    const Markup table = *document.children().at(0);
     EXPECT_EQ(table.children().at(0)->children().at(2)->indexInParent(), 2);
-    EXPECT_EQ(table.children().at(1)->as<Table::Body>()->childCount(), 0);
-    EXPECT_FALSE(table.children().at(1)->range());
-    EXPECT_FALSE(blocks[4].children().at(0)->as<Link>()->destination());
-    EXPECT_EQ(blocks[4].children().at(1)->as<Image>()->source(), u"j");
-    EXPECT_EQ(blocks[4].children().at(1)->as<Image>()->title(), u"k");
-
-    const Document rows(u"|a|\n|-|\n|b|\n|cc|\n"_s);
-    const Markup body = *rows.children().at(0)->children().at(1);
+    const Markup body = *table.children().at(1);
     EXPECT_EQ(body.range(), (SourceRange{{3, 1}, {4, 4}}));
     EXPECT_EQ(body.children().at(0)->children().at(0)->as<Table::Cell>()->colspan(), 1U);
-}
-
-struct Nesting {
-    QString opening;
-    QString closing;
-    int levels; // in the tree, for each repetition
-    qsizetype depth = 0;
-};
-
-// A recursive parser would need some megabytes of stack.
-void onASmallStack(Nesting& nesting)
-{
-    pthread_attr_t attributes;
-    pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, std::size_t{512} * 1024);
-    pthread_t thread{};
-    const auto run = [](void* argument) -> void* {
-        auto* it = static_cast<Nesting*>(argument);
-        it->depth = depthOf(
-            Document(QString(it->opening.repeated(100'000) + u'x' + it->closing.repeated(100'000))));
-        return nullptr;
-    };
-    ASSERT_EQ(pthread_create(&thread, &attributes, run, &nesting), 0);
-    pthread_join(thread, nullptr);
-    pthread_attr_destroy(&attributes);
+    const Markup empty = *document.children().at(1)->children().at(1);
+    EXPECT_EQ(empty.as<Table::Body>()->childCount(), 0);
+    EXPECT_FALSE(empty.range());
 }
 
 TEST(Parsing, TakesAnyDepth)
 {
-    for (Nesting nesting : {Nesting{u">"_s, {}, 1}, {u"+ "_s, {}, 2}, {u"1. "_s, {}, 2},
-             {u"*a **b "_s, u"c** d* "_s, 2}, {u"!["_s, u"](b)"_s, 1}, {u"~a "_s, u"b~ "_s, 1}}) {
-        onASmallStack(nesting);
-        EXPECT_GE(nesting.depth, 100'000 * nesting.levels) << qPrintable(nesting.opening);
+    struct Case {
+        QString opening;
+        QString closing;
+        int levels; // in the tree, for each repetition
+    };
+    constexpr int times = 100'000;
+    for (const Case& it : {Case{u">"_s, {}, 1}, Case{u"+ "_s, {}, 2}, Case{u"1. "_s, {}, 2},
+             Case{u"*a **b "_s, u"c** d* "_s, 2}, Case{u"!["_s, u"](b)"_s, 1}, Case{u"~a "_s, u"b~ "_s, 1}}) {
+        qsizetype depth = 0;
+        const std::unique_ptr<QThread> thread(QThread::create([&] {
+            depth
+                = depthOf(Document(QString(it.opening.repeated(times) + u'x' + it.closing.repeated(times))));
+        }));
+        thread->setStackSize(512 * 1024); // a recursive parser would need some megabytes
+        thread->start();
+        thread->wait();
+        EXPECT_GE(depth, times * it.levels) << qPrintable(it.opening);
     }
 }
 
-TEST(Parsing, ReturnsHostileTextsAsPlainText)
+void expectPlain(const QByteArray& text)
 {
-    // The first two make cmark-gfm request gigabytes, the last one keeps it busy for minutes.
-    const QString address(100'000, u'u');
-    const QString columns = u"|a"_s.repeated(2000);
-    for (const QString& text : {u"[a]: "_s + address + u"\n\n"_s + u"[a] "_s.repeated(100'000),
-             columns + u'\n' + QString(columns).replace(u'a', u'-') + u'\n' + u"|a\n"_s.repeated(100'000),
-             u"![[]()"_s.repeated(100'000)}) {
-        const Document document(text);
-        EXPECT_EQ(document.raw().node().subtreeCount, 3U);
-        EXPECT_EQ(textOf(document), text);
-    }
-    EXPECT_EQ(textOf(Document(u"~~a~~"_s)), u"a");
+    const Document document{QByteArrayView(text)};
+    EXPECT_EQ(document.raw().node().subtreeCount, 3U) << text.first(20).constData();
+    EXPECT_EQ(textOf(document).toUtf8(), text) << text.first(20).constData();
 }
 
-TEST(Parsing, MayHappenOnManyThreads)
+TEST(Parsing, ReturnsTextsThatNeedTooMuchMemoryAsPlainText)
 {
-    const QString text = u"~~a~~ b\n\n"_s.repeated(500);
-    const std::string expected = markupXML(Document(text));
+    const QByteArray columns = QByteArray("|a").repeated(2000);
+    expectPlain("[a]: " + QByteArray(100'000, 'u') + "\n\n" + QByteArray("[a] ").repeated(100'000));
+    expectPlain(
+        columns + '\n' + QByteArray(columns).replace('a', '-') + '\n' + QByteArray("|a\n").repeated(100'000));
+    expectPlain(QByteArray("*a* ").repeated(1'500'000) + '.');
+    EXPECT_GT(Document(QByteArray("Prose of *some* words.\n\n").repeated(200'000)).childCount(), 1);
+    EXPECT_EQ(textOf(Document(u"~~a~~"_s)), u"a"); // after a jump out of the parser
+}
+
+std::chrono::duration<double> processorTime()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
+// For each of these cmark-gfm alone takes time that grows with the square of the length.
+TEST(Parsing, EndsSoon)
+{
+    struct Case {
+        const char* first;
+        const char* repeated;
+    };
+    for (const auto& [first, repeated] : std::initializer_list<Case>{{"", "\"'"}, {"", "'\""}, {"", "a\" "},
+             {"\"a ", "'b\" "}, {"", "![[]()"}, {"~~a ", "b~ "}, {"- ", "\n"}, {"- ", "\r"}, {"> ", "a\n"},
+             {">", "*a* "}, {"", "<!A "}, {"", "<a b='"}, {"", "a\n:-|:-|\n"}, {"", "|-"}, {"![", "[]()"},
+             {"\"a _b ", "*c\"* "}, {"", "[a]:b\n"}, {"", "](a"}}) {
+        const QByteArray text
+            = QByteArray(first).repeated(40'000) + QByteArray(repeated).repeated(200'000).first(100'000);
+        const auto start = processorTime();
+        const Document document{QByteArrayView(text)};
+        EXPECT_LT((processorTime() - start).count(), 2) << first << repeated;
+    }
+}
+
+TEST(Parsing, HappensOnManyThreads)
+{
+    const QByteArray text = QByteArray("~~a~~ \"b\"\n\n").repeated(20'000);
+    const std::string expected = tree(Document(text));
     std::atomic<int> wrong = 0;
-    constexpr int count = 4;
     std::vector<std::thread> threads;
-    threads.reserve(count);
-    for (int i = 0; i < count; ++i)
+    for (int i = 0; i < 3; ++i)
         threads.emplace_back([&] {
-            for (int round = 0; round < 20; ++round)
-                wrong += markupXML(Document(text)) != expected ? 1 : 0;
+            for (int round = 0; round < 4; ++round)
+                wrong += tree(Document(text)) != expected ? 1 : 0;
         });
     for (std::thread& thread : threads)
         thread.join();
     EXPECT_EQ(wrong, 0);
+}
+
+// A text that takes a second must not keep the others waiting until its end.
+TEST(Parsing, IsNotHeldUpByAnotherThread)
+{
+    using Clock = std::chrono::steady_clock;
+    std::atomic<bool> hasEnded = false;
+    const auto start = Clock::now();
+    std::thread hostile([&] {
+        expectPlain(QByteArray("![[]()").repeated(100'000));
+        hasEnded = true;
+    });
+    Clock::duration longest{};
+    while (!hasEnded) {
+        const auto before = Clock::now();
+        const Document document(u"*a*"_s);
+        longest = std::max(longest, Clock::now() - before);
+    }
+    hostile.join();
+    EXPECT_LT(longest * 3, Clock::now() - start);
 }
 
 } // namespace

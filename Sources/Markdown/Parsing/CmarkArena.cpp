@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 #include <ctime>
+#include <utility>
 
 namespace quor::markdown {
 
@@ -12,8 +13,9 @@ namespace {
 // cmark-gfm passes no context to the allocator's functions.
 thread_local CmarkArena* current = nullptr;
 
-constexpr std::size_t alignment = alignof(std::max_align_t);
+constexpr std::size_t alignment = alignof(void*); // enough for every type of cmark-gfm
 constexpr std::size_t headerSize = alignment; // holds the size of the block
+constexpr std::size_t listNodeSize = sizeof(cmark_llist);
 constexpr std::size_t smallestChunk = std::size_t{1} << 15;
 constexpr std::size_t largestChunk = std::size_t{1} << 22;
 
@@ -27,18 +29,19 @@ std::size_t& sizeOf(void* block)
     return *reinterpret_cast<std::size_t*>(static_cast<std::byte*>(block) - headerSize);
 }
 
-std::chrono::nanoseconds processorTime()
+std::chrono::nanoseconds timeOf(clockid_t clock)
 {
     timespec time{};
-    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    clock_gettime(clock, &time);
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
 } // namespace
 
-CmarkArena::CmarkArena(std::size_t limit, std::chrono::nanoseconds time)
+CmarkArena::CmarkArena(std::size_t limit, std::chrono::nanoseconds time, std::function<void()> pause)
     : limit_(limit)
-    , deadline_(processorTime() + time)
+    , deadline_(timeOf(CLOCK_THREAD_CPUTIME_ID) + time)
+    , pause_(std::move(pause))
 {
     current = this;
 }
@@ -50,8 +53,10 @@ CmarkArena::~CmarkArena()
 
 cmark_mem* CmarkArena::allocator()
 {
-    static cmark_mem functions{
-        [](std::size_t count, std::size_t size) { return current->allocate(count * size); },
+    static cmark_mem functions{[](std::size_t count, std::size_t size) {
+                                   return count * size == listNodeSize ? current->allocateListNode()
+                                                                       : current->allocate(count * size);
+                               },
         [](void* block, std::size_t size) { return current->reallocate(block, size); },
         [](void* block) { current->release(block); }};
     return &functions;
@@ -64,36 +69,46 @@ void CmarkArena::giveUp()
     std::longjmp(*escape_, 1);
 }
 
-void CmarkArena::count(std::size_t size)
+void CmarkArena::checkTime()
 {
-    used_ += size;
-    if (escape_ && (used_ > limit_ || isLate()))
-        giveUp();
+    if (current->escape_)
+        current->look();
 }
 
-bool CmarkArena::isLate()
+void CmarkArena::look()
 {
-    constexpr unsigned requestsBetween = 256; // reading the clock takes longer than a request
-    return ++requests_ % requestsBetween == 0 && processorTime() > deadline_;
+    // This clock advances every few milliseconds and is read without a system call, unlike the other one.
+    const auto now = timeOf(CLOCK_MONOTONIC_COARSE);
+    if (now == lastLook_)
+        return;
+    lastLook_ = now;
+    pause_();
+    if (timeOf(CLOCK_THREAD_CPUTIME_ID) > deadline_)
+        giveUp();
 }
 
 void CmarkArena::addChunk(std::size_t size)
 {
-    const std::size_t usual = std::clamp(used_ / 2, smallestChunk, largestChunk);
+    const std::size_t usual = std::clamp(size_ / 2, smallestChunk, largestChunk);
     const std::size_t chunkSize = std::max(size, aligned(usual));
+    if (escape_ && chunkSize > limit_ - std::min(size_, limit_))
+        giveUp();
     // calloc gets large chunks zeroed from the system, so this costs nothing for pages that are never used.
     void* chunk = std::calloc(1, chunkSize);
     if (!chunk)
         giveUp();
     chunks_.emplace_back(chunk);
+    size_ += chunkSize;
     next_ = static_cast<std::byte*>(chunk);
     end_ = next_ + chunkSize;
 }
 
 void* CmarkArena::allocate(std::size_t size)
 {
+    constexpr unsigned requestsBetween = 16; // even this clock takes as long as a request
+    if (++requests_ % requestsBetween == 0)
+        checkTime();
     const std::size_t whole = headerSize + aligned(size);
-    count(whole);
     const std::size_t sizeClass = aligned(size) / alignment;
     if (sizeClass < released_.size() && released_[sizeClass]) {
         void* block = released_[sizeClass];
@@ -109,13 +124,30 @@ void* CmarkArena::allocate(std::size_t size)
     return latest_;
 }
 
+void* CmarkArena::allocateListNode()
+{
+    constexpr std::size_t nodes = 256;
+    constexpr std::size_t step = headerSize + listNodeSize;
+    void*& first = released_[listNodeSize / alignment];
+    if (!first) {
+        auto* block = static_cast<std::byte*>(allocate(nodes * step));
+        latest_ = nullptr; // its parts are released one by one
+        for (std::size_t i = 0; i < nodes; ++i) {
+            std::byte* node = block + i * step;
+            sizeOf(node) = listNodeSize;
+            std::memcpy(node, &first, sizeof first);
+            first = node;
+        }
+    }
+    return allocate(listNodeSize);
+}
+
 void* CmarkArena::reallocate(void* block, std::size_t size)
 {
     if (!block)
         return allocate(size);
     const std::size_t before = sizeOf(block);
     if (block == latest_ && latest_ + aligned(size) <= end_ && size >= before) {
-        count(size - before);
         next_ = latest_ + aligned(size);
         sizeOf(block) = size;
         return block;

@@ -2,27 +2,29 @@
 #include "Markdown/Parsing/CmarkParser.h"
 
 #include "Markdown/Parsing/CmarkArena.h"
+#include "Markdown/Parsing/InlineTurn.h"
 #include "Markdown/Parsing/MarkupConverterState.h"
+#include "Markdown/Parsing/SyntaxExtensions.h"
 #include "Markdown/Raw/RawMarkupBuilder.h"
-
-#include <cmark-gfm-core-extensions.h>
 
 #include <algorithm>
 #include <chrono>
 #include <limits>
-#include <mutex>
 
 namespace quor::markdown {
 
 namespace {
 
-// A text of brackets alone, the worst that is not hostile, makes cmark-gfm request about 300 bytes a byte.
-constexpr std::size_t bytesOfMemoryPerByte = 512;
+// Usual texts need 20 to 40 bytes of memory a byte, texts that are nothing but marks about 300.
 constexpr std::size_t memoryForAnyText = std::size_t{64} << 20;
+constexpr std::size_t memoryPerByteOfMarks = 512;
+constexpr std::size_t mostMemoryForMarks = std::size_t{768} << 20;
+constexpr std::size_t memoryPerByte = 64;
 // Ordinary text takes less than half a microsecond a byte. cmark-gfm has loops that take minutes a megabyte,
 // for instance for links within images that never end.
-constexpr std::chrono::seconds timeForAnyText{2};
+constexpr std::chrono::milliseconds timeForAnyText{500};
 constexpr std::chrono::microseconds timePerByte{2};
+constexpr std::size_t smallestNode = 160; // bytes of a node of cmark-gfm
 constexpr qsizetype longestText = qsizetype{1} << 29; // cmark-gfm aborts at twice that
 
 int cmarkOptions(TextEncoding encoding, ParseOptions options)
@@ -37,23 +39,46 @@ int cmarkOptions(TextEncoding encoding, ParseOptions options)
     return result;
 }
 
+/// Feeds the text in small pieces. A line can take time in proportion to the depth of the open blocks without
+/// a request for memory.
+void feed(cmark_parser* parser, QByteArrayView text)
+{
+    constexpr qsizetype pieceSize = 64;
+    for (qsizetype at = 0; at < text.size(); at += pieceSize) {
+        const qsizetype size = std::min(pieceSize, text.size() - at);
+        cmark_parser_feed(parser, text.data() + at, static_cast<std::size_t>(size));
+        CmarkArena::checkTime();
+    }
+}
+
 /// Returns null if a limit of the arena was exceeded. No local variable of this function must need a
 /// destructor, because the jump runs none.
-cmark_node* parsedNode(CmarkArena& arena, QByteArrayView text, int options)
+cmark_node* parsedNode(CmarkArena& arena, InlineTurn& turn, QByteArrayView text, int options)
 {
     std::jmp_buf escape;
     if (setjmp(escape) != 0) {
+        turn.end();
         arena.setEscape(nullptr);
         return nullptr;
     }
     arena.setEscape(&escape);
     cmark_parser* parser = cmark_parser_new_with_mem(options, CmarkArena::allocator());
-    for (const char* name : {"table", "strikethrough", "tasklist"})
-        cmark_parser_attach_syntax_extension(parser, cmark_find_syntax_extension(name));
-    cmark_parser_feed(parser, text.data(), static_cast<std::size_t>(text.size()));
+    for (cmark_syntax_extension* extension : syntaxExtensions((options & CMARK_OPT_SMART) != 0))
+        cmark_parser_attach_syntax_extension(parser, extension);
+    feed(parser, text);
+    turn.begin(parser);
     cmark_node* root = cmark_parser_finish(parser);
+    turn.end();
     arena.setEscape(nullptr);
     return root;
+}
+
+std::size_t memoryLimit(qsizetype textSize)
+{
+    const auto size = static_cast<std::size_t>(textSize);
+    const std::size_t limit = std::max(
+        std::min(memoryForAnyText + size * memoryPerByteOfMarks, mostMemoryForMarks), size * memoryPerByte);
+    return std::min(limit, std::size_t{std::numeric_limits<quint32>::max()}); // the tree addresses 32 bits
 }
 
 bool convertParsed(
@@ -61,19 +86,14 @@ bool convertParsed(
 {
     if (text.size() > longestText)
         return false;
-    // cmark-gfm enters the special characters of a parser's extensions into global tables.
-    static std::mutex oneAtATime;
-    const std::lock_guard lock(oneAtATime);
-    cmark_gfm_core_extensions_ensure_registered();
-    const std::size_t limit
-        = std::min(memoryForAnyText + static_cast<std::size_t>(text.size()) * bytesOfMemoryPerByte,
-            std::size_t{std::numeric_limits<quint32>::max()}); // the tree addresses its texts in 32 bits
-    CmarkArena arena(limit, timeForAnyText + timePerByte * text.size());
-    cmark_node* root = parsedNode(arena, text, cmarkOptions(encoding, options));
+    InlineTurn turn;
+    CmarkArena arena(
+        memoryLimit(text.size()), timeForAnyText + timePerByte * text.size(), [&turn] { turn.offer(); });
+    cmark_node* root = parsedNode(arena, turn, text, cmarkOptions(encoding, options));
     if (!root)
         return false;
-    // Few texts have more nodes, and reserved memory that is not used costs nothing.
-    builder.reserve(text.size() / 8 + 16, text.size());
+    // More than there can be nodes, so that they never move. Memory that is not used costs nothing.
+    builder.reserve(static_cast<qsizetype>(arena.size() / smallestNode), text.size());
     MarkupConverterState(root, options, builder).convert();
     return true;
 }

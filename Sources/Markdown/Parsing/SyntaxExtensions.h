@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cmark-gfm-extension_api.h>
+
+#include <vector>
+
+namespace quor::markdown {
+
+/// The extensions of cmark-gfm that a parser of ours attaches, in this order. Their results are those of
+/// cmark-gfm, but they keep its search for matching delimiters short, and interruptible by
+/// `CmarkArena::checkTime`. Any thread.
+[[nodiscard]] const std::vector<cmark_syntax_extension*>& syntaxExtensions(bool hasSmartPunctuation);
+
+} // namespace quor::markdown
