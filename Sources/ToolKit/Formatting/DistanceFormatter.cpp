@@ -2,8 +2,11 @@
 #include "ToolKit/Formatting/DistanceFormatter.h"
 
 #include "ToolKit/Formatting/DistanceReader.h"
+#include "ToolKit/Formatting/ICULocale.h"
 #include "ToolKit/Formatting/LengthFormatter.h"
 #include "ToolKit/Formatting/LocaleFacts.h"
+
+#include <unicode/dcfmtsym.h>
 
 #include <utility>
 
@@ -16,10 +19,15 @@ namespace {
 constexpr double metersPerKilometer = 1000;
 constexpr double milesPerKilometer = 0.621371192;
 
-QStringList numberLocales(const QString& locale, bool isMetric)
+/// The locale whose rules a typed number follows.
+QString numberLocale(const QString& locale, bool isMetric)
 {
-    // Users of miles most likely write numbers as in the United States.
-    return isMetric ? QStringList{locale, u"en_US"_s} : QStringList{u"en_US"_s, locale};
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::DecimalFormatSymbols symbols(icuLocale(locale), status);
+    const auto mark = symbols.getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
+    // Users of miles write numbers as in the United States, unless they chose miles for a language that has
+    // another decimal mark: then their own texts must be readable.
+    return !isMetric && mark == icu::UnicodeString(u'.') ? u"en_US"_s : locale;
 }
 
 } // namespace
@@ -74,7 +82,7 @@ double DistanceFormatter::distance(const QString& text) const
     Rules& now = rules();
     if (!now.oldFormatter)
         now.oldFormatter
-            = std::make_unique<DistanceReader>(now.locale, numberLocales(now.locale, now.isMetric));
+            = std::make_unique<DistanceReader>(now.locale, numberLocale(now.locale, now.isMetric));
     const double meters = now.oldFormatter->distance(text);
     if (meters >= 0)
         return meters;

@@ -32,8 +32,10 @@ public:
     [[nodiscard]] virtual std::optional<QString> stringForObjectValue(const QVariant& value) const;
 
     /// The distance in metres that `text` says. A number without a unit is in the user's unit. Kilometres,
-    /// metres, miles, yards and feet are understood in the user's language and in English. Returns a negative
-    /// number if the text cannot be read, and for a negative distance.
+    /// metres, miles, yards and feet are understood in the user's language and in English. The number follows
+    /// the rules of the locale; if that measures in miles and has a decimal point, those of the United
+    /// States. Returns a negative number if the text cannot be read, as "1.5 km" in German, and for a
+    /// negative distance.
     [[nodiscard]] virtual double distance(const QString& text) const;
 
 private:

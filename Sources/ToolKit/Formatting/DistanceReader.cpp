@@ -13,6 +13,7 @@
 #include <array>
 #include <cmath>
 #include <memory>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -78,13 +79,28 @@ std::unique_ptr<icu::DecimalFormat> strictFormat(const icu::Locale& locale)
     return decimal;
 }
 
+/// Whether the text has a point or a comma that the locale uses for nothing. ICU would take it for a
+/// separator of thousands: "1.234" in French, where it can just as well be the decimal mark of another
+/// language.
+bool hasForeignMark(const QString& text, QChar decimal, QChar grouping)
+{
+    constexpr QStringView commas = u",\u066B\u066C"; // with those of Arabic, for which people type commas
+    const auto isUsed
+        = [&](QStringView marks) { return marks.contains(decimal) || marks.contains(grouping); };
+    return (text.contains(u'.') && !isUsed(u".")) || (text.contains(u',') && !isUsed(commas));
+}
+
 /// The number that the whole text says. Returns `nullopt` if a part of it is left over, and for a negative
 /// number.
 std::optional<double> strictNumber(QString text, const icu::DecimalFormat& format)
 {
-    const icu::UnicodeString grouping = format.getDecimalFormatSymbols()->getConstSymbol(
-        icu::DecimalFormatSymbols::kGroupingSeparatorSymbol);
-    if (const QChar separator(grouping.charAt(0)); separator.isSpace())
+    const auto mark = [&format](icu::DecimalFormatSymbols::ENumberFormatSymbol symbol) {
+        return QChar(format.getDecimalFormatSymbols()->getConstSymbol(symbol).charAt(0));
+    };
+    const QChar separator = mark(icu::DecimalFormatSymbols::kGroupingSeparatorSymbol);
+    if (hasForeignMark(text, mark(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol), separator))
+        return std::nullopt;
+    if (separator.isSpace())
         text.replace(u' ', separator);
     const icu::UnicodeString units = platform::icuText(text);
     icu::Formattable value;
@@ -98,12 +114,9 @@ std::optional<double> strictNumber(QString text, const icu::DecimalFormat& forma
 
 } // namespace
 
-DistanceReader::DistanceReader(const QString& locale, const QStringList& numberLocales)
+DistanceReader::DistanceReader(const QString& locale, const QString& numberLocale)
+    : numberFormat_(strictFormat(icuLocale(numberLocale)))
 {
-    for (const QString& conventions : numberLocales) {
-        if (auto format = strictFormat(icuLocale(conventions)))
-            numberFormats_.push_back(std::move(format));
-    }
     // If two units have the same name, the first one learnt is used. So the texts of `DistanceFormatter` are
     // read correctly.
     for (const QString& language : {locale, u"en_US"_s, u"en_GB"_s}) {
@@ -143,18 +156,9 @@ void DistanceReader::learn(const QString& text, double value, LengthUnit unit)
         patterns_.push_back(pattern);
 }
 
-std::optional<double> DistanceReader::number(const QString& text) const
-{
-    for (const auto& format : numberFormats_) {
-        if (const auto value = strictNumber(text, *format))
-            return value;
-    }
-    return std::nullopt;
-}
-
 double DistanceReader::distance(const QString& text) const
 {
-    if (text.size() > longestText)
+    if (text.size() > longestText || !numberFormat_)
         return unreadable;
     const QString given = folded(text);
     for (const Pattern& pattern : patterns_) {
@@ -162,7 +166,7 @@ double DistanceReader::distance(const QString& text) const
             || given.size() <= pattern.prefix.size() + pattern.suffix.size())
             continue;
         const QString middle = given.sliced(pattern.prefix.size()).chopped(pattern.suffix.size()).trimmed();
-        const double meters = number(middle).value_or(unreadable) * pattern.meters;
+        const double meters = strictNumber(middle, *numberFormat_).value_or(unreadable) * pattern.meters;
         if (meters >= 0 && std::isfinite(meters))
             return meters;
     }

@@ -4,12 +4,10 @@
 #include "ToolKit/Formatting/LengthFormatter.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <unicode/decimfmt.h>
 
 #include <memory>
-#include <optional>
 #include <vector>
 
 namespace quor::toolkit {
@@ -17,13 +15,14 @@ namespace quor::toolkit {
 /// Reads a number with a unit of length as people write them. Understands the names of units in one language
 /// and in English, in full or abbreviated, in upper or lower case, with or without blanks.
 ///
-/// The rules for numbers are tried in the order given. Separators of thousands are accepted only at their
-/// places: with the rules of German and then of English, "1.500 km" are 1500 km, and "1.5 km" are 1.5 km.
-/// Creation takes some milliseconds. Use an object on one thread at a time.
+/// Numbers follow the rules of one locale, whatever the language of the unit. Separators of thousands are
+/// accepted only at their places: with the rules of German, "1.500 km" are 1500 km, and "1.5 km" is
+/// unreadable instead of being one and a half, or fifteen. Creation takes some milliseconds. Use an object on
+/// one thread at a time.
 class DistanceReader final {
 public:
-    /// `locale` determines the names of units, `numberLocales` the rules for numbers, in order.
-    DistanceReader(const QString& locale, const QStringList& numberLocales);
+    /// `locale` determines the names of units, `numberLocale` the rules for numbers.
+    DistanceReader(const QString& locale, const QString& numberLocale);
 
     /// The distance in metres. Returns -1 if `text` is no distance, has no unit, or if its number is negative
     /// or not finite.
@@ -45,9 +44,8 @@ private:
 
     void learn(const QString& locale, LengthWidth width, LengthUnit unit);
     void learn(const QString& text, double value, LengthUnit unit);
-    [[nodiscard]] std::optional<double> number(const QString& text) const;
 
-    std::vector<std::unique_ptr<icu::DecimalFormat>> numberFormats_; ///< in order of preference
+    std::unique_ptr<icu::DecimalFormat> numberFormat_; ///< null if ICU has no data
     std::vector<Pattern> patterns_; ///< longest first
     std::vector<Phrase> phrases_;
 };
