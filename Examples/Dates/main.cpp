@@ -80,8 +80,13 @@ int main(int argc, char** argv)
         zone = *named;
         shared.setTimeZone(zone);
     }
-    if (parser.isSet(QStringLiteral("locale")))
-        shared.setLocale(QLocale(parser.value(QStringLiteral("locale"))));
+    if (parser.isSet(QStringLiteral("locale"))) {
+        const QString name = parser.value(QStringLiteral("locale"));
+        const QLocale locale(name);
+        if (locale == QLocale::c() && name != u"C") // what Qt returns for an unknown name
+            return fail(QStringLiteral("there is no locale \"%1\"").arg(name));
+        shared.setLocale(locale);
+    }
     setCalendar(shared);
 
     const QString wanted = parser.positionalArguments().value(0, QStringLiteral("2024-10-26T15:04:05"));
