@@ -40,6 +40,14 @@ std::optional<int>& field(DateComponents& components, Calendar::Unit unit)
     return components.second;
 }
 
+/// `settings` with another value of one of them.
+template <typename Settings, typename Value>
+Settings changed(Settings settings, Value Settings::*setting, Value value)
+{
+    settings.*setting = std::move(value);
+    return settings;
+}
+
 } // namespace
 
 Calendar::Calendar()
@@ -60,37 +68,27 @@ void Calendar::set(Settings settings)
 
 void Calendar::setLocale(const std::optional<QLocale>& locale)
 {
-    Settings settings = engine_->settings();
-    settings.locale = locale;
-    set(std::move(settings));
+    set(changed(engine_->settings(), &Settings::locale, locale));
 }
 
 void Calendar::setTimeZone(const std::optional<QTimeZone>& timeZone)
 {
-    Settings settings = engine_->settings();
-    settings.timeZone = timeZone;
-    set(std::move(settings));
+    set(changed(engine_->settings(), &Settings::timeZone, timeZone));
 }
 
 void Calendar::setIdentifier(const std::optional<QByteArray>& identifier)
 {
-    Settings settings = engine_->settings();
-    settings.identifier = identifier;
-    set(std::move(settings));
+    set(changed(engine_->settings(), &Settings::identifier, identifier));
 }
 
 void Calendar::setFirstWeekday(std::optional<int> weekday)
 {
-    Settings settings = engine_->settings();
-    settings.firstWeekday = weekday;
-    set(std::move(settings));
+    set(changed(engine_->settings(), &Settings::firstWeekday, weekday));
 }
 
 void Calendar::setMinimumDaysInFirstWeek(std::optional<int> days)
 {
-    Settings settings = engine_->settings();
-    settings.minimumDaysInFirstWeek = days;
-    set(std::move(settings));
+    set(changed(engine_->settings(), &Settings::minimumDaysInFirstWeek, days));
 }
 
 QByteArray Calendar::timeZoneName() const
