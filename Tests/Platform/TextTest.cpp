@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Text/AttributedString.h"
 #include "Platform/Text/GraphemeClusters.h"
+#include "Platform/Text/NumberFormatter.h"
 #include "Platform/Text/RegularExpression.h"
 
 #include <gmock/gmock.h>
@@ -12,6 +13,7 @@
 
 using quor::platform::AttributedString;
 using quor::platform::GraphemeClusters;
+using quor::platform::NumberFormatter;
 using quor::platform::RegularExpression;
 using quor::platform::TextAttachment;
 using quor::platform::TextRange;
@@ -107,6 +109,23 @@ TEST(AttributedString, HoldsAttachmentsAsCharacters)
     EXPECT_EQ(text.string(), u"\uFFFC\uFFFC a");
     EXPECT_EQ(text.runs().size(), 3) << "each attachment is one character's";
     EXPECT_EQ(text.attachment(1), attachment);
+}
+
+TEST(NumberFormatter, WritesAsManyDigitsAsSetHoweverLong)
+{
+    NumberFormatter formatter(QLocale::English);
+    EXPECT_EQ(formatter.string(1e300).size(), 401) << "longer than the usual buffer";
+    formatter.setMinimumFractionDigits(4);
+    EXPECT_EQ(formatter.string(1), u"1.0000") << "the maximum is raised with it";
+    EXPECT_EQ(NumberFormatter(QLocale(u"de_CH"_s)).string(1234567), u"1’234’567");
+}
+
+TEST(NumberFormatter, RefusesATextWithAnythingButANumber)
+{
+    const NumberFormatter formatter(QLocale::English);
+    EXPECT_EQ(formatter.number(u"1,234.5"_s), 1234.5);
+    for (const auto& text : {u""_s, u" 5"_s, u"5h"_s, u"1,5"_s, u"∞"_s, u"1E999"_s})
+        EXPECT_EQ(formatter.number(text), std::nullopt) << qPrintable(text);
 }
 
 } // namespace

@@ -9,9 +9,13 @@
 
 #include <QCoreApplication>
 
+#include <atomic>
+#include <csignal>
 #include <limits>
+#include <thread>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 using namespace Qt::StringLiterals;
 using quor::platform::UserDefaults;
@@ -22,9 +26,28 @@ namespace {
 
 const QString suiteName = u"QX77Z4012M.com.quor-app"_s;
 
+/// A value of one letter, which decides its size, so that a torn one can be recognised.
+QByteArray wholeValue(int number)
+{
+    return {1 + (number % 26) * 10'000, char('a' + number % 26)};
+}
+
+bool isWhole(const std::optional<QByteArray>& value)
+{
+    return value && !value->isEmpty() && *value == wholeValue(value->front() - 'a');
+}
+
 class UserDefaultsTest : public testing::Test {
 protected:
     [[nodiscard]] QString folder() const { return home_.path(suiteName + "/Preferences"_L1); }
+    /// Starts a process that stores one value after the other, until it is killed.
+    [[nodiscard]] pid_t startWriter() const
+    {
+        const pid_t child = fork();
+        for (int i = 0; child == 0; ++i)
+            defaults_.setObject(wholeValue(i), u"timerData"_s);
+        return child;
+    }
     const quor::test::TemporaryDataHome home_;
     const UserDefaults defaults_ = UserDefaults::suite(suiteName).value();
 };
@@ -42,32 +65,21 @@ TEST_F(UserDefaultsTest, WritesWhatAShellCanRead)
 
 TEST_F(UserDefaultsTest, ConvertsBetweenTypes)
 {
-    const struct {
-        QByteArray content;
-        std::optional<QByteArray> data;
-        std::optional<QString> string;
-        bool boolean;
-        double real;
-    } cases[] = {
-        {"data\n\0a\n"_ba, "\0a\n"_ba, {}, false, 0},
-        {"string\ntrue"_ba, {}, u"true"_s, true, 0},
-        {"string\n-1.5e3"_ba, {}, u"-1.5e3"_s, false, -1500},
-        {"string\n\uFEFFa"_ba, {}, u"\uFEFFa"_s, false, 0}, // a mark that decoders like to drop
-        {"string\na\xC3"_ba, {}, {}, false, 0},
-        {"bool\ntrue"_ba, {}, {}, true, 0},
-        {"real\n0.5"_ba, {}, {}, true, 0.5},
-        {"real\n28800\n"_ba, {}, {}, true, 28800},
-        {"real\ninf"_ba, {}, {}, false, 0},
-        {"integer\n1"_ba, {}, {}, false, 0},
-        {"data"_ba, {}, {}, false, 0},
-    };
-    for (const auto& c : cases) {
-        ASSERT_TRUE(writeFile(folder() + "/key"_L1, c.content));
+    const std::tuple<QByteArray, std::optional<QByteArray>, std::optional<QString>, bool, double> cases[]
+        = {{"data\n\0a\n"_ba, "\0a\n"_ba, {}, false, 0}, {"string\ntrue"_ba, {}, u"true"_s, true, 0},
+            {"string\n-1.5e3"_ba, {}, u"-1.5e3"_s, false, -1500},
+            {"string\n\uFEFFa"_ba, {}, u"\uFEFFa"_s, false, 0}, // a mark that decoders like to drop
+            {"string\na\xC3"_ba, {}, {}, false, 0}, {"bool\ntrue"_ba, {}, {}, true, 0},
+            {"real\n0.5"_ba, {}, {}, true, 0.5}, {"real\n28800\n"_ba, {}, {}, true, 28800},
+            {"real\ninf"_ba, {}, {}, false, 0}, {"integer\n1"_ba, {}, {}, false, 0},
+            {"data"_ba, {}, {}, false, 0}};
+    for (const auto& [content, data, string, boolean, real] : cases) {
+        ASSERT_TRUE(writeFile(folder() + "/key"_L1, content));
         const UserDefaults read = UserDefaults::suiteOrStandard(suiteName);
-        EXPECT_EQ(read.dataForKey(u"key"_s), c.data) << c.content.toStdString();
-        EXPECT_EQ(read.stringForKey(u"key"_s), c.string);
-        EXPECT_EQ(read.boolForKey(u"key"_s), c.boolean) << c.content.toStdString();
-        EXPECT_EQ(read.doubleForKey(u"key"_s), c.real) << c.content.toStdString();
+        EXPECT_EQ(read.dataForKey(u"key"_s), data) << content.toStdString();
+        EXPECT_EQ(read.stringForKey(u"key"_s), string);
+        EXPECT_EQ(read.boolForKey(u"key"_s), boolean) << content.toStdString();
+        EXPECT_EQ(read.doubleForKey(u"key"_s), real) << content.toStdString();
     }
 }
 
@@ -142,6 +154,29 @@ TEST_F(UserDefaultsTest, LiveInTheUsersHomeForWantOfADataHome)
     qunsetenv("HOME");
     EXPECT_EQ(UserDefaults::suite(suiteName), std::nullopt);
     qputenv("HOME", home);
+}
+
+TEST_F(UserDefaultsTest, ReadersSeeWholeValuesWhileWritersDie)
+{
+    const QString key = u"timerData"_s;
+    ASSERT_TRUE(defaults_.setObject(wholeValue(0), key));
+    std::atomic<bool> isDone = false;
+    std::thread writer([&] {
+        for (int i = 0; !isDone; ++i)
+            EXPECT_TRUE(defaults_.setObject(wholeValue(i), key));
+    });
+    for (int round = 0; round < 60; ++round) {
+        const pid_t process = startWriter();
+        for (int i = 0; i <= round; ++i) // so that each round kills at another moment
+            EXPECT_TRUE(isWhole(defaults_.dataForKey(key)));
+        kill(process, SIGKILL);
+        waitpid(process, nullptr, 0);
+        EXPECT_TRUE(isWhole(defaults_.dataForKey(key)));
+    }
+    isDone = true;
+    writer.join();
+    EXPECT_TRUE(defaults_.setObject(wholeValue(0), key));
+    EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden), QStringList{key});
 }
 
 } // namespace

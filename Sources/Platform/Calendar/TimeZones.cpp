@@ -25,11 +25,12 @@ constexpr QByteArrayView defaultChanges = ",M3.2.0,M11.1.0";
 /// The zone in a file. It has a name if the file is one of the system's zone data, or a link to one.
 QTimeZone zoneOfFile(QString path)
 {
-    constexpr auto zoneFolder = "/zoneinfo/"_L1;
     constexpr int mostLinks = 10;
     for (int link = 0; link < mostLinks; ++link) {
-        if (const qsizetype at = path.indexOf(zoneFolder); at >= 0)
-            return QTimeZone(QFile::encodeName(path.sliced(at + zoneFolder.size())));
+        for (const auto folder : zoneFolders) {
+            if (path.startsWith(folder))
+                return QTimeZone(QFile::encodeName(path.sliced(folder.size())));
+        }
         const QFileInfo file(path);
         // Not the final target: the data have links among themselves, and the user chose one of the names.
         if (!file.isSymLink())

@@ -16,8 +16,9 @@ namespace quor::platform {
 
 /// The zone that a value of the environment variable TZ means to the C library: a name, the path of a zone
 /// file, or a rule such as "CET-1CEST,M3.5.0,M10.5.0/3". A leading colon is ignored. Offsets of rules count
-/// westward: "UTC+2" is two hours behind UTC. A rule with a summer time but no dates for it changes on the
-/// dates of the United States. Returns UTC for an empty or unknown value.
+/// westward: "UTC+2" is two hours behind UTC. A rule with a summer time but no dates for it changes on
+/// today's dates of the United States in every year, where the C library may use a file of the system for the
+/// years up to 2037. Returns UTC for an empty or unknown value.
 [[nodiscard]] QTimeZone timeZoneOfVariable(QByteArray value);
 
 /// The user's zone: that of the environment variable TZ if it is set, else the machine's. Cheap: a change of
