@@ -15,22 +15,19 @@ TEST(Commands, AreRefusedWithAReasonAndAnExitCode)
     ServingPeer peer;
     for (const auto& command : {u"add Design"_s, u"add design"_s, u"add Meeting"_s, u"start T1"_s})
         ASSERT_EQ(quorPeer(command).exitCode, 0);
-    const struct {
-        QString command;
-        int exitCode;
-        QString reason;
-    } cases[] = {{u"sing"_s, 2, u"\"sing\""_s}, {u"list --jsn"_s, 2, u"jsn"_s}, {u"add"_s, 2, u"NAME"_s},
-        {u"add X "_s, 1, u"name"_s}, {u"add X --color 12345g"_s, 1, u"\"12345g\""_s},
-        {u"start T9"_s, 1, u"no task \"T9\""_s}, {u"start DESIGN"_s, 1, u"T1, T2"_s},
-        {u"start T1"_s, 1, u"already running"_s}, {u"start T2 --ago inf"_s, 2, u"\"inf\""_s},
-        {u"stop Meeting"_s, 1, u"is not running"_s}, {u"stop T1 --all"_s, 2, u"--all"_s},
-        {u"set singleTimer"_s, 1, u"KEY=VALUE"_s}, {u"set singleTimer=true colour=1"_s, 1, u"\"colour\""_s},
+    const std::tuple<QString, int, QString> cases[] = {{u"sing"_s, 2, u"\"sing\""_s},
+        {u"list --jsn"_s, 2, u"jsn"_s}, {u"add"_s, 2, u"NAME"_s}, {u"add X "_s, 1, u"name"_s},
+        {u"add X --color 12345g"_s, 1, u"\"12345g\""_s}, {u"start T9"_s, 1, u"no task \"T9\""_s},
+        {u"start DESIGN"_s, 1, u"T1, T2"_s}, {u"start T1"_s, 1, u"already running"_s},
+        {u"start T2 --ago inf"_s, 2, u"\"inf\""_s}, {u"stop Meeting"_s, 1, u"is not running"_s},
+        {u"stop T1 --all"_s, 2, u"--all"_s}, {u"set singleTimer"_s, 1, u"KEY=VALUE"_s},
+        {u"set singleTimer=true colour=1"_s, 1, u"\"colour\""_s},
         {u"set expectedWorkingTime=nan"_s, 1, u"\"nan\""_s},
         {u"kill-helper"_s, 1, u"helper is not running"_s}, {u"serve"_s, 1, u"already"_s}};
-    for (const auto& each : cases) {
-        const Result result = quorPeer(each.command);
-        EXPECT_EQ(result.exitCode, each.exitCode) << each.command.toStdString();
-        EXPECT_TRUE(result.errors.contains(each.reason)) << result.errors.toStdString();
+    for (const auto& [command, exitCode, reason] : cases) {
+        const Result result = quorPeer(command);
+        EXPECT_EQ(result.exitCode, exitCode) << command.toStdString();
+        EXPECT_TRUE(result.errors.contains(reason)) << result.errors.toStdString();
     }
     const auto status = QJsonDocument::fromJson(quorPeer(u"status --json"_s).output.toUtf8());
     EXPECT_EQ(status["settings"_L1]["singleTimer"_L1], QJsonValue(false)) << "all or none";

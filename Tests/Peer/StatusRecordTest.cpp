@@ -22,19 +22,16 @@ double at(const QString& local)
 
 TEST(StatusRecord, TotalsTakeTodaysPartOfEachEntry)
 {
-    const struct {
-        QString start, end, now;
-        double expected;
-    } cases[] = {
+    const std::tuple<QString, QString, QString, double> cases[] = {
         {u"2023-11-13T23:00:00"_s, u"2023-11-14T00:30:00"_s, u"2023-11-14T12:00:00"_s, 1800},
         {u"2023-11-12T22:00:00"_s, u"2023-11-14T10:00:00"_s, u"2023-11-13T12:00:00"_s, 86400},
         {u"2024-03-30T12:00:00"_s, u"2024-04-01T12:00:00"_s, u"2024-03-31T23:00:00"_s, 23 * 3600},
     };
-    for (const auto& each : cases) {
+    for (const auto& [start, end, now, expected] : cases) {
         Tracked t(0, {u"Design"_s});
-        t.track(at(each.start), at(each.end));
-        t.moveTo(at(each.now));
-        EXPECT_EQ(statusRecord(t.tracker, t.clock.now()).inactiveTotalTimeToday, each.expected);
+        t.track(at(start), at(end));
+        t.moveTo(at(now));
+        EXPECT_EQ(statusRecord(t.tracker, t.clock.now()).inactiveTotalTimeToday, expected);
     }
 }
 
@@ -67,12 +64,7 @@ TEST(StatusRecord, ShowsTheTaskStartedLast)
 
 TEST(NextChange, IsTheFirstTextToTurn)
 {
-    const struct {
-        bool inDays, showTotal;
-        double inactive;
-        std::vector<double> runningFor;
-        double expected;
-    } cases[] = {
+    const std::tuple<bool, bool, double, std::vector<double>, double> cases[] = {
         {false, false, 0, {59.5}, 0.5}, {false, false, 0, {120}, 60},
         {false, true, 40, {15}, 5}, // the total changes first
         {false, false, 0, {20, 10}, 15}, // two timers: twice as fast
@@ -80,19 +72,19 @@ TEST(NextChange, IsTheFirstTextToTurn)
         {false, false, 0, {}, 12 * 3600}, // nothing runs: the day
     };
     const auto now = quor::platform::dateFromSeconds(at(u"2023-11-14T12:00:00"_s));
-    for (const auto& each : cases) {
+    for (const auto& [inDays, showTotal, inactive, runningFor, expected] : cases) {
         Settings settings;
-        settings.showWorkingDays = each.inDays;
+        settings.showWorkingDays = inDays;
         settings.workingDayLengthSeconds = 90;
         quor::MenubarStatusItemData shown;
         shown.menuBarShowRunningTimer = true;
-        shown.menuBarShowDailyTotal = each.showTotal;
-        shown.inactiveTotalTimeToday = each.inactive;
-        for (const double seconds : each.runningFor)
+        shown.menuBarShowDailyTotal = showTotal;
+        shown.inactiveTotalTimeToday = inactive;
+        for (const double seconds : runningFor)
             shown.activeStartTimes.push_back(quor::platform::secondsSince1970(now) - seconds);
         const double delay = (nextChange(shown, settings, now) - now).count();
-        EXPECT_GT(delay, each.expected) << "woken before the turn";
-        EXPECT_LT(delay, each.expected + 0.01);
+        EXPECT_GT(delay, expected) << "woken before the turn";
+        EXPECT_LT(delay, expected + 0.01);
     }
 }
 

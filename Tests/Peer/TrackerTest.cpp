@@ -15,30 +15,27 @@ constexpr double noon = 1'700'000'000;
 
 TEST(Tracker, StopsWithinTheTimeThatTheTimerRan)
 {
-    const struct {
-        double ran, delta, length;
-    } cases[] = {{600, 0, 600}, {600, -60, 540}, {600, -3600, 0}, {600, 300, 600}, {600, -1e300, 0},
-        {-3600, 0, 0}}; // the clock was set back
-    for (const auto& each : cases) {
+    const std::tuple<double, double, double> cases[] = {{600, 0, 600}, {600, -60, 540}, {600, -3600, 0},
+        {600, 300, 600}, {600, -1e300, 0}, {-3600, 0, 0}}; // the clock was set back
+    for (const auto& [ran, delta, length] : cases) {
         Tracked t(noon, {u"Design"_s});
         t.tracker.start(u"T1"_s);
         t.tracker.adjust(u"T1"_s, 0); // to the end of the entry before it, but there is none
-        t.clock.advance(each.ran);
-        if (each.ran < 0)
+        t.clock.advance(ran);
+        if (ran < 0)
             t.tracker.adjust(u"T1"_s, 60);
         EXPECT_EQ(secondsSince1970(t.tracker.entries()[0].start), noon);
-        ASSERT_EQ(t.tracker.stop(u"T1"_s, each.delta), Outcome::done);
-        EXPECT_EQ(secondsSince1970(*t.tracker.entries()[0].end) - noon, each.length) << each.delta;
+        ASSERT_EQ(t.tracker.stop(u"T1"_s, delta), Outcome::done);
+        EXPECT_EQ(secondsSince1970(*t.tracker.entries()[0].end) - noon, length) << delta;
     }
 }
 
 TEST(Tracker, MovesTheStartButNotBeyondNow)
 {
-    const struct {
-        double delta;
-        double start; // relative to noon, when the timer started (600 s ago); the last entry ended at -900
-    } cases[] = {{-300, -300}, {300, 300}, {900, 600}, {0, -900}, {-3600, -3600}};
-    for (const auto& each : cases) {
+    // Relative to noon, when the timer started (600 s ago); the last entry ended at -900.
+    const std::tuple<double, double> cases[]
+        = {{-300, -300}, {300, 300}, {900, 600}, {0, -900}, {-3600, -3600}};
+    for (const auto& [delta, start] : cases) {
         Tracked t(noon, {u"Design"_s, u"Meeting"_s});
         t.track(noon - 9000, noon - 8000);
         t.track(noon - 3000, noon - 900);
@@ -46,8 +43,8 @@ TEST(Tracker, MovesTheStartButNotBeyondNow)
         t.tracker.start(u"T1"_s);
         t.track(noon, noon + 300); // ends after the start: no entry before it
         t.moveTo(noon + 600);
-        ASSERT_EQ(t.tracker.adjust(u"T1"_s, each.delta), Outcome::done);
-        EXPECT_EQ(secondsSince1970(t.tracker.runningEntry(u"T1"_s)->start) - noon, each.start);
+        ASSERT_EQ(t.tracker.adjust(u"T1"_s, delta), Outcome::done);
+        EXPECT_EQ(secondsSince1970(t.tracker.runningEntry(u"T1"_s)->start) - noon, start);
     }
 }
 

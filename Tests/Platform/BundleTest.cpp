@@ -50,10 +50,7 @@ TEST_F(BundleTest, FillsInNumbersByTheRulesOfTheTextsLanguage)
     put(u"en.lproj/Localizable.json"_s,
         R"({"Hours": "{0, plural, one {# hour} other {# hours}}", "Both": "{1}: {0}", "Broken": "{0", "Only": "{0}!"})");
     put(u"de.lproj/Localizable.json"_s, R"({"Hours": "{0, plural, one {# Stunde} other {# Stunden}}"})");
-    const struct {
-        QString locale, key, text;
-        std::vector<Bundle::Argument> arguments;
-    } cases[] = {
+    const std::tuple<QString, QString, QString, std::vector<Bundle::Argument>> cases[] = {
         {u"en_US"_s, u"Hours"_s, u"1 hour"_s, {1}},
         {u"de_DE"_s, u"Hours"_s, u"1 Stunde"_s, {1}},
         {u"de_DE"_s, u"Hours"_s, u"1.500,5 Stunden"_s, {1500.5}},
@@ -61,9 +58,9 @@ TEST_F(BundleTest, FillsInNumbersByTheRulesOfTheTextsLanguage)
         {u"en_US"_s, u"Both"_s, u"{x}': 2"_s, {2, u"{x}'"_s}},
         {u"en_US"_s, u"Broken"_s, u"{0"_s, {2}},
     };
-    for (const auto& c : cases) {
-        speak(c.locale);
-        EXPECT_EQ(bundle_.localizedString(c.key, c.arguments), c.text) << c.locale.toStdString();
+    for (const auto& [locale, key, text, arguments] : cases) {
+        speak(locale);
+        EXPECT_EQ(bundle_.localizedString(key, arguments), text) << locale.toStdString();
     }
 }
 

@@ -59,23 +59,13 @@ TEST_F(FilesTest, ReadsRegularFilesUpToALimit)
     ASSERT_EQ(symlink("four", path("link").constData()), 0);
     ASSERT_EQ(mkfifo(path("pipe").constData(), 0600), 0);
     ASSERT_FALSE(makeFolder(path("new/folder"), 0700));
-    const struct {
-        const char* name;
-        qint64 limit;
-        SymbolicLinks links;
-        std::optional<QByteArray> content;
-    } cases[] = {
-        {"four", 4, SymbolicLinks::refuse, "four"},
-        {"four", 3, SymbolicLinks::refuse, {}},
-        {"link", 4, SymbolicLinks::follow, "four"},
-        {"link", 4, SymbolicLinks::refuse, {}},
-        {"endless", 1 << 20, SymbolicLinks::follow, {}},
-        {"pipe", 4, SymbolicLinks::follow, {}},
-        {"new", 4, SymbolicLinks::follow, {}},
-        {"none", 4, SymbolicLinks::follow, {}},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(quor::platform::readFile(c.name, c.limit, c.links, folder_.get()), c.content) << c.name;
+    const std::tuple<const char*, qint64, SymbolicLinks, std::optional<QByteArray>> cases[]
+        = {{"four", 4, SymbolicLinks::refuse, "four"}, {"four", 3, SymbolicLinks::refuse, {}},
+            {"link", 4, SymbolicLinks::follow, "four"}, {"link", 4, SymbolicLinks::refuse, {}},
+            {"endless", 1 << 20, SymbolicLinks::follow, {}}, {"pipe", 4, SymbolicLinks::follow, {}},
+            {"new", 4, SymbolicLinks::follow, {}}, {"none", 4, SymbolicLinks::follow, {}}};
+    for (const auto& [name, limit, links, expected] : cases)
+        EXPECT_EQ(quor::platform::readFile(name, limit, links, folder_.get()), expected) << name;
     EXPECT_THAT(files(), UnorderedElementsAre("four", "endless"));
     EXPECT_THAT(entryNames(folder_.get(), S_IFDIR), UnorderedElementsAre("new"));
     EXPECT_EQ(permissions("new/folder"), 0700U);
@@ -84,42 +74,34 @@ TEST_F(FilesTest, ReadsRegularFilesUpToALimit)
 
 TEST_F(FilesTest, ReplacesATargetInEachWay)
 {
-    const struct {
-        const char* target;
-        TargetFile existing;
-        std::error_code error;
-        QByteArray content;
-    } cases[] = {
-        {"file", TargetFile::replace, {}, "new"},
-        {"link", TargetFile::replace, {}, "new"},
-        {"none", TargetFile::replace, {}, "new"},
-        {"none", TargetFile::mustNotExist, {}, "new"},
-        {"file", TargetFile::mustNotExist, std::make_error_code(std::errc::file_exists), "old"},
-        {"link", TargetFile::mustNotExist, std::make_error_code(std::errc::file_exists), "outside"},
-        {"file", TargetFile::exchange, {}, "new"},
-        {"none/below", TargetFile::replace, std::make_error_code(std::errc::no_such_file_or_directory),
-            "none"},
-    };
-    for (const auto& c : cases) {
+    const std::tuple<const char*, TargetFile, std::error_code, QByteArray> cases[]
+        = {{"file", TargetFile::replace, {}, "new"}, {"link", TargetFile::replace, {}, "new"},
+            {"none", TargetFile::replace, {}, "new"}, {"none", TargetFile::mustNotExist, {}, "new"},
+            {"file", TargetFile::mustNotExist, std::make_error_code(std::errc::file_exists), "old"},
+            {"link", TargetFile::mustNotExist, std::make_error_code(std::errc::file_exists), "outside"},
+            {"file", TargetFile::exchange, {}, "new"},
+            {"none/below", TargetFile::replace, std::make_error_code(std::errc::no_such_file_or_directory),
+                "none"}};
+    for (const auto& [target, existing, error, expected] : cases) {
         for (const char* name : {"file", "link", "none"})
             unlink(path(name).constData());
         make("file", "old");
         make("outside", "outside");
         ASSERT_EQ(symlink("outside", path("link").constData()), 0);
         {
-            TemporaryFile file(c.target, 0600, folder_.get());
+            TemporaryFile file(target, 0600, folder_.get());
             file.write("ne");
             file.write("w");
             file.sync();
-            EXPECT_EQ(file.commit(c.existing), c.error) << c.target;
-            if (c.existing == TargetFile::exchange) {
+            EXPECT_EQ(file.commit(existing), error) << target;
+            if (existing == TargetFile::exchange) {
                 EXPECT_EQ(QFile(QFile::decodeName(path(file.path()))).size(), 3);
                 EXPECT_FALSE(file.commit(TargetFile::exchange));
                 EXPECT_EQ(content("file"), "old");
                 EXPECT_FALSE(file.commit(TargetFile::exchange));
             }
         }
-        EXPECT_EQ(content(c.target), c.content) << c.target;
+        EXPECT_EQ(content(target), expected) << target;
         EXPECT_EQ(content("outside"), "outside");
         EXPECT_EQ(files(Names::hidden), std::vector<QByteArray>());
     }

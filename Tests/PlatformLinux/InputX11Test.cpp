@@ -125,16 +125,13 @@ TEST_F(InputX11Test, GlobalMonitorsSeeOnlyWhatOtherApplicationsGet)
 {
     using enum EventType;
     const auto us = middleOfOurs(), them = other.middle();
-    const struct {
-        QString what;
-        std::vector<EventType> seen;
-    } cases[]{
+    const std::tuple<QString, std::vector<EventType>> cases[] = {
         {at(us) + u"click 1 click 3 click 2 "_s + at(them).trimmed(), {}},
         {at(us) + u"mousedown 1 "_s + at(them) + u"mouseup 1 click 2 click 4"_s, {}},
         {at(them) + u"click 1 click 1"_s, {leftMouseDown, leftMouseUp, leftMouseDown, leftMouseUp}},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(typesOf(globalEventsOf(each.what)), each.seen) << qPrintable(each.what);
+    for (const auto& [what, seen] : cases)
+        EXPECT_EQ(typesOf(globalEventsOf(what)), seen) << qPrintable(what);
 
     std::vector<InputEvent> dragged;
     const auto token

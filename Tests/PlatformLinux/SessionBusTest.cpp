@@ -20,10 +20,7 @@ TEST(SessionBusTest, TakesTheAddressFromTheEnvironmentButNoneThatStartsABus)
     const QTemporaryDir runtime;
     QFile socket(runtime.filePath(u"bus"_s));
     ASSERT_TRUE(socket.open(QIODevice::WriteOnly));
-    const struct {
-        QByteArray address, runtimeFolder;
-        QString expected;
-    } cases[]{
+    const std::tuple<QByteArray, QByteArray, QString> cases[] = {
         {"unix:path=/run/a,guid=1", runtime.path().toUtf8(), u"unix:path=/run/a,guid=1"_s},
         {"autolaunch:", runtime.path().toUtf8(), u"unix:path="_s + socket.fileName()},
         {"autolaunch:scope=user", "", u""_s},

@@ -33,12 +33,7 @@ TEST_F(GroupStorageTest, EachKeyIsAFileWithThisNameAndTheseBytes)
         28800, 0.5, 60, true, 0xF58C6E, {1700000000.5}, u"Büro"_s, true, false, true, false};
     const std::vector<MenuEntry> entries{{MenuEntry::Search{}}, {MenuEntry::StopPast{u"T1"_s}}};
     const Action action{Action::StopTimer{u"T1"_s, -300}};
-    const struct {
-        QString key;
-        QByteArray bytes;
-        std::function<void()> write;
-        std::function<bool()> isRead;
-    } cases[] = {
+    const std::tuple<QString, QByteArray, std::function<void()>, std::function<bool()>> cases[] = {
         {u"timerData"_s,
             "data\n{\"expectedWorkingTime\":28800,\"nonWorkingTime\":0.5,\"inactiveTotalTimeToday\":60,"
             "\"trackerActive\":true,\"activeColor\":16092270,\"activeStartTimes\":[1700000000.5],"
@@ -60,13 +55,13 @@ TEST_F(GroupStorageTest, EachKeyIsAFileWithThisNameAndTheseBytes)
         {u"enableLogging"_s, "bool\ntrue", [&] { storage_.setEnableLogging(true); },
             [&] { return storage_.enableLogging(); }},
     };
-    for (const auto& c : cases) {
-        c.write();
-        EXPECT_EQ(file(c.key), c.bytes);
-        EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden), QStringList{c.key});
-        ASSERT_TRUE(test::writeFile(folder() + c.key, c.bytes));
-        EXPECT_TRUE(c.isRead()) << c.key.toStdString();
-        ASSERT_TRUE(QFile::remove(folder() + c.key));
+    for (const auto& [key, bytes, write, isRead] : cases) {
+        write();
+        EXPECT_EQ(file(key), bytes);
+        EXPECT_EQ(QDir(folder()).entryList(QDir::Files | QDir::Hidden), QStringList{key});
+        ASSERT_TRUE(test::writeFile(folder() + key, bytes));
+        EXPECT_TRUE(isRead()) << key.toStdString();
+        ASSERT_TRUE(QFile::remove(folder() + key));
     }
 }
 

@@ -44,27 +44,21 @@ void expectForm(const Record& record, const QByteArray& text)
 
 TEST(RecordCoding, StatusRecordNeedsEachFieldInItsType)
 {
-    const struct {
-        const char* field;
-        const char* value;
-        const char* reason; ///< Empty if the record is still valid.
-    } cases[] = {
-        {"expectedWorkingTime", "\"1\"", "Expected a number, but found a text."},
-        {"trackerActive", "1", "Expected true or false, but found a number."},
-        {"activeColor", "-1", "is not an unsigned integer"},
-        {"activeColor", "null", ""},
-        {"activeColor", "16711680.0", ""},
-        {"activeStartTimes", "[1,[]]", "(at activeStartTimes[1])"},
-        {"taskName", "null", ""},
-    };
-    for (const auto& c : cases) {
+    // An empty reason means that the record is still valid.
+    const std::tuple<const char*, const char*, const char*> cases[]
+        = {{"expectedWorkingTime", "\"1\"", "Expected a number, but found a text."},
+            {"trackerActive", "1", "Expected true or false, but found a number."},
+            {"activeColor", "-1", "is not an unsigned integer"}, {"activeColor", "null", ""},
+            {"activeColor", "16711680.0", ""}, {"activeStartTimes", "[1,[]]", "(at activeStartTimes[1])"},
+            {"taskName", "null", ""}};
+    for (const auto& [field, value, expected] : cases) {
         auto members = JSONDecoder().decode<QHash<QString, QJsonValue>>(status).value();
-        members.remove(QString::fromLatin1(c.field));
+        members.remove(QString::fromLatin1(field));
         QByteArray text = JSONEncoder().encode(members).value();
-        text.replace(0, 1, QByteArray("{\"") + c.field + "\":" + c.value + ',');
+        text.replace(0, 1, QByteArray("{\"") + field + "\":" + value + ',');
         const std::string actual = reason<MenubarStatusItemData>(text);
-        EXPECT_EQ(actual.empty(), *c.reason == '\0') << text.constData();
-        EXPECT_THAT(actual, testing::HasSubstr(c.reason));
+        EXPECT_EQ(actual.empty(), *expected == '\0') << text.constData();
+        EXPECT_THAT(actual, testing::HasSubstr(expected));
     }
     const auto whole = *JSONDecoder().decode<QJsonObject>(status);
     for (const QString& name : whole.keys()) {

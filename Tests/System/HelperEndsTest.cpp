@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString helperName = QStringLiteral("quor-menubar-helper");
+const QString helperName = u"quor-menubar-helper"_s;
 
 class HelperEnds : public testing::Test {
 protected:
@@ -33,17 +33,10 @@ protected:
     std::unique_ptr<Program> helper;
 };
 
-struct Beginning {
-    const char* what;
-    Program::Environment changes;
-    int exitCode;
-    const char* message;
-};
-
 TEST_F(HelperEnds, DoesNotBeginWithoutABusADisplayOrASecondTime)
 {
     startHelper();
-    const Beginning beginnings[]{
+    const std::tuple<const char*, Program::Environment, int, const char*> beginnings[]{
         {"second helper", {}, 0, "running"},
         {"no bus", {{u"DBUS_SESSION_BUS_ADDRESS"_s, u""_s}, {u"XDG_RUNTIME_DIR"_s, u"/nonexistent"_s}}, 1,
             "bus"},
@@ -54,12 +47,12 @@ TEST_F(HelperEnds, DoesNotBeginWithoutABusADisplayOrASecondTime)
         {"no display", {{u"DISPLAY"_s, u""_s}, {u"WAYLAND_DISPLAY"_s, u""_s}, {u"QT_QPA_PLATFORM"_s, u""_s}},
             1, "display"},
     };
-    for (const Beginning& beginning : beginnings) {
-        Program other(helperName, {}, beginning.changes);
-        ASSERT_TRUE(other.ends()) << beginning.what;
-        EXPECT_EQ(other.exitCode(), beginning.exitCode) << beginning.what;
-        EXPECT_TRUE(other.errors().contains(QString::fromUtf8(beginning.message)))
-            << beginning.what << ": " << qPrintable(other.errors());
+    for (const auto& [what, changes, exitCode, message] : beginnings) {
+        Program other(helperName, {}, changes);
+        ASSERT_TRUE(other.ends()) << what;
+        EXPECT_EQ(other.exitCode(), exitCode) << what;
+        EXPECT_TRUE(other.errors().contains(QString::fromUtf8(message)))
+            << what << ": " << qPrintable(other.errors());
     }
     EXPECT_TRUE(helper->isRunning()) << "the first one goes on";
 }
@@ -67,18 +60,17 @@ TEST_F(HelperEnds, DoesNotBeginWithoutABusADisplayOrASecondTime)
 TEST_F(HelperEnds, WhenTheBusGoesInsteadOfSpinning)
 {
     QProcess bus;
-    bus.start(QStringLiteral("dbus-daemon"),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    bus.start(u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s});
     ASSERT_TRUE(waitFor([&] { return bus.canReadLine(); }));
     const QString address = QString::fromUtf8(bus.readLine()).trimmed();
     helper = std::make_unique<Program>(
         helperName, QStringList(), Program::Environment{{u"DBUS_SESSION_BUS_ADDRESS"_s, address}});
-    const QString slot = home.path(QStringLiteral("QX77Z4012M.com.quor-app/Preferences/action"));
+    const QString slot = home.path(u"QX77Z4012M.com.quor-app/Preferences/action"_s);
     ASSERT_TRUE(waitFor([&] { return QFile::exists(slot); }));
     bus.kill();
     ASSERT_TRUE(helper->ends());
     EXPECT_EQ(helper->exitCode(), 1);
-    EXPECT_TRUE(helper->errors().contains(QStringLiteral("bus"))) << qPrintable(helper->errors());
+    EXPECT_TRUE(helper->errors().contains(u"bus"_s)) << qPrintable(helper->errors());
 }
 
 } // namespace

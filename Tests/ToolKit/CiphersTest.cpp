@@ -169,19 +169,15 @@ TEST(Ciphers, LeaveNeitherKeyNorPlainTextBehind)
 TEST(Base64, IsReadStrictlyOrTolerantly)
 {
     constexpr auto none = std::nullopt;
-    struct Case {
-        QStringView text;
-        std::optional<QByteArray> strict;
-        std::optional<QByteArray> tolerant;
-    };
-    for (const Case& c :
-        std::initializer_list<Case>{{u"", "", ""}, {u"+/8=", "\xfb\xff", "\xfb\xff"}, {u"YWI=\n", none, "ab"},
-            {u" Y W\tI=", none, "ab"}, {u"YÄW👍I=", none, "ab"}, {u"?", none, ""}, {u"-_8=", none, none},
-            {u"YWI", none, none}, {u"YQ", none, none}, {u"YQ===", none, none}, {u"YQ==YQ==", none, none},
-            {u"Y===", none, none}, {u"YW=I", none, none}, {u"====", none, none}}) {
-        SCOPED_TRACE(c.text.toUtf8().constData());
-        EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::strict), c.strict);
-        EXPECT_EQ(dataFromBase64(c.text, Base64Decoding::ignoreUnknownCharacters), c.tolerant);
+    using Bytes = std::optional<QByteArray>;
+    for (const auto& [text, strict, tolerant] : std::initializer_list<std::tuple<QStringView, Bytes, Bytes>>{
+             {u"", "", ""}, {u"+/8=", "\xfb\xff", "\xfb\xff"}, {u"YWI=\n", none, "ab"},
+             {u" Y W\tI=", none, "ab"}, {u"YÄW👍I=", none, "ab"}, {u"?", none, ""}, {u"-_8=", none, none},
+             {u"YWI", none, none}, {u"YQ", none, none}, {u"YQ===", none, none}, {u"YQ==YQ==", none, none},
+             {u"Y===", none, none}, {u"YW=I", none, none}, {u"====", none, none}}) {
+        SCOPED_TRACE(text.toUtf8().constData());
+        EXPECT_EQ(dataFromBase64(text, Base64Decoding::strict), strict);
+        EXPECT_EQ(dataFromBase64(text, Base64Decoding::ignoreUnknownCharacters), tolerant);
     }
     EXPECT_EQ(base64EncodedString("\xfb\xff"), u"+/8=");
 }

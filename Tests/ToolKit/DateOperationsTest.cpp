@@ -51,10 +51,7 @@ constexpr std::array<Operation, 16> operations{startOfYear, endOfYear, startOfQu
 
 TEST_F(DateOperationsTest, FindsBoundaries)
 {
-    const struct {
-        Operation operation;
-        QString from, to;
-    } cases[] = {
+    const std::tuple<Operation, QString, QString> cases[] = {
         {startOfYear, u"2024-12-31T23:59:59.9"_s, u"2024-01-01T00:00:00"_s},
         {endOfYear, u"2024-01-01T00:00:00"_s, u"2024-12-31T23:59:59"_s},
         {endOfQuarter, u"2024-12-31T10:00:00"_s, u"2024-12-31T23:59:59"_s},
@@ -76,9 +73,8 @@ TEST_F(DateOperationsTest, FindsBoundaries)
         {roundedToHour, u"2024-10-27T01:10:20Z"_s, u"2024-10-27T01:00:00Z"_s},
         {roundedToHour, u"2024-10-26T23:50:20Z"_s, u"2024-10-27T00:00:00Z"_s},
     };
-    for (const auto& each : cases)
-        EXPECT_EQ(each.operation(date(each.from)), date(each.to))
-            << qPrintable(each.from + " -> "_L1 + each.to);
+    for (const auto& [operation, from, to] : cases)
+        EXPECT_EQ(operation(date(from)), date(to)) << qPrintable(from + " -> "_L1 + to);
     setCalendar(calendarOf("en_US", "Europe/Berlin"));
     EXPECT_EQ(startOfWeek(date(u"2024-05-04T12:00:00"_s)), date(u"2024-04-28T00:00:00"_s)) << "from Sunday";
     Calendar imperial = calendarOf("ja_JP", "Asia/Tokyo");
@@ -138,21 +134,17 @@ TEST_F(DateOperationsTest, CountsOnWhereNoonOrTheFirstMidnightOfAMonthIsSkipped)
 TEST_F(DateOperationsTest, Adds)
 {
     const TestClock clock;
-    const struct {
-        DurationInterval interval;
-        qint64 value;
-        QString to;
-    } cases[] = {
+    const std::tuple<DurationInterval, qint64, QString> cases[] = {
         {DurationInterval::year, 1, u"2025-01-31T02:30:00.25"_s},
         {DurationInterval::quarter, -1, u"2023-10-31T02:30:00.25"_s},
         {DurationInterval::month, 1, u"2024-02-29T02:30:00.25"_s},
         {DurationInterval::month, -11, u"2023-02-28T02:30:00.25"_s},
         {DurationInterval::week, 5, u"2024-03-06T02:30:00.25"_s},
-        {DurationInterval::day, 60, u"2024-03-31T03:30:00.25"_s}, // skipped
+        {DurationInterval::day, 60, u"2024-03-31T03:30:00.25"_s} // skipped
     };
     const Date start = date(u"2024-01-31T02:30:00.25"_s);
-    for (const auto& each : cases)
-        EXPECT_EQ(adding(start, each.value, each.interval, clock), date(each.to)) << qPrintable(each.to);
+    for (const auto& [interval, value, to] : cases)
+        EXPECT_EQ(adding(start, value, interval, clock), date(to)) << qPrintable(to);
     for (int interval = 0; interval < 5; ++interval) {
         for (const qint64 value : {qint64(1) << 30, -(qint64(1) << 62), std::numeric_limits<qint64>::min()})
             EXPECT_EQ(adding(start, value, *durationInterval(interval), clock), clock.now())
@@ -187,19 +179,13 @@ TEST_F(DateOperationsTest, SaysHowFarAway)
 {
     const QLocale before;
     const TestClock clock(secondsSince1970(date(u"2024-05-31T12:00:00"_s)));
-    const std::pair<QString, QString> cases[] = {
-        {u"2024-05-31T12:00:00"_s, u"in 0 minutes"_s},
-        {u"2024-05-31T11:59:00"_s, u"1 minute ago"_s},
-        {u"2024-05-31T13:30:00"_s, u"in 1 hour"_s},
-        {u"2024-05-30T12:00:01"_s, u"23 hours ago"_s},
-        {u"2024-05-17T12:00:00"_s, u"2 weeks ago"_s},
-        {u"2024-05-16T12:00:00"_s, u"15 days ago"_s},
-        {u"2024-06-07T12:00:00"_s, u"in 1 week"_s},
+    const std::pair<QString, QString> cases[] = {{u"2024-05-31T12:00:00"_s, u"in 0 minutes"_s},
+        {u"2024-05-31T11:59:00"_s, u"1 minute ago"_s}, {u"2024-05-31T13:30:00"_s, u"in 1 hour"_s},
+        {u"2024-05-30T12:00:01"_s, u"23 hours ago"_s}, {u"2024-05-17T12:00:00"_s, u"2 weeks ago"_s},
+        {u"2024-05-16T12:00:00"_s, u"15 days ago"_s}, {u"2024-06-07T12:00:00"_s, u"in 1 week"_s},
         {u"2024-04-21T12:00:00"_s, u"1 month ago"_s}, // 40 days
-        {u"2025-04-30T12:00:00"_s, u"in 10 months"_s},
-        {u"2023-05-31T12:00:00"_s, u"1 year ago"_s},
-        {u"3124-05-31T12:00:00"_s, u"in 1,100 years"_s},
-    };
+        {u"2025-04-30T12:00:00"_s, u"in 10 months"_s}, {u"2023-05-31T12:00:00"_s, u"1 year ago"_s},
+        {u"3124-05-31T12:00:00"_s, u"in 1,100 years"_s}};
     QLocale::setDefault(QLocale(QLocale::English));
     for (const auto& [moment, text] : cases)
         EXPECT_EQ(relativeText(date(moment), clock), text);

@@ -50,45 +50,35 @@ TEST_F(DurationFormatterTest, ClockFormCutsAndNeverOverflows)
 
 TEST_F(DurationFormatterTest, DecimalFormSpeaksTheUsersLanguage)
 {
-    struct Case {
-        double duration;
-        double workingDay;
-        const char* english;
-        const char* german;
-    };
-    for (const Case& each : std::initializer_list<Case>{{5000, 0, "1.39 h", "1,39 h"},
-             {450, 0, "0.12 h", "0,12 h"}, {1350, 0, "0.38 h", "0,38 h"}, // 0.125 and 0.375: half to even
-             {-5400, notANumber, "-1.5 h", "-1,5 h"}, {-1, 0, "0 h", "0 h"}, {14400, day, "0.5 d", "0,5 T"},
-             {3600.0 * 12345, 0, "12,345 h", "12.345 h"}, {infinity, 0, "", ""}, {notANumber, day, "", ""}}) {
+    for (const auto& [duration, workingDay, english, german] :
+        std::initializer_list<std::tuple<double, double, const char*, const char*>>{
+            {5000, 0, "1.39 h", "1,39 h"}, {450, 0, "0.12 h", "0,12 h"},
+            {1350, 0, "0.38 h", "0,38 h"}, // 0.125 and 0.375: half to even
+            {-5400, notANumber, "-1.5 h", "-1,5 h"}, {-1, 0, "0 h", "0 h"}, {14400, day, "0.5 d", "0,5 T"},
+            {3600.0 * 12345, 0, "12,345 h", "12.345 h"}, {infinity, 0, "", ""}, {notANumber, day, "", ""}}) {
         for (const bool inGerman : {false, true}) {
             speak(inGerman ? u"de_DE"_s : u"en_US"_s);
             DurationFormatter formatter;
-            formatter.configure(true, true, each.workingDay);
-            EXPECT_EQ(
-                formatter.string(each.duration, false).toStdString(), inGerman ? each.german : each.english);
+            formatter.configure(true, true, workingDay);
+            EXPECT_EQ(formatter.string(duration, false).toStdString(), inGerman ? german : english);
         }
     }
 }
 
 TEST_F(DurationFormatterTest, ReadsBothForms)
 {
-    struct Case {
-        const char* text;
-        std::optional<double> english;
-        std::optional<double> german;
-    };
     constexpr auto none = std::nullopt;
-    for (const Case& each :
-        std::initializer_list<Case>{{"", none, none}, {" 1 :\u00a0\u202f30\t", 5400, 5400},
-            {"1:30:59", 5400, 5400}, {"1:", none, none}, {"1:30h", none, none}, {"2 h", 7200, 7200},
-            {"2d", 2 * day, none}, {"2T 1:30", none, 2 * day + 5400}, {"1d2d3", day + 7200, none},
-            {"d1:30", none, none}, {"1.5", 5400, none}, {"1,5 h", none, 5400}, {"-1:30", -1800, -1800},
-            {"1:30x", none, none}, {"1e999", none, none}, {"∞", none, none}}) {
+    for (const auto& [text, english, german] :
+        std::initializer_list<std::tuple<const char*, std::optional<double>, std::optional<double>>>{
+            {"", none, none}, {" 1 :\u00a0\u202f30\t", 5400, 5400}, {"1:30:59", 5400, 5400},
+            {"1:", none, none}, {"1:30h", none, none}, {"2 h", 7200, 7200}, {"2d", 2 * day, none},
+            {"2T 1:30", none, 2 * day + 5400}, {"1d2d3", day + 7200, none}, {"d1:30", none, none},
+            {"1.5", 5400, none}, {"1,5 h", none, 5400}, {"-1:30", -1800, -1800}, {"1:30x", none, none},
+            {"1e999", none, none}, {"∞", none, none}}) {
         for (const bool inGerman : {false, true}) {
             speak(inGerman ? u"de_DE"_s : u"en_US"_s);
-            EXPECT_EQ(DurationFormatter().duration(QString::fromUtf8(each.text), 2),
-                inGerman ? each.german : each.english)
-                << each.text << (inGerman ? " in German" : "");
+            EXPECT_EQ(DurationFormatter().duration(QString::fromUtf8(text), 2), inGerman ? german : english)
+                << text << (inGerman ? " in German" : "");
         }
     }
     // Other digits, signs and separators, among them blanks.

@@ -48,32 +48,25 @@ TEST(StringHelpers, NeverCutACharacter)
 
 TEST(StringHelpers, SplitInTheMiddle)
 {
-    struct Case {
-        QString text, separator, first, second;
-    };
-    for (const Case& each :
-        {Case{u"a b c"_s, u" "_s, u"a"_s, u"b c"_s}, {u"a b c d"_s, u" "_s, u"a b"_s, u"c d"_s},
+    for (const auto& [text, separator, first, second] :
+        std::initializer_list<std::tuple<QString, QString, QString, QString>>{
+            {u"a b c"_s, u" "_s, u"a"_s, u"b c"_s}, {u"a b c d"_s, u" "_s, u"a b"_s, u"c d"_s},
             {u"abc"_s, u" "_s, {}, u"abc"_s}, {u"abc"_s, {}, {}, u"abc"_s}, {{}, u" "_s, {}, {}},
             {u" "_s, u" "_s, {}, {}}, {u"a, b, "_s, u", "_s, u"a"_s, u"b, "_s}})
-        EXPECT_EQ(splitInHalf(each.text, each.separator), std::pair(each.first, each.second))
-            << qPrintable(each.text);
+        EXPECT_EQ(splitInHalf(text, separator), std::pair(first, second)) << qPrintable(text);
 }
 
 TEST(CharacterHelpers, TellEmojiFromDigits)
 {
-    struct Case {
-        QString character;
-        bool emoji, digit;
-        std::optional<char32_t> scalar;
-    };
-    for (const Case& each :
-        {Case{u"0"_s, false, true, U'0'}, {u"9"_s, false, true, U'9'}, {u"٣"_s, false, false, U'٣'},
+    for (const auto& [character, emoji, digit, scalar] :
+        std::initializer_list<std::tuple<QString, bool, bool, std::optional<char32_t>>>{
+            {u"0"_s, false, true, U'0'}, {u"9"_s, false, true, U'9'}, {u"٣"_s, false, false, U'٣'},
             {u"1\uFE0F\u20E3"_s, true, false, U'1'}, {u"#"_s, true, false, U'#'}, {family, true, false, U'👨'},
             {u"🇩🇪"_s, true, false, U'🇩'}, {accented, false, false, U'e'}, {half, false, false, std::nullopt},
             {{}, false, false, std::nullopt}}) {
-        EXPECT_EQ(isEmoji(each.character), each.emoji) << qPrintable(each.character);
-        EXPECT_EQ(isDigit(each.character), each.digit) << qPrintable(each.character);
-        EXPECT_EQ(firstScalar(each.character), each.scalar) << qPrintable(each.character);
+        EXPECT_EQ(isEmoji(character), emoji) << qPrintable(character);
+        EXPECT_EQ(isDigit(character), digit) << qPrintable(character);
+        EXPECT_EQ(firstScalar(character), scalar) << qPrintable(character);
     }
     const QString mixed = u"a1"_s + family + accented + half + u"👍🏽 2"_s;
     EXPECT_EQ(withoutEmoji(mixed), u"a1"_s + accented + half + u" 2"_s);

@@ -72,24 +72,21 @@ TEST_F(AlertTest, EachButtonEndsItWithItsTagAfterThePause)
 
 TEST_F(AlertTest, KeysChooseWhatTheUserExpects)
 {
-    const struct {
-        Qt::Key key;
-        bool hasCancel, hasOther;
-        std::optional<int> tag;
-    } cases[] = {{Qt::Key_Return, true, true, 0}, {Qt::Key_Escape, true, true, Alert::cancelTag},
-        {Qt::Key_Escape, false, false, 0}, {Qt::Key_Escape, false, true, std::nullopt}};
-    for (const auto& entry : cases) {
-        content.cancelTitle = entry.hasCancel ? std::optional(u"Cancel"_s) : std::nullopt;
-        content.otherTitles.assign(entry.hasOther ? 1 : 0, u"Other"_s);
+    const std::tuple<Qt::Key, bool, bool, std::optional<int>> cases[]
+        = {{Qt::Key_Return, true, true, 0}, {Qt::Key_Escape, true, true, Alert::cancelTag},
+            {Qt::Key_Escape, false, false, 0}, {Qt::Key_Escape, false, true, std::nullopt}};
+    for (const auto& [key, hasCancel, hasOther, tag] : cases) {
+        content.cancelTitle = hasCancel ? std::optional(u"Cancel"_s) : std::nullopt;
+        content.otherTitles.assign(hasOther ? 1 : 0, u"Other"_s);
         WarningAlert alert;
         ended.clear();
         alert.show(content, record);
         ASSERT_TRUE(QTest::qWaitForWindowActive(alert.alert()));
-        QTest::keyClick(alert.alert(), entry.key);
-        EXPECT_EQ(alert.alert()->isVisible(), !entry.tag.has_value());
-        if (entry.tag) {
+        QTest::keyClick(alert.alert(), key);
+        EXPECT_EQ(alert.alert()->isVisible(), !tag.has_value());
+        if (tag) {
             EXPECT_TRUE(waitFor([&] { return !ended.empty(); }));
-            EXPECT_EQ(ended.front().second, *entry.tag);
+            EXPECT_EQ(ended.front().second, *tag);
         }
     }
 }
@@ -133,17 +130,13 @@ TEST_F(AlertTest, ProgressMovesStandsAndStaysWithinItsScale)
 {
     ProgressAlert alert;
     alert.show(u"Copying"_s, {}, u"Starting"_s, u"Stop"_s, record);
-    const struct {
-        double progress;
-        bool moves;
-        double value;
-    } cases[]
+    const std::tuple<double, bool, double> cases[]
         = {{-1, true, 0}, {0.5, false, 0.5}, {7, false, 1}, {std::nan(""), false, 0}, {-0.001, true, 0}};
-    for (const auto& entry : cases) {
-        alert.update(QString::number(entry.progress), entry.progress);
-        EXPECT_EQ(alert.alert()->accessibleDescription(), QString::number(entry.progress));
-        EXPECT_EQ(alert.isIndeterminate(), entry.moves) << entry.progress;
-        EXPECT_DOUBLE_EQ(alert.value(), entry.value) << entry.progress;
+    for (const auto& [progress, moves, value] : cases) {
+        alert.update(QString::number(progress), progress);
+        EXPECT_EQ(alert.alert()->accessibleDescription(), QString::number(progress));
+        EXPECT_EQ(alert.isIndeterminate(), moves) << progress;
+        EXPECT_DOUBLE_EQ(alert.value(), value) << progress;
     }
     alert.close();
     alert.show(u"Again"_s, {}, u"Text"_s, u"Stop"_s, record);

@@ -1,15 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Colors/ColorOperations.h"
+#include "Platform/Resources/DynamicColor.h"
+#include "Support/WaitFor.h"
+#include "ToolKit/Colors/AppearanceMode.h"
 #include "ToolKit/Colors/ColorModel.h"
+#include "ToolKit/Colors/ColorOperations.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <future>
 #include <limits>
 #include <vector>
 
 using namespace quor::toolkit;
 using namespace Qt::StringLiterals;
+using quor::platform::Appearance;
+using quor::platform::ColorScheme;
+using quor::test::waitFor;
 
 namespace {
 
@@ -65,6 +72,64 @@ TEST(ColorModel, FindsColoursBothWays)
     EXPECT_EQ(model.index(std::numeric_limits<int>::min()), 0);
     EXPECT_EQ(ColorModel({5, 0, 3}).index(4), 0) << "the first of several";
     EXPECT_FALSE(ColorModel({}).color(3).isValid());
+}
+
+struct Observer : quor::platform::Trackable {
+    int changes = 0;
+    void changed(AppearanceMode&, const std::any&) { ++changes; }
+};
+
+TEST(AppearanceMode, TheChoiceAppliesToTheApplication)
+{
+    Appearance application;
+    AppearanceMode mode(application);
+    AppearanceMode other(application);
+    mode.setPreferredAppearance(AppearanceMode::Appearance::dark);
+    EXPECT_TRUE(mode.isDark() && other.isDark());
+    other.setPreferredAppearance(AppearanceMode::Appearance::light);
+    EXPECT_TRUE(mode.isDark() && !other.isDark()) << "one's own choice stands";
+
+    application.setDesktopScheme(ColorScheme::dark);
+    mode.setPreferredAppearance(AppearanceMode::Appearance::automatic);
+    EXPECT_TRUE(mode.isDark());
+    application.setDesktopScheme(ColorScheme::light);
+    EXPECT_FALSE(mode.isDark());
+}
+
+TEST(AppearanceMode, ReportsEveryChoiceAndEffectiveChangesUntilItEnds)
+{
+    Appearance application;
+    Observer observer;
+    auto mode = std::make_unique<AppearanceMode>(application);
+    mode->add(observer, &Observer::changed, AppearanceMode::Event::changed);
+    mode->setPreferredAppearance(AppearanceMode::Appearance::automatic);
+    EXPECT_EQ(observer.changes, 1) << "even if nothing changes";
+    for (int i = 0; i < 2; ++i)
+        application.setDesktopScheme(ColorScheme::dark);
+    EXPECT_EQ(observer.changes, 2);
+
+    const auto end = [&](Observer&, AppearanceMode&, const std::any&) { mode.reset(); };
+    mode->add(observer, end, AppearanceMode::Event::changed);
+    mode->setPreferredAppearance(AppearanceMode::Appearance::light);
+    EXPECT_EQ(mode, nullptr) << "an observer may end it";
+    application.setAppearance(std::nullopt);
+    EXPECT_EQ(observer.changes, 3);
+}
+
+TEST(AppearanceMode, OtherThreadsWaitForTheMainThread)
+{
+    Appearance application;
+    application.setDesktopScheme(ColorScheme::dark);
+    const AppearanceMode mode(application);
+    auto answer = std::async(std::launch::async, [&] {
+        const QColor color = resolvedColor({Qt::black, Qt::white}, 0.5, application);
+        return std::pair(mode.isDark(), color);
+    });
+    EXPECT_TRUE(
+        waitFor([&] { return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready; }));
+    const auto [dark, color] = answer.get();
+    EXPECT_TRUE(dark);
+    EXPECT_EQ(color, colorWithHexValue(0xFFFFFF, 0.5));
 }
 
 } // namespace

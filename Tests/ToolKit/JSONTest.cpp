@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Data/JSON/JSONDecoder.h"
-#include "ToolKit/Data/JSON/JSONEncoder.h"
+#include "Support/TestLog.h"
+#include "ToolKit/Data/JSON/JSONHelper.h"
 
 #include <QJsonArray>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <limits>
 
@@ -80,17 +80,11 @@ TEST(JSONDecoder, TakesNumbersThatTheTypeHolds)
         std::optional<double> real;
         std::optional<std::uint64_t> natural;
         std::optional<std::int64_t> integer;
-    } cases[] = {
-        {"16711680.0", 16711680, 16711680, 16711680},
-        {"1.5", 1.5, {}, {}},
-        {"-1", -1, {}, -1},
+    } cases[] = {{"16711680.0", 16711680, 16711680, 16711680}, {"1.5", 1.5, {}, {}}, {"-1", -1, {}, -1},
         {"9223372036854775808", 9223372036854775808.0, 9223372036854775808U, {}},
         {"-9223372036854775808", -9223372036854775808.0, {}, std::numeric_limits<std::int64_t>::min()},
-        {"18446744073709551615709551615", 1.8446744073709552e28, {}, {}},
-        {"1e309", {}, {}, {}},
-        {"1e-400", 0, 0, 0},
-        {"\"1\"", {}, {}, {}},
-    };
+        {"18446744073709551615709551615", 1.8446744073709552e28, {}, {}}, {"1e309", {}, {}, {}},
+        {"1e-400", 0, 0, 0}, {"\"1\"", {}, {}, {}}};
     for (const auto& c : cases) {
         EXPECT_EQ(decode<double>(c.text), c.real) << c.text;
         EXPECT_EQ(decode<std::uint64_t>(c.text), c.natural) << c.text;
@@ -204,6 +198,42 @@ TEST(JSONEncoder, ValuesComeBackAsTheyWere)
     }
     const QByteArray json = "{\"\":[null,true,-9223372036854775808,9007199254740993,0.1,1e22,\"\xc3\xbc\"]}";
     EXPECT_EQ(JSONEncoder().encode(decode<QJsonValue>(json).value()), json);
+}
+
+class JSONHelperTest : public testing::Test {
+protected:
+    [[nodiscard]] std::string log() const { return log_.text().toStdString(); }
+
+private:
+    const quor::test::TestLog log_;
+};
+
+TEST_F(JSONHelperTest, FailuresOfTypedValuesLeaveALine)
+{
+    EXPECT_EQ(JSONHelper::decode<double>(QByteArray("\"1\""), JSONDecoder()), std::nullopt);
+    EXPECT_THAT(log(),
+        testing::ContainsRegex(
+            ": JSONHelper\\.decode:[0-9]+: decodeError: Expected a number, but found a text\\.\n$"));
+    const std::optional<double> infinity = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(JSONHelper::encode(infinity, JSONEncoder()), std::nullopt);
+    EXPECT_THAT(log(),
+        testing::ContainsRegex(": JSONHelper\\.encode:[0-9]+: encodeError: A number is not finite\\.\n$"));
+}
+
+TEST_F(JSONHelperTest, NothingAndDictionariesComeAndGoSilently)
+{
+    EXPECT_EQ(JSONHelper::decode<double>(std::nullopt, JSONDecoder()), std::nullopt);
+    EXPECT_EQ(JSONHelper::decode<double>(QByteArray(""), JSONDecoder()), std::nullopt);
+    EXPECT_EQ(JSONHelper::encode(std::optional<double>(), JSONEncoder()), std::nullopt);
+    const QJsonObject dictionary{{u"a"_s, 1.5}, {u"b"_s, QJsonArray{u"x"_s, QJsonValue::Null}}};
+    const auto data = JSONHelper::dataFromDictionary(dictionary);
+    EXPECT_EQ(data, "{\n    \"a\": 1.5,\n    \"b\": [\n        \"x\",\n        null\n    ]\n}");
+    EXPECT_EQ(JSONHelper::dictionaryFromData(*data), dictionary);
+    for (const char* text : {"", "[]", "3", "{", "null"})
+        EXPECT_EQ(JSONHelper::dictionaryFromData(text), std::nullopt) << text;
+    EXPECT_EQ(
+        JSONHelper::dataFromDictionary({{u"a"_s, std::numeric_limits<double>::quiet_NaN()}}), std::nullopt);
+    EXPECT_EQ(log(), "");
 }
 
 } // namespace

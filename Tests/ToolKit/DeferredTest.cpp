@@ -1,9 +1,14 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/Deferred/EventProtocol.h"
+#include "Platform/Concurrency/OperationQueue.h"
 #include "Support/WaitFor.h"
+#include "ToolKit/Deferred/AsyncOperation.h"
+#include "ToolKit/Deferred/DelayedAction.h"
+#include "ToolKit/Deferred/EventProtocol.h"
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <limits>
 #include <memory>
 #include <string>
 #include <thread>
@@ -12,6 +17,40 @@ using namespace quor::toolkit;
 using quor::test::waitFor;
 
 namespace {
+
+TEST(DelayedAction, RunsTheLastOfABurstAfterItsDelay)
+{
+    std::string ran;
+    QElapsedTimer sinceLast;
+    DelayedAction action(0.05);
+    DelayedAction between(0.03);
+    action.run([&] { ran += 'a'; });
+    between.run([&] {
+        action.run([&] { ran += 'b'; });
+        sinceLast.start();
+        action.run([&] { ran += 'c'; });
+    });
+    EXPECT_TRUE(waitFor([&] { return !ran.empty(); }));
+    EXPECT_GE(sinceLast.elapsed(), 50) << "the delay counts from the last call";
+    action.cancel();
+    action.run([&] { ran += 'd'; });
+    EXPECT_TRUE(waitFor([&] { return ran == "cd"; })) << "cancelling what has run leaves it usable";
+}
+
+TEST(DelayedAction, AnyDelayAndAnyEndIsSafe)
+{
+    int runs = 0;
+    auto restarted = std::make_unique<DelayedAction>(-1);
+    std::function<void()> again = [&] { ++runs == 3 ? restarted.reset() : restarted->run(again); };
+    restarted->run(again);
+    bool outlived = false;
+    DelayedAction endless(std::numeric_limits<double>::infinity());
+    endless.run([] { FAIL() << "it was cancelled"; });
+    DelayedAction(std::numeric_limits<double>::quiet_NaN()).run([&] { outlived = true; });
+    EXPECT_TRUE(waitFor([&] { return !restarted && outlived; }));
+    EXPECT_EQ(runs, 3);
+    endless.cancel();
+}
 
 enum class FormEvent { changed, closed };
 
@@ -135,6 +174,61 @@ TEST(EventProtocol, ATriggerFromAnotherThreadHopsIfThePublisherLives)
     ended.reset();
     EXPECT_TRUE(waitFor([&] { return !calls.empty(); }));
     EXPECT_EQ(calls, "t2");
+}
+
+class Download final : public AsyncOperation {
+public:
+    void complete() { finish(); }
+    [[nodiscard]] bool isUnderWay() const { return isUnderWay_; }
+
+private:
+    void work() override { isUnderWay_ = true; }
+
+    std::atomic<bool> isUnderWay_ = false;
+};
+
+TEST(AsyncOperation, KeepsItsSlotUntilItFinishes)
+{
+    const auto first = std::make_shared<Download>();
+    const auto second = std::make_shared<Download>();
+    const auto cancelled = std::make_shared<Download>();
+    std::string inHandler;
+    first->setFinishHandler([&, download = first.get()] {
+        inHandler += download->isExecuting() && !download->isFinished() ? "executing" : "over";
+    });
+    cancelled->setFinishHandler([&] { inHandler += ", cancelled"; });
+    cancelled->cancel();
+    quor::platform::OperationQueue queue(1);
+    for (const auto& operation : {first, second, cancelled})
+        queue.add(operation);
+    EXPECT_TRUE(waitFor([&] { return first->isUnderWay(); }));
+    EXPECT_TRUE(first->isExecuting() && !first->isFinished() && !second->isUnderWay());
+
+    std::thread([&] { first->complete(); }).join();
+    EXPECT_TRUE(waitFor([&] { return second->isUnderWay(); }));
+    EXPECT_TRUE(first->isFinished() && !first->isExecuting());
+    first->complete();
+    second->complete();
+    queue.waitUntilAllAreFinished();
+    EXPECT_EQ(inHandler, "executing, cancelled") << "each once, before the states change";
+    EXPECT_TRUE(cancelled->isFinished() && !cancelled->isUnderWay());
+}
+
+TEST(AsyncOperation, CancelledAsItStartsItFinishesThoughItsHandlerLetsGoOfIt)
+{
+    auto operation = std::make_shared<Download>();
+    const std::weak_ptr<Download> alive = operation;
+    std::string announced;
+    const auto executing = operation->observe(AsyncOperation::Key::isExecuting, [&] {
+        announced += alive.lock()->isExecuting() ? 'e' : 'i';
+        alive.lock()->cancel();
+    });
+    const auto finished = operation->observe(
+        AsyncOperation::Key::isFinished, [&] { announced += alive.lock()->isFinished() ? 'f' : '?'; });
+    operation->setFinishHandler([&] { operation.reset(); });
+    operation->start();
+    EXPECT_EQ(announced, "eif");
+    EXPECT_TRUE(alive.expired());
 }
 
 } // namespace
