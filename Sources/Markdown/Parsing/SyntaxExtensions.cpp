@@ -6,6 +6,10 @@
 #include <cmark-gfm-core-extensions.h>
 #include <cmark-gfm/syntax_extension.h>
 
+#include <array>
+#include <bit>
+#include <cstdint>
+
 namespace quor::markdown {
 
 namespace {
@@ -31,13 +35,13 @@ delimiter* joinQuotes(
 
 cmark_syntax_extension* quotes()
 {
-    cmark_syntax_extension* extension = cmark_syntax_extension_new("quotes");
-    extension->match_inline = matchNothing;
-    extension->insert_inline_from_delim = joinQuotes;
-    for (const std::uintptr_t character : {'"', '\''})
-        extension->special_inline_chars = cmark_llist_append(cmark_get_default_mem_allocator(),
-            extension->special_inline_chars, reinterpret_cast<void*>(character));
-    return extension;
+    static cmark_llist single{nullptr, std::bit_cast<void*>(std::uintptr_t{'\''})};
+    static cmark_llist both{&single, std::bit_cast<void*>(std::uintptr_t{'"'})};
+    static cmark_syntax_extension extension{};
+    extension.match_inline = matchNothing;
+    extension.insert_inline_from_delim = joinQuotes;
+    extension.special_inline_chars = &both;
+    return &extension;
 }
 
 cmark_syntax_extension* core(const char* name)
@@ -46,28 +50,27 @@ cmark_syntax_extension* core(const char* name)
     return cmark_find_syntax_extension(name);
 }
 
-/// Searches of strikethrough that end at tildes of another number find nothing and begin again.
+/// Differs from that of cmark-gfm only in that its searches can be interrupted. Those that end at tildes of
+/// another number find nothing, and are repeated for each closing tilde that follows.
 cmark_syntax_extension* strikethrough()
 {
     static const cmark_syntax_extension* const original = core("strikethrough");
-    cmark_syntax_extension* extension = cmark_syntax_extension_new(original->name);
-    *extension = *original;
-    extension->insert_inline_from_delim
+    static cmark_syntax_extension extension = *original;
+    extension.insert_inline_from_delim
         = [](cmark_syntax_extension* self, cmark_parser* parser, cmark_inline_parser* inlines,
               delimiter* opener, delimiter* closer) {
               CmarkArena::checkTime();
               return original->insert_inline_from_delim(self, parser, inlines, opener, closer);
           };
-    return extension;
+    return &extension;
 }
 
 } // namespace
 
-const std::vector<cmark_syntax_extension*>& syntaxExtensions(bool hasSmartPunctuation)
+std::span<cmark_syntax_extension* const> syntaxExtensions(bool hasSmartPunctuation)
 {
-    static const std::vector<cmark_syntax_extension*> plain{core("table"), strikethrough(), core("tasklist")};
-    static const std::vector<cmark_syntax_extension*> smart{plain[0], plain[1], plain[2], quotes()};
-    return hasSmartPunctuation ? smart : plain;
+    static const std::array all{core("table"), strikethrough(), core("tasklist"), quotes()};
+    return std::span(all).first(hasSmartPunctuation ? all.size() : all.size() - 1);
 }
 
 } // namespace quor::markdown
