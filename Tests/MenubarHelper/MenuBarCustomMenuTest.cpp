@@ -136,15 +136,24 @@ TEST_F(MenuBarCustomMenuTest, ThePointerSelectsWhatMayBe)
         point(row);
         EXPECT_EQ(table.selectedRow(), selected);
     }
-    // New rows: the one under the resting pointer is selected, unless the user is typing.
+    // Rows that come under the resting pointer take the selection neither from another row nor from none.
     point(4);
     const QPoint pointer = centre(4);
-    reload({search, MenuEntry{MenuEntry::StopPast{}}, entry(u"A"_s), entry(u"B"_s), entry(u"C"_s)});
-    EXPECT_EQ(table.selectedRow(), table.rowAtPoint(table.viewport()->mapFrom(&window, pointer)));
-    EXPECT_NE(table.selectedRow(), 4);
+    std::vector rows(1'000, entry(u"A"_s));
+    rows[0] = search;
+    rows[1] = MenuEntry{MenuEntry::StopPast{}};
+    reload(rows);
+    EXPECT_EQ(table.selectedRow(), 4);
+    EXPECT_NE(table.rowAtPoint(table.viewport()->mapFrom(&window, pointer)), 4);
+    press(Qt::Key_Down);
+    QWheelEvent wheel(pointer, window.mapToGlobal(pointer), {0, -100}, {}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(table.viewport(), &wheel);
+    ASSERT_EQ(table.verticalScrollBar()->value(), 100);
+    reload(rows);
+    EXPECT_EQ(table.selectedRow(), 5) << "as the keys have left it";
     type("x");
     ASSERT_TRUE(test::waitFor([&] { return !terms.empty(); }));
-    reload({search, entry(u"A"_s), entry(u"B"_s), entry(u"C"_s), entry(u"D"_s), entry(u"E"_s)});
+    reload(rows);
     EXPECT_EQ(table.selectedRow(), -1);
     EXPECT_TRUE(field.hasFocus());
 }

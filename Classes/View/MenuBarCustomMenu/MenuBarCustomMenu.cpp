@@ -76,10 +76,8 @@ void MenuBarCustomMenu::setUpSearch()
 {
     searchView_.setObjectName(QLatin1String(MenuSearchView::staticMetaObject.className()));
     searchView_.hide();
-    connect(&searchView_, &QLineEdit::textChanged, this, [this] {
-        tableView_.ignorePointerUntilItMoves();
-        delayedSearchAction_.run(platform::whileAlive(*this, [this] { search(); }));
-    });
+    connect(&searchView_, &QLineEdit::textChanged, this,
+        [this] { delayedSearchAction_.run(platform::whileAlive(*this, [this] { search(); })); });
 }
 
 void MenuBarCustomMenu::connectRows()
@@ -106,9 +104,6 @@ void MenuBarCustomMenu::reload()
     resizeToFit();
     if (!self)
         return;
-    // New rows may have come under the pointer, which selects only when it is moved.
-    if (!hadSelection)
-        tableView_.deselectAll();
     using enum MenuKeyboard::Receiver;
     keyboard_.giveTo(hadSelection ? table : searchField, wasTyping);
 }

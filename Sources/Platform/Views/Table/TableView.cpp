@@ -98,7 +98,6 @@ void TableView::reloadData()
     updateGeometry();
     tableViewAccessibility::rowsDidChange(*this);
     selection_.dropInvalidRows();
-    hover_->contentMoved();
 }
 
 void TableView::measureRows()
@@ -182,11 +181,6 @@ int TableView::rowForView(const QWidget* view) const
     return -1;
 }
 
-void TableView::ignorePointerUntilItMoves()
-{
-    hover_->ignorePointerUntilItMoves();
-}
-
 void TableView::scrollRowToVisible(int row)
 {
     verticalScrollBar()->setValue(rowGeometry().offsetShowingRow(row));
@@ -204,11 +198,8 @@ void TableView::layoutRows()
 {
     if (isLayingOut_)
         return;
-    {
-        const QScopedValueRollback layingOut(isLayingOut_, true);
-        rows_->layout(rowGeometry());
-    }
-    hover_->contentMoved();
+    const QScopedValueRollback layingOut(isLayingOut_, true);
+    rows_->layout(rowGeometry());
 }
 
 void TableView::updateEmphasis()
@@ -246,7 +237,6 @@ void TableView::selectionDidChange(const TableViewSelection::Change& change)
 bool TableView::walk(TableViewStep step, bool byExtendingSelection)
 {
     const int target = selection_.target(step, rowGeometry());
-    hover_->ignorePointerUntilItMoves();
     if (target >= 0 && selection_.moveTo(target, byExtendingSelection)) {
         scrollRowToVisible(target);
         return true;
@@ -282,7 +272,6 @@ bool TableView::typeSelect(const QKeyEvent& event)
         return maySelectRow(candidate) ? asked->typeSelectString(*this, candidate) : QString();
     });
     if (row >= 0) {
-        hover_->ignorePointerUntilItMoves();
         selection_.moveTo(row, false);
         scrollRowToVisible(row);
     }
@@ -328,7 +317,6 @@ void TableView::wheelEvent(QWheelEvent* event)
         return;
     }
     event->accept();
-    hover_->pointerActedAt(event->globalPosition().toPoint());
     const int down = wheel_.pixelsDown(*event, bar->singleStep());
     bar->setValue(bar->value() + down);
 }

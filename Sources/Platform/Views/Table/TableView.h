@@ -123,9 +123,6 @@ public:
     /// Whether typing selects the row that begins with the typed text. The default is true.
     void setAllowsTypeSelect(bool allows) { allowsTypeSelect_ = allows; }
 
-    /// Reports no hover until the pointer moves. The table does this after each `walk`: a row that is
-    /// scrolled under a resting pointer must not take the selection from the keyboard.
-    void ignorePointerUntilItMoves();
     /// Reports a click on the row to the delegate, as a screen reader may ask for. Does not select the row.
     /// Ignored if there is no such row.
     void clickRow(int row);

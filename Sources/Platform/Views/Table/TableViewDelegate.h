@@ -68,12 +68,11 @@ public:
     /// in the row that handles clicks itself gets them instead. May delete the table.
     virtual void didClickRow(TableView& table, int row);
 
-    /// The pointer is over `row`, or over no row if that is -1. Called for each move while no button is
-    /// held, and when scrolling or a reload brings another row under a resting pointer. The pointer is
-    /// ignored until it moves after each walk by keys, and when the window appears under it.
+    /// The pointer was moved over `row`, or over no row if that is -1. Called for each move while no button
+    /// is held. Not called when scrolling, a reload or a new window brings a row under a resting pointer.
     virtual void pointerDidHoverRow(TableView& table, int row);
 
-    /// The pointer has left the rows after a `pointerDidHoverRow`.
+    /// The pointer was moved off the rows after a `pointerDidHoverRow`.
     virtual void pointerDidLeave(TableView& table);
 
 protected:

@@ -25,30 +25,6 @@ void TableViewHover::watch(QWindow* window)
         window->installEventFilter(this);
 }
 
-void TableViewHover::contentMoved()
-{
-    if (!isFollowing_)
-        return;
-    const std::optional<int> row = rowUnderPointer();
-    if (!row)
-        pointerLeft();
-    else if (*row != row_)
-        report(*row);
-}
-
-void TableViewHover::ignorePointerUntilItMoves()
-{
-    isFollowing_ = false;
-    row_ = -1;
-}
-
-void TableViewHover::pointerActedAt(const QPoint& globalPosition)
-{
-    position_ = globalPosition;
-    isFollowing_ = rowUnderPointer().has_value();
-    owesLeave_ = owesLeave_ || isFollowing_;
-}
-
 bool TableViewHover::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
@@ -64,9 +40,6 @@ bool TableViewHover::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::Leave:
         pointerLeft();
-        break;
-    case QEvent::Move:
-        contentMoved();
         break;
     default:
         break;
@@ -85,21 +58,14 @@ void TableViewHover::pointerMoved(const QPoint& globalPosition)
         pointerLeft();
         return;
     }
-    isFollowing_ = owesLeave_ = true;
-    report(*row);
-}
-
-void TableViewHover::report(int row)
-{
-    row_ = row;
+    isOverRows_ = true;
     if (TableViewDelegate* delegate = table_.delegate())
-        delegate->pointerDidHoverRow(table_, row);
+        delegate->pointerDidHoverRow(table_, *row);
 }
 
 void TableViewHover::pointerLeft()
 {
-    ignorePointerUntilItMoves();
-    if (!std::exchange(owesLeave_, false))
+    if (!std::exchange(isOverRows_, false))
         return;
     if (TableViewDelegate* delegate = table_.delegate())
         delegate->pointerDidLeave(table_);
