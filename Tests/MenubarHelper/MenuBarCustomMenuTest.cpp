@@ -322,6 +322,38 @@ TEST_F(MenuBarCustomMenuTest, AFieldOutOfSightKeepsWhatIsTyped)
     EXPECT_FALSE(test::waitFor([&] { return terms.size() > 2; }, std::chrono::milliseconds(300)));
 }
 
+TEST_F(MenuBarCustomMenuTest, TheFieldIsInTheLastSearchRowOnTheScreen)
+{
+    const auto rowsWithSecondSearchAt = [](std::size_t row) {
+        std::vector rows(1'000, entry(u"A"_s));
+        rows.front() = rows[row] = search;
+        return rows;
+    };
+    show(rowsWithSecondSearchAt(3));
+    EXPECT_EQ(table.rowForView(&field), 3);
+    EXPECT_TRUE(field.hasFocus());
+    press(Qt::Key_Down);
+    EXPECT_EQ(table.selectedRow(), 4);
+    type("x");
+    ASSERT_TRUE(test::waitFor([&] { return !terms.empty(); }));
+    const std::vector far = rowsWithSecondSearchAt(900);
+    const auto isShownAt = [&](int row) {
+        return table.rowForView(&field) == row && table.visibleRect().contains(table.rectOfRow(row))
+            && field.isVisible() && field.hasFocus();
+    };
+    reload(far);
+    EXPECT_TRUE(isShownAt(0));
+    type("y");
+    table.scrollRowToVisible(901);
+    EXPECT_TRUE(isShownAt(900));
+    type("z");
+    table.verticalScrollBar()->setValue(0);
+    EXPECT_TRUE(isShownAt(0));
+    reload(far);
+    EXPECT_TRUE(isShownAt(0));
+    EXPECT_EQ(field.text(), u"xyz"_s);
+}
+
 TEST_F(MenuBarCustomMenuTest, RowsAreDescribedOnTheScreenAndOff)
 {
     const MenuEntry adjust{MenuEntry::AdjustStart{u"run"_s, 1'700'000'000}};

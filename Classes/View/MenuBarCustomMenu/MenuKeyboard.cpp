@@ -27,8 +27,7 @@ void MenuKeyboard::detach()
 
 void MenuKeyboard::setSearchRow(int row)
 {
-    searchRow_ = row;
-    typingRelay_.setFieldRow(row);
+    typingRelay_.setSearchRow(row);
 }
 
 bool MenuKeyboard::isTyping() const
@@ -43,8 +42,7 @@ void MenuKeyboard::giveTo(Receiver receiver, bool wasTyping)
         && table_.isAncestorOf(focus) && focus->isVisibleTo(&table_);
     if (isControlOfRow || typingRelay_.isComposing())
         return;
-    const bool showsSearch = searchRow_ >= 0 && table_.viewAtRow(searchRow_) == &searchView_;
-    if (receiver == Receiver::searchField && showsSearch) {
+    if (receiver == Receiver::searchField && table_.rowForView(&searchView_) >= 0) {
         searchView_.setFocus(Qt::OtherFocusReason);
         return;
     }
@@ -128,7 +126,7 @@ void MenuKeyboard::walkFromSearch(TableViewStep step)
 {
     const bool begins = table_.selectedRow() < 0;
     if (begins)
-        table_.selectRow(searchRow_);
+        table_.selectRow(typingRelay_.fieldRow());
     if (!table_.walk(step) && begins)
         table_.deselectAll();
 }

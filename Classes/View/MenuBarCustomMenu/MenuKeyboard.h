@@ -32,7 +32,8 @@ public:
     /// by the table, as a click on it.
     platform::Callback<void(int row, int minutes)> arrowPressed;
 
-    /// The row that shows the search field; -1 if no row does, and then typing in the table selects rows.
+    /// A row that shows the search field when the user scrolls there; -1 if no row does, and then typing in
+    /// the table selects rows.
     void setSearchRow(int row);
 
     /// Returns whether the search field has the keyboard and contains text.
@@ -62,7 +63,6 @@ private:
     toolkit::CustomTableView& table_;
     MenuSearchView& searchView_;
     MenuTypingRelay typingRelay_;
-    int searchRow_ = -1;
 };
 
 } // namespace quor::helper

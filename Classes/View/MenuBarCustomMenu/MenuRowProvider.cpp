@@ -118,7 +118,7 @@ QWidget* MenuRowProvider::viewForRow(platform::TableView& table, int row)
         [&](const MenuEntry::Entry& entry) { return viewFor(table, entry); },
         [&](const MenuEntry::AdjustStart& entry) { return viewFor(table, entry); },
         [&](const MenuEntry::StopPast& entry) { return viewFor(table, entry); },
-        [&](const MenuEntry::Search&) { return viewForSearch(row); },
+        [&](const MenuEntry::Search&) { return viewForSearch(table, row); },
         [&](const MenuEntry::Separator&) -> QWidget* { return reusedOrNew<MenuSeparatorCell>(table); },
     };
     return std::visit(view, item->value);
@@ -151,9 +151,12 @@ QWidget* MenuRowProvider::viewFor(platform::TableView& table, const MenuEntry::S
     return view;
 }
 
-QWidget* MenuRowProvider::viewForSearch(int row)
+QWidget* MenuRowProvider::viewForSearch(const platform::TableView& table, int row)
 {
-    return row == searchRow() ? searchView_ : nullptr; // one field cannot be in two rows
+    // A row that is scrolled off is asked too if the field there has the keyboard. It must not take the
+    // field from a row that the user sees.
+    const bool isOnScreen = table.rectOfRow(row).intersects(table.visibleRect());
+    return isOnScreen || table.rowForView(searchView_) < 0 ? searchView_ : nullptr;
 }
 
 platform::TableViewRowDescription MenuRowProvider::describeRow(

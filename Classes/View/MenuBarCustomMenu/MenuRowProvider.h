@@ -17,7 +17,8 @@ class MenuRowMeasurer;
 class MenuSearchView;
 
 /// The data source and delegate of a menu's table: creates the row widgets, answers what the table asks
-/// about rows, and selects the row under the pointer.
+/// about rows, and selects the row to which the pointer was moved. Of several `Search` rows, the last one on
+/// the screen shows the search field; the others stay empty.
 ///
 /// The table is the only caller of the overridden functions. A row number outside the list of rows has
 /// height 0 and no widget, and cannot be selected. A handler may replace the rows, and may delete the
@@ -39,7 +40,7 @@ public:
     /// Returns null for a row number outside the list of rows.
     [[nodiscard]] const MenuEntry* entryAt(int row) const;
 
-    /// The row that shows the search field, which is the first `Search` row; -1 if there is none.
+    /// The first `Search` row; -1 if there is none, or in a menu without a search field.
     [[nodiscard]] int searchRow() const;
 
     [[nodiscard]] int numberOfRows(const platform::TableView& table) const override;
@@ -57,7 +58,7 @@ private:
     [[nodiscard]] QWidget* viewFor(platform::TableView& table, const MenuEntry::Entry& entry);
     [[nodiscard]] QWidget* viewFor(platform::TableView& table, const MenuEntry::AdjustStart& entry);
     [[nodiscard]] QWidget* viewFor(platform::TableView& table, const MenuEntry::StopPast& entry);
-    [[nodiscard]] QWidget* viewForSearch(int row);
+    [[nodiscard]] QWidget* viewForSearch(const platform::TableView& table, int row);
 
     const std::vector<MenuEntry>& rows_;
     const MenuRowMeasurer& measurer_;

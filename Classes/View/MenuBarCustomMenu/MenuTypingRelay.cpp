@@ -19,11 +19,17 @@ MenuTypingRelay::MenuTypingRelay(platform::TableView& table, QLineEdit& field)
     field.installEventFilter(this);
 }
 
-void MenuTypingRelay::setFieldRow(int row)
+void MenuTypingRelay::setSearchRow(int row)
 {
-    fieldRow_ = row;
+    searchRow_ = row;
     // Otherwise input methods and dead keys send the table the single letters before they combine them.
     table_.setAttribute(Qt::WA_InputMethodEnabled, row >= 0);
+}
+
+int MenuTypingRelay::fieldRow() const
+{
+    const int shownAt = table_.rowForView(&field_);
+    return shownAt < 0 ? searchRow_ : shownAt;
 }
 
 bool MenuTypingRelay::eventFilter(QObject* watched, QEvent* event)
@@ -37,7 +43,7 @@ bool MenuTypingRelay::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::FocusOut)
         interruptsTyping_ = false;
-    if (fieldRow_ < 0)
+    if (searchRow_ < 0)
         return false;
     switch (event->type()) {
     case QEvent::KeyPress:
@@ -101,7 +107,7 @@ void MenuTypingRelay::relayQuery(QInputMethodQueryEvent& event)
 
 void MenuTypingRelay::focusField()
 {
-    table_.scrollRowToVisible(fieldRow_);
+    table_.scrollRowToVisible(fieldRow());
     // An interrupted text continues at its caret. Otherwise the field moves the caret to the end.
     field_.setFocus(interruptsTyping_ ? Qt::ActiveWindowFocusReason : Qt::OtherFocusReason);
 }

@@ -16,7 +16,7 @@ namespace quor::helper {
 
 /// Lets the user type into the search field of a list while the list has the keyboard: text, Backspace,
 /// pasting and the compositions of input methods go to the field, which then gets the keyboard. Inactive
-/// until `setFieldRow` names a row. Main thread only.
+/// until `setSearchRow` names a row. Main thread only.
 class MenuTypingRelay final : public QObject {
     Q_OBJECT
 
@@ -24,8 +24,11 @@ public:
     /// Borrows both, which must outlive the relay.
     MenuTypingRelay(platform::TableView& table, QLineEdit& field);
 
-    /// The row that shows the field; -1 if no row does, and then the table keeps what is typed.
-    void setFieldRow(int row);
+    /// A row that shows the field when the user scrolls there; -1 if no row does, and then the table keeps
+    /// what is typed.
+    void setSearchRow(int row);
+    /// The row that shows the field now, otherwise the one of `setSearchRow`.
+    [[nodiscard]] int fieldRow() const;
 
     /// Returns true while an input method composes a text that it has not committed yet.
     [[nodiscard]] bool isComposing() const { return composing_; }
@@ -44,7 +47,7 @@ private:
 
     platform::TableView& table_;
     QLineEdit& field_;
-    int fieldRow_ = -1;
+    int searchRow_ = -1;
     bool composing_ = false;
     bool interruptsTyping_ = false;
     bool relaysKey_ = false;
