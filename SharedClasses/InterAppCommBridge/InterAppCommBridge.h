@@ -16,6 +16,8 @@ namespace quor {
 /// that is enabled. Main thread only.
 class InterAppCommBridge final {
 public:
+    using GroupStorage = quor::GroupStorage;
+
     const QString mainAppBundleID = QStringLiteral("com.quor-app.Quor3-macOS");
     const QString loginItemBundleID = QStringLiteral("QX77Z4012M.com.quor-app.Quor3LoginItem");
     const QString helperItemBundleID = QStringLiteral("com.quor-app.Quor3-MenubarHelper");

@@ -12,7 +12,7 @@
 
 using namespace Qt::StringLiterals;
 using namespace quor;
-using Action = GroupStorage::Action;
+using Action = InterAppCommBridge::GroupStorage::Action;
 
 namespace {
 
