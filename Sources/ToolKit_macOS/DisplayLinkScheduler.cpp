@@ -38,6 +38,8 @@ void DisplayLinkScheduler::start()
         platform::MainQueue::async(update);
     });
     displayLink_->start();
+    if (!displayLink_->isRunning())
+        displayLink_.reset();
 }
 
 } // namespace quor::toolkit

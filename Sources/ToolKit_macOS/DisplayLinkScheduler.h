@@ -29,8 +29,9 @@ public:
 
     [[nodiscard]] const std::shared_ptr<QWidget>& window() const { return window_; }
 
-    /// The default is off. Stays off if there is no screen; the caller can try again later. After it was
-    /// switched off, the handler can still be called for frames that passed before.
+    /// The default is off. Stays off if there is no screen, or if the system gives no further thread; the
+    /// caller can try again later. After it was switched off, the handler can still be called for frames that
+    /// passed before.
     void setRunning(bool on);
     [[nodiscard]] bool isRunning() const { return displayLink_ != nullptr; }
 

@@ -12,6 +12,8 @@
 #include <atomic>
 #include <chrono>
 
+#include <pthread.h>
+
 using namespace quor::toolkit;
 using quor::platform::DisplayLink;
 using quor::test::waitFor;
@@ -73,4 +75,21 @@ TEST(DisplayLinkSchedulerTest, CallsTheHandlerForEachFrameWhileItRunsAndMayEndWi
     scheduler->setRunning(true);
     passFrames(5);
     EXPECT_TRUE(waitFor([&] { return !scheduler; }));
+}
+
+TEST(DisplayLinkSchedulerTest, StaysOffWithoutAThreadAndCanBeSwitchedOnLater)
+{
+    pthread_attr_t usual;
+    ASSERT_EQ(pthread_getattr_default_np(&usual), 0);
+    pthread_attr_t huge = usual;
+    ASSERT_EQ(pthread_attr_setstacksize(&huge, std::size_t(1) << 50), 0); // more than can be mapped
+    DisplayLinkScheduler scheduler(std::make_shared<QWidget>());
+    int frames = 0;
+    scheduler.updateHandler = [&] { ++frames; };
+    ASSERT_EQ(pthread_setattr_default_np(&huge), 0);
+    scheduler.setRunning(true);
+    ASSERT_EQ(pthread_setattr_default_np(&usual), 0);
+    EXPECT_FALSE(scheduler.isRunning());
+    scheduler.setRunning(true);
+    EXPECT_TRUE(waitFor([&] { return frames > 0; }));
 }

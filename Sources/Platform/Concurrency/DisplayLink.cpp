@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <system_error>
 #include <utility>
 
 #include <pthread.h>
@@ -54,7 +55,11 @@ void DisplayLink::start()
     if (isRunning() || !callback_)
         return;
     isEnding_ = false;
-    thread_ = std::thread([this] { run(); });
+    try {
+        thread_ = std::thread([this] { run(); });
+    } catch (const std::system_error&) {
+        // Without a thread this stays stopped, as the header says.
+    }
 }
 
 void DisplayLink::stop()

@@ -32,7 +32,7 @@ public:
     [[nodiscard]] bool isRunning() const { return thread_.joinable(); }
 
     /// Starts the thread. The first call comes one frame later. Has no effect while running, or without a
-    /// callback.
+    /// callback. Stays stopped if the system gives no further thread; a later call can succeed.
     void start();
 
     /// Waits for a call that is under way; after that there are no more calls until the next `start`. The
