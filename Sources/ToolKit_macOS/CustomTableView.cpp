@@ -46,9 +46,13 @@ void CustomTableView::setMenu(QMenu* menu)
 {
     if (menu_)
         disconnect(menu_, nullptr, this, nullptr);
+    if (rowForLastMenu_)
+        menuDidClose(); // if it is open, it is not this table's any more
     menu_ = menu;
-    if (menu)
-        connect(menu, &QMenu::aboutToHide, this, &CustomTableView::menuDidClose);
+    if (!menu)
+        return;
+    connect(menu, &QMenu::aboutToHide, this, &CustomTableView::menuDidClose);
+    connect(menu, &QObject::destroyed, this, &CustomTableView::menuDidClose); // which may come without hiding
 }
 
 void CustomTableView::selectRow(int row, bool extending)

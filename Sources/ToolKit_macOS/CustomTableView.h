@@ -31,8 +31,8 @@ public:
     /// key and by a click with Control, and its row is selected, unless the row already is.
     void setMenu(QMenu* menu);
 
-    /// The row of the context menu that is open, or was closed less than 0.2 seconds ago; -1 if the menu was
-    /// opened outside the rows. Returns `nullopt` at any other time.
+    /// The row of the context menu that is open, or was closed, removed or destroyed less than 0.2 seconds
+    /// ago; -1 if the menu was opened outside the rows. Returns `nullopt` at any other time.
     [[nodiscard]] std::optional<int> rowForLastMenu() const { return rowForLastMenu_; }
     /// The row to which an action of the context menu applies: `rowForLastMenu()` unless it is `nullopt`,
     /// otherwise `selectedRow()`.

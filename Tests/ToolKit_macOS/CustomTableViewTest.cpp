@@ -80,6 +80,24 @@ TEST_F(CustomTableViewTest, TheContextMenuSelectsItsRowAndRemembersItForItsActio
     EXPECT_TRUE(table.selectedRowIndexes().isEmpty()) << "no row, none selected";
 }
 
+TEST_F(CustomTableViewTest, NoRowIsRememberedWithoutAMenu)
+{
+    rightClick(middleOf(5));
+    EXPECT_EQ(table.rowForLastMenu(), std::nullopt) << "no menu was opened";
+    for (const bool isDestroyed : {false, true}) {
+        auto menu = std::make_unique<QMenu>();
+        menu->addAction(QStringLiteral("Open"));
+        table.setMenu(menu.get());
+        rightClick(middleOf(5));
+        EXPECT_EQ(table.rowForLastMenu(), 5);
+        if (isDestroyed)
+            menu.reset();
+        else
+            table.setMenu(nullptr);
+        EXPECT_TRUE(waitFor([&] { return !table.rowForLastMenu(); }));
+    }
+}
+
 TEST_F(CustomTableViewTest, ScrollsARowToTheTopAsFarAsTheContentGoes)
 {
     const QScrollBar* bar = table.verticalScrollBar();
