@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Resources/Bundle.h"
 #include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
+#include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 #include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
 #include "View/MenuBarCustomMenu/Rows/MenuAdjustTimerView.h"
 #include "View/MenuBarCustomMenu/Rows/MenuCellView.h"
@@ -115,6 +116,18 @@ TEST_F(MenuCell, StaysALineWhateverItsLabel)
     QApplication::setFont(large);
     QApplication::processEvents();
     EXPECT_EQ(cell.sizeHint().height(), 46);
+}
+
+TEST_F(MenuCell, TakesItsSizesFromTheExactSizeOfTheUsersFont)
+{
+    const std::tuple<double, int, int> cases[] = {{10, 13, 12}, {11, 15, 13}, {11.5, 15, 14}};
+    for (const auto& [points, row, title] : cases) {
+        QFont font = QApplication::font();
+        font.setPointSizeF(points);
+        QApplication::setFont(font);
+        EXPECT_EQ(menuFont().pixelSize(), row);
+        EXPECT_EQ(smallMenuFont().pixelSize(), title);
+    }
 }
 
 TEST_F(MenuCell, MakesRoomForWhatItShows)

@@ -7,9 +7,9 @@
 #include "ToolKit/Drawing/StripePattern.h"
 #include "ToolKit/Drawing/Text/ComposedLabel.h"
 #include "ToolKit/Drawing/Text/CustomFontSizeModifier.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 
 #include <QDir>
-#include <QFontInfo>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QTemporaryDir>
@@ -156,13 +156,24 @@ TEST(ShadowPresets, FallOnWhatIsAroundTheWidget)
     EXPECT_GT(darkness(applyStrongShadow, 72, 50), darkness(applyStrongShadow, 28, 50));
 }
 
-TEST(CustomFontSizeModifier, SizesFollowTheUsersFont)
+TEST(CustomFontSizeModifier, SizesFollowTheUsersFontAndAreNotRoundedToPixels)
 {
-    QWidget content;
-    CustomFontSizeModifier{TextStyle::title2, QFont::Bold, 1.5}.apply(content);
-    const double body = QFontInfo(QGuiApplication::font()).pointSizeF();
-    EXPECT_NEAR(content.font().pointSizeF(), body * 17 / 13 * 1.5, 0.01);
-    EXPECT_EQ(content.font().weight(), QFont::Bold);
+    const QFont before = QGuiApplication::font();
+    const struct {
+        double points, title, pixels;
+    } cases[] = {{10, 19.615, 13.333}, {11.5, 22.558, 15.333}, {12, 23.538, 16}};
+    for (const auto& entry : cases) {
+        QFont font = before;
+        font.setPointSizeF(entry.points);
+        QGuiApplication::setFont(font);
+        QWidget content;
+        CustomFontSizeModifier{TextStyle::title2, QFont::Bold, 1.5}.apply(content);
+        EXPECT_NEAR(content.font().pointSizeF(), entry.title, 0.001);
+        EXPECT_EQ(content.font().weight(), QFont::Bold);
+        EXPECT_NEAR(pixelSize(font), entry.pixels, 0.001);
+        EXPECT_NEAR(pixelSize(systemFont(entry.pixels, QFont::Normal)), entry.pixels, 0.001);
+    }
+    QGuiApplication::setFont(before);
 }
 
 } // namespace

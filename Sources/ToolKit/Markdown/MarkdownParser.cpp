@@ -7,7 +7,6 @@
 #include "ToolKit/Markdown/AttributedTextRewriter.h"
 #include "ToolKit/Markdown/MarkdownMarks.h"
 
-#include <QFontInfo>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPalette>
@@ -112,7 +111,7 @@ AttributedString MarkdownParser::withBold(const AttributedString& text) const
     const auto marks = boldMarks(text.string());
     if (marks.empty())
         return text;
-    const auto bold = formatOf(monospacedDigitFont(QFontInfo(font_).pixelSize(), QFont::Bold));
+    const auto bold = formatOf(monospacedDigitFont(pixelSize(font_), QFont::Bold));
     AttributedTextRewriter rewriter(text);
     for (const auto& mark : marks)
         keepContent(rewriter, mark, bold);

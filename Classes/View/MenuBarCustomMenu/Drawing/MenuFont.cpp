@@ -4,7 +4,6 @@
 #include "ToolKit/Drawing/Text/SystemFont.h"
 
 #include <QApplication>
-#include <QFontInfo>
 
 #include <algorithm>
 #include <cmath>
@@ -13,16 +12,16 @@ namespace quor::helper {
 
 namespace {
 
-int menuFontSize()
+double menuFontSize()
 {
-    return QFontInfo(QApplication::font("QMenu")).pixelSize();
+    return toolkit::pixelSize(QApplication::font("QMenu"));
 }
 
 } // namespace
 
 QFont menuFont()
 {
-    return toolkit::monospacedDigitFont(menuFontSize(), QFont::Normal);
+    return toolkit::monospacedDigitFont(std::round(menuFontSize()), QFont::Normal);
 }
 
 QFont smallMenuFont()

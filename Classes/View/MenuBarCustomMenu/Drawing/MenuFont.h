@@ -7,9 +7,10 @@
 /// the moment of the call. Main thread only.
 namespace quor::helper {
 
-/// Rows: as large as the menu font, with digits of equal width.
+/// Rows: as large as the menu font, rounded to whole pixels, with digits of equal width.
 [[nodiscard]] QFont menuFont();
-/// Headings and labels of controls: 0.9 times the menu font, with digits of equal width.
+/// Headings and labels of controls: 0.9 times the menu font, rounded to whole pixels, with digits of equal
+/// width.
 [[nodiscard]] QFont smallMenuFont();
 /// Buttons: 11 device-independent pixels, and proportionally more for a menu font that is larger than the
 /// usual 13 pixels, up to 16.5.

@@ -43,8 +43,10 @@ double proportion(TextStyle style)
 
 double preferredPointSize(TextStyle style)
 {
-    // The general font may be set in pixels; its info has the size in points in any case.
-    return QFontInfo(QGuiApplication::font()).pointSizeF() * proportion(style);
+    const QFont font = QGuiApplication::font();
+    const double points = font.pointSizeF();
+    // The info has the size in points also if it is set in pixels, but of whole pixels in any case.
+    return (points > 0 ? points : QFontInfo(font).pointSizeF()) * proportion(style);
 }
 
 QFont CustomFontSizeModifier::font() const

@@ -5,6 +5,7 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHash>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -16,10 +17,26 @@ namespace quor::toolkit {
 
 namespace {
 
-int wholePixels(double size)
+constexpr double pointsPerInch = 72;
+
+// Of a font's points; a property of the desktop, and not of the screen's resolution.
+double dotsPerInch()
 {
+    constexpr double usual = 96;
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return screen ? screen->logicalDotsPerInchY() : usual;
+}
+
+void setPixelSize(QFont& font, double size)
+{
+    constexpr double smallest = 1;
     constexpr double largest = 1000;
-    return size > 1 ? static_cast<int>(std::lround(std::min(size, largest))) : 1;
+    const double pixels = size > smallest ? std::min(size, largest) : smallest;
+    // A QFont has whole pixels only, but any number of points.
+    if (pixels == std::floor(pixels))
+        font.setPixelSize(static_cast<int>(pixels));
+    else
+        font.setPointSizeF(pixels * pointsPerInch / dotsPerInch());
 }
 
 bool hasEqualDigits(const QFont& font)
@@ -50,10 +67,16 @@ QFont withEqualDigits(QFont font)
 
 } // namespace
 
+double pixelSize(const QFont& font)
+{
+    const double points = font.pointSizeF(); // -1 if the size is set in pixels
+    return points > 0 ? points * dotsPerInch() / pointsPerInch : font.pixelSize();
+}
+
 QFont systemFont(double size, QFont::Weight weight)
 {
     QFont font = QGuiApplication::font();
-    font.setPixelSize(wholePixels(size));
+    setPixelSize(font, size);
     font.setWeight(weight);
     return font;
 }

@@ -3,9 +3,13 @@
 
 #include <QFont>
 
-/// The user's general font in a given size and weight. Sizes are in device-independent pixels, rounded to
-/// whole ones, at least 1. Main thread only.
+/// The user's general font in a given size and weight. Sizes are in device-independent pixels, which need not
+/// be whole, clamped to 1 to 1000. Main thread only.
 namespace quor::toolkit {
+
+/// Returns the size of a font, also if it is set in points: 10 points are 13.33 pixels at 96 dots per inch.
+/// It is not rounded, unlike the size in `QFontInfo`.
+[[nodiscard]] double pixelSize(const QFont& font);
 
 /// Returns the user's general font.
 [[nodiscard]] QFont systemFont(double size, QFont::Weight weight);
