@@ -141,7 +141,10 @@ void HelperMenubarManager::requestMenuEntries(const QString& searchTerm)
 {
     interAppCommBridge_.groupStorage.setSearchTerm(searchTerm);
     send({Action::RequestMenuEntries{}});
-    if (!platform::isApplicationRunning(services_.workspace, interAppCommBridge_.mainAppBundleID))
+    // A bus that does not answer in time says nothing about the main application.
+    const auto isRunning
+        = platform::isApplicationRunning(services_.workspace, interAppCommBridge_.mainAppBundleID);
+    if (isRunning == false)
         services_.application.terminate();
 }
 

@@ -61,7 +61,8 @@ public:
     {
         item.button().setGeometry(0, 0, int(item.width()) + 8, 22);
     }
-    [[nodiscard]] std::vector<quor::platform::RunningApplication> runningApplications() const override
+    [[nodiscard]] std::optional<std::vector<quor::platform::RunningApplication>>
+    runningApplications() const override
     {
         return {};
     }

@@ -95,7 +95,8 @@ public:
         item.button().setGeometry(9, 0, int(item.width()) + 8, int(barThickness));
     }
 
-    [[nodiscard]] std::vector<platform::RunningApplication> runningApplications() const override
+    [[nodiscard]] std::optional<std::vector<platform::RunningApplication>>
+    runningApplications() const override
     {
         return running;
     }

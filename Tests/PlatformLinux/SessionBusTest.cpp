@@ -46,10 +46,10 @@ TEST(SessionBusTest, ANameHasOneOwnerAndIsARunningApplication)
     EXPECT_EQ(first->claim(name), Claim::claimed);
     EXPECT_EQ(second.claim(name), Claim::taken);
     EXPECT_EQ(second.claim(u"not a name"_s), Claim::failed);
-    EXPECT_TRUE(isApplicationRunning(workspace, name));
-    EXPECT_FALSE(isApplicationRunning(workspace, second.connection().baseService()));
+    EXPECT_EQ(isApplicationRunning(workspace, name), true);
+    EXPECT_EQ(isApplicationRunning(workspace, second.connection().baseService()), false);
 
     first.reset();
-    EXPECT_TRUE(quor::test::waitFor([&] { return !isApplicationRunning(workspace, name); }));
+    EXPECT_TRUE(quor::test::waitFor([&] { return isApplicationRunning(workspace, name) == false; }));
     EXPECT_EQ(second.claim(name), Claim::claimed);
 }

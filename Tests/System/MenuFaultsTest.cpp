@@ -1,6 +1,11 @@
 // SPDX-License-Identifier: MIT
 // How the menu copes with faulty main applications and with events from outside.
+#include "Platform/Lifetime/Subscription.h"
 #include "System/MenuFixture.h"
+
+#include <csignal>
+
+#include <sys/types.h>
 
 using namespace quor;
 using namespace quor::test;
@@ -24,6 +29,26 @@ TEST_F(MenuFaults, RowsThatNeverCome)
     EXPECT_TRUE(shows(plain));
     EXPECT_TRUE(typing.takes(u"x"_s)) << "nobody's keys are kept";
     // A late answer still opens the menu.
+    answer(someRows());
+    ASSERT_TRUE(menu->opens());
+    EXPECT_TRUE(menu->hover(u"Review"_s));
+}
+
+TEST_F(MenuFaults, ABusThatIsSilentForSomeSeconds)
+{
+    const auto reply = publisher.bus.connection().call(platform::SessionBus::callOfBus(
+        u"GetConnectionUnixProcessID"_s, {platform::SessionBus::callOfBus({}).service()}));
+    ASSERT_EQ(reply.type(), QDBusMessage::ReplyMessage);
+    startHelper();
+    const auto bus = pid_t(reply.arguments().value(0).toUInt());
+    {
+        kill(bus, SIGSTOP);
+        const platform::Subscription goesOn([bus] { kill(bus, SIGCONT); });
+        for (int click = 0; click < 3; ++click) { // each is handled only after the bus was waited for
+            clickItem();
+            ASSERT_TRUE(isAsked()) << qPrintable(helper->errors());
+        }
+    }
     answer(someRows());
     ASSERT_TRUE(menu->opens());
     EXPECT_TRUE(menu->hover(u"Review"_s));

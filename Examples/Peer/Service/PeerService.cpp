@@ -174,7 +174,7 @@ void PeerService::conclude(Outcome outcome, const QString& task)
 
 bool PeerService::refuseWithoutHelper()
 {
-    const bool runs = platform::isApplicationRunning(workspace_, exchange_.helperBundleID());
+    const bool runs = platform::isApplicationRunning(workspace_, exchange_.helperBundleID()).value_or(true);
     if (!runs)
         refuse(u"the helper is not running"_s);
     return !runs;

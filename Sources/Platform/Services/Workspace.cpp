@@ -5,11 +5,13 @@
 
 namespace quor::platform {
 
-bool isApplicationRunning(const Workspace& workspace, const QString& bundleIdentifier)
+std::optional<bool> isApplicationRunning(const Workspace& workspace, const QString& bundleIdentifier)
 {
     const auto applications = workspace.runningApplications();
-    return std::ranges::find(applications, bundleIdentifier, &RunningApplication::bundleIdentifier)
-        != applications.end();
+    if (!applications)
+        return std::nullopt;
+    return std::ranges::find(*applications, bundleIdentifier, &RunningApplication::bundleIdentifier)
+        != applications->end();
 }
 
 } // namespace quor::platform

@@ -23,8 +23,8 @@ public:
     virtual ~Workspace() = default;
 
     /// Returns the applications that run now, in no particular order and without their windows. Returns
-    /// an empty list if the session does not answer.
-    [[nodiscard]] virtual std::vector<RunningApplication> runningApplications() const = 0;
+    /// `nullopt` if the session does not answer in time.
+    [[nodiscard]] virtual std::optional<std::vector<RunningApplication>> runningApplications() const = 0;
 
     /// Returns the application that has the keyboard, with the window that has it. This can be the
     /// calling application. Returns `nullopt` if no window has the keyboard, or if the desktop does not
@@ -36,7 +36,9 @@ public:
     virtual void activate(const RunningApplication& application) = 0;
 };
 
-/// Whether an application with exactly this bundle identifier runs. False if the session does not answer.
-[[nodiscard]] bool isApplicationRunning(const Workspace& workspace, const QString& bundleIdentifier);
+/// Whether an application with exactly this bundle identifier runs. Returns `nullopt` if the session does not
+/// answer in time: the application may run all the same.
+[[nodiscard]] std::optional<bool> isApplicationRunning(
+    const Workspace& workspace, const QString& bundleIdentifier);
 
 } // namespace quor::platform

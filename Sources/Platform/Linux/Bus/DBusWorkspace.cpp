@@ -20,11 +20,14 @@ namespace {
 constexpr std::chrono::milliseconds answerLimit = 1s;
 constexpr auto shortLimit = 100ms; // for calls on which the user waits, and whose answer is not essential
 
-// The well-known names. The names of connections, which begin with a colon, are left out.
-QStringList wellKnownNames(const QDBusConnection& bus, std::chrono::milliseconds limit)
+// The well-known names, `nullopt` if the bus does not answer in time. The names of connections, which begin
+// with a colon, are left out.
+std::optional<QStringList> wellKnownNames(const QDBusConnection& bus, std::chrono::milliseconds limit)
 {
     const QDBusReply<QStringList> reply
         = bus.call(SessionBus::callOfBus(u"ListNames"_s), QDBus::Block, int(limit.count()));
+    if (!reply.isValid())
+        return std::nullopt;
     QStringList names = reply.value();
     names.removeIf([](const QString& name) { return name.startsWith(u':'); });
     return names;
@@ -43,10 +46,13 @@ DBusWorkspace::DBusWorkspace(SessionBus& bus)
 {
 }
 
-std::vector<RunningApplication> DBusWorkspace::runningApplications() const
+std::optional<std::vector<RunningApplication>> DBusWorkspace::runningApplications() const
 {
+    const auto names = wellKnownNames(bus_.connection(), answerLimit);
+    if (!names)
+        return std::nullopt;
     std::vector<RunningApplication> applications;
-    for (const auto& name : wellKnownNames(bus_.connection(), answerLimit))
+    for (const auto& name : *names)
         applications.push_back({name});
     return applications;
 }
@@ -64,7 +70,7 @@ std::optional<RunningApplication> DBusWorkspace::frontmostApplication() const
 QString DBusWorkspace::nameOwnedBy(std::uint32_t process) const
 {
     const auto bus = bus_.connection();
-    auto names = wellKnownNames(bus, shortLimit);
+    auto names = wellKnownNames(bus, shortLimit).value_or(QStringList());
     names.sort();
     std::vector<QDBusPendingReply<uint>> owners; // all requests are sent before the first reply is awaited
     for (const auto& name : names)

@@ -20,7 +20,7 @@ public:
     explicit DBusWorkspace(SessionBus& bus);
 
     /// Waits for the bus, for one second at most.
-    [[nodiscard]] std::vector<RunningApplication> runningApplications() const override;
+    [[nodiscard]] std::optional<std::vector<RunningApplication>> runningApplications() const override;
 
     /// Waits for the bus, for 0.2 seconds at most; after that the bundle identifier stays empty. If the
     /// application owns several names, returns the alphabetically first one.
