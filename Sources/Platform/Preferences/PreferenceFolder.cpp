@@ -5,6 +5,8 @@
 #include "Platform/Files/Folder.h"
 #include "Platform/Files/TemporaryFile.h"
 
+#include <QStringBuilder>
+
 #include <utility>
 
 #include <sys/stat.h>
@@ -25,8 +27,10 @@ QByteArray fileName(const QString& key)
     if (!key.isValidUtf16())
         return {};
     static constexpr QByteArrayView digits = "0123456789ABCDEF";
+    const QByteArray bytes = key.toUtf8();
     QByteArray name;
-    for (const char byte : key.toUtf8()) {
+    name.reserve(bytes.size()); // names are made in each update of the status item
+    for (const char byte : bytes) {
         const bool isPlain = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z')
             || (byte >= '0' && byte <= '9') || byte == '_' || byte == '-' || (byte == '.' && !name.isEmpty());
         if (isPlain) {
@@ -63,7 +67,9 @@ bool PreferenceFolder::open() const
 QByteArray PreferenceFolder::pathOf(const QString& key) const
 {
     const QByteArray name = fileName(key);
-    return path_.isEmpty() || name.isEmpty() ? QByteArray() : path_ + '/' + name;
+    if (path_.isEmpty() || name.isEmpty())
+        return {};
+    return path_ % '/' % name;
 }
 
 std::optional<QByteArray> PreferenceFolder::read(const QString& key) const

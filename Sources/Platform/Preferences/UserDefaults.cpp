@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QStringBuilder>
 #include <QStringDecoder>
 
 #include <array>
@@ -30,7 +31,7 @@ QByteArray folderOf(const QString& suite)
     if (!home || suite.isEmpty() || suite == u"." || suite == u".." || suite.contains(u'/')
         || suite.contains(QChar::Null))
         return {};
-    return *home + '/' + QFile::encodeName(suite) + "/Preferences";
+    return *home % '/' % QFile::encodeName(suite) % "/Preferences";
 }
 
 QByteArray standardFolder()
