@@ -79,6 +79,7 @@ private:
         void prepareMenuWindow(QWidget&) override { }
         [[nodiscard]] bool grabKeyboard(QWindow&) override { return true; }
         void releaseKeyboard(QWindow&) override { }
+        [[nodiscard]] std::vector<QWindow*> orderedWindows() override { return {}; }
         [[nodiscard]] bool missesPresses() const override { return false; }
     };
 

@@ -13,7 +13,7 @@ struct AlertUI {
     /// other arguments. Any thread.
     static void show(const QString& message, const QString& iconName, const QString& informativeText,
         const QString& buttonTitle, const std::optional<QString>& cancelTitle, WarningAlert::Handler handler,
-        const std::optional<platform::Bundle>& images = {});
+        const std::optional<platform::Bundle>& images = {}, platform::WindowServer* windowServer = nullptr);
 };
 
 } // namespace quor::toolkit

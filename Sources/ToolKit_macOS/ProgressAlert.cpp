@@ -28,14 +28,16 @@ ProgressAlert::ProgressAlert(QObject* parent)
 }
 
 void ProgressAlert::show(const QString& message, const QString& iconName, const QString& informativeText,
-    const QString& buttonTitle, Handler handler, const std::optional<platform::Bundle>& images)
+    const QString& buttonTitle, Handler handler, const std::optional<platform::Bundle>& images,
+    platform::WindowServer* windowServer)
 {
     WarningAlert::show({.message = message,
                            .iconName = iconName,
                            .informativeText = informativeText,
                            .buttonTitle = buttonTitle,
                            .accessoryView = progressBar_.get(),
-                           .images = images},
+                           .images = images,
+                           .windowServer = windowServer},
         std::move(handler));
 }
 

@@ -19,7 +19,8 @@ public:
     /// Shows the alert as a sheet on the active window, not modal. See `AlertContent` for the arguments and
     /// `WarningAlert` for the handler. The bar stays as the last `update` has left it.
     void show(const QString& message, const QString& iconName, const QString& informativeText,
-        const QString& buttonTitle, Handler handler, const std::optional<platform::Bundle>& images = {});
+        const QString& buttonTitle, Handler handler, const std::optional<platform::Bundle>& images = {},
+        platform::WindowServer* windowServer = nullptr);
 
     /// Shows `text` as the informative text, and `progress` from 0 to 1 in the bar. Above 1 is taken as 1,
     /// NaN as 0. A negative progress lets the bar move without a value, for work of unknown length. If

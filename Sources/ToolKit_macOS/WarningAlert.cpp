@@ -3,9 +3,11 @@
 
 #include "Platform/Concurrency/MainQueue.h"
 #include "Platform/Lifetime/WhileAlive.h"
+#include "Platform/Services/WindowServer.h"
 
 #include <QApplication>
 #include <QPushButton>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -18,31 +20,46 @@ namespace {
 
 bool canHoldSheet(const QWidget* window)
 {
+    if (!window)
+        return false; // no widget's window
     const bool isOrdinary = window->windowType() == Qt::Window || window->windowType() == Qt::Dialog;
     return isOrdinary && window->isVisible() && !window->testAttribute(Qt::WA_X11NetWmWindowTypeDock)
         && !(window->windowFlags() & Qt::WindowDoesNotAcceptFocus);
 }
 
-QWidget* sheetWindow(QWidget* wanted)
+/// Returns the visible windows, the frontmost first as far as the order is known.
+QWidgetList visibleWindows(platform::WindowServer* windowServer)
 {
-    if (wanted)
-        return wanted->window();
+    QWidgetList windows;
+    if (windowServer)
+        for (const QWindow* window : windowServer->orderedWindows())
+            windows += QWidget::find(window->winId());
+    return windows + QApplication::topLevelWidgets();
+}
+
+QWidget* sheetWindow(const AlertContent& content)
+{
+    if (content.window)
+        return content.window->window();
     if (QWidget* key = QApplication::activeWindow())
         return key;
     if (const QWidget* focus = QApplication::focusWidget())
         return focus->window();
-    const QWidgetList windows = QApplication::topLevelWidgets();
+    const QWidgetList windows = visibleWindows(content.windowServer);
     const auto first = std::find_if(windows.begin(), windows.end(), canHoldSheet);
     return first == windows.end() ? nullptr : *first;
 }
 
 QIcon iconOf(const AlertContent& content)
 {
-    constexpr double largest = 64; // device-independent pixels
-    const QImage image = content.images
-        ? content.images->image(content.iconName, {largest, largest}, qApp->devicePixelRatio())
-        : QImage();
-    return image.isNull() ? QIcon::fromTheme(content.iconName) : QIcon(QPixmap::fromImage(image));
+    constexpr QSizeF largest(64, 64); // device-independent pixels
+    for (const auto& bundle : {content.images, std::optional(platform::Bundle::main())}) {
+        const QImage image
+            = bundle ? bundle->image(content.iconName, largest, qApp->devicePixelRatio()) : QImage();
+        if (!image.isNull())
+            return QPixmap::fromImage(image);
+    }
+    return QIcon::fromTheme(content.iconName);
 }
 
 } // namespace
@@ -59,7 +76,7 @@ WarningAlert::~WarningAlert()
 
 void WarningAlert::show(const AlertContent& content, Handler handler)
 {
-    QWidget* window = sheetWindow(content.window);
+    QWidget* window = sheetWindow(content);
     const Handler previous = forget();
     completeHandler = std::move(handler);
     auto* alert = new Alert(window);

@@ -11,13 +11,17 @@
 #include <optional>
 #include <vector>
 
+namespace quor::platform {
+class WindowServer;
+}
+
 namespace quor::toolkit {
 
 /// What an alert shows, and how. Texts are shown without markup.
 struct AlertContent {
     QString message = {};
-    /// The name of the icon. It is looked up in `images`, then in the desktop's icon theme. If neither has
-    /// it, the alert shows a warning sign.
+    /// The name of the icon. It is looked up in `images`, then in the application's own bundle, then in the
+    /// desktop's icon theme. If none has it, the alert shows a warning sign.
     QString iconName = {};
     QString informativeText = {};
     QString buttonTitle = {}; ///< of the first button, which has the tag 0
@@ -33,10 +37,14 @@ struct AlertContent {
     /// blocks `window`; if there is no window at all, it blocks all windows of the application.
     bool modal = false;
     /// The window that the alert belongs to. If it is null, the alert takes the active window; if no window
-    /// is active, the window with the focus; if there is none, any visible window.
+    /// is active, the window with the focus; if there is none, the frontmost visible window.
     QWidget* window = nullptr;
-    /// Can be `nullopt`; then icons come from the icon theme only.
+    /// Searched for the icon first. Can be `nullopt`.
     std::optional<platform::Bundle> images = {};
+    /// Reports which window is the frontmost one. Borrowed until the alert is shown. Without it, or if the
+    /// window system does not report the order, the alert takes any visible window in place of the frontmost
+    /// one.
+    platform::WindowServer* windowServer = nullptr;
 };
 
 /// An object that shows an alert and reports which button the user chose. It calls the handler 0.3 seconds

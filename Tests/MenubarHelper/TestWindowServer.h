@@ -28,6 +28,7 @@ public:
         return true;
     }
     void releaseKeyboard(QWindow&) override { keyboard = nullptr; }
+    [[nodiscard]] std::vector<QWindow*> orderedWindows() override { return {}; }
     [[nodiscard]] bool missesPresses() const override { return wayland; }
 
     bool composited = false;

@@ -4,7 +4,9 @@
 #include "Platform/Linux/Bus/SessionBus.h"
 #include "Platform/Linux/Monitors/X11EventMonitors.h"
 #include "Platform/Linux/QtApplication.h"
+#include "Platform/Linux/X11/X11WindowServer.h"
 #include "Support/WaitFor.h"
+#include "ToolKit_macOS/WarningAlert.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -245,6 +247,27 @@ TEST_F(InputX11Test, TheKeyboardIsTakenAndGivenBack)
         workspace.activate(them);
         opened.close();
         EXPECT_TRUE(waitFor([&] { return other.hasKeyboard(); }));
+    }
+}
+
+TEST_F(InputX11Test, AnAlertBelongsToTheFrontmostWindowWhileTheUserWorksElsewhere)
+{
+    X11WindowServer server;
+    QWidget second;
+    second.setGeometry(60, 90, 150, 60);
+    second.show();
+    for (QWidget* front : {static_cast<QWidget*>(&ours), &second, static_cast<QWidget*>(&ours)}) {
+        front->raise();
+        workspace.activate({{}, other.id});
+        EXPECT_TRUE(waitFor([&] { return other.hasKeyboard() && !QApplication::focusWindow(); }));
+        EXPECT_TRUE(waitFor([&] {
+            const auto windows = server.orderedWindows();
+            return windows.size() == 2 && windows.front() == front->windowHandle();
+        }));
+        quor::toolkit::WarningAlert alert;
+        alert.show({.buttonTitle = u"OK"_s, .windowServer = &server}, {});
+        EXPECT_EQ(alert.alert()->parentWidget(), front);
+        EXPECT_TRUE(waitFor([&] { return alert.alert()->isActiveWindow(); }));
     }
 }
 

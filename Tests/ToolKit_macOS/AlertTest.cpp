@@ -4,13 +4,17 @@
 #include "ToolKit_macOS/ProgressAlert.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <functional>
 #include <thread>
@@ -23,6 +27,16 @@ namespace {
 
 class AlertTest : public testing::Test {
 protected:
+    // The program searches for its own bundle once.
+    static void SetUpTestSuite()
+    {
+        static const QTemporaryDir data;
+        const QString images = data.filePath(u"quor/ToolKitDesktopTests.bundle/Images"_s);
+        QImage mark(64, 64, QImage::Format_RGB32);
+        mark.fill(Qt::red);
+        ASSERT_TRUE(QDir().mkpath(images) && mark.save(images + u"/mark.png"_s));
+        qputenv("XDG_DATA_DIRS", data.path().toUtf8() + ':' + qgetenv("XDG_DATA_DIRS"));
+    }
     AlertTest()
     {
         window.resize(300, 200);
@@ -68,6 +82,16 @@ TEST_F(AlertTest, EachButtonEndsItWithItsTagAfterThePause)
     QTimer::singleShot(0, &blocking, [&] { blocking.alert()->button(0)->click(); });
     blocking.show(content, {});
     EXPECT_FALSE(blocking.alert()->isVisible());
+}
+
+TEST_F(AlertTest, ItsIconComesFromTheApplicationsBundle)
+{
+    content.iconName = u"mark"_s;
+    WarningAlert alert;
+    alert.show(content, {});
+    const QList<QLabel*> labels = alert.alert()->findChildren<QLabel*>();
+    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(),
+        [](const QLabel* label) { return label->pixmap().toImage().pixelColor(9, 9) == QColor(Qt::red); }));
 }
 
 TEST_F(AlertTest, KeysChooseWhatTheUserExpects)

@@ -4,14 +4,15 @@
 #include "Platform/Lifetime/Subscription.h"
 
 #include <functional>
+#include <vector>
 
 class QWidget;
 class QWindow;
 
 namespace quor::platform {
 
-/// The functions of the window system that a window which opens like a menu needs, and that Qt does not
-/// offer. Implementations connect to nothing before the first call. Main thread only.
+/// The functions of the window system that alerts and windows which open like a menu need, and that Qt does
+/// not offer. Implementations connect to nothing before the first call. Main thread only.
 class WindowServer {
 public:
     virtual ~WindowServer() = default;
@@ -36,6 +37,10 @@ public:
     /// Ends the grab of `window`, so that the keys go to the active window again. The window system has got
     /// the request when this returns, also if the caller then blocks the thread.
     virtual void releaseKeyboard(QWindow& window) = 0;
+
+    /// Returns the windows of this application that are on the screen, the frontmost first. Returns an empty
+    /// list if the window system does not report the order.
+    [[nodiscard]] virtual std::vector<QWindow*> orderedWindows() = 0;
 
     /// Whether global event monitors can miss presses in windows of other applications. This is so in a
     /// Wayland session, where the X server reports only presses in windows of its own clients.

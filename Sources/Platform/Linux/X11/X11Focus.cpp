@@ -15,7 +15,7 @@ namespace {
 
 // A window manager that was killed leaves its properties on the root window. The window that it names as its
 // own, however, does not survive.
-bool windowManagerActivates(xcb_connection_t* connection)
+bool windowManagerSupports(xcb_connection_t* connection, std::string_view property)
 {
     constexpr auto check = "_NET_SUPPORTING_WM_CHECK";
     const auto root = x11Root(connection);
@@ -23,7 +23,23 @@ bool windowManagerActivates(xcb_connection_t* connection)
     if (named.empty() || x11Values(connection, named[0], check) != named)
         return false;
     const auto supported = x11Values(connection, root, "_NET_SUPPORTED");
-    return std::ranges::find(supported, x11Atom(connection, "_NET_ACTIVE_WINDOW")) != supported.end();
+    return std::ranges::find(supported, x11Atom(connection, property)) != supported.end();
+}
+
+bool windowManagerActivates(xcb_connection_t* connection)
+{
+    return windowManagerSupports(connection, "_NET_ACTIVE_WINDOW");
+}
+
+// From the bottom to the top.
+std::vector<xcb_window_t> windowsOfDesktop(xcb_connection_t* connection)
+{
+    const auto cookie = xcb_query_tree(connection, x11Root(connection));
+    const auto reply = x11Reply(xcb_query_tree_reply(connection, cookie, nullptr));
+    if (!reply)
+        return {};
+    const auto* first = xcb_query_tree_children(reply.get());
+    return {first, first + xcb_query_tree_children_length(reply.get())};
 }
 
 std::optional<xcb_window_t> focusedWindow(xcb_connection_t* connection)
@@ -100,6 +116,16 @@ std::optional<std::uint32_t> processOfWindow(xcb_connection_t* connection, xcb_w
             return isOfThisMachine(connection, *each) ? std::optional(process[0]) : std::nullopt;
     }
     return std::nullopt;
+}
+
+std::vector<xcb_window_t> stackedWindows(xcb_connection_t* connection)
+{
+    constexpr auto stacking = "_NET_CLIENT_LIST_STACKING"; // from the bottom to the top
+    auto windows = windowManagerSupports(connection, stacking)
+        ? x11Values(connection, x11Root(connection), stacking)
+        : windowsOfDesktop(connection);
+    std::ranges::reverse(windows);
+    return windows;
 }
 
 std::optional<xcb_window_t> windowOfProcess(xcb_connection_t* connection, std::uint32_t process)

@@ -3,14 +3,16 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include <xcb/xcb.h>
 
 namespace quor::platform {
 
-// Functions for the active window, the window that has the keyboard. They use `_NET_ACTIVE_WINDOW` if a
-// window manager runs that supports it, otherwise the X server's input focus. A window of another process can
-// be destroyed at any time, so each function accepts windows that no longer exist. All wait for the server.
+// Functions for the order of windows, and for the active window, the one that has the keyboard. They use
+// `_NET_ACTIVE_WINDOW` if a window manager runs that supports it, otherwise the X server's input focus. A
+// window of another process can be destroyed at any time, so each function accepts windows that no longer
+// exist. All wait for the server.
 
 /// Returns the active window. Returns `nullopt` if there is none, or if the focus follows the pointer.
 [[nodiscard]] std::optional<xcb_window_t> activeWindow(xcb_connection_t* connection);
@@ -23,6 +25,10 @@ bool activateWindow(xcb_connection_t* connection, xcb_window_t window);
 /// Returns the process that `window` or one of its parents names in `_NET_WM_PID`. Returns `nullopt` if none
 /// does, or if that process runs on another machine.
 [[nodiscard]] std::optional<std::uint32_t> processOfWindow(xcb_connection_t* connection, xcb_window_t window);
+
+/// Returns the windows that a window manager manages, without one all windows of the desktop: the topmost
+/// first.
+[[nodiscard]] std::vector<xcb_window_t> stackedWindows(xcb_connection_t* connection);
 
 /// Returns the topmost managed window of a process. Returns `nullopt` if it has none, or without a window
 /// manager.

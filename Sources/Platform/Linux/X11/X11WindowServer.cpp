@@ -3,6 +3,7 @@
 
 #include "Platform/Lifetime/Callback.h"
 #include "Platform/Linux/X11/X11Connection.h"
+#include "Platform/Linux/X11/X11Focus.h"
 #include "Platform/Linux/X11/X11Window.h"
 
 #include <QGuiApplication>
@@ -10,6 +11,7 @@
 #include <QWindow>
 
 #include <array>
+#include <unordered_map>
 #include <utility>
 
 #include <xcb/xfixes.h>
@@ -114,6 +116,22 @@ void X11WindowServer::releaseKeyboard(QWindow& window)
         return;
     window.setKeyboardGrabEnabled(false);
     xcb_flush(connection); // now, as the caller may block before the event loop flushes
+}
+
+std::vector<QWindow*> X11WindowServer::orderedWindows()
+{
+    auto* connection = x11Connection();
+    if (!connection)
+        return {};
+    std::unordered_map<WId, QWindow*> ours;
+    for (QWindow* window : QGuiApplication::topLevelWindows())
+        if (window->isVisible() && window->visibility() != QWindow::Minimized)
+            ours.emplace(window->winId(), window);
+    std::vector<QWindow*> ordered;
+    for (const xcb_window_t window : stackedWindows(connection))
+        if (const auto found = ours.find(window); found != ours.end())
+            ordered.push_back(found->second);
+    return ordered;
 }
 
 bool X11WindowServer::missesPresses() const

@@ -10,9 +10,10 @@
 
 namespace quor::platform {
 
-/// The `WindowServer` for X11. If Qt does not use X11, `grabKeyboard` returns false and `releaseKeyboard` has
-/// no effect; `isCompositing` returns true on Wayland and false on other platforms, and observers are never
-/// called. Observers are also never called if the X server has no XFixes extension.
+/// The `WindowServer` for X11. If Qt does not use X11, `grabKeyboard` returns false, `releaseKeyboard` has
+/// no effect and `orderedWindows` returns an empty list; `isCompositing` returns true on Wayland and false on
+/// other platforms, and observers are never called. Observers are also never called if the X server has no
+/// XFixes extension.
 class X11WindowServer final : public QObject, public WindowServer, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -25,6 +26,7 @@ public:
     void prepareMenuWindow(QWidget& window) override;
     [[nodiscard]] bool grabKeyboard(QWindow& window) override;
     void releaseKeyboard(QWindow& window) override;
+    [[nodiscard]] std::vector<QWindow*> orderedWindows() override;
     [[nodiscard]] bool missesPresses() const override;
 
 Q_SIGNALS:
