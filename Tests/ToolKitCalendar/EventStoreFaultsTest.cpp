@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <csignal>
+#include <ctime>
 
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -124,6 +125,101 @@ TEST_F(Faults, BrokenFilesAreSkippedAndNeverWritten)
     EXPECT_FALSE(calendars_.files().contains(u"b.ics"_s));
     EXPECT_EQ(QDir(calendars_.path(u"local/zoo"_s)).entryList(QDir::Files).size(), 2);
     EXPECT_EQ(listed(all()), (QStringList{u"B@11-02 09:00"_s, u"U@11-03 09:00"_s}));
+}
+
+TEST_F(Faults, NoFileHoldsTheOthersBack)
+{
+    const auto zone = [](const QByteArray& rule) {
+        return "BEGIN:VTIMEZONE\nTZID:Z\nBEGIN:STANDARD\nDTSTART:16010101T000000\nRRULE:" + rule
+            + "\nTZOFFSETFROM:+0100\nTZOFFSETTO:+0100\nEND:STANDARD\nEND:VTIMEZONE\n"
+            + TestCalendars::event("z", "SUMMARY:Bad\nDTSTART;TZID=Z:20261102T090000");
+    };
+    const auto series = [](const QByteArray& rule, int count) {
+        QByteArray lines;
+        for (int i = 0; i < count; ++i)
+            lines += TestCalendars::event(QByteArray::number(i), "DTSTART:16010101T090000Z\nRRULE:" + rule)
+                + "\n";
+        return lines + TestCalendars::event("s", "SUMMARY:Bad\nDTSTART:20261102T080000Z");
+    };
+    const auto event = [](const QByteArray& line) {
+        return TestCalendars::event("e", "SUMMARY:Bad\nDTSTART:20261102T080000Z\n" + line);
+    };
+    const struct {
+        const char* name;
+        QByteArray lines;
+        bool isReadable;
+    } cases[] = {
+        {"zone by seconds", zone("FREQ=SECONDLY"), true},
+        {"zone by minutes", zone("FREQ=MINUTELY;INTERVAL=2"), true},
+        {"impossible zone", zone("FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30"), true},
+        {"impossible date", series("FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=30;COUNT=2", 200), true},
+        {"impossible weekday", series("FREQ=MONTHLY;BYDAY=5MO;BYMONTHDAY=1", 200), true},
+        {"impossible second", series("FREQ=SECONDLY;INTERVAL=2;BYSECOND=1;BYHOUR=3", 200), true},
+        {"impossible Chinese month", series("RSCALE=CHINESE;FREQ=YEARLY;BYMONTH=2;BYMONTHDAY=1;BYDAY=5MO", 2),
+            true},
+        {"countless seconds", series("FREQ=SECONDLY", 200), true},
+        {"folded attachment", event("ATTACH;VALUE=BINARY:" + ("\n " + QByteArray(74, 'x')).repeated(200'000)),
+            true},
+        {"long line", event("DESCRIPTION:" + QByteArray(16'000'000, 'x')), true},
+        {"empty lines", event(QByteArray("LOCATION:\n").repeated(100'000).trimmed()), true},
+        {"malformed lines", event(QByteArray("DTEND:x\n").repeated(100'000).trimmed()), false},
+    };
+    constexpr double mostSeconds
+        = 30; // of the processor, with sanitizers; far below what each case once took
+    calendars_.write(u"good.ics"_s, TestCalendars::event("good", "SUMMARY:Good\nDTSTART:20261102T090000Z"));
+    for (const auto& each : cases) {
+        calendars_.write(u"bad.ics"_s, each.lines);
+        EventStore store(calendars_.options());
+        const std::clock_t before = std::clock();
+        bool isGoodFound = false;
+        bool isBadFound = false;
+        for (const auto& found : events(store, "2026-11-02T08:00", "2026-11-03T00:00")) {
+            isGoodFound = isGoodFound || found->title() == u"Good";
+            if (isBadFound || found->title() != u"Bad")
+                continue;
+            isBadFound = true;
+            found->setTitle(u"Changed"_s);
+            EXPECT_FALSE(store.saveEvent(found, EventSpan::thisEvent, true)) << each.name;
+        }
+        EXPECT_TRUE(isGoodFound) << each.name;
+        EXPECT_EQ(isBadFound, each.isReadable) << each.name;
+        EXPECT_LT(double(std::clock() - before) / CLOCKS_PER_SEC, mostSeconds) << each.name;
+    }
+}
+
+TEST_F(Faults, WhatWasWrittenWhileNoFileCouldBeOpenedIsReadLater)
+{
+    writeOne();
+    ASSERT_EQ(all().size(), 1u);
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    for (int left = 0; left < 4; ++left) {
+        const QString calendar = u"local/%1"_s.arg(left);
+        ASSERT_TRUE(QDir(calendars_.path()).mkpath(calendar));
+        const QByteArray event = TestCalendars::event("b", "DTSTART:20261102T100000Z");
+        ASSERT_TRUE(writeFile(calendars_.path(calendar + u"/b.ics"_s), TestCalendars::calendar(event)));
+        calendars_.write(QString::number(left) + u".ics"_s, event);
+        const int free = dup(0);
+        close(free);
+        const rlimit small{rlim_t(free + left), limit.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &small);
+        EXPECT_LE(all().size(), std::size_t(3 + 2 * left)) << left;
+        setrlimit(RLIMIT_NOFILE, &limit);
+        EXPECT_EQ(all().size(), std::size_t(3 + 2 * left)) << left;
+    }
+}
+
+TEST_F(Faults, ALongListOfDatesIsReadAndKept)
+{
+    QByteArray dates = "RDATE:20261102T090000Z";
+    for (int day = 0; day < 1'000; ++day)
+        dates += ',' + QDate(2027, 1, 1).addDays(day).toString(u"yyyyMMdd"_s).toLatin1() + "T090000Z";
+    calendars_.write(u"a.ics"_s, TestCalendars::event("a", "DTSTART:20261102T090000Z\n" + dates));
+    const auto event = all().at(0);
+    event->setTitle(u"Changed"_s);
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::futureEvents, true));
+    EventStore again(calendars_.options());
+    EXPECT_EQ(events(again, "2026-11-01T00:00", "2030-01-01T00:00").size(), 1'001u);
 }
 
 TEST_F(Faults, WhatCannotBeSavedIsAnswered)

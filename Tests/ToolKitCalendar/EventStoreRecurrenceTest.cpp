@@ -138,6 +138,18 @@ TEST_F(Recurrence, FutureEventsBecomeASeriesOfTheirOwn)
     EXPECT_EQ(shownElsewhere("2026-10-01T00:00", "2026-10-25T00:00"), QStringList{u"A@10-20 07:00"_s});
 }
 
+TEST_F(Recurrence, AStartOutsideOfTheRuleIsNoOccurrence)
+{
+    const auto event = newEvent(store_, u"A"_s, "2026-11-03T09:00", "2026-11-03T10:00"); // a Tuesday
+    event->setRecurrenceRule(u"FREQ=WEEKLY;BYDAY=MO;COUNT=3"_s);
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, true));
+    EXPECT_EQ(listed({event}), QStringList{u"A@11-09 09:00"_s});
+    const Events all = events(store_, "2026-11-01T00:00", "2026-12-01T00:00");
+    EXPECT_EQ(listed(all), (QStringList{u"A@11-09 09:00"_s, u"A@11-16 09:00"_s, u"A@11-23 09:00"_s}));
+    ASSERT_FALSE(store_.removeEvent(all[0], EventSpan::futureEvents, true));
+    EXPECT_TRUE(calendars_.files().isEmpty()) << "a series without any occurrence could not be removed";
+}
+
 TEST_F(Recurrence, WholeDaysAndZonesAreWrittenPlainly)
 {
     const auto event = newEvent(store_, u"A"_s, "2026-10-23T22:00", "2026-10-25T23:00");

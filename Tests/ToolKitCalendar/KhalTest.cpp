@@ -4,6 +4,7 @@
 
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTimeZone>
 
 #include <gtest/gtest.h>
 
@@ -87,6 +88,39 @@ TEST(Khal, ReadsWhatWeWriteAndWritesWhatWeRead)
             listed(theirs), QStringList{zone == u"UTC" ? u"Theirs@11-02 09:00"_s : u"Theirs@11-02 08:00"_s})
             << made.toStdString();
     }
+    qunsetenv("TZ");
+    tzset();
+}
+
+TEST(Khal, ListsTheSameOccurrences)
+{
+    qputenv("TZ", "Europe/Berlin");
+    tzset();
+    const TestCalendars calendars;
+    int number = 0;
+    for (const char* each : {"20261103T090000\nRRULE:FREQ=WEEKLY;BYDAY=MO;COUNT=4", // not on the 3rd
+             "20261103T091000\nRRULE:FREQ=MONTHLY;BYDAY=MO,WE;BYSETPOS=-1;COUNT=2",
+             "20261024T023000\nRRULE:FREQ=DAILY;COUNT=3", // 2:30 occurs twice on the 25th
+             "20261025T024000", "20261101T092000\nRRULE:FREQ=WEEKLY;INTERVAL=2;BYDAY=SU,MO;WKST=SU;COUNT=6",
+             "20261130T093000\nRRULE:FREQ=MONTHLY;UNTIL=20270330T080000Z"}) {
+        const QByteArray name = QByteArray::number(number++);
+        calendars.write(QString::fromLatin1(name + ".ics"),
+            TestCalendars::event(name, "SUMMARY:" + name + "\nDTSTART;TZID=Europe/Berlin:" + each));
+    }
+    const Khal khal(calendars, u"Europe/Berlin"_s);
+    QStringList theirs = khal.run({u"list"_s, u"--day-format"_s, QString(), u"--format"_s,
+                                      u"{start-date} {start-time} {title}"_s, u"2026-10-20"_s, u"200d"_s})
+                             .split(u'\n', Qt::SkipEmptyParts);
+    EventStore store(calendars.options());
+    QStringList ours;
+    for (const auto& event : events(store, "2026-10-20T00:00", "2027-05-01T00:00")) {
+        const auto seconds = qint64(quor::platform::secondsSince1970(event->startDate()));
+        const auto start = QDateTime::fromSecsSinceEpoch(seconds, QTimeZone("Europe/Berlin"));
+        ours += start.toString(u"yyyy-MM-dd HH:mm "_s) + event->title();
+    }
+    theirs.sort();
+    ours.sort();
+    EXPECT_EQ(ours.join(u'\n').toStdString(), theirs.join(u'\n').toStdString());
     qunsetenv("TZ");
     tzset();
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace quor::toolkit {
 
@@ -41,8 +42,12 @@ void ItemIndex::visitEvents(Date start, Date end, const EventVisit& visit) const
         visitSingle(*each);
     for (const Entry& each : long_)
         visitSingle(each);
+    const QByteArray* file = nullptr;
+    ExpansionLimit limit;
     for (const Entry& each : series_) {
-        expand(*each.record, start, end, [&](Date occurrence, const EventFields& fields) {
+        if (std::exchange(file, each.file) != each.file)
+            limit = {};
+        expand(*each.record, start, end, limit, [&](Date occurrence, const EventFields& fields) {
             visit(*each.file, *each.record, occurrence, fields);
         });
     }

@@ -63,8 +63,9 @@ icalcomponent* masterOf(const ItemFile& file, const QString& uid)
 
 icalcomponent* overrideOf(const ItemFile& file, const QString& uid, Date occurrence)
 {
+    ZoneCache zones;
     for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid)) {
-        if (replacedStart(each) == occurrence)
+        if (replacedStart(each, zones) == occurrence)
             return each;
     }
     return nullptr;
@@ -84,6 +85,14 @@ std::optional<EventFields> occurrenceFields(const ItemFile& file, const QString&
             found = fields;
     }
     return found;
+}
+
+bool hasOccurrenceBefore(const ItemFile& file, const QString& uid, Date end)
+{
+    const FileRecords records = file.records();
+    return std::ranges::any_of(records.events, [&](const EventRecord& each) {
+        return each.uid == uid && each.recurrence && firstOccurrence(each, end);
+    });
 }
 
 /// Returns the file's values of the event or occurrence that the change is about.
@@ -129,8 +138,9 @@ public:
     void apply(icalcomponent* event, icalproperty_kind kind) const
     {
         std::vector<Date> moved;
+        ZoneCache zones;
         for (icalproperty* each : propertiesIn(event, kind)) {
-            const auto moment = readMoment(each);
+            const auto moment = readMoment(each, zones);
             if (!moment)
                 continue;
             const Date shifted
@@ -172,18 +182,24 @@ void endRules(icalcomponent* master, const EventFields& fields, Date end)
 template <class Keeps>
 void keepMoments(icalcomponent* event, icalproperty_kind kind, Keeps keeps)
 {
+    ZoneCache zones;
     for (icalproperty* each : propertiesIn(event, kind)) {
-        const auto moment = readMoment(each);
+        const auto moment = readMoment(each, zones);
+        // libical searches the list for a property to remove: what stays goes to its end.
+        icalcomponent_remove_property(event, each);
         if (moment && !keeps(*moment))
-            removeProperty(event, each);
+            icalproperty_free(each);
+        else
+            icalcomponent_add_property(event, each);
     }
 }
 
 template <class Drops>
 void dropOverrides(ItemFile& file, const QString& uid, Drops drops)
 {
+    ZoneCache zones;
     for (icalcomponent* each : file.components(ICAL_VEVENT_COMPONENT, uid)) {
-        const auto replaced = replacedStart(each);
+        const auto replaced = replacedStart(each, zones);
         if (replaced && drops(*replaced))
             file.remove(each);
     }
@@ -268,7 +284,7 @@ EventStoreResult endSeries(ItemFile& file, const EventChange& change)
         dropOverrides(file, change.uid, [&](Date moment) { return moment >= end; });
         return std::nullopt;
     }
-    if (end <= first->startDate) {
+    if (!hasOccurrenceBefore(file, change.uid, end)) {
         removeWhole(file, change.uid);
         return std::nullopt;
     }

@@ -30,37 +30,48 @@ bool isTimeZone(icalcomponent* component)
     return icalcomponent_isa(component) == ICAL_VTIMEZONE_COMPONENT;
 }
 
-/// The masked components directly within a calendar, see `MaskedItems.h`.
-std::vector<icalproperty*> maskedParts(icalcomponent* calendar)
+/// Whether the property takes the place of a component, see `MaskedItems.h`.
+bool isMaskedPart(icalproperty* property)
 {
-    std::vector<icalproperty*> parts = propertiesIn(calendar, ICAL_X_PROPERTY);
-    std::erase_if(
-        parts, [](icalproperty* each) { return qstrcmp(icalproperty_get_x_name(each), maskedPart) != 0; });
-    return parts;
+    return icalproperty_isa(property) == ICAL_X_PROPERTY
+        && qstrcmp(icalproperty_get_x_name(property), maskedPart) == 0;
 }
 
 } // namespace
 
-ItemFile::ItemFile(OwnedComponent root)
-    : root_(std::move(root))
+ItemFile::ItemFile(std::shared_ptr<const std::vector<QByteArray>> originals)
+    : root_(icalcomponent_new(ICAL_XROOT_COMPONENT))
+    , originals_(std::move(originals))
 {
 }
 
 ItemFile::ItemFile()
-    : root_(icalcomponent_vanew(ICAL_VCALENDAR_COMPONENT, icalproperty_new_version("2.0"),
-        icalproperty_new_prodid("-//quor//ToolKitCalendar//EN"), static_cast<void*>(nullptr)))
+    : ItemFile(std::make_shared<const std::vector<QByteArray>>())
 {
+    icalcomponent_add_component(root_.get(),
+        icalcomponent_vanew(ICAL_VCALENDAR_COMPONENT, icalproperty_new_version("2.0"),
+            icalproperty_new_prodid("-//quor//ToolKitCalendar//EN"), static_cast<void*>(nullptr)));
 }
 
 std::optional<ItemFile> ItemFile::parse(const QByteArray& bytes)
 {
-    // libical would stop at a zero byte, and the rest of the file would be lost with the next edit.
-    const auto masked = bytes.contains('\0') ? std::nullopt : maskItems(bytes);
+    // libical would stop at a zero byte, and the rest of the file would be lost
+    // with the next edit.
+    auto masked = bytes.contains('\0') ? std::nullopt : maskItems(bytes);
     if (!masked)
         return std::nullopt;
     icalerror_set_errors_are_fatal(0);
-    ItemFile file(OwnedComponent(icalparser_parse_string(masked->constData())));
-    if (!file.root_ || !isSound(file.root_.get()) || file.calendars().empty())
+    ItemFile file(std::make_shared<const std::vector<QByteArray>>(std::move(masked->originals)));
+    const std::unique_ptr<icalparser, decltype(&icalparser_free)> parser(icalparser_new(), &icalparser_free);
+    for (QByteArray& line : masked->lines) {
+        if (icalcomponent* const calendar = icalparser_add_line(parser.get(), line.data()))
+            icalcomponent_add_component(file.root_.get(), calendar);
+        // The time that libical takes for the next line grows with the number of
+        // errors.
+        if (icalparser_get_state(parser.get()) == ICALPARSER_ERROR)
+            return std::nullopt;
+    }
+    if (!isSound(file.root_.get()) || file.calendars().empty())
         return std::nullopt;
     icalcomponent_strip_errors(file.root_.get());
     return file;
@@ -68,15 +79,7 @@ std::optional<ItemFile> ItemFile::parse(const QByteArray& bytes)
 
 std::vector<icalcomponent*> ItemFile::calendars() const
 {
-    if (icalcomponent_isa(root_.get()) == ICAL_VCALENDAR_COMPONENT)
-        return {root_.get()};
-    if (icalcomponent_isa(root_.get()) != ICAL_XROOT_COMPONENT)
-        return {};
-    // A component of another kind would be lost, so such a file has no calendars.
-    auto calendars = componentsIn(root_.get());
-    const bool areAll = std::ranges::all_of(
-        calendars, [](icalcomponent* each) { return icalcomponent_isa(each) == ICAL_VCALENDAR_COMPONENT; });
-    return areAll ? calendars : std::vector<icalcomponent*>();
+    return componentsIn(root_.get(), ICAL_VCALENDAR_COMPONENT);
 }
 
 FileRecords ItemFile::records() const
@@ -90,7 +93,8 @@ FileRecords ItemFile::records() const
 bool ItemFile::isEmpty() const
 {
     return std::ranges::all_of(calendars(), [](icalcomponent* calendar) {
-        return maskedParts(calendar).empty() && std::ranges::all_of(componentsIn(calendar), isTimeZone);
+        return std::ranges::none_of(propertiesIn(calendar, ICAL_X_PROPERTY), isMaskedPart)
+            && std::ranges::all_of(componentsIn(calendar), isTimeZone);
     });
 }
 
@@ -102,19 +106,23 @@ QByteArray ItemFile::bytes() const
         bytes += text;
         std::free(text);
     }
-    return unmaskItems(bytes);
+    return unmaskItems(bytes, *originals_);
 }
 
 ItemFile ItemFile::extract(const QString& uid) const
 {
-    ItemFile file(OwnedComponent(icalcomponent_new_clone(root_.get())));
-    for (icalcomponent* calendar : file.calendars()) {
-        for (icalcomponent* each : componentsIn(calendar)) {
-            if (!isTimeZone(each) && uidOf(each) != uid)
-                file.remove(each);
+    ItemFile file(originals_);
+    for (icalcomponent* calendar : calendars()) {
+        icalcomponent* const copy = icalcomponent_new(ICAL_VCALENDAR_COMPONENT);
+        icalcomponent_add_component(file.root_.get(), copy);
+        for (icalproperty* each : propertiesIn(calendar, ICAL_ANY_PROPERTY)) {
+            if (!isMaskedPart(each))
+                icalcomponent_add_property(copy, icalproperty_new_clone(each));
         }
-        for (icalproperty* part : maskedParts(calendar))
-            removeProperty(calendar, part);
+        for (icalcomponent* each : componentsIn(calendar)) {
+            if (isTimeZone(each) || uidOf(each) == uid)
+                icalcomponent_add_component(copy, icalcomponent_new_clone(each));
+        }
     }
     return file;
 }
@@ -134,7 +142,9 @@ std::vector<icalcomponent*> ItemFile::components(icalcomponent_kind kind, const 
 icalcomponent* ItemFile::master(icalcomponent_kind kind, const QString& uid) const
 {
     const auto found = components(kind, uid);
-    const auto master = std::ranges::find_if(found, [](icalcomponent* each) { return !replacedStart(each); });
+    ZoneCache zones;
+    const auto master
+        = std::ranges::find_if(found, [&zones](icalcomponent* each) { return !replacedStart(each, zones); });
     return master == found.end() ? nullptr : *master;
 }
 

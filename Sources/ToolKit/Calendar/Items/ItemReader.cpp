@@ -70,10 +70,10 @@ std::optional<Seconds> durationOf(icalcomponent* component)
         + duration.minutes * 60.0 + duration.seconds);
 }
 
-Date endOf(icalcomponent* event, const EventFields& fields, icalproperty* start)
+Date endOf(icalcomponent* event, const EventFields& fields, icalproperty* start, ZoneCache& zones)
 {
     if (icalproperty* const found = property(event, ICAL_DTEND_PROPERTY)) {
-        const auto end = readMoment(found);
+        const auto end = readMoment(found, zones);
         if (end && *end > fields.startDate)
             return *end;
     } else if (const auto duration = durationOf(event); duration && !fields.isAllDay) {
@@ -87,7 +87,7 @@ Date endOf(icalcomponent* event, const EventFields& fields, icalproperty* start)
     const int count = days.count() < 1e9 ? std::max(1, int(days.count() / 86'400)) : 1;
     icaltimetype end = timeOf(start);
     icaltime_adjust(&end, count, 0, 0, 0);
-    return zoneOf(start).moment(end);
+    return zones.zoneOf(start).moment(end);
 }
 
 QByteArray ruleText(icalproperty* property)
@@ -99,39 +99,39 @@ QByteArray ruleText(icalproperty* property)
     return result;
 }
 
-std::vector<Date> moments(icalcomponent* event, icalproperty_kind kind)
+std::vector<Date> moments(icalcomponent* event, icalproperty_kind kind, ZoneCache& zones)
 {
     std::vector<Date> moments;
     for (icalproperty* each : propertiesIn(event, kind)) {
-        if (const auto moment = readMoment(each))
+        if (const auto moment = readMoment(each, zones))
             moments.push_back(*moment);
     }
     std::ranges::sort(moments);
     return moments;
 }
 
-std::shared_ptr<Recurrence> recurrenceOf(icalcomponent* event, const EventFields& fields)
+std::shared_ptr<Recurrence> recurrenceOf(icalcomponent* event, const EventFields& fields, ZoneCache& zones)
 {
     auto recurrence = std::make_shared<Recurrence>();
     icalproperty* const start = property(event, ICAL_DTSTART_PROPERTY);
-    recurrence->zone = zoneOf(start);
+    recurrence->zone = zones.zoneOf(start);
     recurrence->first = timeOf(start);
     recurrence->days = int(std::clamp((fields.endDate - fields.startDate) / Seconds(86'400) + 0.5, 1.0, 1e6));
     for (icalproperty* each : propertiesIn(event, ICAL_RRULE_PROPERTY))
         recurrence->rules.push_back(ruleText(each));
-    recurrence->added = moments(event, ICAL_RDATE_PROPERTY);
-    recurrence->removed = moments(event, ICAL_EXDATE_PROPERTY);
+    recurrence->added = moments(event, ICAL_RDATE_PROPERTY, zones);
+    recurrence->removed = moments(event, ICAL_EXDATE_PROPERTY, zones);
     return recurrence;
 }
 
-void readEvents(icalcomponent* calendar, std::vector<EventRecord>& events)
+void readEvents(icalcomponent* calendar, std::vector<EventRecord>& events, ZoneCache& zones)
 {
     std::map<QString, std::shared_ptr<Recurrence>> series;
     const auto visit = [&](bool overrides) {
         for (icalcomponent* each : componentsIn(calendar, ICAL_VEVENT_COMPONENT)) {
-            const auto replaced = replacedStart(each);
+            const auto replaced = replacedStart(each, zones);
             const QString uid = replaced.has_value() == overrides ? uidOf(each) : QString();
-            const auto fields = uid.isEmpty() ? std::nullopt : readEvent(each);
+            const auto fields = uid.isEmpty() ? std::nullopt : readEvent(each, zones);
             if (!fields)
                 continue;
             const auto found = overrides ? series.find(uid) : series.end();
@@ -143,7 +143,7 @@ void readEvents(icalcomponent* calendar, std::vector<EventRecord>& events)
                 found->second->overrides.insert_or_assign(*replaced, own);
                 continue;
             }
-            const auto recurrence = overrides || !recurs(each) ? nullptr : recurrenceOf(each, *fields);
+            const auto recurrence = overrides || !recurs(each) ? nullptr : recurrenceOf(each, *fields, zones);
             if (recurrence)
                 series.insert_or_assign(uid, recurrence);
             events.push_back({uid, *fields, replaced, recurrence});
@@ -165,7 +165,7 @@ bool recurs(icalcomponent* event)
     return property(event, ICAL_RRULE_PROPERTY) || property(event, ICAL_RDATE_PROPERTY);
 }
 
-ItemZone zoneOf(icalproperty* property)
+ItemZone ZoneCache::zoneOf(icalproperty* property)
 {
     if (icaltime_is_utc(timeOf(property)))
         return ItemZone::utc();
@@ -173,29 +173,33 @@ ItemZone zoneOf(icalproperty* property)
     const char* const text = name ? icalparameter_get_tzid(name) : nullptr;
     if (!text)
         return {};
-    icalcomponent* parent = icalproperty_get_parent(property);
-    return ItemZone::named(text, parent ? icalcomponent_get_parent(parent) : nullptr);
+    icalcomponent* const parent = icalproperty_get_parent(property);
+    icalcomponent* const calendar = parent ? icalcomponent_get_parent(parent) : nullptr;
+    const auto [found, isNew] = known_.try_emplace({calendar, text});
+    if (isNew)
+        found->second = ItemZone::named(text, calendar);
+    return found->second;
 }
 
-std::optional<Date> readMoment(icalproperty* property)
+std::optional<Date> readMoment(icalproperty* property, ZoneCache& zones)
 {
     const icaltimetype time = timeOf(property);
     if (icaltime_is_null_time(time))
         return std::nullopt;
-    const Date moment = zoneOf(property).moment(time);
+    const Date moment = zones.zoneOf(property).moment(time);
     return isWritable(moment) ? std::optional(moment) : std::nullopt;
 }
 
-std::optional<Date> replacedStart(icalcomponent* event)
+std::optional<Date> replacedStart(icalcomponent* event, ZoneCache& zones)
 {
     icalproperty* const found = property(event, ICAL_RECURRENCEID_PROPERTY);
-    return found ? readMoment(found) : std::nullopt;
+    return found ? readMoment(found, zones) : std::nullopt;
 }
 
-std::optional<EventFields> readEvent(icalcomponent* event)
+std::optional<EventFields> readEvent(icalcomponent* event, ZoneCache& zones)
 {
     icalproperty* const start = property(event, ICAL_DTSTART_PROPERTY);
-    const auto moment = start ? readMoment(start) : std::nullopt;
+    const auto moment = start ? readMoment(start, zones) : std::nullopt;
     if (!moment)
         return std::nullopt;
     EventFields fields;
@@ -205,22 +209,22 @@ std::optional<EventFields> readEvent(icalcomponent* event)
     fields.url = text(event, ICAL_URL_PROPERTY);
     fields.startDate = *moment;
     fields.isAllDay = timeOf(start).is_date;
-    fields.timeZone = fields.isAllDay ? QString() : zoneOf(start).name();
-    fields.endDate = endOf(event, fields, start);
+    fields.timeZone = fields.isAllDay ? QString() : zones.zoneOf(start).name();
+    fields.endDate = endOf(event, fields, start, zones);
     if (icalproperty* const rule = property(event, ICAL_RRULE_PROPERTY))
         fields.recurrenceRule = QString::fromUtf8(ruleText(rule));
     return fields;
 }
 
-ReminderFields readReminder(icalcomponent* reminder)
+ReminderFields readReminder(icalcomponent* reminder, ZoneCache& zones)
 {
     ReminderFields fields;
     fields.title = text(reminder, ICAL_SUMMARY_PROPERTY);
     fields.notes = text(reminder, ICAL_DESCRIPTION_PROPERTY);
     if (icalproperty* const due = property(reminder, ICAL_DUE_PROPERTY)) {
-        fields.dueDate = readMoment(due);
+        fields.dueDate = readMoment(due, zones);
     } else if (icalproperty* const start = property(reminder, ICAL_DTSTART_PROPERTY)) {
-        const auto begin = readMoment(start);
+        const auto begin = readMoment(start, zones);
         const auto duration = durationOf(reminder);
         if (begin && duration && isWritable(*begin + *duration))
             fields.dueDate = *begin + *duration;
@@ -231,7 +235,7 @@ ReminderFields readReminder(icalcomponent* reminder)
     // A cancelled reminder needs no work either.
     fields.isCompleted = completed || state == ICAL_STATUS_COMPLETED || state == ICAL_STATUS_CANCELLED;
     if (completed)
-        fields.completionDate = readMoment(completed);
+        fields.completionDate = readMoment(completed, zones);
     if (icalproperty* const priority = property(reminder, ICAL_PRIORITY_PROPERTY))
         fields.priority = std::clamp(icalproperty_get_priority(priority), 0, 9);
     return fields;
@@ -239,11 +243,12 @@ ReminderFields readReminder(icalcomponent* reminder)
 
 void readItems(icalcomponent* calendar, FileRecords& records)
 {
-    readEvents(calendar, records.events);
+    ZoneCache zones;
+    readEvents(calendar, records.events, zones);
     for (icalcomponent* each : componentsIn(calendar, ICAL_VTODO_COMPONENT)) {
-        const QString uid = replacedStart(each) ? QString() : uidOf(each);
+        const QString uid = replacedStart(each, zones) ? QString() : uidOf(each);
         if (!uid.isEmpty())
-            records.reminders.push_back({uid, readReminder(each)});
+            records.reminders.push_back({uid, readReminder(each, zones)});
     }
 }
 

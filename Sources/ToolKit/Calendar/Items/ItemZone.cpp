@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Items/ItemZone.h"
 
-#include "ToolKit/Calendar/Items/Components.h"
-
 #include <QDateTime>
 
 #include <cmath>
@@ -36,19 +34,24 @@ std::optional<QTimeZone> machineZone(const QByteArray& name)
 
 icalcomponent* zoneDefinition(icalcomponent* calendar, const QByteArray& name)
 {
-    for (icalcomponent* zone : componentsIn(calendar, ICAL_VTIMEZONE_COMPONENT)) {
-        const icalproperty* id = icalcomponent_get_first_property(zone, ICAL_TZID_PROPERTY);
-        const char* text = id ? icalproperty_get_tzid(id) : nullptr;
-        if (text && name == text)
-            return zone;
-    }
-    return nullptr;
+    icaltimezone* const zone = icalcomponent_get_timezone(calendar, name.constData());
+    return zone ? icaltimezone_get_component(zone) : nullptr;
 }
 
 bool isWritable(Date date)
 {
     const double seconds = secondsSince1970(date);
     return seconds >= firstSecond && seconds <= lastSecond;
+}
+
+std::optional<std::chrono::local_seconds> localTime(const icaltimetype& time)
+{
+    const QDate day(time.year, time.month, time.day);
+    const QTime clock = time.is_date ? QTime(0, 0) : QTime(time.hour, time.minute, std::min(time.second, 59));
+    if (!day.isValid() || !clock.isValid())
+        return std::nullopt;
+    const qint64 seconds = QDateTime(day, clock, Qt::UTC).toSecsSinceEpoch();
+    return std::chrono::local_seconds(std::chrono::seconds(seconds));
 }
 
 ItemZone::ItemZone(const QTimeZone& zone)
@@ -75,50 +78,47 @@ ItemZone ItemZone::named(const QByteArray& name, icalcomponent* calendar)
         return known->id() == "Etc/UTC" ? utc() : ItemZone(*known);
     ItemZone zone;
     if (icalcomponent* const found = calendar ? zoneDefinition(calendar, name) : nullptr) {
-        zone.defined_ = std::shared_ptr<icaltimezone>(
-            icaltimezone_new(), [](icaltimezone* each) { icaltimezone_free(each, 1); });
-        // On success the zone takes over the copy.
-        icalcomponent* const copy = icalcomponent_new_clone(found);
-        if (icaltimezone_set_component(zone.defined_.get(), copy)) {
+        if (auto defined = std::make_shared<const DefinedZone>(found); defined->isValid()) {
             zone.name_ = QString::fromUtf8(name);
-        } else {
-            icalcomponent_free(copy);
-            zone.defined_.reset();
+            zone.defined_ = std::move(defined);
         }
     }
     return zone;
 }
 
+qint64 ItemZone::offsetAt(qint64 moment) const
+{
+    return defined_ ? defined_->offsetAt(moment)
+                    : zone_.offsetFromUtc(QDateTime::fromSecsSinceEpoch(moment, Qt::UTC));
+}
+
 Date ItemZone::moment(const icaltimetype& local) const
 {
-    const QDate day(local.year, local.month, local.day);
-    const QTime time
-        = local.is_date ? QTime(0, 0) : QTime(local.hour, local.minute, std::min(local.second, 59));
-    if (!day.isValid() || !time.isValid())
-        return dateFromSeconds(std::nan(""));
-    if (local.is_date)
-        return dateFromSeconds(double(day.startOfDay(zone_).toSecsSinceEpoch()));
-    if (defined_) {
-        icaltimetype copy = local;
-        int isDaylight = 0;
-        const int offset = icaltimezone_get_utc_offset(defined_.get(), &copy, &isDaylight);
-        return dateFromSeconds(double(QDateTime(day, time, Qt::UTC).toSecsSinceEpoch()) - offset);
-    }
-    return dateFromSeconds(double(QDateTime(day, time, zone_).toSecsSinceEpoch()));
+    const auto time = toolkit::localTime(local);
+    return time ? moment(*time) : dateFromSeconds(std::nan(""));
+}
+
+Date ItemZone::moment(std::chrono::local_seconds local) const
+{
+    constexpr qint64 day = 86'400;
+    const qint64 seconds = local.time_since_epoch().count();
+    const qint64 before = offsetAt(seconds - day);
+    const qint64 after = offsetAt(seconds + day);
+    const bool isAfter
+        = before != after && offsetAt(seconds - before) != before && offsetAt(seconds - after) == after;
+    return dateFromSeconds(double(seconds - (isAfter ? after : before)));
+}
+
+std::chrono::local_seconds ItemZone::localTime(Date moment) const
+{
+    const auto seconds = static_cast<qint64>(std::llround(secondsSince1970(moment)));
+    return std::chrono::local_seconds(std::chrono::seconds(seconds + offsetAt(seconds)));
 }
 
 icaltimetype ItemZone::local(Date moment, bool isDate) const
 {
-    const auto seconds = static_cast<qint64>(std::llround(secondsSince1970(moment)));
-    QDateTime time;
-    if (defined_) {
-        icaltimetype utc = icaltime_from_timet_with_zone(seconds, 0, icaltimezone_get_utc_timezone());
-        int isDaylight = 0;
-        const int offset = icaltimezone_get_utc_offset_of_utc_time(defined_.get(), &utc, &isDaylight);
-        time = QDateTime::fromSecsSinceEpoch(seconds + offset, Qt::UTC);
-    } else {
-        time = QDateTime::fromSecsSinceEpoch(seconds, zone_);
-    }
+    const auto seconds = localTime(moment).time_since_epoch().count();
+    const auto time = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
     icaltimetype local = icaltime_null_time();
     local.year = time.date().year();
     local.month = time.date().month();

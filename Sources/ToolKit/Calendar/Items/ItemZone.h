@@ -3,13 +3,16 @@
 
 #include "Platform/Calendar/TimeZones.h"
 #include "Platform/Services/Clock.h"
+#include "ToolKit/Calendar/Items/DefinedZone.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <libical/ical.h>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 
 namespace quor::toolkit {
 
@@ -28,19 +31,28 @@ public:
 
     /// Empty for floating time and for an unknown name.
     [[nodiscard]] const QString& name() const { return name_; }
-    /// Returns a date that is not a number if `local` does not exist.
+    /// Returns a date that is not a number if `local` is no valid date or time.
     [[nodiscard]] platform::Date moment(const icaltimetype& local) const;
+    /// Where the clock is set back, a local time occurs twice: returns the first moment. Where the clock is
+    /// set forward, a local time does not occur: returns the moment that follows from the offset before.
+    [[nodiscard]] platform::Date moment(std::chrono::local_seconds local) const;
+    /// Returns whole seconds.
+    [[nodiscard]] std::chrono::local_seconds localTime(platform::Date moment) const;
     /// Returns whole seconds, or a date alone. Only a time in UTC carries its zone.
     [[nodiscard]] icaltimetype local(platform::Date moment, bool isDate) const;
 
 private:
     explicit ItemZone(const QTimeZone& zone);
+    /// In seconds. `moment` is in seconds since 1970.
+    [[nodiscard]] qint64 offsetAt(qint64 moment) const;
 
     QString name_;
     QTimeZone zone_ = platform::userTimeZone();
-    /// The zone that the file defines; null for a zone of the machine.
-    std::shared_ptr<icaltimezone> defined_;
+    std::shared_ptr<const DefinedZone> defined_; ///< null for a zone of the machine
 };
+
+/// Returns `nullopt` if `time` is no valid date or time. Leap seconds are left out.
+[[nodiscard]] std::optional<std::chrono::local_seconds> localTime(const icaltimetype& time);
 
 /// Returns the definition of that name (VTIMEZONE) in a calendar, null if there is none. Borrowed.
 [[nodiscard]] icalcomponent* zoneDefinition(icalcomponent* calendar, const QByteArray& name);

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quor::toolkit {
@@ -12,7 +13,8 @@ namespace {
 
 using namespace std::string_view_literals;
 
-// Far above what programs write. libical walks components by recursion, so there must be a limit.
+// Far above what programs write. libical walks components by recursion, so
+// there must be a limit.
 constexpr std::size_t deepestNesting = 20;
 constexpr char maskedLine[] = "X-QUOR-MASKED-LINE";
 
@@ -31,7 +33,8 @@ bool contains(const std::array<std::string_view, count>& sorted, const QByteArra
         sorted, std::string_view(name.constData(), static_cast<std::size_t>(name.size())));
 }
 
-/// A content line. It may be folded: continued on further lines that begin with a blank.
+/// A content line. It may be folded: continued on further lines that begin with
+/// a blank.
 struct Line {
     QByteArrayView raw; ///< with all folds, and with the line break at the end
     QByteArray name; ///< in capitals; empty if the line has no name
@@ -43,7 +46,9 @@ QByteArray unfolded(QByteArrayView raw)
 {
     QByteArray line = raw.toByteArray();
     line.replace("\r\n", "\n").replace("\n ", "").replace("\n\t", "");
-    return line.trimmed();
+    while (line.endsWith('\n') || line.endsWith('\r'))
+        line.chop(1);
+    return line;
 }
 
 /// Removes the first content line from the text, and returns it.
@@ -70,13 +75,21 @@ Line takeLine(QByteArrayView& text)
     return line;
 }
 
-QByteArray masked(const char* name, QByteArrayView raw)
+/// Returns where the value of an unfolded line begins, -1 if the line has none.
+qsizetype valueOf(const QByteArray& line)
 {
-    return QByteArray(name) + ':' + raw.toByteArray().toBase64() + "\r\n";
+    bool isQuoted = false;
+    for (qsizetype i = 0; i < line.size(); ++i) {
+        if (line[i] == '"')
+            isQuoted = !isQuoted;
+        else if (line[i] == ':' && !isQuoted)
+            return i + 1;
+    }
+    return -1;
 }
 
-/// Builds the text for libical, line by line.
-class MaskedText final {
+/// Builds the lines for libical.
+class MaskedLines final {
 public:
     /// Returns false if the file is no calendar file.
     [[nodiscard]] bool add(const Line& line)
@@ -92,13 +105,13 @@ public:
         if (isForeign())
             foreign_ += line.raw;
         else if (contains(readProperties, line.name))
-            text_ += line.raw;
+            addRead(line);
         else
-            text_ += masked(maskedLine, line.raw);
+            addMasked(maskedLine, line.raw.toByteArray());
         return true;
     }
     [[nodiscard]] bool isWhole() const { return open_.empty(); }
-    [[nodiscard]] const QByteArray& text() const { return text_; }
+    [[nodiscard]] MaskedFile take() { return std::move(file_); }
 
 private:
     [[nodiscard]] bool isForeign() const { return foreignDepth_ > 0; }
@@ -110,7 +123,7 @@ private:
         open_.push_back(line.value);
         if (!isForeign() && !contains(readComponents, line.value))
             foreignDepth_ = open_.size();
-        (isForeign() ? foreign_ : text_) += line.raw;
+        addBoundary(line);
         return open_.size() <= deepestNesting;
     }
 
@@ -118,27 +131,57 @@ private:
     {
         if (open_.empty() || open_.back() != line.value)
             return false;
-        (isForeign() ? foreign_ : text_) += line.raw;
+        addBoundary(line);
         if (open_.size() == foreignDepth_) {
-            text_ += masked(maskedPart, foreign_);
-            foreign_.clear();
+            addMasked(maskedPart, std::exchange(foreign_, {}));
             foreignDepth_ = 0;
         }
         open_.pop_back();
         return true;
     }
 
-    QByteArray text_;
+    void addBoundary(const Line& line)
+    {
+        if (isForeign())
+            foreign_ += line.raw;
+        else
+            file_.lines.push_back(line.name + ':' + line.value);
+    }
+
+    void addRead(const Line& line)
+    {
+        QByteArray whole = unfolded(line.raw);
+        const qsizetype value = valueOf(whole);
+        const bool isList = line.name == "EXDATE" || line.name == "RDATE";
+        if (value < 0 || !isList) {
+            if (value < 0 || !QByteArrayView(whole).sliced(value).trimmed().isEmpty())
+                file_.lines.push_back(std::move(whole));
+            return;
+        }
+        for (const QByteArray& each : whole.sliced(value).split(',')) {
+            if (!each.trimmed().isEmpty())
+                file_.lines.push_back(whole.first(value) + each);
+        }
+    }
+
+    void addMasked(const char* name, QByteArray original)
+    {
+        file_.lines.push_back(QByteArray(name) + ':' + QByteArray::number(file_.originals.size()));
+        file_.originals.push_back(std::move(original));
+    }
+
+    MaskedFile file_;
     std::vector<QByteArray> open_;
     std::size_t foreignDepth_ = 0; ///< depth of the outermost component that is not read; 0 outside of it
     QByteArray foreign_;
 };
 
-/// Returns what was masked, with the line breaks that libical writes.
-QByteArray original(QByteArrayView raw)
+/// Returns what was masked, with the line breaks that libical writes. Returns
+/// an empty text if `line`, which libical wrote, is damaged.
+QByteArray original(QByteArrayView line, const std::vector<QByteArray>& originals)
 {
-    const QByteArray line = unfolded(raw);
-    QByteArray text = QByteArray::fromBase64(line.sliced(line.indexOf(':') + 1));
+    const std::size_t number = unfolded(line).split(':').constLast().toULong();
+    QByteArray text = number < originals.size() ? originals[number] : QByteArray();
     if (!text.endsWith('\n'))
         text += '\n';
     return text.replace("\r\n", "\n").replace("\n", "\r\n");
@@ -146,19 +189,19 @@ QByteArray original(QByteArrayView raw)
 
 } // namespace
 
-std::optional<QByteArray> maskItems(QByteArrayView file)
+std::optional<MaskedFile> maskItems(QByteArrayView file)
 {
     if (file.startsWith("\xEF\xBB\xBF"))
         file = file.sliced(3);
-    MaskedText result;
+    MaskedLines result;
     while (!file.isEmpty()) {
         if (!result.add(takeLine(file)))
             return std::nullopt;
     }
-    return result.isWhole() ? std::optional(result.text()) : std::nullopt;
+    return result.isWhole() ? std::optional(result.take()) : std::nullopt;
 }
 
-QByteArray unmaskItems(QByteArrayView text)
+QByteArray unmaskItems(QByteArrayView text, const std::vector<QByteArray>& originals)
 {
     QByteArray file;
     file.reserve(text.size());
@@ -166,9 +209,9 @@ QByteArray unmaskItems(QByteArrayView text)
     while (!text.isEmpty()) {
         const Line line = takeLine(text);
         if (line.name == maskedLine) {
-            file += original(line.raw);
+            file += original(line.raw, originals);
         } else if (line.name == maskedPart && !parts.empty()) {
-            parts.back() += original(line.raw);
+            parts.back() += original(line.raw, originals);
         } else {
             if (line.name == "BEGIN")
                 parts.emplace_back();

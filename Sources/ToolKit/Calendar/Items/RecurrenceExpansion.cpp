@@ -2,164 +2,159 @@
 #include "ToolKit/Calendar/Items/RecurrenceExpansion.h"
 
 #include "ToolKit/Calendar/Items/ItemRule.h"
+#include "ToolKit/Calendar/Items/RuleIterator.h"
 
 #include <algorithm>
 #include <chrono>
-#include <cmath>
+#include <cstdlib>
 #include <set>
 
 namespace quor::toolkit {
 
 namespace {
 
+using std::chrono::local_seconds;
 using Seconds = std::chrono::duration<double>;
 using Iterator = std::unique_ptr<icalrecur_iterator, decltype(&icalrecur_iterator_free)>;
 
-// A rule with a count is walked from its first occurrence. This limits the walk.
-constexpr int mostSteps = 100'000;
 constexpr Seconds aDay{86'400};
+constexpr int leapMonth = 0x1000; // libical's flag
+// By the rules of summer time. Only where a zone changed its date was it more.
+constexpr Seconds longestClockChange{3 * 3'600};
 
-/// Whether libical may search for centuries, in one call that cannot be stopped, before it finds a match: a
-/// rule by hour, minute or second with conditions. Of such a series only the first occurrence is listed.
-bool isEndlessSearch(const icalrecurrencetype& rule)
+/// Whether the rule needs libical's calendars: another one than the Gregorian, or months that are too short
+/// for a day are not just left out.
+bool isScaled(const icalrecurrencetype& rule)
 {
-    if (rule.freq > ICAL_HOURLY_RECURRENCE)
-        return false;
-    const auto has = [](const short* values) { return values[0] != ICAL_RECURRENCE_ARRAY_MAX; };
-    return has(rule.by_second) || has(rule.by_minute) || has(rule.by_hour) || has(rule.by_day)
-        || has(rule.by_month_day) || has(rule.by_year_day) || has(rule.by_week_no) || has(rule.by_month)
-        || has(rule.by_set_pos);
+    return rule.rscale && (rule.skip != ICAL_SKIP_OMIT || qstricmp(rule.rscale, "GREGORIAN") != 0);
 }
 
-/// Whether none of the rule's months has one of its days. libical would search for them forever.
-bool isImpossible(const icalrecurrencetype& rule)
+bool isGiven(const short* values)
 {
-    if (rule.by_month[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.by_month_day[0] == ICAL_RECURRENCE_ARRAY_MAX)
-        return false;
-    int longest = 0;
-    for (const short* month = rule.by_month; *month != ICAL_RECURRENCE_ARRAY_MAX; ++month)
-        longest = std::max(longest, *month >= 1 && *month <= 12 ? icaltime_days_in_month(*month, 2000) : 31);
-    int least = 31;
-    for (const short* day = rule.by_month_day; *day != ICAL_RECURRENCE_ARRAY_MAX; ++day)
-        least = std::min(least, std::abs(int(*day)));
-    return least > longest;
+    return values[0] != ICAL_RECURRENCE_ARRAY_MAX;
 }
 
-/// Whether a period never has as many candidates as the rule's positions (BYSETPOS) require: there is no
-/// 300th Monday in a month. libical would search for them forever.
-bool isPositionImpossible(const icalrecurrencetype& rule)
+/// Whether libical finds an occurrence in each year. It searches for others without a limit.
+bool occursEachYear(const icalrecurrencetype& rule)
 {
-    if (rule.by_set_pos[0] == ICAL_RECURRENCE_ARRAY_MAX || rule.freq == ICAL_YEARLY_RECURRENCE)
-        return false;
-    const auto times = [](const short* values) {
-        int count = 0;
-        while (values[count] != ICAL_RECURRENCE_ARRAY_MAX)
-            ++count;
-        return std::max(1, count);
+    constexpr int shortestMonth = 29;
+    constexpr int mostMonths = 12;
+    const auto isWithin = [](const short* values, int limit) {
+        while (*values != ICAL_RECURRENCE_ARRAY_MAX && std::abs(int(*values)) <= limit)
+            ++values;
+        return *values == ICAL_RECURRENCE_ARRAY_MAX;
     };
-    const int days = rule.freq == ICAL_MONTHLY_RECURRENCE ? 31 : 7;
-    const qint64 most = qint64(days) * times(rule.by_hour) * times(rule.by_minute) * times(rule.by_second);
-    for (const short* place = rule.by_set_pos; *place != ICAL_RECURRENCE_ARRAY_MAX; ++place) {
-        if (std::abs(int(*place)) <= most)
-            return false;
-    }
-    return true;
+    const bool isSkipping = rule.skip != ICAL_SKIP_OMIT;
+    return (rule.freq == ICAL_YEARLY_RECURRENCE || rule.freq == ICAL_MONTHLY_RECURRENCE)
+        && !isGiven(rule.by_day) && !isGiven(rule.by_year_day) && !isGiven(rule.by_week_no)
+        && !isGiven(rule.by_set_pos) && (isSkipping || isWithin(rule.by_month_day, shortestMonth))
+        && isWithin(rule.by_month, isSkipping ? leapMonth | mostMonths : mostMonths);
 }
 
-/// Converts the end of the rule to the zone and the kind of the events. libical compares the two without
-/// regard to zones.
-void localiseEnd(icalrecurrencetype& rule, const Recurrence& recurrence)
+/// Of a series by other rules, only the first occurrence is listed.
+bool isUsable(const ItemRule& rule, bool isDate)
+{
+    if (!rule.isValid())
+        return false;
+    if (isScaled(rule.value))
+        return occursEachYear(rule.value);
+    return rule.value.freq > ICAL_HOURLY_RECURRENCE || !isDate;
+}
+
+/// Returns the last local time that the rule allows. An end that is a date includes that whole day.
+local_seconds endOf(const icalrecurrencetype& rule, const Recurrence& recurrence)
 {
     if (icaltime_is_null_time(rule.until))
-        return;
-    if (rule.until.is_date && !recurrence.first.is_date) {
-        rule.until.is_date = 0;
-        rule.until.hour = 23;
-        rule.until.minute = rule.until.second = 59;
-    } else if (!rule.until.is_date && icaltime_is_utc(rule.until)) {
-        const Date end = ItemZone::utc().moment(rule.until);
-        if (isWritable(end))
-            rule.until = recurrence.zone.local(end, recurrence.first.is_date);
-    }
-    rule.until.zone = nullptr;
+        return local_seconds::max();
+    const auto until = localTime(rule.until);
+    if (!until)
+        return local_seconds::min();
+    if (rule.until.is_date && !recurrence.first.is_date)
+        return *until + std::chrono::seconds(86'399);
+    const Date end = ItemZone::utc().moment(*until);
+    return icaltime_is_utc(rule.until) && isWritable(end) ? recurrence.zone.localTime(end) : *until;
 }
 
-/// Returns the last step of a rule by hour, minute or second before `from`. libical would walk all the steps
-/// to it.
-icaltimetype lastStepBefore(
-    const icalrecurrencetype& rule, const icaltimetype& first, const icaltimetype& from)
+/// Calls `visit` with each local time in [from, to] that the rule generates, until `visit` returns false.
+template <class Visit>
+void visitScaled(
+    icalrecurrencetype rule, icaltimetype first, local_seconds from, local_seconds to, Visit visit)
 {
-    const int unit = rule.freq == ICAL_SECONDLY_RECURRENCE ? 1
-        : rule.freq == ICAL_MINUTELY_RECURRENCE            ? 60
-                                                           : 3600;
-    const double step = double(unit) * std::max<int>(rule.interval, 1);
-    const ItemZone wall = ItemZone::utc();
-    const Seconds passed = wall.moment(from) - wall.moment(first);
-    icaltimetype next
-        = wall.local(wall.moment(first) + Seconds(std::floor(passed.count() / step) * step), false);
-    next.zone = nullptr;
-    return next;
+    constexpr int mostStarts = 10'000;
+    first.zone = nullptr;
+    rule.until = icaltime_null_time();
+    if (rule.skip == ICAL_SKIP_OMIT && !isGiven(rule.by_month_day))
+        rule.skip = ICAL_SKIP_BACKWARD; // the start may be in a leap month, or on a day that few years have
+    const Iterator iterator(icalrecur_iterator_new(rule, first), &icalrecur_iterator_free);
+    for (int step = 0; iterator && step < mostStarts; ++step) {
+        const auto start = localTime(icalrecur_iterator_next(iterator.get()));
+        if (!start || *start > to || (*start >= from && !visit(*start)))
+            return;
+    }
 }
 
 /// Calls `visit` with each start in [start, end) that the rule generates, until `visit` returns false.
 template <class Visit>
-void visitStarts(const Recurrence& recurrence, const QByteArray& text, Date start, Date end, Visit visit)
+void visitStarts(const Recurrence& recurrence, const icalrecurrencetype& rule, Date start, Date end,
+    ExpansionLimit& limit, Visit visit)
 {
-    ItemRule owned(text);
-    icalrecurrencetype& rule = owned.value;
-    if (!owned.isValid() || isEndlessSearch(rule) || isImpossible(rule) || isPositionImpossible(rule)
-        || (rule.freq <= ICAL_HOURLY_RECURRENCE && recurrence.first.is_date))
+    // Where the clock changes, local times and moments can be in different order.
+    const Seconds slack = rule.freq <= ICAL_HOURLY_RECURRENCE ? longestClockChange : aDay;
+    const auto local = [&](Date moment, local_seconds otherwise) {
+        return isWritable(moment) ? recurrence.zone.localTime(moment) : otherwise;
+    };
+    const local_seconds from = local(start - slack, local_seconds::min());
+    const local_seconds to = std::min(local(end + slack, local_seconds::max()), endOf(rule, recurrence));
+    const auto visitLocal = [&](local_seconds each) {
+        const Date moment = recurrence.zone.moment(each);
+        return moment < start || moment >= end || visit(moment);
+    };
+    if (isScaled(rule)) {
+        visitScaled(rule, recurrence.first, from, to, visitLocal);
         return;
-    localiseEnd(rule, recurrence);
-    icaltimetype first = recurrence.first;
-    first.zone = nullptr;
-    icaltimetype from = first;
-    if (rule.count == 0 && isWritable(start - aDay)) {
-        from = recurrence.zone.local(start - aDay, first.is_date);
-        from.zone = nullptr;
     }
-    const bool isLater = icaltime_compare(from, first) > 0;
-    const bool isWithinDays = rule.freq <= ICAL_HOURLY_RECURRENCE;
-    if (isLater && isWithinDays)
-        first = lastStepBefore(rule, first, from);
-    const Iterator iterator(icalrecur_iterator_new(rule, first), &icalrecur_iterator_free);
-    if (!iterator)
+    const auto first = localTime(recurrence.first);
+    if (!first || limit.steps <= 0)
         return;
-    if (isLater && !isWithinDays)
-        icalrecur_iterator_set_start(iterator.get(), from);
-    for (int step = 0; step < mostSteps; ++step) {
-        const icaltimetype next = icalrecur_iterator_next(iterator.get());
-        if (icaltime_is_null_time(next))
-            return;
-        const Date moment = recurrence.zone.moment(next);
-        if (!(moment < end + aDay)) // where the clock is set back, an earlier moment may follow
-            return;
-        if (moment >= start && moment < end && !visit(moment))
-            return;
+    RuleIterator iterator(rule, *first, recurrence.first.is_date);
+    iterator.restrictTo(from, to);
+    while (const auto each = iterator.next()) {
+        if (*each >= from && !visitLocal(*each))
+            break;
     }
+    limit.steps -= iterator.steps();
 }
 
-/// The starts of the occurrences in [start, end), removed ones left out.
-std::set<Date> startsIn(const Recurrence& recurrence, Date start, Date end)
+/// The starts of the occurrences in [start, end), removed ones left out. The start of the series is one of
+/// them only if a rule generates it, or if there is no rule.
+std::set<Date> startsIn(const Recurrence& recurrence, Date start, Date end, ExpansionLimit& limit)
 {
     std::set<Date> found;
     const auto add = [&](Date moment) {
         if (moment >= start && moment < end && !std::ranges::binary_search(recurrence.removed, moment))
             found.insert(moment);
-        return found.size() < mostOccurrences;
+        return found.size() < std::min(mostOccurrences, limit.occurrences);
     };
-    add(recurrence.zone.moment(recurrence.first));
+    bool hasRule = false;
+    for (const QByteArray& text : recurrence.rules) {
+        const ItemRule rule(text);
+        if (!isUsable(rule, recurrence.first.is_date))
+            continue;
+        visitStarts(recurrence, rule.value, start, end, limit, add);
+        hasRule = true;
+    }
+    if (!hasRule)
+        add(recurrence.zone.moment(recurrence.first));
     for (const Date moment : recurrence.added)
         add(moment);
-    for (const QByteArray& rule : recurrence.rules)
-        visitStarts(recurrence, rule, start, end, add);
+    limit.occurrences -= std::min(limit.occurrences, found.size());
     return found;
 }
 
 } // namespace
 
-void expand(const EventRecord& series, Date start, Date end,
-    const std::function<void(Date occurrence, const EventFields& fields)>& visit)
+void expand(
+    const EventRecord& series, Date start, Date end, ExpansionLimit& limit, const OccurrenceVisit& visit)
 {
     const Recurrence& recurrence = *series.recurrence;
     for (const auto& [occurrence, fields] : recurrence.overrides) {
@@ -169,7 +164,7 @@ void expand(const EventRecord& series, Date start, Date end,
     const Seconds length = series.fields.endDate - series.fields.startDate;
     EventFields fields = series.fields;
     const Seconds slack = recurrence.first.is_date ? aDay : Seconds(0); // days differ in length
-    for (const Date moment : startsIn(recurrence, start - length - slack, end)) {
+    for (const Date moment : startsIn(recurrence, start - length - slack, end, limit)) {
         if (recurrence.overrides.contains(moment))
             continue;
         fields.startDate = moment;
@@ -190,20 +185,35 @@ std::optional<EventFields> fieldsAt(const EventRecord& series, Date occurrence)
     if (const auto own = overrides.find(occurrence); own != overrides.end())
         return own->second;
     std::optional<EventFields> found;
-    expand(
-        series, occurrence, occurrence + std::chrono::seconds(1), [&](Date start, const EventFields& fields) {
-            if (start == occurrence)
-                found = fields;
-        });
+    ExpansionLimit limit;
+    const Date end = occurrence + std::chrono::seconds(1);
+    expand(series, occurrence, end, limit, [&](Date start, const EventFields& fields) {
+        if (start == occurrence)
+            found = fields;
+    });
     return found;
+}
+
+std::optional<Date> firstOccurrence(const EventRecord& series, Date end)
+{
+    const Recurrence& recurrence = *series.recurrence;
+    ExpansionLimit limit;
+    std::set<Date> starts = startsIn(recurrence, series.fields.startDate, end, limit);
+    if (!recurrence.overrides.empty() && recurrence.overrides.begin()->first < end)
+        starts.insert(recurrence.overrides.begin()->first);
+    return starts.empty() ? std::nullopt : std::optional(*starts.begin());
 }
 
 int countBefore(const EventRecord& series, Date moment)
 {
     int count = 0;
     const Recurrence& recurrence = *series.recurrence;
-    if (!recurrence.rules.empty()) {
-        visitStarts(recurrence, recurrence.rules.front(), series.fields.startDate, moment, [&](Date) {
+    if (recurrence.rules.empty())
+        return 0;
+    ExpansionLimit limit;
+    const ItemRule rule(recurrence.rules.front());
+    if (isUsable(rule, recurrence.first.is_date)) {
+        visitStarts(recurrence, rule.value, series.fields.startDate, moment, limit, [&](Date) {
             ++count;
             return true;
         });

@@ -30,7 +30,7 @@ void writeDue(icalcomponent* reminder, std::optional<Date> due)
 {
     icalproperty* const before = icalcomponent_get_first_property(reminder, ICAL_DUE_PROPERTY);
     const bool wasDay = before && icalproperty_get_due(before).is_date;
-    ItemZone zone = before ? zoneOf(before) : ItemZone::ofUser();
+    ItemZone zone = before ? ZoneCache().zoneOf(before) : ItemZone::ofUser();
     removeAll(reminder, ICAL_DURATION_PROPERTY);
     if (!due) {
         removeAll(reminder, ICAL_DUE_PROPERTY);

@@ -76,7 +76,7 @@ std::optional<EventFields> EventPolicy::readBack(const FileRecords& records, Ite
     if (!record->recurrence && !record->occurrence)
         place.occurrence.reset();
     else if (!place.occurrence || (span_ == EventSpan::futureEvents && record->recurrence))
-        place.occurrence = record->occurrence.value_or(record->fields.startDate);
+        place.occurrence = record->recurrence ? firstOccurrence(*record) : record->occurrence;
     return record->recurrence && place.occurrence ? fieldsAt(*record, *place.occurrence) : record->fields;
 }
 
