@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Files/Folder.h"
 
+#include <cerrno>
 #include <cstring>
 #include <memory>
 
@@ -47,7 +48,7 @@ std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names)
 {
     std::vector<QByteArray> found;
     FileDescriptor copy = openFolder(".", SymbolicLinks::follow, folder); // the stream takes it over
-    const std::unique_ptr<DIR, CloseStream> stream(fdopendir(copy.get()));
+    const std::unique_ptr<DIR, CloseStream> stream(copy ? fdopendir(copy.get()) : nullptr);
     if (!stream)
         return found;
     (void)copy.release();
@@ -57,6 +58,7 @@ std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names)
         if (!isLink && isHidden == (names == Names::hidden) && isOfKind(folder, *entry, kind))
             found.emplace_back(entry->d_name);
     }
+    errno = 0;
     return found;
 }
 

@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <cstring>
+#include <utility>
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -59,6 +60,11 @@ EventStoreError systemError(int number, const QByteArray& name)
     }
 }
 
+bool isShortage(int error)
+{
+    return error == EMFILE || error == ENFILE || error == ENOMEM;
+}
+
 CalendarDirectory::CalendarDirectory(const QByteArray& root, const CalendarPath& path)
     : folder_(platform::openFolder(root))
 {
@@ -66,6 +72,7 @@ CalendarDirectory::CalendarDirectory(const QByteArray& root, const CalendarPath&
         if (folder_ && !name.isEmpty())
             folder_ = platform::openFolder(name, SymbolicLinks::refuse, folder_.get());
     }
+    lacksResources_ = !folder_ && isShortage(errno);
 }
 
 bool CalendarDirectory::isWritable() const
@@ -84,9 +91,12 @@ void CalendarDirectory::removeLeftovers() const
         platform::removeLeftovers(folder_.get());
 }
 
-std::vector<QByteArray> CalendarDirectory::names() const
+std::optional<std::vector<QByteArray>> CalendarDirectory::names() const
 {
-    return isOpen() ? platform::entryNames(folder_.get(), S_IFREG) : std::vector<QByteArray>();
+    if (!isOpen())
+        return lacksResources_ ? std::nullopt : std::optional(std::vector<QByteArray>());
+    auto names = platform::entryNames(folder_.get(), S_IFREG);
+    return isShortage(errno) ? std::nullopt : std::optional(std::move(names));
 }
 
 std::optional<FileIdentity> CalendarDirectory::identity(const QByteArray& name) const
@@ -106,8 +116,8 @@ std::optional<FileContent> CalendarDirectory::read(const QByteArray& name, qint6
     const auto file = platform::openForReading(name, SymbolicLinks::refuse, folder_.get());
     struct stat status { };
     if (!file || fstat(file.get(), &status) != 0)
-        return FileContent{*found, std::nullopt};
-    return FileContent{identityOf(status), platform::readWhole(file.get(), limit)};
+        return FileContent{*found, std::nullopt, isShortage(errno)};
+    return FileContent{identityOf(status), platform::readWhole(file.get(), limit), false};
 }
 
 EventStoreResult CalendarDirectory::write(const QByteArray& name, const QByteArray& bytes,

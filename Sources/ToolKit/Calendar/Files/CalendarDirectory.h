@@ -29,9 +29,14 @@ struct FileIdentity {
     friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
 };
 
+/// Whether a failure with this `errno` says nothing about the file: the process or the machine has no free
+/// descriptors or memory at the moment. What failed is tried again with the next read.
+[[nodiscard]] bool isShortage(int error);
+
 struct FileContent {
     FileIdentity identity;
     std::optional<QByteArray> bytes; ///< `nullopt` if the file is too large or cannot be read
+    bool isRetried = false; ///< it could not be read for a shortage
 };
 
 /// The folder of a source or a calendar, held open: all operations stay in that folder, even if it is renamed
@@ -43,6 +48,8 @@ public:
     /// False if the folder does not exist or cannot be read. Then reads return nothing, and changes fail
     /// with `notFound`.
     [[nodiscard]] bool isOpen() const { return bool(folder_); }
+    /// Whether the folder could not be opened for a shortage.
+    [[nodiscard]] bool lacksResources() const { return lacksResources_; }
     /// Whether the permissions allow files to be created and removed here.
     [[nodiscard]] bool isWritable() const;
     /// Keeps other stores, of any process, from writing here until this object ends. Waits for a store that
@@ -51,8 +58,8 @@ public:
     /// Removes the temporary files that killed writers left. Requires the lock.
     void removeLeftovers() const;
 
-    /// The visible regular files, in no order.
-    [[nodiscard]] std::vector<QByteArray> names() const;
+    /// The visible regular files, in no order. Returns `nullopt` if they cannot be listed for a shortage.
+    [[nodiscard]] std::optional<std::vector<QByteArray>> names() const;
     /// Returns `nullopt` if there is no regular file of that name.
     [[nodiscard]] std::optional<FileIdentity> identity(const QByteArray& name) const;
     /// Returns `nullopt` if there is no regular file of that name. `limit` is in bytes.
@@ -69,6 +76,7 @@ public:
 
 private:
     platform::FileDescriptor folder_;
+    bool lacksResources_ = false;
 };
 
 /// The error for an `errno`. `name` is a path in the file system's encoding.

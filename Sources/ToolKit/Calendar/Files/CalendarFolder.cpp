@@ -40,6 +40,8 @@ void CalendarFolder::refresh()
     if (files_.isCurrent())
         return;
     const CalendarDirectory directory(root_, path_);
+    if (directory.lacksResources())
+        return;
     properties_ = readProperties(directory);
     if (files_.update(directory, path_))
         index_.reset();
@@ -181,7 +183,10 @@ EventStoreResult CalendarFolder::removeFromDisk()
         return systemError(ENOENT, folder);
     directory.lock();
     directory.removeLeftovers();
-    for (const QByteArray& name : directory.names()) {
+    const auto names = directory.names();
+    if (!names)
+        return systemError(EMFILE, folder);
+    for (const QByteArray& name : *names) {
         const bool isOurs = name.endsWith(itemSuffix) || isPropertyFile(name);
         const auto identity = isOurs ? directory.identity(name) : std::nullopt;
         if (auto failure = identity ? directory.remove(name, *identity) : std::nullopt)

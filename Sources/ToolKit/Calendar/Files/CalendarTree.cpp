@@ -29,11 +29,10 @@ void CalendarTree::refresh(Listing listing)
 {
     if (root_.isEmpty())
         return;
-    const bool isFirst = !watch_;
-    if (isFirst)
+    if (!watch_)
         watch_ = std::make_unique<FolderWatch>(root_);
     const FolderWatch::Changes changes = watch_->drain();
-    if (isFirst || listing == Listing::always || changes.folders || !isWatched())
+    if (!isListed_ || listing == Listing::always || changes.folders || !isWatched())
         list();
     for (const auto& [path, folder] : folders_) {
         if (changes.calendars.contains(path) || !watch_->isWatched(path))
@@ -53,10 +52,14 @@ bool CalendarTree::isWatched() const
 
 void CalendarTree::list()
 {
+    const auto paths = watch_->list();
+    isListed_ = paths.has_value();
+    if (!paths)
+        return;
     std::set<CalendarPath> found;
     sources_.clear();
     sources_.push_back(readSource(root_, localSource));
-    for (const CalendarPath& path : watch_->list()) {
+    for (const CalendarPath& path : *paths) {
         found.insert(path);
         if (path.calendar.isEmpty()) {
             if (path.source != localSource)

@@ -50,6 +50,7 @@ private:
     std::vector<EventSource> sources_;
     std::unique_ptr<FolderWatch> watch_; ///< null before the first refresh
     std::map<CalendarPath, std::unique_ptr<CalendarFolder>> folders_;
+    bool isListed_ = false; ///< false if the folders could not be listed
 };
 
 } // namespace quor::toolkit

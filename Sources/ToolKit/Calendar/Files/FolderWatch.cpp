@@ -2,9 +2,11 @@
 #include "ToolKit/Calendar/Files/FolderWatch.h"
 
 #include "Platform/Files/Folder.h"
+#include "ToolKit/Calendar/Files/CalendarDirectory.h"
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -19,11 +21,14 @@ namespace {
 constexpr std::uint32_t watchedChanges = IN_CLOSE_WRITE | IN_MOVED_FROM | IN_MOVED_TO | IN_CREATE | IN_DELETE
     | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR | IN_DONT_FOLLOW;
 
-std::vector<QByteArray> subfolders(int folder)
+/// Call right after the folder was opened. Returns `nullopt` for a shortage.
+std::optional<std::vector<QByteArray>> subfolders(int folder)
 {
-    if (folder < 0)
-        return {};
-    std::vector<QByteArray> names = platform::entryNames(folder, S_IFDIR);
+    std::vector<QByteArray> names;
+    if (folder >= 0)
+        names = platform::entryNames(folder, S_IFDIR);
+    if (isShortage(errno))
+        return std::nullopt;
     std::ranges::sort(names);
     return names;
 }
@@ -54,17 +59,23 @@ void FolderWatch::watch(const CalendarPath& path)
     watches_[path] = watch;
 }
 
-std::vector<CalendarPath> FolderWatch::list()
+std::optional<std::vector<CalendarPath>> FolderWatch::list()
 {
     // Each folder is watched before it is read, so that no change falls in between.
     std::vector<CalendarPath> paths;
     watch({});
     const auto root = platform::openFolder(root_);
-    for (const QByteArray& source : subfolders(root.get())) {
+    const auto sources = subfolders(root.get());
+    if (!sources)
+        return std::nullopt;
+    for (const QByteArray& source : *sources) {
         watch({source, {}});
         paths.push_back({source, {}});
         const auto folder = platform::openFolder(source, SymbolicLinks::refuse, root.get());
-        for (const QByteArray& calendar : subfolders(folder.get())) {
+        const auto calendars = subfolders(folder.get());
+        if (!calendars)
+            return std::nullopt;
+        for (const QByteArray& calendar : *calendars) {
             watch({source, calendar});
             paths.push_back({source, calendar});
         }

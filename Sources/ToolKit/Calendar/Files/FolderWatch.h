@@ -7,6 +7,7 @@
 #include <QByteArray>
 
 #include <map>
+#include <optional>
 #include <set>
 #include <vector>
 
@@ -27,8 +28,8 @@ public:
     explicit FolderWatch(QByteArray root);
 
     /// Returns the sources and calendars that exist, each source before its calendars, by name. Begins to
-    /// watch those that are new.
-    [[nodiscard]] std::vector<CalendarPath> list();
+    /// watch those that are new. Returns `nullopt` if a folder cannot be listed for a shortage.
+    [[nodiscard]] std::optional<std::vector<CalendarPath>> list();
     /// Returns the changes since the last call.
     [[nodiscard]] Changes drain();
 

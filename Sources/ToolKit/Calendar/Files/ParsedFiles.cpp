@@ -17,6 +17,8 @@ void ParsedFiles::markChanged(const std::set<QByteArray>& names)
 bool ParsedFiles::update(const CalendarDirectory& directory, const CalendarPath& path)
 {
     bool isAnyChanged = !changed_ && compareAll(directory);
+    if (!changed_)
+        return false;
     for (const QByteArray& name : std::exchange(*changed_, {})) {
         if (!name.endsWith(itemSuffix))
             continue;
@@ -28,9 +30,12 @@ bool ParsedFiles::update(const CalendarDirectory& directory, const CalendarPath&
 
 bool ParsedFiles::compareAll(const CalendarDirectory& directory)
 {
+    const auto names = directory.names();
+    if (!names)
+        return false;
     std::map<QByteArray, File> known = std::exchange(files_, {});
     changed_.emplace();
-    for (const QByteArray& name : directory.names()) {
+    for (const QByteArray& name : *names) {
         if (!name.endsWith(itemSuffix))
             continue;
         auto file = known.extract(name);
@@ -47,6 +52,10 @@ void ParsedFiles::read(const CalendarDirectory& directory, const CalendarPath& p
     const auto content = directory.read(name);
     if (!content) {
         files_.erase(name);
+        return;
+    }
+    if (content->isRetried) {
+        changed_->insert(name);
         return;
     }
     File& file = files_[name];

@@ -25,7 +25,7 @@ public:
     [[nodiscard]] bool isCurrent() const { return changed_ && changed_->empty(); }
 
     /// Reads the files that changed. Logs those that cannot be read. Returns whether any record may have
-    /// changed.
+    /// changed. What cannot be read for a shortage stays as it was, and to be read.
     bool update(const CalendarDirectory& directory, const CalendarPath& path);
 
     [[nodiscard]] const std::map<QByteArray, File>& files() const { return files_; }
@@ -34,6 +34,7 @@ public:
     void remove(const QByteArray& name) { files_.erase(name); }
 
 private:
+    /// Leaves `changed_` as it is if the files cannot be listed.
     bool compareAll(const CalendarDirectory& directory);
     void read(const CalendarDirectory& directory, const CalendarPath& path, const QByteArray& name);
 
