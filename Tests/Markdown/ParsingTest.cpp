@@ -177,7 +177,8 @@ std::chrono::duration<double> processorTime()
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-// For each of these cmark-gfm alone takes time that grows with the square of the length.
+// Texts that make much work. For most of them cmark-gfm alone takes time that grows with the square of the
+// length.
 TEST(Parsing, EndsSoon)
 {
     struct Case {
