@@ -79,7 +79,7 @@ QByteArray randomMarkdown(unsigned seed)
 TEST(Parsing, BuildsTheTreeOfCmark)
 {
     std::set<MarkupKind> seen;
-    for (unsigned seed = 0; seed < 3000; ++seed) {
+    for (unsigned seed = 0; seed < 1500; ++seed) {
         const QByteArray text = randomMarkdown(seed);
         const Document document{QString::fromUtf8(text)};
         ASSERT_EQ(tree(document), cmarkTree(text, everyday)) << seed << '\n' << text.constData();
@@ -166,7 +166,7 @@ TEST(Parsing, ReturnsTextsThatNeedTooMuchMemoryAsPlainText)
     expectPlain(
         columns + '\n' + QByteArray(columns).replace('a', '-') + '\n' + QByteArray("|a\n").repeated(100'000));
     expectPlain(QByteArray("*a* ").repeated(1'500'000) + '.');
-    EXPECT_GT(Document(QByteArray("Prose of *some* words.\n\n").repeated(200'000)).childCount(), 1);
+    EXPECT_GT(Document(QByteArray("Prose of *some* words.\n\n").repeated(50'000)).childCount(), 1);
     EXPECT_EQ(textOf(Document(u"~~a~~"_s)), u"a"); // after a jump out of the parser
 }
 
@@ -185,10 +185,9 @@ TEST(Parsing, EndsSoon)
         const char* first;
         const char* repeated;
     };
-    for (const auto& [first, repeated] : std::initializer_list<Case>{{"", "\"'"}, {"", "'\""}, {"", "a\" "},
-             {"\"a ", "'b\" "}, {"", "![[]()"}, {"~~a ", "b~ "}, {"- ", "\n"}, {"- ", "\r"}, {"> ", "a\n"},
-             {">", "*a* "}, {"", "<!A "}, {"", "<a b='"}, {"", "a\n:-|:-|\n"}, {"", "|-"}, {"![", "[]()"},
-             {"\"a _b ", "*c\"* "}, {"", "[a]:b\n"}, {"", "](a"}}) {
+    for (const auto& [first, repeated] : std::initializer_list<Case>{{"", "\"'"}, {"\"a ", "'b\" "},
+             {"\"a _b ", "*c\"* "}, {"", "'*_"}, {"~~a ", "b~ "}, {"- ", "\n"}, {"> ", "a\n"}, {">", "*a* "},
+             {">", "<#-.|))"}, {"", "![[]()"}, {"", "<!A "}, {"", "a\n:-|:-|\n"}, {"", ".~@"}}) {
         const QByteArray text
             = QByteArray(first).repeated(40'000) + QByteArray(repeated).repeated(200'000).first(100'000);
         const auto start = processorTime();
@@ -199,7 +198,7 @@ TEST(Parsing, EndsSoon)
 
 TEST(Parsing, HappensOnManyThreads)
 {
-    const QByteArray text = QByteArray("~~a~~ \"b\"\n\n").repeated(20'000);
+    const QByteArray text = QByteArray("~~a~~ \"b\"\n\n").repeated(10'000);
     const std::string expected = tree(Document(text));
     std::atomic<int> wrong = 0;
     std::array<std::thread, 3> threads;
@@ -220,7 +219,7 @@ TEST(Parsing, IsNotHeldUpByAnotherThread)
     std::atomic<bool> hasEnded = false;
     const auto start = Clock::now();
     std::thread hostile([&] {
-        expectPlain(QByteArray("![[]()").repeated(100'000));
+        expectPlain(QByteArray("![[]()").repeated(50'000));
         hasEnded = true;
     });
     Clock::duration longest{};
