@@ -197,8 +197,11 @@ std::optional<EventFields> fieldsAt(const EventRecord& series, Date occurrence)
 std::optional<Date> firstOccurrence(const EventRecord& series, Date end)
 {
     const Recurrence& recurrence = *series.recurrence;
+    const Date first = series.fields.startDate;
+    if (first < end && fieldsAt(series, first)) // without a look at all later ones
+        return first;
     ExpansionLimit limit;
-    std::set<Date> starts = startsIn(recurrence, series.fields.startDate, end, limit);
+    std::set<Date> starts = startsIn(recurrence, first, end, limit);
     if (!recurrence.overrides.empty() && recurrence.overrides.begin()->first < end)
         starts.insert(recurrence.overrides.begin()->first);
     return starts.empty() ? std::nullopt : std::optional(*starts.begin());
