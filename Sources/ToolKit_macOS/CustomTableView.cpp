@@ -118,12 +118,16 @@ void CustomTableView::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CustomTableView::contextMenuEvent(QContextMenuEvent* event)
 {
-    if (!menu_)
+    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const int row = isByKeyboard ? selectedRow() : rowAtPoint(event->pos());
+    if (!menu_) {
+        // An ancestor may open a menu of its own, whose action asks for the row.
+        rowForLastMenu_ = row;
+        menuDidClose();
         return TableView::contextMenuEvent(event);
-    if (event->reason() != QContextMenuEvent::Keyboard)
-        return openMenu(rowAtPoint(event->pos()), event->globalPos());
-    const QRect row = viewportRectOfRow(selectedRow()).intersected(viewport()->rect());
-    openMenu(selectedRow(), viewport()->mapToGlobal(row.center()));
+    }
+    const QRect visible = viewportRectOfRow(row).intersected(viewport()->rect());
+    openMenu(row, isByKeyboard ? viewport()->mapToGlobal(visible.center()) : event->globalPos());
 }
 
 void CustomTableView::wheelEvent(QWheelEvent* event)

@@ -32,7 +32,8 @@ public:
     void setMenu(QMenu* menu);
 
     /// The row of the context menu that is open, or was closed, removed or destroyed less than 0.2 seconds
-    /// ago; -1 if the menu was opened outside the rows. Returns `nullopt` at any other time.
+    /// ago; -1 if the menu was opened outside the rows. A table without a menu remembers the row of a request
+    /// for a menu for the same time. Returns `nullopt` at any other time.
     [[nodiscard]] std::optional<int> rowForLastMenu() const { return rowForLastMenu_; }
     /// The row to which an action of the context menu applies: `rowForLastMenu()` unless it is `nullopt`,
     /// otherwise `selectedRow()`.
