@@ -6,12 +6,14 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <functional>
 #include <limits>
 #include <thread>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
@@ -21,6 +23,8 @@ using quor::test::writeFile;
 using testing::UnorderedElementsAre;
 
 namespace {
+
+using List = PersistableList<double>;
 
 class PersistableListTest : public testing::Test {
 protected:
@@ -62,7 +66,8 @@ TEST_F(PersistableListTest, KeepsKeysWithTheSameEndInOneFile)
     PersistableList<double> again(path());
     EXPECT_EQ(again.value(u"cd"_s), std::nullopt);
     EXPECT_THAT(again.entries(9),
-        UnorderedElementsAre(std::pair(u"abcd"_s, 1.0), std::pair(u"ABCD"_s, 2.0), std::pair(u"x"_s, 3.0)));
+        UnorderedElementsAre(
+            List::Entry{.key = u"abcd"_s, .value = 1}, List::Entry{u"ABCD"_s, 2}, List::Entry{u"x"_s, 3}));
 
     list.removeValue(u"abcd"_s);
     EXPECT_EQ(files().size(), 2) << "another key is in it";
@@ -161,6 +166,90 @@ TEST_F(PersistableListTest, NothingIsLostWhileNoFileCanBeOpened)
         flush(list);
         EXPECT_EQ(content(u"AB"_s), c.content);
     }
+}
+
+TEST_F(PersistableListTest, AFileThatMustNotBeReadStays)
+{
+    put(u"AB"_s, "{\"1ab\":1}");
+    ASSERT_EQ(chmod(qPrintable(path(u"AB"_s)), 0), 0);
+    ASSERT_EQ(chmod(qPrintable(path()), 0777), 0);
+    ASSERT_EQ(chmod(qPrintable(folder_.path()), 0777), 0);
+    List list(path());
+    const uid_t user = geteuid(); // permissions do not bind root
+    ASSERT_TRUE(user != 0 || seteuid(65'534) == 0);
+    list.set(2, u"2ab"_s);
+    list.removeValue(u"3ab"_s);
+    flush(list);
+    ASSERT_TRUE(user != 0 || seteuid(user) == 0);
+    ASSERT_EQ(chmod(qPrintable(path(u"AB"_s)), 0600), 0);
+    EXPECT_EQ(content(u"AB"_s), "{\"1ab\":1}");
+    flush(list);
+    EXPECT_THAT(List(path()).allKeys(), UnorderedElementsAre(u"1ab"_s, u"2ab"_s));
+}
+
+TEST_F(PersistableListTest, ProcessesThatShareAListLoseNothingOfEachOther)
+{
+    put(u"AB"_s, "{\"oldab\":0}");
+    const auto write = [&](const QString& name) {
+        for (int i = 0; i < 100; ++i) {
+            List list(path());
+            const QString key = name + QString::number(i);
+            list.set(i, key + u"ab"_s);
+            list.set(i, key + u"cd"_s);
+            flush(list);
+            list.removeValue(key + u"cd"_s);
+            list.set(i, name + u"latest ab"_s);
+            flush(list);
+        }
+    };
+    const pid_t child = fork();
+    if (child == 0) {
+        write(u"child "_s);
+        _exit(HasFailure() ? 1 : 0);
+    }
+    List early(path());
+    EXPECT_EQ(early.value(u"oldab"_s), 0);
+    write(u"parent "_s);
+    int status = -1;
+    ASSERT_EQ(waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    flush(early); // which read the file before all that
+    early.removeValue(u"oldab"_s);
+    early.set(1, u"newab"_s);
+    flush(early);
+    EXPECT_EQ(List(path()).allKeys().size(), 203U);
+    EXPECT_EQ(List(path()).value(u"child 99ab"_s), 99);
+    EXPECT_EQ(files(), QStringList{u"AB"_s});
+}
+
+TEST_F(PersistableListTest, AFlushWaitsForAnotherWriterForALimitedTime)
+{
+    put(u"AB"_s, "{\"ab\":1}");
+    int pipes[2] = {};
+    ASSERT_EQ(pipe(pipes), 0);
+    const pid_t writer = fork();
+    if (writer == 0) {
+        const auto lock = FileManager().lockDirectory(path(), {});
+        (void)!::write(pipes[1], lock ? "x" : "-", 1);
+        pause();
+    }
+    char signal = 0;
+    ASSERT_TRUE(::read(pipes[0], &signal, 1) == 1 && signal == 'x');
+    List hasty(path(), std::chrono::milliseconds(20));
+    hasty.set(2, u"ab"_s);
+    flush(hasty);
+    EXPECT_EQ(content(u"AB"_s), "{\"ab\":1}");
+    List patient(path());
+    patient.set(3, u"3ab"_s);
+    patient.flush();
+    kill(writer, SIGKILL); // which ends its lock
+    waitpid(writer, nullptr, 0);
+    flush(patient);
+    EXPECT_EQ(List(path()).allKeys().size(), 2U);
+    flush(hasty);
+    EXPECT_EQ(List(path()).value(u"ab"_s), 2);
+    close(pipes[0]);
+    close(pipes[1]);
 }
 
 TEST_F(PersistableListTest, LinksFoldersAndPipesAreNoFilesOfTheList)

@@ -20,7 +20,7 @@ std::optional<QString> subfolder(const std::optional<QString>& folder, QLatin1St
 }
 
 template <typename Record>
-std::vector<Record> records(const std::vector<std::pair<QString, QJsonValue>>& stored,
+std::vector<Record> records(const std::vector<toolkit::ListEntry<QJsonValue>>& stored,
     std::optional<Record> (*fromJSON)(const QString& id, const QJsonObject& object))
 {
     std::vector<Record> result;
@@ -64,7 +64,7 @@ bool Store::save(const std::vector<Task>& tasks)
 {
     Records changed;
     for (const Task& task : tasks)
-        changed.emplace_back(task.id, toJSON(task));
+        changed.push_back({task.id, toJSON(task)});
     return tasks_.save(changed);
 }
 
@@ -72,7 +72,7 @@ bool Store::save(const std::vector<TimeEntry>& entries)
 {
     Records changed;
     for (const TimeEntry& entry : entries)
-        changed.emplace_back(entry.id, toJSON(entry));
+        changed.push_back({entry.id, toJSON(entry)});
     return entries_.save(changed);
 }
 
@@ -80,7 +80,7 @@ bool Store::save(const Settings& settings)
 {
     Records changed;
     for (const SettingField& field : settingFields())
-        changed.emplace_back(field.key, toJSON(settings, field));
+        changed.push_back({field.key, toJSON(settings, field)});
     return settings_.save(changed);
 }
 
@@ -100,7 +100,7 @@ bool Store::RecordList::save(const Records& records)
     const List onDisk(folder);
     const List& written = folder ? onDisk : list;
     return std::all_of(records.begin(), records.end(),
-        [&](const List::Entry& record) { return written.value(record.first) == record.second; });
+        [&](const List::Entry& record) { return written.value(record.key) == record.value; });
 }
 
 } // namespace quor::peer

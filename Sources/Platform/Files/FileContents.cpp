@@ -2,7 +2,6 @@
 #include "Platform/Files/FileContents.h"
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 
 namespace quor::platform {
 
@@ -20,6 +19,13 @@ bool exceedsSizeLimit(int file, qsizetype added)
 
 } // namespace
 
+FileIdentity identityOf(const struct stat& status)
+{
+    constexpr std::int64_t nanoseconds = 1'000'000'000;
+    return {status.st_ino, status.st_size,
+        std::int64_t(status.st_mtim.tv_sec) * nanoseconds + status.st_mtim.tv_nsec};
+}
+
 FileDescriptor openForReading(const QByteArray& path, SymbolicLinks links, int folder)
 {
     const int flags = O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY;
@@ -27,11 +33,18 @@ FileDescriptor openForReading(const QByteArray& path, SymbolicLinks links, int f
         openat(folder, path.constData(), links == SymbolicLinks::refuse ? flags | O_NOFOLLOW : flags));
 }
 
-std::optional<QByteArray> readWhole(int file, qint64 limit)
+std::optional<QByteArray> readWhole(int file, qint64 limit, FileIdentity* identity)
 {
     struct stat status { };
-    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode) || status.st_size > limit)
+    if (fstat(file, &status) != 0)
         return std::nullopt;
+    const bool isRegular = S_ISREG(status.st_mode);
+    if (isRegular && identity)
+        *identity = identityOf(status);
+    if (!isRegular || status.st_size > limit) {
+        errno = isRegular ? EFBIG : EINVAL;
+        return std::nullopt;
+    }
     QByteArray bytes(status.st_size, Qt::Uninitialized);
     qsizetype filled = 0;
     while (filled < bytes.size()) {

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Files/Folder.h"
 
-#include <cerrno>
+#include <array>
 #include <cstring>
-#include <memory>
 
 #include <dirent.h>
 
@@ -11,11 +10,7 @@ namespace quor::platform {
 
 namespace {
 
-struct CloseStream {
-    void operator()(DIR* stream) const { closedir(stream); }
-};
-
-bool isOfKind(int folder, const dirent& entry, mode_t kind)
+bool isOfKind(int folder, const dirent64& entry, mode_t kind)
 {
     if (entry.d_type != DT_UNKNOWN)
         return entry.d_type == IFTODT(kind);
@@ -46,19 +41,21 @@ std::error_code makeFolder(const QByteArray& path, mode_t mode)
 
 std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names)
 {
+    // Not by `readdir`, which needs a descriptor of its own: this works even if no more can be opened.
     std::vector<QByteArray> found;
-    FileDescriptor copy = openFolder(".", SymbolicLinks::follow, folder); // the stream takes it over
-    const std::unique_ptr<DIR, CloseStream> stream(copy ? fdopendir(copy.get()) : nullptr);
-    if (!stream)
+    alignas(dirent64) std::array<char, 16 * 1024> buffer;
+    if (lseek(folder, 0, SEEK_SET) < 0)
         return found;
-    (void)copy.release();
-    while (const dirent* entry = readdir(stream.get())) {
-        const bool isHidden = entry->d_name[0] == '.';
-        const bool isLink = std::strcmp(entry->d_name, ".") == 0 || std::strcmp(entry->d_name, "..") == 0;
-        if (!isLink && isHidden == (names == Names::hidden) && isOfKind(folder, *entry, kind))
-            found.emplace_back(entry->d_name);
+    for (ssize_t size = 0; (size = getdents64(folder, buffer.data(), buffer.size())) > 0;) {
+        for (ssize_t position = 0; position < size;) {
+            const auto& entry = *reinterpret_cast<const dirent64*>(buffer.data() + position);
+            position += entry.d_reclen;
+            const bool isHidden = entry.d_name[0] == '.';
+            const bool isLink = std::strcmp(entry.d_name, ".") == 0 || std::strcmp(entry.d_name, "..") == 0;
+            if (!isLink && isHidden == (names == Names::hidden) && isOfKind(folder, entry, kind))
+                found.emplace_back(entry.d_name);
+        }
     }
-    errno = 0;
     return found;
 }
 

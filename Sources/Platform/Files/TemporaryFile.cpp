@@ -29,9 +29,10 @@ QByteArray temporaryPathFor(const QByteArray& target)
 
 } // namespace
 
-TemporaryFile::TemporaryFile(const QByteArray& target, mode_t mode, int folder)
+TemporaryFile::TemporaryFile(const QByteArray& target, mode_t mode, int folder, WriteGuard guard)
     : target_(target)
     , folder_(folder)
+    , guard_(guard)
 {
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     constexpr int mostAttempts = 64;
@@ -42,7 +43,7 @@ TemporaryFile::TemporaryFile(const QByteArray& target, mode_t mode, int folder)
         if (!file_)
             return;
         path_ = std::move(path);
-        if (lock())
+        if (guard == WriteGuard::folderLock || lock())
             return;
     }
 }
@@ -60,6 +61,15 @@ bool TemporaryFile::lock()
     while (flock(file_.get(), LOCK_EX) != 0 && errno == EINTR) { }
     struct stat status { };
     return fstat(file_.get(), &status) != 0 || status.st_nlink > 0;
+}
+
+// Some file systems report only at a close that the disk is full. A file with a lock of its own stays open,
+// as long as it has the temporary name, and a copy of the descriptor is closed.
+bool TemporaryFile::close()
+{
+    const int descriptor
+        = guard_ == WriteGuard::ownLock ? fcntl(file_.get(), F_DUPFD_CLOEXEC, 0) : file_.release();
+    return descriptor < 0 ? guard_ == WriteGuard::folderLock : ::close(descriptor) == 0;
 }
 
 void TemporaryFile::check(bool succeeded)
@@ -93,10 +103,7 @@ std::error_code TemporaryFile::commit(TargetFile existing)
 {
     if (error_)
         return error_;
-    // Some file systems report only at a close that the disk is full. The file itself stays open, and with
-    // it the lock, as long as it has the temporary name.
-    const int copy = fcntl(file_.get(), F_DUPFD_CLOEXEC, 0);
-    check(copy >= 0 && close(copy) == 0);
+    check(close());
     if (error_)
         return error_;
     const auto rename = [&](unsigned flags) {
@@ -122,10 +129,10 @@ std::error_code TemporaryFile::commit(TargetFile existing)
     return error_;
 }
 
-std::error_code replaceFile(
-    const QByteArray& target, QByteArrayView bytes, mode_t mode, Permissions permissions, int folder)
+std::error_code replaceFile(const QByteArray& target, QByteArrayView bytes, mode_t mode,
+    Permissions permissions, int folder, WriteGuard guard)
 {
-    TemporaryFile file(target, mode, folder);
+    TemporaryFile file(target, mode, folder, guard);
     if (permissions == Permissions::ofTarget)
         file.copyPermissionsOfTarget();
     file.write(bytes);

@@ -19,6 +19,14 @@ enum class TargetFile {
     exchange,
 };
 
+/// What keeps `removeLeftovers` from removing a file that is still being written.
+enum class WriteGuard {
+    ownLock, ///< The file itself is locked.
+    /// The caller has the `FolderLock` of the folder, as all who write there or remove leftovers. This saves
+    /// system calls.
+    folderLock,
+};
+
 /// A new file that is written under a temporary name and takes the name of its target when it is complete.
 /// Readers of the target always see either the complete old content or the complete new content, even if the
 /// writer is killed.
@@ -42,7 +50,8 @@ public:
     ///
     /// A relative `target` is resolved against `folder`, an open descriptor that must stay open as long as
     /// this object exists; by default against the working folder.
-    TemporaryFile(const QByteArray& target, mode_t mode, int folder = AT_FDCWD);
+    TemporaryFile(
+        const QByteArray& target, mode_t mode, int folder = AT_FDCWD, WriteGuard guard = WriteGuard::ownLock);
     ~TemporaryFile();
     TemporaryFile(const TemporaryFile&) = delete;
     TemporaryFile& operator=(const TemporaryFile&) = delete;
@@ -63,8 +72,8 @@ public:
     /// leave the target empty. Does not sync the folder: a power cut can still undo the commit.
     void sync();
 
-    /// Gives the file the target's name. Must not be called again after it has succeeded, unless that was an
-    /// exchange.
+    /// Gives the file the target's name. With `WriteGuard::folderLock` it closes the file before. Must not be
+    /// called again after it has succeeded, unless that was an exchange.
     ///
     /// After an exchange the former target has the temporary name, and the destructor removes it. A second
     /// exchange restores both names. The former target is not locked: nobody must call `removeLeftovers` for
@@ -73,10 +82,12 @@ public:
 
 private:
     [[nodiscard]] bool lock();
+    [[nodiscard]] bool close();
     void check(bool succeeded);
 
     QByteArray target_;
     int folder_;
+    WriteGuard guard_;
     QByteArray path_; ///< Empty if no file of this object has the temporary name.
     FileDescriptor file_;
     std::error_code error_;
@@ -90,7 +101,7 @@ enum class Permissions {
 /// Replaces the file `target`, or creates it, by a `TemporaryFile`. On failure, the old file stays as it was.
 /// Does not sync.
 [[nodiscard]] std::error_code replaceFile(const QByteArray& target, QByteArrayView bytes, mode_t mode,
-    Permissions permissions, int folder = AT_FDCWD);
+    Permissions permissions, int folder = AT_FDCWD, WriteGuard guard = WriteGuard::ownLock);
 
 /// Removes the files that killed writers left under temporary names in an open folder. Keeps the files that a
 /// `TemporaryFile` of any process or thread is still writing; on a file system without locks, keeps all

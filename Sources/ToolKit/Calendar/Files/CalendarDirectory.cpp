@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Files/CalendarDirectory.h"
 
-#include "Platform/Files/FileContents.h"
 #include "Platform/Files/Folder.h"
 #include "Platform/Files/TemporaryFile.h"
 #include "ToolKit/Calendar/Items/ItemErrors.h"
 
 #include <cerrno>
 #include <cstring>
-#include <utility>
 
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -19,12 +17,6 @@ using platform::SymbolicLinks;
 using platform::TargetFile;
 
 namespace {
-
-FileIdentity identityOf(const struct stat& status)
-{
-    return {status.st_ino, status.st_size,
-        std::int64_t(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec};
-}
 
 EventStoreResult resultOf(const std::error_code& error, const QByteArray& name)
 {
@@ -60,9 +52,14 @@ EventStoreError systemError(int number, const QByteArray& name)
     }
 }
 
-bool isShortage(int error)
+bool isTemporary(int error)
 {
     return error == EMFILE || error == ENFILE || error == ENOMEM;
+}
+
+EventStoreError FileContent::failure(const QByteArray& name) const
+{
+    return isTemporary(error) ? systemError(error, name) : unreadable(QString::fromUtf8(name));
 }
 
 CalendarDirectory::CalendarDirectory(const QByteArray& root, const CalendarPath& path)
@@ -72,12 +69,25 @@ CalendarDirectory::CalendarDirectory(const QByteArray& root, const CalendarPath&
         if (folder_ && !name.isEmpty())
             folder_ = platform::openFolder(name, SymbolicLinks::refuse, folder_.get());
     }
-    lacksResources_ = !folder_ && isShortage(errno);
+    if (!folder_)
+        openError_ = errno;
 }
 
 bool CalendarDirectory::isWritable() const
 {
-    return isOpen() && faccessat(folder_.get(), ".", W_OK, AT_EACCESS) == 0;
+    return isOpen() && !writeObstacle();
+}
+
+EventStoreResult CalendarDirectory::writeObstacle(const QByteArray& name) const
+{
+    if (!isOpen())
+        return systemError(openError_, name);
+    for (const QByteArray& each : {QByteArray("."), name}) {
+        if (!each.isEmpty() && faccessat(folder_.get(), each.constData(), W_OK, AT_EACCESS) != 0
+            && errno != ENOENT)
+            return systemError(errno, each == "." ? QByteArray("the folder of ") + name : name);
+    }
+    return std::nullopt;
 }
 
 void CalendarDirectory::lock() const
@@ -91,12 +101,9 @@ void CalendarDirectory::removeLeftovers() const
         platform::removeLeftovers(folder_.get());
 }
 
-std::optional<std::vector<QByteArray>> CalendarDirectory::names() const
+std::vector<QByteArray> CalendarDirectory::names(mode_t kind) const
 {
-    if (!isOpen())
-        return lacksResources_ ? std::nullopt : std::optional(std::vector<QByteArray>());
-    auto names = platform::entryNames(folder_.get(), S_IFREG);
-    return isShortage(errno) ? std::nullopt : std::optional(std::move(names));
+    return isOpen() ? platform::entryNames(folder_.get(), kind) : std::vector<QByteArray>();
 }
 
 std::optional<FileIdentity> CalendarDirectory::identity(const QByteArray& name) const
@@ -105,7 +112,7 @@ std::optional<FileIdentity> CalendarDirectory::identity(const QByteArray& name) 
     if (!isOpen() || fstatat(folder_.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) != 0
         || !S_ISREG(status.st_mode))
         return std::nullopt;
-    return identityOf(status);
+    return platform::identityOf(status);
 }
 
 std::optional<FileContent> CalendarDirectory::read(const QByteArray& name, qint64 limit) const
@@ -116,17 +123,15 @@ std::optional<FileContent> CalendarDirectory::read(const QByteArray& name, qint6
     const auto file = platform::openForReading(name, SymbolicLinks::refuse, folder_.get());
     struct stat status { };
     if (!file || fstat(file.get(), &status) != 0)
-        return FileContent{*found, std::nullopt, isShortage(errno)};
-    return FileContent{identityOf(status), platform::readWhole(file.get(), limit), false};
+        return FileContent{*found, std::nullopt, errno};
+    return FileContent{platform::identityOf(status), platform::readWhole(file.get(), limit)};
 }
 
 EventStoreResult CalendarDirectory::write(const QByteArray& name, const QByteArray& bytes,
     const std::optional<FileIdentity>& expected, FileIdentity* written) const
 {
-    if (!isOpen())
-        return systemError(ENOENT, name);
-    if (expected && faccessat(folder_.get(), name.constData(), W_OK, AT_EACCESS) != 0 && errno != ENOENT)
-        return systemError(errno, name);
+    if (auto obstacle = writeObstacle(name))
+        return obstacle;
     platform::TemporaryFile file(name, S_IRUSR | S_IWUSR, folder_.get());
     if (expected)
         file.copyPermissionsOfTarget();
@@ -134,7 +139,7 @@ EventStoreResult CalendarDirectory::write(const QByteArray& name, const QByteArr
     file.sync();
     struct stat status { };
     if (!file.error() && fstat(file.descriptor(), &status) == 0 && written)
-        *written = identityOf(status);
+        *written = platform::identityOf(status);
     if (!expected)
         return resultOf(file.commit(TargetFile::mustNotExist), name);
     if (file.error())
@@ -156,7 +161,7 @@ EventStoreResult CalendarDirectory::write(const QByteArray& name, const QByteArr
 EventStoreResult CalendarDirectory::remove(const QByteArray& name, const FileIdentity& expected) const
 {
     if (!isOpen())
-        return systemError(ENOENT, name);
+        return systemError(openError_, name);
     if (identity(name) != expected)
         return conflict(QString::fromUtf8(name));
     return unlinkat(folder_.get(), name.constData(), 0) == 0 ? EventStoreResult() : systemError(errno, name);

@@ -1,17 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Files/FileDescriptor.h"
+#include "Platform/Files/FileContents.h"
 #include "ToolKit/Calendar/Files/CalendarPath.h"
 #include "ToolKit/Calendar/Items/EventStoreError.h"
 
 #include <QByteArray>
 
-#include <cstdint>
 #include <optional>
 #include <vector>
 
-#include <sys/types.h>
+#include <sys/stat.h>
 
 namespace quor::toolkit {
 
@@ -20,24 +19,19 @@ inline constexpr QByteArrayView itemSuffix = ".ics";
 /// Larger calendar files are neither read nor written. In bytes.
 inline constexpr qint64 largestItemFile = qint64(64) << 20;
 
-/// One state of a file: differs from the identity of every earlier and later state.
-struct FileIdentity {
-    ino_t inode = 0;
-    off_t size = 0;
-    std::int64_t modified = 0; ///< nanoseconds since 1970
-
-    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
-};
-
-/// Whether a failure with this `errno` says nothing about the file: the process or the machine has no free
-/// descriptors or memory at the moment. What failed is tried again with the next read.
-[[nodiscard]] bool isShortage(int error);
+using platform::FileIdentity;
 
 struct FileContent {
     FileIdentity identity;
     std::optional<QByteArray> bytes; ///< `nullopt` if the file is too large or cannot be read
-    bool isRetried = false; ///< it could not be read for a shortage
+    int error = 0; ///< the `errno` if the file could not be opened
+
+    /// The error for a file without bytes. `name` is its name.
+    [[nodiscard]] EventStoreError failure(const QByteArray& name) const;
 };
+
+/// Whether the `errno` says that this process can open nothing at the moment, whatever it is.
+[[nodiscard]] bool isTemporary(int error);
 
 /// The folder of a source or a calendar, held open: all operations stay in that folder, even if it is renamed
 /// meanwhile. A `name` is the name of a file in it. Symbolic links are never followed.
@@ -45,21 +39,23 @@ class CalendarDirectory final {
 public:
     CalendarDirectory(const QByteArray& root, const CalendarPath& path);
 
-    /// False if the folder does not exist or cannot be read. Then reads return nothing, and changes fail
-    /// with `notFound`.
+    /// False if the folder does not exist or cannot be opened. Then reads return nothing, and changes fail
+    /// with the error for `openError`.
     [[nodiscard]] bool isOpen() const { return bool(folder_); }
-    /// Whether the folder could not be opened for a shortage.
-    [[nodiscard]] bool lacksResources() const { return lacksResources_; }
+    [[nodiscard]] int openError() const { return openError_; } ///< An `errno`; 0 if the folder is open.
     /// Whether the permissions allow files to be created and removed here.
     [[nodiscard]] bool isWritable() const;
+    /// Returns the error of each future `write` of that file, if it is known already: the permissions of the
+    /// folder or of an existing file do not allow it. `name` may be empty, for the folder alone.
+    [[nodiscard]] EventStoreResult writeObstacle(const QByteArray& name = {}) const;
     /// Keeps other stores, of any process, from writing here until this object ends. Waits for a store that
     /// is writing.
     void lock() const;
     /// Removes the temporary files that killed writers left. Requires the lock.
     void removeLeftovers() const;
 
-    /// The visible regular files, in no order. Returns `nullopt` if they cannot be listed for a shortage.
-    [[nodiscard]] std::optional<std::vector<QByteArray>> names() const;
+    /// The visible entries of one kind (`S_IFREG`, `S_IFDIR`), in no order.
+    [[nodiscard]] std::vector<QByteArray> names(mode_t kind = S_IFREG) const;
     /// Returns `nullopt` if there is no regular file of that name.
     [[nodiscard]] std::optional<FileIdentity> identity(const QByteArray& name) const;
     /// Returns `nullopt` if there is no regular file of that name. `limit` is in bytes.
@@ -76,7 +72,7 @@ public:
 
 private:
     platform::FileDescriptor folder_;
-    bool lacksResources_ = false;
+    int openError_ = 0;
 };
 
 /// The error for an `errno`. `name` is a path in the file system's encoding.

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Files/FileContents.h"
+#include "Platform/Files/FolderLock.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
 
+#include <chrono>
 #include <optional>
 
 namespace quor::toolkit {
@@ -13,13 +17,29 @@ namespace quor::toolkit {
 /// followed, and a pipe is never waited for. Stateless. Any thread.
 class FileManager final {
 public:
-    /// Returns empty contents if the file is missing, unreadable, longer than 1 GiB, or not a regular file.
-    /// Returns `nullopt` if the process cannot open files now: it has too many open ones, or no memory.
-    [[nodiscard]] std::optional<QByteArray> contents(const QString& path) const;
+    /// The state of a file, `nullopt` if there is no regular file.
+    using Identity = std::optional<platform::FileIdentity>;
+    struct File {
+        /// Of a file that was changed only just now, an identity that no file has: the next change could
+        /// leave the true one as it is.
+        Identity identity;
+        QByteArray contents;
+    };
+
+    /// Returns empty contents if the file is missing, longer than 1 GiB, or not a regular file. Returns
+    /// `nullopt` if it cannot be read: it is not permitted, the medium is damaged, the process has too many
+    /// open files or no memory.
+    [[nodiscard]] std::optional<File> read(const QString& path) const;
+
+    [[nodiscard]] Identity identity(const QString& path) const;
+
+    /// Locks the folder against the other lists that write there. See `FolderLock::acquire`.
+    [[nodiscard]] std::optional<platform::FolderLock> lockDirectory(
+        const QString& path, std::chrono::milliseconds timeout) const;
 
     /// Replaces the file as a whole, or creates it; a file that is replaced keeps its permissions. Replaces
     /// a symbolic link, not the file that it leads to. Returns false on failure, which leaves the old
-    /// content. Does not sync.
+    /// content. Does not sync. Requires the lock of the folder.
     [[nodiscard]] bool write(const QByteArray& data, const QString& path) const;
 
     /// Removes a file or symbolic link, never a folder. Returns whether nothing is there now.
@@ -41,7 +61,7 @@ public:
     [[nodiscard]] QStringList visibleFileNames(const QString& directory) const;
 
     /// Removes the files that killed processes left in the folder while they wrote.
-    void removeLeftovers(const QString& directory) const;
+    void removeLeftovers(const platform::FolderLock& directory) const;
 };
 
 } // namespace quor::toolkit

@@ -11,6 +11,7 @@
 #include <QSet>
 #include <QString>
 
+#include <chrono>
 #include <limits>
 #include <memory>
 #include <mutex>
@@ -35,30 +36,38 @@ namespace quor::toolkit {
 /// are lost when the list is destroyed. One thing is not deferred: `removeValue` removes the file at once if
 /// the file has no keys left. The destructor waits for all calls that were made, flushes included.
 ///
+/// Several lists, of any process, can use one folder. While one of them writes, it locks the folder, and the
+/// others wait. A flush writes the changes that were made here to the files as they are then, so lists that
+/// change different keys lose nothing of each other; of two changes of one key, the later flush counts. A
+/// file that is in memory is not read again before the flush, so changes of others are seen after it. A flush
+/// that has waited for `lockTimeout` writes nothing, and its changes stay in memory for the next one. On a
+/// file system without locks nobody waits.
+///
 /// Files are replaced atomically: whenever the process dies, a file has its old content or its new content.
 /// The data is not synced, so a power cut can damage a file that was written shortly before.
 ///
-/// Failures are not reported. A file that cannot be read as an object of elements reads as an empty one.
-/// Reading one key of such a file and then flushing removes the file, or replaces it if keys were set;
-/// `removeValue` of one of its keys removes it at once. Only while the process can open no more files, a file
+/// Failures are not reported. A file that is not an object of elements reads as an empty one. Reading one key
+/// of such a file and then flushing removes the file, or replaces it if keys were set; `removeValue` of one
+/// of its keys removes it at once. A file that cannot be read at all, for lack of permission for instance,
 /// stays as it is. Changes that a flush cannot write stay in memory for the next flush.
 ///
 /// Symbolic links, folders and names that begin with a dot are not read. But if a link has the name of a
-/// key's file, a flush after any use of the key replaces or removes the link. Only one list at a time may use
-/// a folder.
+/// key's file, a flush after any use of the key replaces or removes the link.
 ///
 /// Any thread; the calls of one thread take effect in their order. A key that is empty or no valid Unicode
 /// (half of a surrogate pair) has no element, and setting or removing it has no effect.
 template <typename Element = QJsonValue>
 class PersistableList final {
 public:
-    using Entry = std::pair<QString, Element>; ///< key and value
+    using Entry = ListEntry<Element>; ///< with the members `key` and `value`
 
     /// `storageURL` is the path of the folder, which a flush makes if it is missing and any key was used. If
     /// the path is absent or empty, the list is in memory only, and `flush` has no effect. The constructor
-    /// touches no file.
-    explicit PersistableList(const std::optional<QString>& storageURL)
-        : access_(storageURL)
+    /// touches no file. `lockTimeout` is how long a change on the disk waits for other lists that write in
+    /// the folder.
+    explicit PersistableList(const std::optional<QString>& storageURL,
+        std::chrono::milliseconds lockTimeout = std::chrono::seconds(5))
+        : access_(storageURL, lockTimeout)
     {
     }
 
@@ -101,7 +110,7 @@ public:
     void removeValue(const QString& key) { change({key, std::nullopt}); }
 
     /// Writes each file that was loaded, also if it is unchanged, and frees its memory. A file without keys
-    /// is removed.
+    /// is removed. The first flush also removes files that killed processes left in the folder.
     void flush()
     {
         submit([](State& state) { state.flush(); });
@@ -125,7 +134,8 @@ private:
 
     /// The part that only the queue touches.
     struct State {
-        explicit State(const std::optional<QString>& url)
+        State(const std::optional<QString>& url, std::chrono::milliseconds timeout)
+            : lockTimeout(timeout)
         {
             if (url && !url->isEmpty())
                 storageURL = QFileInfo(*url).absoluteFilePath();
@@ -149,29 +159,64 @@ private:
             return found->second;
         }
 
-        void apply(Change&& change)
+        // The changes of each file together, so that they find its memory in the processor's cache.
+        void apply(Changes& changes)
         {
-            const QString name = storageKey(change.key);
+            std::unordered_map<QString, std::vector<Change*>> byFile;
+            for (Change& each : changes)
+                byFile[storageKey(each.key)].push_back(&each);
+            for (const auto& [name, ofFile] : byFile)
+                apply(name, ofFile);
+        }
+
+        void apply(const QString& name, const std::vector<Change*>& changes)
+        {
             Container& file = container(name);
-            if (change.value)
-                return file.setValue(*std::move(change.value), change.key);
-            file.removeValue(change.key);
-            if (file.isEmpty()) {
-                file.deleteAll();
-                containers.erase(name);
+            file.reserve(qsizetype(changes.size()));
+            bool isGone = false;
+            for (Change* const each : changes) {
+                isGone = !each->value && remove(file, each->key);
+                if (each->value)
+                    file.setValue(*std::move(each->value), each->key);
             }
+            if (isGone)
+                containers.erase(name);
+        }
+
+        /// Returns whether neither memory nor the disk has anything of the file any more.
+        bool remove(Container& file, const QString& key) const
+        {
+            file.removeValue(key);
+            if (!file.isEmpty() || !file.hasFile())
+                return file.isEmpty();
+            const auto lock = fileManager.lockDirectory(*storageURL, lockTimeout);
+            return lock && file.deleteIfEmpty();
+        }
+
+        std::optional<platform::FolderLock> lockFolder() const
+        {
+            auto lock = fileManager.lockDirectory(*storageURL, lockTimeout);
+            if (!lock && !fileManager.itemExists(*storageURL) && fileManager.createDirectory(*storageURL))
+                lock = fileManager.lockDirectory(*storageURL, lockTimeout);
+            return lock;
         }
 
         void flush()
         {
-            if (storageURL && !containers.empty())
-                fileManager.removeLeftovers(*storageURL);
+            if (!storageURL || containers.empty())
+                return;
+            const auto lock = lockFolder();
+            if (!lock)
+                return;
+            if (!std::exchange(areLeftoversRemoved, true))
+                fileManager.removeLeftovers(*lock);
             for (auto each = containers.begin(); each != containers.end();)
                 each = each->second.save() ? containers.erase(each) : std::next(each);
         }
 
         void clear()
         {
+            const auto lock = storageURL ? fileManager.lockDirectory(*storageURL, lockTimeout) : std::nullopt;
             // One by one too: if the folder is a link, its removal would only remove the link.
             for (const QString& name : fileNames())
                 container(name);
@@ -185,6 +230,8 @@ private:
         FileManager fileManager;
         std::unordered_map<QString, Container> containers; ///< by storage key
         std::optional<QString> storageURL;
+        std::chrono::milliseconds lockTimeout;
+        bool areLeftoversRemoved = false;
     };
 
     // A key that is no valid Unicode would be written as another key.
@@ -200,8 +247,7 @@ private:
             changes_ = std::make_shared<Changes>();
             access_.async([this, changes = changes_](State& state) {
                 close(changes);
-                for (Change& each : *changes)
-                    state.apply(std::move(each));
+                state.apply(*changes);
             });
         }
         changes_->push_back(std::move(change));

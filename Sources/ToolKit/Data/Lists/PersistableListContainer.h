@@ -5,7 +5,6 @@
 #include "ToolKit/Data/JSON/JSONEncoder.h"
 #include "ToolKit/Data/Lists/FileManager.h"
 
-#include <QFileInfo>
 #include <QHash>
 #include <QSet>
 #include <QString>
@@ -17,14 +16,46 @@
 
 namespace quor::toolkit {
 
+/// An element of a list in memory.
+template <typename Element>
+struct ListElement {
+    Element value{};
+    bool isChanged = false; ///< it was set here, after the file was read
+};
+
+template <typename Element>
+struct JSONCoding<ListElement<Element>> {
+    static bool decode(JSONValue value, ListElement<Element>& out, DecodingError& error)
+    {
+        return JSONCoding<Element>::decode(value, out.value, error);
+    }
+    static void encode(const ListElement<Element>& element, JSONWriter& writer)
+    {
+        JSONCoding<Element>::encode(element.value, writer);
+    }
+};
+
+/// A key of a list with its element.
+template <typename Element>
+struct ListEntry {
+    QString key;
+    Element value;
+
+    friend bool operator==(const ListEntry&, const ListEntry&) = default;
+};
+
 /// The content of one file of a `PersistableList` in memory: the elements by their keys. The file is a JSON
 /// object with one member for each element; without elements there is no file.
 ///
 /// `storageURL` is the path of the file. Without one, the disk is never touched. Borrows the file manager.
 /// Failures are not reported. One thread at a time.
+///
+/// Functions that write require the lock of the folder. Before they write, they read a file again that
+/// another process has changed meanwhile, and apply the changes made here to it.
 template <typename Element>
 class PersistableListContainer final {
 public:
+    using Entry = ListEntry<Element>;
     static constexpr qint64 noLimit = std::numeric_limits<qint64>::max();
 
     PersistableListContainer(std::optional<QString> storageURL, const FileManager& fileManager)
@@ -33,36 +64,21 @@ public:
     {
     }
 
-    /// Reads the file, unless there are elements already. A file that cannot be read as an object of such
-    /// elements reads as an empty one. If files cannot be opened for the moment, the next call tries again,
-    /// and the changes made until then are applied to what it reads.
+    /// Reads the file, unless there are elements already. A file that is not an object of such elements reads
+    /// as an empty one. If the file cannot be read, the next call tries again, and the changes made until
+    /// then are applied to what it reads.
     void load()
     {
-        if (!storageURL_ || (!dict_.isEmpty() && !isLoadPending_))
-            return;
-        auto data = fileManager_.contents(*storageURL_);
-        isLoadPending_ = !data;
-        if (isLoadPending_)
-            return;
-        const auto changed = std::exchange(dict_, {});
-        if (auto dict = JSONDecoder().decode<QHash<QString, Element>>(*std::move(data)))
-            dict_ = std::move(*dict);
-        for (const QString& key : std::exchange(removed_, {}))
-            dict_.remove(key);
-        dict_.insert(changed);
+        if (storageURL_ && (dict_.isEmpty() || isLoadPending_))
+            reload();
     }
 
-    /// Writes the file, or removes it if there are no elements; makes its folder if that is missing. Returns
-    /// whether the disk has these elements now. A file that could not be read so far is read first.
+    /// Writes the file, or removes it if there are no elements. Returns whether the disk has these elements
+    /// now. A file that cannot be read stays as it is.
     bool save()
     {
-        if (isLoadPending_)
-            load();
-        if (!storageURL_ || isLoadPending_)
+        if (!storageURL_ || !update())
             return false;
-        const QString directory = QFileInfo(*storageURL_).path();
-        if (!fileManager_.itemExists(directory))
-            fileManager_.createDirectory(directory);
         if (dict_.isEmpty())
             return fileManager_.removeFile(*storageURL_);
         const auto data = JSONEncoder().encode(dict_);
@@ -75,7 +91,22 @@ public:
         if (storageURL_)
             fileManager_.removeFile(*storageURL_);
         dict_ = {};
+        removed_ = {};
+        identity_.reset();
+        isLoadPending_ = false;
     }
+
+    /// Removes the file if it has no elements either. Returns whether there is no file now.
+    bool deleteIfEmpty()
+    {
+        if (!update() || !isEmpty())
+            return false;
+        deleteAll();
+        return true;
+    }
+
+    /// Whether there was a file when it was read last.
+    [[nodiscard]] bool hasFile() const { return identity_ || isLoadPending_; }
 
     /// Whether neither memory nor a file that could not be read so far has elements.
     [[nodiscard]] bool isEmpty() const { return dict_.isEmpty() && !isLoadPending_; }
@@ -84,39 +115,77 @@ public:
     [[nodiscard]] std::vector<QString> keys(qint64 limit = noLimit) const
     {
         std::vector<QString> keys;
-        for (auto entry = dict_.keyBegin(); entry != dict_.keyEnd() && qint64(keys.size()) < limit; ++entry)
-            keys.push_back(*entry);
+        visit(limit, [&](const QString& key, const Element&) { keys.push_back(key); });
         return keys;
     }
 
     /// Returns the same keys with their elements.
-    [[nodiscard]] std::vector<std::pair<QString, Element>> entries(qint64 limit = noLimit) const
+    [[nodiscard]] std::vector<Entry> entries(qint64 limit = noLimit) const
     {
-        std::vector<std::pair<QString, Element>> entries;
-        for (QString& key : keys(limit)) {
-            const Element element = dict_.value(key);
-            entries.emplace_back(std::move(key), element);
-        }
+        std::vector<Entry> entries;
+        visit(limit, [&](const QString& key, const Element& value) { entries.push_back({key, value}); });
         return entries;
     }
 
     [[nodiscard]] std::optional<Element> value(const QString& key) const
     {
         const auto entry = dict_.constFind(key);
-        return entry == dict_.cend() ? std::nullopt : std::optional<Element>(*entry);
+        return entry == dict_.cend() ? std::nullopt : std::optional<Element>(entry->value);
     }
 
-    void setValue(Element value, const QString& key) { dict_.emplace(key, std::move(value)); }
+    void setValue(Element value, const QString& key)
+    {
+        dict_.emplace(key, ListElement<Element>{std::move(value), true});
+    }
     void removeValue(const QString& key)
     {
         dict_.remove(key);
-        if (isLoadPending_)
+        if (hasFile())
             removed_.insert(key);
     }
+    /// Makes room for so many further elements.
+    void reserve(qsizetype count) { dict_.reserve(dict_.size() + count); }
 
 private:
-    QHash<QString, Element> dict_;
-    QSet<QString> removed_; ///< Since a load is pending.
+    using Dict = QHash<QString, ListElement<Element>>;
+
+    template <typename Visit>
+    void visit(qint64 limit, Visit visit) const
+    {
+        for (auto entry = dict_.cbegin(); entry != dict_.cend() && limit > 0; ++entry, --limit)
+            visit(entry.key(), entry->value);
+    }
+
+    /// Reads the file again if it has changed. Returns false if it cannot be read.
+    bool update()
+    {
+        return (!isLoadPending_ && fileManager_.identity(*storageURL_) == identity_) || reload();
+    }
+
+    bool reload()
+    {
+        auto file = fileManager_.read(*storageURL_);
+        isLoadPending_ = !file;
+        if (isLoadPending_)
+            return false;
+        identity_ = file->identity;
+        auto before = std::exchange(dict_, {});
+        if (!file->contents.isEmpty()) {
+            if (auto dict = JSONDecoder().decode<Dict>(std::move(file->contents)))
+                dict_ = *std::move(dict);
+        }
+        for (const QString& key : std::as_const(removed_))
+            dict_.remove(key);
+        for (auto entry = before.begin(); entry != before.end(); ++entry) {
+            if (entry->isChanged)
+                dict_.insert(entry.key(), std::move(*entry));
+        }
+        return true;
+    }
+
+    Dict dict_;
+    QSet<QString> removed_; ///< the keys that were removed here, after the file was read
+    FileManager::Identity identity_; ///< of the file when it was read; `nullopt` if there was none
     bool isLoadPending_ = false;
     std::optional<QString> storageURL_;
     const FileManager& fileManager_;
