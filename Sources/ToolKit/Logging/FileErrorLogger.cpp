@@ -7,12 +7,14 @@
 #include <QByteArray>
 #include <QFile>
 
+#include <array>
 #include <cmath>
 #include <ctime>
 #include <filesystem>
 #include <mutex>
 #include <set>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -36,20 +38,20 @@ public:
     void setPath(const QString& path)
     {
         const std::lock_guard lock(mutex_);
-        current_.store(&*paths_.insert(path).first, std::memory_order_release);
+        current_.store(
+            &*paths_.insert(QFile::encodeName(path).toStdString()).first, std::memory_order_release);
     }
-    /// Empty if there is no folder.
-    [[nodiscard]] QString path() const
+    /// In the file system's encoding. Empty if there is no folder.
+    [[nodiscard]] std::string_view nativePath() const
     {
         const auto* const path = current_.load(std::memory_order_acquire);
-        return path ? *path : QString();
+        return path ? std::string_view(*path) : std::string_view();
     }
-    [[nodiscard]] std::string nativePath() const { return QFile::encodeName(path()).toStdString(); }
 
 private:
     std::mutex mutex_; ///< Guards `paths_`.
-    std::set<QString> paths_; ///< A set keeps its elements where they are.
-    std::atomic<const QString*> current_ = nullptr;
+    std::set<std::string> paths_; ///< A set keeps its elements where they are.
+    std::atomic<const std::string*> current_ = nullptr;
 };
 
 // Without a format: formatting both dates would take a tenth of the time of a whole line.
@@ -78,9 +80,8 @@ void updateZone(std::time_t now)
         tzset();
 }
 
-std::string fileName(platform::Date now)
+std::string fileName(std::time_t seconds)
 {
-    const auto seconds = static_cast<std::time_t>(std::floor(platform::secondsSince1970(now)));
     updateZone(seconds);
     std::tm local{};
     localtime_r(&seconds, &local);
@@ -89,9 +90,8 @@ std::string fileName(platform::Date now)
     return text + ".log";
 }
 
-std::string timestamp(platform::Date now)
+std::string timestamp(std::time_t seconds)
 {
-    const auto seconds = static_cast<std::time_t>(std::floor(platform::secondsSince1970(now)));
     std::tm utc{};
     gmtime_r(&seconds, &utc);
     std::string text;
@@ -102,6 +102,28 @@ std::string timestamp(platform::Date now)
         appendTwoDigits(text, field);
     }
     return text + " +0000";
+}
+
+/// What all lines of one second have in common. Without a destructor, since threads may log until they end.
+struct SecondTexts {
+    bool isValid = false;
+    std::time_t seconds = 0;
+    std::array<char, std::string_view("2026-11-16.log").size()> fileName{};
+    std::array<char, std::string_view("2026-11-16 16:19:24 +0000").size()> timestamp{};
+};
+
+// Kept for the next line, since lines often come in bursts, and this takes a tenth of the time of a line.
+const SecondTexts& textsOf(platform::Date now)
+{
+    static constinit thread_local SecondTexts texts;
+    const auto seconds = static_cast<std::time_t>(std::floor(platform::secondsSince1970(now)));
+    if (!texts.isValid || texts.seconds != seconds) {
+        texts.isValid = true;
+        texts.seconds = seconds;
+        fileName(seconds).copy(texts.fileName.data(), texts.fileName.size());
+        timestamp(seconds).copy(texts.timestamp.data(), texts.timestamp.size());
+    }
+    return texts;
 }
 
 // In one system call, so that lines of other threads and processes do not come between.
@@ -142,8 +164,10 @@ void FileErrorLogger::setup(const std::optional<QString>& logDirectory, platform
 
 std::optional<QString> FileErrorLogger::logDirectory()
 {
-    const QString path = LogFolder::shared().path();
-    return path.isEmpty() ? std::nullopt : std::optional(path);
+    const auto path = LogFolder::shared().nativePath();
+    if (path.empty())
+        return std::nullopt;
+    return QFile::decodeName(QByteArray(path.data(), qsizetype(path.size())));
 }
 
 void FileErrorLogger::setEnabled(bool isEnabled)
@@ -155,19 +179,29 @@ void FileErrorLogger::setEnabled(bool isEnabled)
 
 void FileErrorLogger::write(QStringView message, platform::Date now)
 {
-    const std::string folder = LogFolder::shared().nativePath();
+    write(QByteArrayView(message.toUtf8()), now);
+}
+
+void FileErrorLogger::write(QByteArrayView message, platform::Date now)
+{
+    const std::string_view folder = LogFolder::shared().nativePath();
     if (folder.empty())
         return;
-    const QByteArray text = message.toUtf8();
-    std::string line = timestamp(now) + ": ";
-    line.append(text.constData(), static_cast<std::size_t>(text.size()));
-    line += '\n';
-    append(folder + '/' + fileName(now), line);
+    const SecondTexts& texts = textsOf(now);
+    std::string path;
+    path.reserve(folder.size() + 1 + texts.fileName.size());
+    path.append(folder) += '/';
+    path.append(texts.fileName.data(), texts.fileName.size());
+    std::string line;
+    line.reserve(texts.timestamp.size() + static_cast<std::size_t>(message.size()) + 3);
+    line.append(texts.timestamp.data(), texts.timestamp.size()) += ": ";
+    line.append(message.data(), static_cast<std::size_t>(message.size())) += '\n';
+    append(path, line);
 }
 
 void FileErrorLogger::removeLogs(double olderThan, platform::Date now)
 {
-    const std::string folder = LogFolder::shared().nativePath();
+    const std::string_view folder = LogFolder::shared().nativePath();
     if (folder.empty())
         return;
     std::error_code error;

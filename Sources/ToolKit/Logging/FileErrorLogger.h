@@ -3,6 +3,7 @@
 
 #include "Platform/Services/Clock.h"
 
+#include <QByteArrayView>
 #include <QString>
 #include <QStringView>
 
@@ -43,6 +44,8 @@ public:
     /// Appends the message to today's file, whether the log is enabled or not. Never makes the folder: after
     /// it was removed, lines are lost until the next `setup`.
     static void write(QStringView message, platform::Date now = platform::SystemClock().now());
+    /// The same for text in UTF-8, which saves the conversion.
+    static void write(QByteArrayView message, platform::Date now = platform::SystemClock().now());
 
     /// Removes each visible item of the folder that was created more than `olderThan` seconds ago, with
     /// any name: files, links, and empty folders. On a file system without creation times, the time of the
