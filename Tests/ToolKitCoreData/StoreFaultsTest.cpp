@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "Support/TinyDisk.h"
 #include "ToolKitCoreData/TestStore.h"
 
 #include <QFile>
@@ -107,6 +108,44 @@ TEST_F(StoreFaultsTest, KeepsChangesWhileTheDiskIsFull)
     EXPECT_EQ(open()->count<Task>(), 1);
     ASSERT_TRUE(context->save());
     EXPECT_EQ(open()->fetchObject<Task>(u"2"_s)->value<QByteArray>(u"photo")->size(), 3'000'000);
+}
+
+TEST_F(StoreFaultsTest, OpensAStoreOnAFullDisk)
+{
+    constexpr int cannotMount = 77;
+    const pid_t child = ::fork();
+    if (child == 0) {
+        if (!mountTinyDisk(folder_.path(), "size=160k"))
+            ::_exit(cannotMount);
+        add(*open(), u"0"_s); // makes the file, without the record
+        {
+            auto context = open();
+            add(*context, u"1"_s);
+            if (!context->save())
+                ::_exit(2);
+        }
+        const QString rest = folder_.filePath(u"rest"_s);
+        QFile file(rest);
+        (void)file.open(QFile::WriteOnly | QFile::Unbuffered);
+        while (file.write(QByteArray(4096, 'x')) > 0) { }
+        file.resize(file.size() - 16'384);
+        Context reader(path(), taskModel(), 50ms);
+        Context second(path(), taskModel(), 50ms);
+        const bool isRead = reader.count<Task>() == 1 && second.count<Task>() == 1;
+        add(reader, u"2"_s).setValue(QByteArray(40'000, 'x'), u"photo");
+        const auto outcome = reader.save();
+        QFile::remove(rest);
+        ::_exit(!isRead                                        ? 3
+                : outcome || outcome.error->kind != Kind::full ? 4
+                : !reader.save()                               ? 5
+                : second.count<Task>() != 2                    ? 6
+                                                               : 0);
+    }
+    int status = -1;
+    ::waitpid(child, &status, 0);
+    if (WEXITSTATUS(status) == cannotMount)
+        GTEST_SKIP() << "this system does not allow users to mount";
+    EXPECT_EQ(status, 0);
 }
 
 TEST_F(StoreFaultsTest, ReadsReadOnlyFiles)

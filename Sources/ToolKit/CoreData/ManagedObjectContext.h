@@ -35,6 +35,9 @@ namespace quor::toolkit {
 /// changed in this context; if two contexts change the same attribute, the last save wins. A record that
 /// another context has deleted stays deleted (see `SaveOutcome`).
 ///
+/// A store on a full disk can be opened and read. If no process has it open then, the first one has it alone:
+/// contexts of other processes fail with `locked` until the contexts of this process end.
+///
 /// Any thread: each operation waits for its turn on the private queue of the context. Put operations that
 /// must not be separated, such as a fetch and a change that depends on it, into one `performBlockAndWait`.
 class ManagedObjectContext final {

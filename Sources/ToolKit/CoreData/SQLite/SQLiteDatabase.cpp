@@ -49,9 +49,15 @@ StoreError::Kind kindOf(int code, int systemError)
 
 QByteArray uri(const QString& path, SQLiteDatabase::Mode mode)
 {
-    QByteArray text = "file:" + QFile::encodeName(path).toPercentEncoding("/");
-    if (mode == SQLiteDatabase::Mode::immutable)
-        text += "?immutable=1";
+    const QByteArray text = "file:" + QFile::encodeName(path).toPercentEncoding("/");
+    switch (mode) {
+    case SQLiteDatabase::Mode::readWrite:
+        return text;
+    case SQLiteDatabase::Mode::oneProcess:
+        return text + "?vfs=unix-excl";
+    case SQLiteDatabase::Mode::immutable:
+        return text + "?immutable=1";
+    }
     return text;
 }
 

@@ -22,6 +22,9 @@ public:
 
     enum class Mode {
         readWrite, ///< reads only if the file is read-only
+        /// As `readWrite`, but no other process can use the file while it is open. Needs no room on the disk
+        /// for reading a file with a write-ahead log.
+        oneProcess,
         immutable, ///< reads only, without locks; for a file that nobody changes meanwhile
     };
 

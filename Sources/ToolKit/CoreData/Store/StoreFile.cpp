@@ -48,6 +48,13 @@ Failure provideFile(const QString& path)
     return std::nullopt;
 }
 
+/// Whether the disk has no room for the file that the processes which use a write-ahead log share.
+bool lacksSharedMemory(const StoreError& failure)
+{
+    return failure.code == SQLITE_IOERR_SHMSIZE || failure.code == SQLITE_IOERR_SHMMAP
+        || failure.kind == StoreError::Kind::full;
+}
+
 bool hasJournal(const QString& path)
 {
     const auto isFilled
@@ -87,6 +94,11 @@ Failure StoreFile::connect(const QString& path, std::chrono::milliseconds busyTi
     auto failure = database_.open(path, SQLiteDatabase::Mode::readWrite, busyTimeout);
     if (!failure)
         failure = recognise();
+    if (failure && lacksSharedMemory(*failure)) {
+        failure = database_.open(path, SQLiteDatabase::Mode::oneProcess, busyTimeout);
+        if (!failure)
+            failure = recognise();
+    }
     // SQLite cannot even read a file with a write-ahead log if it cannot create files in the folder, as on a
     // read-only medium. If the log is empty and the file is not writable, assume that nobody changes it.
     if (failure && failure->kind != StoreError::Kind::notAStore && !hasJournal(path)

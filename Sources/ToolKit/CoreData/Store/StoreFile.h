@@ -13,6 +13,9 @@ namespace quor::toolkit {
 
 /// The file of a store, with the tables of its entities. It uses a write-ahead log, so that readers and
 /// writers do not wait for each other. A commit returns when the data is on the disk. One thread at a time.
+///
+/// If the disk is so full that the log needs more room already for reading, the file is opened for this
+/// process alone: until it is closed, other processes cannot use it.
 class StoreFile final {
 public:
     /// Opens or creates the file, and adds missing tables and columns. The folder must exist. A file that is
