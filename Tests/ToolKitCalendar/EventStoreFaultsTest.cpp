@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Files that other programs change at the same time, broken and foreign content, folders that disappear.
+#include "Support/TestLog.h"
 #include "TestCalendars.h"
 
 #include <gmock/gmock.h>
@@ -39,8 +40,24 @@ protected:
         calendars_.write(u"many.ics"_s, lines.trimmed());
     }
 
+    void setMode(mode_t mode, const QStringList& paths) const
+    {
+        for (const QString& path : paths)
+            ASSERT_EQ(chmod(calendars_.path(path).toUtf8().constData(), mode), 0);
+    }
+
     TestCalendars calendars_;
     EventStore store_{calendars_.options()};
+};
+
+/// Permissions do not bind root, so root is another user meanwhile.
+class OrdinaryUser final {
+public:
+    OrdinaryUser() { EXPECT_TRUE(user_ != 0 || seteuid(65'534) == 0); }
+    ~OrdinaryUser() { EXPECT_TRUE(user_ != 0 || seteuid(user_) == 0); }
+
+private:
+    const uid_t user_ = geteuid();
 };
 
 } // namespace
@@ -313,18 +330,151 @@ TEST_F(Faults, AFullDiskAndAReadOnlyFolderLeaveTheOldAndKeepTheNew)
     EXPECT_THAT(calendars_.read(u"a.ics"_s).toStdString(), testing::HasSubstr("SUMMARY:A"));
     EXPECT_EQ(calendars_.files(), QStringList{u"a.ics"_s});
 
-    const QByteArray folder = calendars_.path(u"local/team"_s).toUtf8();
-    for (const QString& path : {u""_s, u"local"_s, u"local/team/a.ics"_s})
-        chmod(calendars_.path(path).toUtf8().constData(), 0755);
-    chmod(folder.constData(), 0555);
-    const uid_t user = geteuid();
-    const bool isRoot = user == 0 && seteuid(65'534) == 0; // permissions do not bind root
-    EXPECT_EQ(store_.commit().value().kind(), Kind::readOnly);
-    EXPECT_FALSE(store_.calendars(EntityType::event).at(0)->allowsContentModifications());
-    ASSERT_TRUE(!isRoot || seteuid(user) == 0);
-    chmod(folder.constData(), 0755);
+    setMode(0777, {u""_s, u"local"_s, u"local/team/a.ics"_s});
+    setMode(0555, {u"local/team"_s});
+    {
+        const OrdinaryUser user;
+        EXPECT_EQ(store_.commit().value().kind(), Kind::readOnly);
+        const auto team = store_.calendars(EntityType::event).at(0);
+        EXPECT_FALSE(team->allowsContentModifications());
+        // A calendar is made and removed in spite of what cannot be written, and that stays staged.
+        const auto made = store_.newCalendar(EntityType::event);
+        made->setSource(store_.sources().front());
+        EXPECT_FALSE(store_.saveCalendar(made, true));
+        EXPECT_FALSE(store_.removeCalendar(made, true));
+        // What can never be written is not staged.
+        team->setTitle(u"Ours"_s);
+        EXPECT_EQ(store_.saveCalendar(team, false).value().kind(), Kind::readOnly);
+        EXPECT_EQ(store_.removeCalendar(team, false).value().kind(), Kind::readOnly);
+    }
+    setMode(0444, {u"local/team/a.ics"_s});
+    for (const mode_t mode : {0555U, 0777U}) {
+        setMode(mode, {u"local/team"_s});
+        const OrdinaryUser user;
+        const auto again = all().at(0);
+        EXPECT_EQ(store_.saveEvent(again, EventSpan::thisEvent, false).value().kind(), Kind::readOnly);
+        EXPECT_EQ(store_.removeEvent(again, EventSpan::thisEvent, false).value().kind(), Kind::readOnly);
+    }
+    setMode(0755, {u"local/team"_s, u"local/team/a.ics"_s});
     EXPECT_FALSE(store_.commit());
     EXPECT_GT(calendars_.read(u"a.ics"_s).size(), 10'000);
+}
+
+TEST_F(Faults, NothingIsLostWhileNoFileCanBeOpened)
+{
+    writeOne();
+    const auto event = all().at(0);
+    event->setTitle(u"Ours"_s);
+    ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, false));
+    const auto team = event->calendar();
+    team->setTitle(u"Team"_s);
+    ASSERT_FALSE(store_.saveCalendar(team, false));
+    calendars_.write(u"b.ics"_s, TestCalendars::event("b", "SUMMARY:B\nDTSTART:20261103T090000Z"));
+    calendars_.write(u"a.ics"_s, TestCalendars::event("a", "SUMMARY:A\nDTSTART:20261102T100000Z"));
+    rlimit limit{};
+    getrlimit(RLIMIT_NOFILE, &limit);
+    // With two descriptors a folder can be opened, but no file written in it.
+    for (const int free : {0, 1, 2}) {
+        const int next = dup(0);
+        close(next);
+        const rlimit few{rlim_t(next + free), limit.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &few);
+        const auto result = store_.commit();
+        store_.refreshSourcesIfNecessary();
+        const auto calendars = store_.calendars(EntityType::event).size();
+        const auto events = all().size();
+        setrlimit(RLIMIT_NOFILE, &limit);
+        EXPECT_EQ(result.value().kind(), Kind::failed) << free;
+        EXPECT_EQ(calendars, 1u) << free;
+        EXPECT_EQ(events, free < 2 ? 1u : 2u) << free;
+    }
+    ASSERT_FALSE(store_.commit());
+    EXPECT_EQ(listed(all()), (QStringList{u"Ours@11-02 10:00"_s, u"B@11-03 09:00"_s}));
+    EXPECT_EQ(readFile(calendars_.path(u"local/team/displayname"_s)), "Team");
+}
+
+TEST_F(Faults, ItemsWithoutIdentifierAreReportedInTheLog)
+{
+    const TestLog log;
+    for (const char* kind : {"VEVENT", "VTODO"}) {
+        const QByteArray name = QByteArray(kind) + ".ics";
+        calendars_.write(QString::fromLatin1(name),
+            QByteArray("BEGIN:") + kind + "\nSUMMARY:-\nDTSTART:20261102T090000Z\nEND:" + kind);
+        EXPECT_TRUE(all().empty());
+        EXPECT_THAT(log.text().toStdString(),
+            testing::HasSubstr("without UID in the calendar file local/team/" + name.toStdString()));
+    }
+}
+
+TEST_F(Faults, AFailureOfAnotherChangeIsReportedByTheNextCommit)
+{
+    QDir(calendars_.path()).mkpath(u"local/zoo"_s);
+    const auto calendars = store_.calendars(EntityType::event);
+    for (const bool removes : {false, true}) {
+        QDir(calendars_.path()).mkpath(u"local/team"_s);
+        const auto event = newEvent(store_, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00");
+        event->setCalendar(calendars.at(0));
+        ASSERT_FALSE(store_.saveEvent(event, EventSpan::thisEvent, false));
+        QDir(calendars_.path(u"local/team"_s)).removeRecursively();
+        const auto made = store_.newCalendar(EntityType::event);
+        made->setSource(store_.sources().front());
+        EXPECT_FALSE(
+            removes ? store_.removeCalendar(calendars.at(1), true) : store_.saveCalendar(made, true));
+        EXPECT_EQ(store_.commit().value().kind(), Kind::notFound);
+        EXPECT_FALSE(store_.commit());
+    }
+    // A calendar that cannot be written as a whole leaves no folder.
+    const QStringList before = QDir(calendars_.path(u"local"_s)).entryList();
+    const auto made = store_.newCalendar(EntityType::event);
+    made->setSource(store_.sources().front());
+    made->setTitle(QString(10'000, u'n'));
+    rlimit limit{};
+    getrlimit(RLIMIT_FSIZE, &limit);
+    const rlimit small{4096, limit.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_EQ(store_.saveCalendar(made, true).value().kind(), Kind::full);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(QDir(calendars_.path(u"local"_s)).entryList(), before);
+}
+
+TEST_F(Faults, ACalendarIsForTheTypeThatItWasMadeFor)
+{
+    const auto source = store_.sources().front();
+    const auto types = [&](EventStore& store, const QString& identifier) {
+        QString letters;
+        for (const auto type : {EntityType::event, EntityType::reminder}) {
+            for (const auto& each : store.calendars(type))
+                letters += each->calendarIdentifier() != identifier ? u""
+                    : type == EntityType::event                     ? u"E"
+                                                                    : u"R";
+        }
+        return letters;
+    };
+    EXPECT_EQ(types(store_, u"local/team"_s), u"ER"_s);
+    for (const auto type : {EntityType::event, EntityType::reminder}) {
+        const auto made = store_.newCalendar(type);
+        made->setSource(source);
+        ASSERT_FALSE(store_.saveCalendar(made, true));
+        made->setTitle(u"Renamed"_s);
+        ASSERT_FALSE(store_.saveCalendar(made, true));
+        EventStore other(calendars_.options());
+        EXPECT_EQ(types(other, made->calendarIdentifier()), type == EntityType::event ? u"E"_s : u"R"_s);
+    }
+    const struct {
+        QByteArray content;
+        QString types;
+    } cases[] = {{"VEVENT", u"E"_s}, {"vtodo\n", u"R"_s}, {"VTODO, VJOURNAL,VEVENT", u"ER"_s},
+        {"VEVENTS", u"ER"_s}, {"", u"ER"_s}, {"\xff;", u"ER"_s}, {QByteArray(5000, 'V'), u"ER"_s}};
+    for (const auto& c : cases) {
+        ASSERT_TRUE(writeFile(calendars_.path(u"local/team/supported-components"_s), c.content));
+        EventStore other(calendars_.options());
+        EXPECT_EQ(types(other, u"local/team"_s), c.types) << c.content.left(50).constData();
+    }
+    // What a calendar holds counts as well.
+    writeFile(calendars_.path(u"local/team/supported-components"_s), "VTODO");
+    writeOne();
+    EventStore other(calendars_.options());
+    EXPECT_EQ(types(other, u"local/team"_s), u"ER"_s);
 }
 
 TEST_F(Faults, OneOfTenThousandEventsInAFileIsSaved)

@@ -40,8 +40,8 @@ void CalendarFolder::refresh()
     if (files_.isCurrent())
         return;
     const CalendarDirectory directory(root_, path_);
-    if (directory.lacksResources())
-        return;
+    if (isTemporary(directory.openError()))
+        return; // what was read last stays
     properties_ = readProperties(directory);
     if (files_.update(directory, path_))
         index_.reset();
@@ -69,13 +69,17 @@ const ItemIndex& CalendarFolder::index()
 
 std::shared_ptr<EventCalendar> CalendarFolder::calendar(const EventSource& source)
 {
+    const auto allows = [&](EntityType type, bool holdsType, bool holdsOther) {
+        return holdsType || (properties_.types.empty() ? !holdsOther : properties_.types.contains(type));
+    };
     const bool holdsEvents = index().holdsEvents();
     const bool holdsReminders = index().holdsReminders();
     auto calendar = std::make_shared<EventCalendar>();
     calendar->fields_
         = {identifier(), properties_.title.isEmpty() ? QString::fromUtf8(path_.calendar) : properties_.title,
             properties_.color, source, CalendarDirectory(root_, path_).isWritable(),
-            holdsEvents || !holdsReminders, holdsReminders || !holdsEvents};
+            allows(EntityType::event, holdsEvents, holdsReminders),
+            allows(EntityType::reminder, holdsReminders, holdsEvents)};
     calendar->saved_ = calendar->fields_;
     return calendar;
 }
@@ -139,11 +143,8 @@ QByteArray CalendarFolder::newFile(const QString& uid)
 EventStoreResult CalendarFolder::stage(
     const QByteArray& file, ItemEdit edit, std::shared_ptr<const WriteStatus> condition)
 {
-    const CalendarDirectory directory(root_, path_);
-    if (!directory.isOpen())
-        return systemError(ENOENT, path_.below(root_));
     index_.reset();
-    return staged_.stage(directory, file, std::move(edit), std::move(condition));
+    return staged_.stage(CalendarDirectory(root_, path_), file, std::move(edit), std::move(condition));
 }
 
 std::shared_ptr<const WriteStatus> CalendarFolder::status(const QByteArray& file) const
@@ -175,18 +176,22 @@ bool CalendarFolder::commit(CommitWave wave, std::vector<EventStoreError>& failu
     return staged_.commit(wave, directory, files_, failures);
 }
 
+EventStoreResult CalendarFolder::removalObstacle() const
+{
+    return CalendarDirectory(root_, {path_.source, {}}).writeObstacle(path_.calendar);
+}
+
 EventStoreResult CalendarFolder::removeFromDisk()
 {
     const CalendarDirectory directory(root_, path_);
     const QByteArray folder = path_.below(root_);
+    if (auto obstacle = removalObstacle())
+        return obstacle;
     if (!directory.isOpen())
-        return systemError(ENOENT, folder);
+        return systemError(directory.openError(), folder);
     directory.lock();
     directory.removeLeftovers();
-    const auto names = directory.names();
-    if (!names)
-        return systemError(EMFILE, folder);
-    for (const QByteArray& name : *names) {
+    for (const QByteArray& name : directory.names()) {
         const bool isOurs = name.endsWith(itemSuffix) || isPropertyFile(name);
         const auto identity = isOurs ? directory.identity(name) : std::nullopt;
         if (auto failure = identity ? directory.remove(name, *identity) : std::nullopt)

@@ -44,7 +44,7 @@ public:
     /// Returns an unused name for the file of a new item.
     [[nodiscard]] QByteArray newFile(const QString& uid);
 
-    /// Adds an edit of a file, see `StagedFile::add`. Fails with `notFound` if the folder is gone.
+    /// Adds an edit of a file, see `StagingArea::stage`. Fails with `notFound` if the folder is gone.
     [[nodiscard]] EventStoreResult stage(
         const QByteArray& file, ItemEdit edit, std::shared_ptr<const WriteStatus> condition = nullptr);
     /// The status of a staged file, as a condition for edits of others.
@@ -58,6 +58,8 @@ public:
 
     /// See `StagingArea::commit`.
     bool commit(CommitWave wave, std::vector<EventStoreError>& failures);
+    /// Returns the error of a future `removeFromDisk`, if the permissions do not allow it.
+    [[nodiscard]] EventStoreResult removalObstacle() const;
     /// Removes the calendar's files, and the folder if nothing else is in it. Drops all edits on success.
     [[nodiscard]] EventStoreResult removeFromDisk();
 

@@ -6,6 +6,7 @@
 #include <cerrno>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace quor::toolkit {
 
@@ -13,6 +14,7 @@ namespace {
 
 constexpr char titleFile[] = "displayname";
 constexpr char colorFile[] = "color";
+constexpr char typesFile[] = "supported-components"; // names of iCalendar components
 constexpr qint64 largestPropertyFile = 4096; // bytes
 
 QByteArray readProperty(const CalendarDirectory& directory, const QByteArray& name)
@@ -36,17 +38,34 @@ QColor colorOf(const QByteArray& text)
     return text.startsWith('#') && text.size() >= 7 ? QColor(QString::fromLatin1(text.first(7))) : QColor();
 }
 
+constexpr const char* componentOf(EntityType type)
+{
+    return type == EntityType::event ? "VEVENT" : "VTODO";
+}
+
+std::set<EntityType> typesOf(const QByteArray& text)
+{
+    std::set<EntityType> types;
+    for (const QByteArray& name : text.toUpper().replace(',', ' ').simplified().split(' ')) {
+        for (const EntityType type : {EntityType::event, EntityType::reminder}) {
+            if (name == componentOf(type))
+                types.insert(type);
+        }
+    }
+    return types;
+}
+
 } // namespace
 
 CalendarProperties readProperties(const CalendarDirectory& directory)
 {
-    return {
-        QString::fromUtf8(readProperty(directory, titleFile)), colorOf(readProperty(directory, colorFile))};
+    return {QString::fromUtf8(readProperty(directory, titleFile)),
+        colorOf(readProperty(directory, colorFile)), typesOf(readProperty(directory, typesFile))};
 }
 
 bool isPropertyFile(const QByteArray& name)
 {
-    return name == titleFile || name == colorFile;
+    return name == titleFile || name == colorFile || name == typesFile;
 }
 
 EventStoreResult CalendarPropertiesChange::write(const QByteArray& root) const
@@ -57,16 +76,39 @@ EventStoreResult CalendarPropertiesChange::write(const QByteArray& root) const
             return systemError(error.value(), folder);
     }
     const CalendarDirectory directory(root, path);
-    if (!directory.isOpen())
-        return systemError(ENOENT, path.below(root));
     directory.lock();
     directory.removeLeftovers();
+    auto failure = directory.isOpen()
+        ? writeFiles(directory)
+        : EventStoreResult(systemError(directory.openError(), path.below(root)));
+    if (failure && isNew) {
+        for (const QByteArray& name : directory.names()) {
+            if (const auto identity = directory.identity(name); identity && isPropertyFile(name))
+                (void)directory.remove(name, *identity);
+        }
+        rmdir(path.below(root).constData());
+    }
+    return failure;
+}
+
+EventStoreResult CalendarPropertiesChange::obstacle(const QByteArray& root) const
+{
+    if (!isNew)
+        return CalendarDirectory(root, path).writeObstacle();
+    const CalendarDirectory source(root, {path.source, {}});
+    return source.isOpen() ? source.writeObstacle() : std::nullopt; // a missing folder will be made
+}
+
+EventStoreResult CalendarPropertiesChange::writeFiles(const CalendarDirectory& directory) const
+{
     EventStoreResult failure;
     if (title)
         failure = writeProperty(directory, titleFile, title->simplified().toUtf8());
     if (color && !failure)
         failure = writeProperty(
             directory, colorFile, color->isValid() ? color->name().toUpper().toLatin1() : QByteArray());
+    if (type && !failure)
+        failure = writeProperty(directory, typesFile, componentOf(*type));
     return failure;
 }
 

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/Calendar/Files/FolderWatch.h"
 
-#include "Platform/Files/Folder.h"
 #include "ToolKit/Calendar/Files/CalendarDirectory.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 #include <utility>
 
@@ -14,21 +12,17 @@
 
 namespace quor::toolkit {
 
-using platform::SymbolicLinks;
-
 namespace {
 
 constexpr std::uint32_t watchedChanges = IN_CLOSE_WRITE | IN_MOVED_FROM | IN_MOVED_TO | IN_CREATE | IN_DELETE
     | IN_ATTRIB | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR | IN_DONT_FOLLOW;
 
-/// Call right after the folder was opened. Returns `nullopt` for a shortage.
-std::optional<std::vector<QByteArray>> subfolders(int folder)
+/// Returns `nullopt` if the folder could not be opened for the moment, otherwise the names, sorted.
+std::optional<std::vector<QByteArray>> subfolders(const CalendarDirectory& folder)
 {
-    std::vector<QByteArray> names;
-    if (folder >= 0)
-        names = platform::entryNames(folder, S_IFDIR);
-    if (isShortage(errno))
+    if (isTemporary(folder.openError()))
         return std::nullopt;
+    auto names = folder.names(S_IFDIR);
     std::ranges::sort(names);
     return names;
 }
@@ -64,15 +58,13 @@ std::optional<std::vector<CalendarPath>> FolderWatch::list()
     // Each folder is watched before it is read, so that no change falls in between.
     std::vector<CalendarPath> paths;
     watch({});
-    const auto root = platform::openFolder(root_);
-    const auto sources = subfolders(root.get());
+    const auto sources = subfolders(CalendarDirectory(root_, {}));
     if (!sources)
         return std::nullopt;
     for (const QByteArray& source : *sources) {
         watch({source, {}});
         paths.push_back({source, {}});
-        const auto folder = platform::openFolder(source, SymbolicLinks::refuse, root.get());
-        const auto calendars = subfolders(folder.get());
+        const auto calendars = subfolders(CalendarDirectory(root_, {source, {}}));
         if (!calendars)
             return std::nullopt;
         for (const QByteArray& calendar : *calendars) {

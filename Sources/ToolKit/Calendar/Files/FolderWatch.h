@@ -28,7 +28,7 @@ public:
     explicit FolderWatch(QByteArray root);
 
     /// Returns the sources and calendars that exist, each source before its calendars, by name. Begins to
-    /// watch those that are new. Returns `nullopt` if a folder cannot be listed for a shortage.
+    /// watch those that are new. Returns `nullopt` if the process can open no folders at the moment.
     [[nodiscard]] std::optional<std::vector<CalendarPath>> list();
     /// Returns the changes since the last call.
     [[nodiscard]] Changes drain();

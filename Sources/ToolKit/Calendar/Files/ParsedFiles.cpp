@@ -8,6 +8,21 @@
 
 namespace quor::toolkit {
 
+namespace {
+
+void logFile(const CalendarPath& path, const QByteArray& name, const QString& message)
+{
+    Logger::log(message.arg(path.identifier() + u'/' + QString::fromUtf8(name)), true);
+}
+
+bool hasNamelessItem(const ItemFile& file)
+{
+    return !file.components(ICAL_VEVENT_COMPONENT, {}).empty()
+        || !file.components(ICAL_VTODO_COMPONENT, {}).empty();
+}
+
+} // namespace
+
 void ParsedFiles::markChanged(const std::set<QByteArray>& names)
 {
     if (changed_)
@@ -17,12 +32,11 @@ void ParsedFiles::markChanged(const std::set<QByteArray>& names)
 bool ParsedFiles::update(const CalendarDirectory& directory, const CalendarPath& path)
 {
     bool isAnyChanged = !changed_ && compareAll(directory);
-    if (!changed_)
-        return false;
     for (const QByteArray& name : std::exchange(*changed_, {})) {
         if (!name.endsWith(itemSuffix))
             continue;
-        read(directory, path, name);
+        if (!read(directory, path, name))
+            changed_->insert(name);
         isAnyChanged = true;
     }
     return isAnyChanged;
@@ -30,47 +44,43 @@ bool ParsedFiles::update(const CalendarDirectory& directory, const CalendarPath&
 
 bool ParsedFiles::compareAll(const CalendarDirectory& directory)
 {
-    const auto names = directory.names();
-    if (!names)
-        return false;
     std::map<QByteArray, File> known = std::exchange(files_, {});
     changed_.emplace();
-    for (const QByteArray& name : *names) {
+    for (const QByteArray& name : directory.names()) {
         if (!name.endsWith(itemSuffix))
             continue;
         auto file = known.extract(name);
         if (file.empty() || directory.identity(name) != file.mapped().identity)
             changed_->insert(name);
-        else
+        if (!file.empty())
             files_.insert(std::move(file));
     }
     return !known.empty();
 }
 
-void ParsedFiles::read(const CalendarDirectory& directory, const CalendarPath& path, const QByteArray& name)
+bool ParsedFiles::read(const CalendarDirectory& directory, const CalendarPath& path, const QByteArray& name)
 {
     const auto content = directory.read(name);
     if (!content) {
         files_.erase(name);
-        return;
+        return true;
     }
-    if (content->isRetried) {
-        changed_->insert(name);
-        return;
-    }
+    if (isTemporary(content->error))
+        return false;
     File& file = files_[name];
     file = {content->identity, std::nullopt};
     const auto items = content->bytes ? ItemFile::parse(*content->bytes) : std::nullopt;
     if (items) {
         file.records = items->records();
-        return;
+        if (hasNamelessItem(*items))
+            logFile(path, name, QStringLiteral("Skipped an item without UID in the calendar file %1"));
+        return true;
     }
     const QString reason = content->identity.size > largestItemFile ? QStringLiteral("is too large")
         : content->bytes                                            ? QStringLiteral("is broken")
                                                                     : QStringLiteral("cannot be read");
-    Logger::log(QStringLiteral("Skipped the calendar file %1, which %2")
-                    .arg(path.identifier() + u'/' + QString::fromUtf8(name), reason),
-        true);
+    logFile(path, name, QStringLiteral("Skipped the calendar file %1, which ") + reason);
+    return true;
 }
 
 } // namespace quor::toolkit

@@ -24,8 +24,9 @@ public:
     void markChanged(const std::set<QByteArray>& names);
     [[nodiscard]] bool isCurrent() const { return changed_ && changed_->empty(); }
 
-    /// Reads the files that changed. Logs those that cannot be read. Returns whether any record may have
-    /// changed. What cannot be read for a shortage stays as it was, and to be read.
+    /// Reads the files that changed. Logs those that cannot be read, and those with items that have no
+    /// identifier. While the process can open no files, the records stay, and the next call tries again.
+    /// Returns whether any record may have changed.
     bool update(const CalendarDirectory& directory, const CalendarPath& path);
 
     [[nodiscard]] const std::map<QByteArray, File>& files() const { return files_; }
@@ -34,9 +35,9 @@ public:
     void remove(const QByteArray& name) { files_.erase(name); }
 
 private:
-    /// Leaves `changed_` as it is if the files cannot be listed.
     bool compareAll(const CalendarDirectory& directory);
-    void read(const CalendarDirectory& directory, const CalendarPath& path, const QByteArray& name);
+    /// Returns false if the file cannot be opened at the moment.
+    bool read(const CalendarDirectory& directory, const CalendarPath& path, const QByteArray& name);
 
     std::map<QByteArray, File> files_;
     std::optional<std::set<QByteArray>> changed_; ///< the files to read; `nullopt`: not known yet

@@ -76,11 +76,9 @@ bool StagedFile::depends(WriteStatus status) const
 EventStoreResult StagedFile::applyAgain(const CalendarDirectory& directory)
 {
     const auto content = directory.read(name_);
-    std::optional<ItemFile> file;
-    if (!content)
-        file.emplace();
-    else if (content->bytes)
-        file = ItemFile::parse(*content->bytes);
+    if (content && !content->bytes)
+        return content->failure(name_);
+    std::optional<ItemFile> file = content ? ItemFile::parse(*content->bytes) : ItemFile();
     if (!file)
         return unreadable(QString::fromUtf8(name_));
     for (const Edit& each : edits_) {
@@ -116,7 +114,7 @@ EventStoreResult StagedFile::write(const CalendarDirectory& directory, ParsedFil
     if (std::ranges::all_of(edits_, [](const Edit& each) { return each.depends(WriteStatus::abandoned); }))
         return std::nullopt;
     if (!directory.isOpen())
-        return systemError(ENOENT, name_);
+        return systemError(directory.openError(), name_);
     EventStoreResult failure;
     for (int attempt = 0; attempt < mostAttempts; ++attempt) {
         failure = writeOnce(directory, files);

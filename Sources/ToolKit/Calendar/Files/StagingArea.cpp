@@ -18,11 +18,13 @@ const StagedFile* StagingArea::find(const QByteArray& name) const
 EventStoreResult StagingArea::stage(const CalendarDirectory& directory, const QByteArray& name, ItemEdit edit,
     std::shared_ptr<const WriteStatus> condition)
 {
+    if (auto obstacle = directory.writeObstacle(name))
+        return obstacle;
     auto file = files_.find(name);
     if (file == files_.end()) {
         auto content = directory.read(name);
         if (content && !content->bytes)
-            return unreadable(QString::fromUtf8(name));
+            return content->failure(name);
         file = files_.try_emplace(name, name, std::move(content)).first;
     }
     auto failure = file->second.add(std::move(edit), std::move(condition));

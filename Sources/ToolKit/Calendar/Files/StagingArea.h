@@ -17,7 +17,7 @@ public:
     [[nodiscard]] const StagedFile* find(const QByteArray& name) const;
 
     /// Adds an edit to a file, see `StagedFile::add`. On failure nothing changes. Fails with `unreadable`
-    /// for a file that is broken or too large.
+    /// for a file that is broken or too large, and with `readOnly` if it could never be written.
     [[nodiscard]] EventStoreResult stage(const CalendarDirectory& directory, const QByteArray& name,
         ItemEdit edit, std::shared_ptr<const WriteStatus> condition);
     void unstage(const QByteArray& name) { files_.erase(name); }

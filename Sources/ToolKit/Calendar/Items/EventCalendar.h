@@ -37,7 +37,8 @@ public:
     /// Whether the permissions of the calendar's folder allow to write there.
     [[nodiscard]] bool allowsContentModifications() const { return get(&Fields::isWritable); }
 
-    /// Whether the calendar holds items of that type now. An empty calendar allows both types.
+    /// Whether the calendar is for items of that type, or holds some now. A calendar is for the type that it
+    /// was made for. If another program has made it and says nothing, an empty one is for both types.
     [[nodiscard]] bool allows(EntityType type) const
     {
         return get(type == EntityType::event ? &Fields::holdsEvents : &Fields::holdsReminders);

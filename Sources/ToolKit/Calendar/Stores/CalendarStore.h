@@ -72,15 +72,17 @@ public:
     void deleteCalendarEvent(const std::shared_ptr<Event>& event);
 
     /// Removes the calendar with all its items, on the queue. Commits at once, and with it all changes that
-    /// were saved before. Has no effect if there is no such calendar.
+    /// were saved before; if one of those fails, the next commit reports it. Has no effect if there is no
+    /// such calendar.
     void deleteCalendar(const QString& identifier);
 
     /// Returns each source, followed by its calendars that can hold events: a tree of two levels as a flat
     /// list. Reads on the calling thread.
     [[nodiscard]] std::vector<CalendarSource> calendarSources() const;
 
-    /// Writes a new, empty calendar on the calling thread, and then all changes that were saved before.
-    /// Returns null if one of these writes fails, even if the calendar itself was written.
+    /// Writes a new, empty calendar for events on the calling thread, and then all changes that were saved
+    /// before; if one of those fails, the next commit reports it. Returns null if the calendar cannot be
+    /// written.
     std::shared_ptr<EventCalendar> createCalendar(
         const EventSource& source, const QString& title, const QColor& color);
 

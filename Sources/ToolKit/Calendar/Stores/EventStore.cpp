@@ -47,7 +47,9 @@ QString newIdentifier()
 
 bool isFolderName(const QByteArray& name)
 {
-    return !name.isEmpty() && !name.startsWith('.') && !name.contains('/') && !name.contains('\0');
+    constexpr qsizetype longest = 255; // bytes
+    return !name.isEmpty() && name.size() <= longest && !name.startsWith('.') && !name.contains('/')
+        && !name.contains('\0');
 }
 
 } // namespace
@@ -147,7 +149,7 @@ std::shared_ptr<Reminder> EventStore::newReminder()
 
 EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit)
 {
-    return state_->run(state_->hasAnyAccess(), commit, [&]() -> Result {
+    return state_->run(state_->hasAnyAccess(), false, [&]() -> Result {
         CalendarTree& calendars = state_->calendars;
         const auto source = calendar ? calendar->source() : std::nullopt;
         const QByteArray sourceName = source ? source->sourceIdentifier.toUtf8() : QByteArray();
@@ -157,6 +159,8 @@ EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>
         auto& stagedChanges = state_->propertiesChanges;
         CalendarPropertiesChange change;
         change.isNew = fields.identifier.isEmpty();
+        if (change.isNew)
+            change.type = fields.holdsEvents ? EntityType::event : EntityType::reminder;
         change.path = change.isNew
             ? CalendarPath{sourceName, QUuid::createUuid().toByteArray(QUuid::WithoutBraces)}
             : CalendarPath::fromIdentifier(fields.identifier);
@@ -169,6 +173,8 @@ EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>
             change.title = fields.title;
         if (fields.color != saved.color)
             change.color = fields.color;
+        if (auto obstacle = change.obstacle(calendars.root()))
+            return obstacle;
         if (commit) {
             if (auto failure = change.write(calendars.root()))
                 return failure;
@@ -178,9 +184,11 @@ EventStore::Result EventStore::saveCalendar(const std::shared_ptr<EventCalendar>
         }
         if (earlier != stagedChanges.end())
             stagedChanges.erase(earlier); // `change` contains it
-        if (!commit)
-            stagedChanges.push_back(change);
         calendar->setSaved(fields, change.path.identifier());
+        if (commit)
+            state_->commitOthers();
+        else
+            stagedChanges.push_back(change);
         return std::nullopt;
     });
 }
@@ -190,14 +198,16 @@ EventStore::Result EventStore::removeCalendar(const std::shared_ptr<EventCalenda
     return state_->run(state_->hasAnyAccess(), false, [&]() -> Result {
         const QString identifier = calendar ? calendar->calendarIdentifier() : QString();
         const auto path = CalendarPath::fromIdentifier(identifier);
-        if (!state_->calendars.folder(path))
+        const CalendarFolder* const folder = state_->calendars.folder(path);
+        if (!folder)
             return notFound(QStringLiteral("the calendar ") + identifier);
-        state_->removals.push_back(path);
-        if (!commit)
-            return std::nullopt;
-        auto failure = state_->commit();
-        std::erase(state_->removals, path);
-        return failure;
+        if (auto obstacle = folder->removalObstacle())
+            return obstacle;
+        if (commit)
+            return state_->commitRemoval(path);
+        if (std::ranges::find(state_->removals, path) == state_->removals.end())
+            state_->removals.push_back(path);
+        return std::nullopt;
     });
 }
 
@@ -233,10 +243,7 @@ EventStore::Result EventStore::commit()
 void EventStore::reset()
 {
     const std::scoped_lock lock(state_->mutex);
-    state_->propertiesChanges.clear();
-    state_->removals.clear();
-    for (CalendarFolder* const folder : state_->calendars.folders())
-        folder->unstageAll();
+    state_->reset();
 }
 
 void EventStore::refreshSourcesIfNecessary()

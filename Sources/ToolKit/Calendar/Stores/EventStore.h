@@ -76,15 +76,14 @@ public:
 
     /// Creates the calendar, or writes its title and colour if they were changed here.
     ///
-    /// With `commit` the calendar is written at once, and then all staged changes. If the calendar cannot be
-    /// written, nothing else is written either, and its change is not staged. Otherwise the result is the
-    /// first failure of the staged changes. Without `commit` the change is staged: until the next commit,
-    /// reads do not see it, and items cannot be saved into a new calendar.
+    /// With `commit` the calendar is written at once, and then all staged changes. The result is the
+    /// calendar's own. If the calendar cannot be written, nothing else is written either, its change is not
+    /// staged, and of a new calendar nothing stays on the disk. Without `commit` the change is staged: until
+    /// the next commit, reads do not see it, and items cannot be saved into a new calendar.
     Result saveCalendar(const std::shared_ptr<EventCalendar>& calendar, bool commit);
     /// Removes the calendar with its items. With `commit` the staged changes of all other calendars are
-    /// written, and then this calendar is removed. The result is the first failure, which can be the failure
-    /// of another change. A removal that fails is not staged. Without `commit` the calendar is removed at the
-    /// next commit.
+    /// written, and then this calendar is removed. The result is that of the removal alone. A removal that
+    /// fails is not staged. Without `commit` the calendar is removed at the next commit.
     ///
     /// Only the calendar's own files are removed. If the folder contains others, it stays as an empty
     /// calendar. The whole calendar stays if an item was moved from it to another calendar but could not be
@@ -93,7 +92,8 @@ public:
 
     // Saves and removals of items stage the change: from then on, reads of this store see it. If staging
     // fails, nothing changes. With `commit` all staged changes are then committed. The result is the first
-    // failure, which can be the failure of another staged change.
+    // failure, which can be the failure of another staged change. What the permissions do not allow to be
+    // written is not staged, and fails with `readOnly`.
 
     /// For an occurrence of a series, `thisEvent` changes that occurrence alone. `futureEvents` changes it
     /// and all later occurrences, which become a new series. If it is the first occurrence, `futureEvents`
@@ -107,7 +107,8 @@ public:
 
     /// Writes all staged changes. A failure does not stop it: it tries all changes and returns the first
     /// failure. Changes that fail with `conflict`, `notFound` or `unreadable` are dropped. Changes that fail
-    /// for any other reason stay staged for the next commit.
+    /// for any other reason stay staged for the next commit. If a change was dropped while a calendar was
+    /// saved or removed, that failure is the result of the next commit.
     Result commit();
     /// Drops all staged changes. Objects that were saved but not committed keep their values. Read them
     /// again before you save them again.

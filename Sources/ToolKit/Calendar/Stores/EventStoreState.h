@@ -33,6 +33,14 @@ struct EventStore::State {
     }
     /// Writes all that is staged, and returns the first failure. Requires the lock.
     [[nodiscard]] Result commit();
+    /// The same after a change of a calendar, whose caller is not to get failures of other changes. Those of
+    /// changes that were dropped are the result of the next `commit`. Requires the lock.
+    void commitOthers();
+    /// Writes all that is staged outside of the calendar, removes the calendar, and returns why that failed,
+    /// if it did. Other failures as with `commitOthers`. Requires the lock.
+    [[nodiscard]] Result commitRemoval(const CalendarPath& path);
+    /// Drops all that is staged. Requires the lock.
+    void reset();
 
     const EventStoreOptions options;
     platform::DispatchQueue queue{"EventStore"};
@@ -43,8 +51,15 @@ struct EventStore::State {
     std::vector<CalendarPath> removals; ///< calendars whose removal is staged
 
 private:
-    bool commitItems(CommitWave wave, std::vector<EventStoreError>& failures);
-    void removeCalendars(std::vector<EventStoreError>& failures);
+    using Failures = std::vector<EventStoreError>;
+
+    bool commitItems(CommitWave wave, Failures& failures);
+    void commitPropertiesAndItems(Failures& failures);
+    [[nodiscard]] Result removeCalendar(const CalendarPath& path);
+    void removeCalendars(Failures& failures);
+    void keep(const Failures& failures);
+
+    Result unreported_; ///< the first failure of a change that was dropped, for the next `commit`
 };
 
 } // namespace quor::toolkit
