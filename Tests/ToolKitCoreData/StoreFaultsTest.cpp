@@ -129,6 +129,7 @@ TEST_F(StoreFaultsTest, OpensAStoreOnAFullDisk)
         (void)file.open(QFile::WriteOnly | QFile::Unbuffered);
         while (file.write(QByteArray(4096, 'x')) > 0) { }
         file.resize(file.size() - 16'384);
+        file.close(); // so that its removal makes room
         Context reader(path(), taskModel(), 50ms);
         Context second(path(), taskModel(), 50ms);
         const bool isRead = reader.count<Task>() == 1 && second.count<Task>() == 1;
