@@ -2,6 +2,7 @@
 #include "Platform/Files/Folder.h"
 
 #include <array>
+#include <cerrno>
 #include <cstring>
 
 #include <dirent.h>
@@ -46,7 +47,8 @@ std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names)
     alignas(dirent64) std::array<char, 16 * 1024> buffer;
     if (lseek(folder, 0, SEEK_SET) < 0)
         return found;
-    for (ssize_t size = 0; (size = getdents64(folder, buffer.data(), buffer.size())) > 0;) {
+    ssize_t size = 0;
+    while ((size = getdents64(folder, buffer.data(), buffer.size())) > 0) {
         for (ssize_t position = 0; position < size;) {
             const auto& entry = *reinterpret_cast<const dirent64*>(buffer.data() + position);
             position += entry.d_reclen;
@@ -56,6 +58,8 @@ std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names)
                 found.emplace_back(entry.d_name);
         }
     }
+    if (size == 0)
+        errno = 0;
     return found;
 }
 

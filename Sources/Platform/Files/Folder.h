@@ -27,7 +27,8 @@ enum class Names { visible, hidden };
 
 /// Returns the names of a folder's own entries of one kind (`S_IFREG`, `S_IFDIR`), in no order, without
 /// "." and "..". A symbolic link has the kind `S_IFLNK`, even if it leads to another kind. Returns an empty
-/// list if the folder cannot be read. Two threads must not list one descriptor at the same time.
+/// list if the folder cannot be read, with the reason in `errno`; else `errno` is 0. Two threads must not
+/// list one descriptor at the same time.
 [[nodiscard]] std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names = Names::visible);
 
 } // namespace quor::platform

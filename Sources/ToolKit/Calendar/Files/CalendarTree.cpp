@@ -32,7 +32,7 @@ void CalendarTree::refresh(Listing listing)
     if (!watch_)
         watch_ = std::make_unique<FolderWatch>(root_);
     const FolderWatch::Changes changes = watch_->drain();
-    if (isListPending_ || listing == Listing::always || changes.folders || !isWatched())
+    if (!isListed_ || listing == Listing::always || changes.folders || !isWatched())
         list();
     for (const auto& [path, folder] : folders_) {
         if (changes.calendars.contains(path) || !watch_->isWatched(path))
@@ -53,9 +53,9 @@ bool CalendarTree::isWatched() const
 void CalendarTree::list()
 {
     const auto paths = watch_->list();
-    isListPending_ = !paths;
+    isListed_ = paths.has_value();
     if (!paths)
-        return; // the calendars stay as they were listed last
+        return;
     std::set<CalendarPath> found;
     sources_.clear();
     sources_.push_back(readSource(root_, localSource));

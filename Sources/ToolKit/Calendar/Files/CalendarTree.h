@@ -49,7 +49,6 @@ private:
     const QByteArray root_;
     std::vector<EventSource> sources_;
     std::unique_ptr<FolderWatch> watch_; ///< null before the first refresh
-    bool isListPending_ = true;
     std::map<CalendarPath, std::unique_ptr<CalendarFolder>> folders_;
     bool isListed_ = false; ///< false if the folders could not be listed
 };
