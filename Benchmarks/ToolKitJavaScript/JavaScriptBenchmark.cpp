@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A new engine that runs a trivial script, compared with the C API alone, which makes a context in its own
 // virtual machine, evaluates the same text and releases the context. Our engine also sets `utils` and its
-// functions, watches time and memory, and returns the value. Both read the value and release everything in
-// the same round. Also measures the memory of the process after 200 runs and after 1,000 more. The library
-// itself leaks a third of a KiB with each virtual machine, so the memory of the comparison grows too.
+// functions, and returns the value. Both read the value and release everything in
+// the same round. With a time limit, the same runs in a process of its own. Also measures the memory of the
+// process after 200 runs and after 1,000 more. The library itself leaks a third of a KiB with each virtual
+// machine, so the memory of the comparison grows too.
 #include "ToolKit/JavaScript/JavaScriptPlugin.h"
 
 #include <JavaScriptCore/JavaScript.h>

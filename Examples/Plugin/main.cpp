@@ -106,12 +106,14 @@ void printException(const JSValue& exception)
 }
 
 // The value as JSON if JSON can represent it, else as the script's String(value).
-QString resultText(const JSValue& result)
+std::optional<QString> resultText(const JSValue& result)
 {
-    const auto value = result.toScriptValue();
-    const bool isRepresented = value && (!value->as<std::monostate>() || result.isUndefined());
-    const QString text = result.toString().value_or(u"no text"_s);
-    return isRepresented ? plainText(*value) : text;
+    if (!result.isString()) {
+        const auto value = result.toScriptValue();
+        if (value && (!value->as<std::monostate>() || result.isUndefined()))
+            return plainText(*value);
+    }
+    return result.toString();
 }
 
 int run(JavaScriptPlugin plugin, const QString& script, const ScriptValue::Map& parameters)
@@ -125,15 +127,18 @@ int run(JavaScriptPlugin plugin, const QString& script, const ScriptValue::Map& 
     FileErrorLogger::setup(logs.path());
     FileErrorLogger::setEnabled(true);
     const auto result = plugin.execute(script, parameters);
+    const auto text = result ? resultText(*result) : std::nullopt; // this can run the script's code, too
     printLog(logs.path());
-    if (result) {
+    if (result && !text && !hasThrown)
+        return complain(failed, u"the result cannot be converted to a text"_s);
+    if (text) {
         QTextStream out(stdout);
-        out << resultText(*result) << '\n';
+        out << *text << '\n';
         out.flush();
         if (out.status() != QTextStream::Ok || std::fflush(stdout) != 0)
             return complain(failed, u"the result cannot be written"_s);
     }
-    return result && !hasThrown ? 0 : failed;
+    return text && !hasThrown ? 0 : failed;
 }
 
 std::optional<QHash<QString, QString>> textsOf(const QDir& folder)
@@ -170,8 +175,9 @@ int main(int argc, char** argv)
     const QCommandLineOption parametersOption(u"parameters"_s,
         u"A JSON object, or @ and the name of a file with one; each member becomes a global."_s, u"JSON"_s,
         u"{}"_s);
-    const QCommandLineOption timeOption(
-        u"time-limit"_s, u"Limit of processor time for the script."_s, u"SECONDS"_s);
+    const QCommandLineOption timeOption(u"time-limit"_s,
+        u"Limit of processor time for the script, which then also has a limit of 512 MiB of memory."_s,
+        u"SECONDS"_s);
     parser.addOptions({parametersOption, timeOption});
     const QCommandLineOption helpOption({u"h"_s, u"help"_s}, u"Shows this help."_s);
     parser.addOption(helpOption);

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/resource.h>
+
 namespace {
 
 using namespace Qt::StringLiterals;
@@ -63,6 +65,13 @@ TEST(QuorPlugin, ReportsErrors)
     const Outcome endless = runPlugin({folder.path(), u"--time-limit"_s, u"0.05"_s});
     EXPECT_EQ(endless.code, 1);
     EXPECT_TRUE(endless.err.contains(u"processor time"_s)) << endless.err.toStdString();
+    quor::test::writeFile(folder.filePath(u"plugin.js"_s), "'x'.repeat(2 ** 29)");
+    const Outcome endlessText = runPlugin({folder.path()});
+    EXPECT_EQ(endlessText.code, 1);
+    EXPECT_TRUE(endlessText.err.contains(u"more than 64 Mi characters"_s)) << endlessText.err.toStdString();
+    rusage used{};
+    getrusage(RUSAGE_CHILDREN, &used);
+    EXPECT_LT(used.ru_maxrss, 1200L << 10) << "KiB, for a text of 512 MiB";
     EXPECT_EQ(runPlugin({folder.path(), u"--parameters"_s, u"[1]"_s}).code, 2);
     EXPECT_EQ(runPlugin({folder.path(), u"--unknown"_s}).code, 2);
     const std::pair<QByteArray, QString> results[] = {{"123n", u"123"_s}, {"Symbol('a')", u"Symbol(a)"_s},

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "LoopbackServer.h"
-#include "ToolKit/JavaScript/HTTPExchange.h"
+#include "Support/TestLog.h"
 #include "ToolKit/JavaScript/JavaScriptPlugin.h"
+#include "ToolKit/JavaScript/Requests/HTTPExchange.h"
 
 #include <gmock/gmock.h>
 
@@ -121,6 +122,20 @@ TEST(Request, FollowsSomeRedirectsAsBrowsersDo)
     EXPECT_THAT(other.lastRequest().toStdString(),
         AllOf(StartsWith("GET /there"), Not(HasSubstr("Authorization")), HasSubstr("X: 1"),
             Not(HasSubstr("{"))));
+}
+
+TEST(Request, HasNoResponseIfTheProxyRefuses)
+{
+    const quor::test::TestLog log;
+    const LoopbackServer proxy([](const QByteArray&) {
+        return QByteArray("HTTP/1.1 403 No\r\nX-Proxy: 1\r\nContent-Length: 0\r\n\r\n");
+    });
+    qputenv("https_proxy", proxy.url().toUtf8());
+    const QString response = run(proxy, u"JSON.stringify(utils.request('https://quor.invalid/', 'GET'))"_s);
+    qunsetenv("https_proxy");
+    EXPECT_EQ(response, uR"({"headers":{},"result":"","statusCode":0})"_s);
+    EXPECT_THAT(proxy.lastRequest().toStdString(), StartsWith("CONNECT quor.invalid:443 "));
+    EXPECT_EQ(log.text(), "");
 }
 
 TEST(Request, FailsAfterItsTimeoutAtASilentServer)

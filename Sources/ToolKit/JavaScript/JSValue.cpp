@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/JSValue.h"
 
-#include "ToolKit/JavaScript/ScriptBridge.h"
-#include "ToolKit/JavaScript/ScriptEngine.h"
+#include "ToolKit/JavaScript/ValueReference.h"
 
 #include <limits>
 #include <utility>
@@ -10,92 +9,55 @@
 namespace quor::toolkit {
 
 using namespace Qt::StringLiterals;
+using Kind = ValueReference::Kind;
 
-JSValue::JSValue(std::shared_ptr<ScriptEngine> engine, const OpaqueJSValue* value)
-    : engine_(std::move(engine))
-    , value_(value)
+JSValue::JSValue(std::shared_ptr<const ValueReference> reference)
+    : reference_(std::move(reference))
 {
-    JSValueProtect(engine_->context(), value_);
-}
-
-JSValue::JSValue(const JSValue& other)
-    : JSValue(other.engine_, other.value_)
-{
-}
-
-JSValue::JSValue(JSValue&& other) noexcept
-    : engine_(std::move(other.engine_))
-    , value_(std::exchange(other.value_, nullptr))
-{
-}
-
-JSValue& JSValue::operator=(JSValue other) noexcept
-{
-    std::swap(engine_, other.engine_);
-    std::swap(value_, other.value_);
-    return *this;
-}
-
-JSValue::~JSValue()
-{
-    if (value_)
-        JSValueUnprotect(engine_->context(), value_);
 }
 
 bool JSValue::isUndefined() const
 {
-    return JSValueIsUndefined(engine_->context(), value_);
+    return reference_->kind() == Kind::undefined;
 }
 bool JSValue::isNull() const
 {
-    return JSValueIsNull(engine_->context(), value_);
+    return reference_->kind() == Kind::null;
 }
 bool JSValue::isBoolean() const
 {
-    return JSValueIsBoolean(engine_->context(), value_);
+    return reference_->kind() == Kind::boolean;
 }
 bool JSValue::isNumber() const
 {
-    return JSValueIsNumber(engine_->context(), value_);
+    return reference_->kind() == Kind::number;
 }
 bool JSValue::isString() const
 {
-    return JSValueIsString(engine_->context(), value_);
+    return reference_->kind() == Kind::text;
 }
 bool JSValue::isArray() const
 {
-    return JSValueIsArray(engine_->context(), value_);
+    return reference_->kind() == Kind::array;
 }
 bool JSValue::isObject() const
 {
-    return JSValueIsObject(engine_->context(), value_);
+    return isArray() || reference_->kind() == Kind::object;
 }
 
 bool JSValue::toBool() const
 {
-    return JSValueToBoolean(engine_->context(), value_);
+    return reference_->toBool();
 }
 
 double JSValue::toDouble() const
 {
-    const ScriptWatch::Run run(engine_->watch());
-    JSValueRef exception = nullptr;
-    const double number = JSValueToNumber(engine_->context(), value_, &exception);
-    return exception ? std::numeric_limits<double>::quiet_NaN() : number;
+    return reference_->toDouble();
 }
 
 std::optional<QString> JSValue::toString() const
 {
-    const ScriptWatch::Run run(engine_->watch());
-    if (JSValueIsSymbol(engine_->context(), value_)) { // the engine refuses to convert it
-        JSObjectRef symbol = JSValueToObject(engine_->context(), value_, nullptr);
-        JSValueRef name
-            = JSObjectGetProperty(engine_->context(), symbol, script::Text(u"description"_s).get(), nullptr);
-        const bool isNamed = name && JSValueIsString(engine_->context(), name);
-        return u"Symbol("_s + (isNamed ? script::toText(engine_->context(), name).value_or(QString()) : u""_s)
-            + u')';
-    }
-    return script::toText(engine_->context(), value_);
+    return reference_->toString();
 }
 
 std::optional<ScriptValue::List> JSValue::toArray() const
@@ -107,33 +69,23 @@ std::optional<ScriptValue::List> JSValue::toArray() const
 
 std::optional<ScriptValue::Map> JSValue::toDictionary() const
 {
-    const ScriptWatch::Run run(engine_->watch());
-    return script::toMap(engine_->context(), value_);
+    return isObject() ? reference_->toDictionary() : std::nullopt;
 }
 
 std::optional<ScriptValue> JSValue::toScriptValue(int maximumCount) const
 {
-    const ScriptWatch::Run run(engine_->watch());
-    return script::toScriptValue(engine_->context(), value_, maximumCount);
+    return reference_->toScriptValue(maximumCount);
 }
 
 std::optional<JSValue> JSValue::property(const QString& name) const
 {
-    if (!isObject())
-        return std::nullopt;
-    const ScriptWatch::Run run(engine_->watch());
-    JSValueRef exception = nullptr;
-    JSObjectRef object = JSValueToObject(engine_->context(), value_, nullptr);
-    JSValueRef member = JSObjectGetProperty(engine_->context(), object, script::Text(name).get(), &exception);
-    if (exception || !member || JSValueIsUndefined(engine_->context(), member))
-        return std::nullopt;
-    return JSValue(engine_, member);
+    return isObject() ? reference_->property(name) : std::nullopt;
 }
 
 std::optional<JSValue> JSValue::call(const ScriptValue::List& arguments) const
 {
-    const JSValue copy = *this; // the called function can cause the destruction of this object
-    return copy.engine_->call(copy.value_, arguments);
+    const auto function = reference_; // the called function can cause the destruction of this object
+    return function->kind() == Kind::object ? function->call(arguments) : std::nullopt;
 }
 
 std::optional<int> JSValue::line() const

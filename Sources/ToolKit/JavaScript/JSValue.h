@@ -8,17 +8,19 @@
 #include <memory>
 #include <optional>
 
-struct OpaqueJSValue;
-
 namespace quor::toolkit {
 
-class ScriptEngine;
+class ValueReference;
 
 /// A handle to a value in a script's engine: the result of a run, or an exception. The engine, its globals
 /// and `utils` exist until the last handle of the run is destroyed.
 ///
 /// Conversions and `property` can run code of the script (`toString`, getters). If that code throws, the
-/// function returns what its comment says, and the exception is not reported.
+/// function returns what its comment says, and the exception is not reported. If it exceeds a limit of the
+/// plug-in, or if the texts of a value are too long to be copied (`ScriptValue::maximumTextLength`), the
+/// function returns the same, and an error with the reason goes to the error log and to the
+/// `exceptionHandler`. A script that has exceeded a limit of time or memory has ended: its values cannot be
+/// read any more, and its functions cannot be called. `isUndefined` to `isObject` and `toBool` still work.
 ///
 /// All handles of one run must be used on one thread at a time, which can be any thread. A handle that was
 /// moved from can only be assigned to or destroyed.
@@ -27,12 +29,9 @@ class ScriptEngine;
 /// handler, so neither would ever be destroyed. Store texts instead.
 class JSValue final {
 public:
-    /// For the engine. Protects `value` from garbage collection.
-    JSValue(std::shared_ptr<ScriptEngine> engine, const OpaqueJSValue* value);
-    JSValue(const JSValue& other);
-    JSValue(JSValue&& other) noexcept;
-    JSValue& operator=(JSValue other) noexcept;
-    ~JSValue();
+    // For the engines.
+    explicit JSValue(std::shared_ptr<const ValueReference> reference);
+    [[nodiscard]] const ValueReference& reference() const { return *reference_; }
 
     [[nodiscard]] bool isUndefined() const;
     [[nodiscard]] bool isNull() const;
@@ -47,7 +46,8 @@ public:
     /// The same as `Number(value)` in a script. Returns NaN if the value is not a number and cannot be
     /// converted to one.
     [[nodiscard]] double toDouble() const;
-    /// The same as `String(value)` in a script, also for symbols. Returns `nullopt` if the conversion throws.
+    /// The same as `String(value)` in a script, also for symbols. Returns `nullopt` if the conversion throws,
+    /// and if the text is longer than `ScriptValue::maximumTextLength`.
     [[nodiscard]] std::optional<QString> toString() const;
     /// The elements of an array. Returns `nullopt` if the value is not an array, and whenever `toScriptValue`
     /// returns `nullopt`.
@@ -58,7 +58,8 @@ public:
     [[nodiscard]] std::optional<ScriptValue::Map> toDictionary() const;
     /// A copy of the value with all values that it contains. Dates become texts in ISO 8601, functions and
     /// symbols become undefined. Returns `nullopt` if a getter throws, if a value contains itself, if values
-    /// are nested more than 512 levels deep, or if the copy would have more than `maximumCount` values.
+    /// are nested more than 512 levels deep, or if the copy would have more than `maximumCount` values or
+    /// texts of more than `ScriptValue::maximumTextLength`.
     [[nodiscard]] std::optional<ScriptValue> toScriptValue(
         int maximumCount = ScriptValue::maximumCount) const;
 
@@ -78,8 +79,7 @@ public:
 private:
     [[nodiscard]] std::optional<int> position(const QString& name) const;
 
-    std::shared_ptr<ScriptEngine> engine_;
-    const OpaqueJSValue* value_;
+    std::shared_ptr<const ValueReference> reference_;
 };
 
 } // namespace quor::toolkit

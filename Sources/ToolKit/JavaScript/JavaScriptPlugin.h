@@ -30,15 +30,23 @@ struct JavaScriptPlugin {
     /// handler can be called on all of them at once.
     std::function<void(const JSValue& exception)> exceptionHandler = {};
 
-    /// The limit of processor time for one run of a script, and for each later call of one of its functions.
-    /// `nullopt` means no limit. Waiting for a server does not count. A script that reaches the limit is
-    /// stopped by an exception that it cannot catch. While promise jobs run, the time is checked less often.
-    /// With a limit, scripts have no `WebAssembly`, because WebAssembly code cannot be stopped.
+    // With a limit of time or memory, the script runs in a process of its own: the program
+    // `quor-plugin-host`, which is installed with the kit. Starting it takes some 20 to 50 milliseconds. A
+    // script that reaches a limit is ended with its process; an error with the reason goes to the error log
+    // and to the `exceptionHandler`. So does an error if the program is missing; the script does not run
+    // then. Without any limit the script runs in this process, and nothing can end it: set a limit for
+    // scripts that are not trusted.
+
+    /// The limit of processor time for one run of a script, and for each later call or reading of its values.
+    /// It includes the time that its process takes for `utils` and helpers, but not the waiting for a server.
+    /// Time in which a script sleeps counts as well. `nullopt` means no limit.
     std::optional<std::chrono::milliseconds> timeLimit = {};
-    /// The limit of the engine's memory in bytes. 0 means no limit. It is checked after each garbage
-    /// collection, so a single large value can exceed it. A script that exceeds it is stopped by an exception
-    /// that it cannot catch.
-    qint64 memoryLimit = qint64(512) << 20;
+    /// The limit of the memory of the script's process in bytes, beyond what it needs for an empty engine. It
+    /// is checked some hundred times a second, so it can be exceeded for a moment. 0 means no limit.
+    /// `nullopt` means `defaultMemoryLimit` if there is a `timeLimit`, otherwise no limit.
+    std::optional<qint64> memoryLimit = {};
+    static constexpr qint64 defaultMemoryLimit = qint64(512) << 20;
+
     /// The maximum size of a response's body in bytes, after decompression. A request with a longer body
     /// fails: the script gets a response with an empty body. 0 allows only empty bodies.
     qint64 responseLimit = qint64(64) << 20;
@@ -46,10 +54,10 @@ struct JavaScriptPlugin {
     /// Runs the script on the calling thread and returns the value of its last expression. Blocks the thread,
     /// also while the script waits for a server, at most 60 seconds for each request.
     ///
-    /// Returns `nullopt` if the script throws; the exception then goes to the error log and to the
-    /// `exceptionHandler`. Also returns `nullopt` if there is not enough memory for an engine, without a call
-    /// of the handler. The engine keeps the fields' values of this moment: later changes of this object do
-    /// not affect it.
+    /// Returns `nullopt` if the script throws or exceeds a limit; the exception then goes to the error log
+    /// and to the `exceptionHandler`. Also returns `nullopt` if there is not enough memory for an engine,
+    /// without a call of the handler. The engine keeps the fields' values of this moment: later changes of
+    /// this object do not affect it.
     ///
     /// Globals are set in the order parameters, `utils`, helpers. A later one replaces an earlier one of the
     /// same name.

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/JavaScriptUtils.h"
 
-#include "Markdown/Document.h"
-#include "ToolKit/Data/Ciphers/Base64.h"
 #include "ToolKit/Identity/ApplicationVersion.h"
 #include "ToolKit/JavaScript/PluginFolder.h"
+#include "ToolKit/JavaScript/Requests/HTTPExchange.h"
 #include "ToolKit/JavaScript/Utf8Text.h"
+#include "ToolKit/JavaScript/UtilsTexts.h"
 #include "ToolKit/Logging/Logger.h"
-#include "ToolKit/Markdown/MarkdownToHTMLVisitor.h"
 
 namespace quor::toolkit {
 
@@ -73,13 +72,12 @@ std::optional<QString> JavaScriptUtils::contentsOfFile(const QString& path) cons
 
 QString JavaScriptUtils::base64Encode(const QString& text) const
 {
-    return text.isValidUtf16() ? base64EncodedString(text.toUtf8()) : QString();
+    return texts::base64Encode(text);
 }
 
 QString JavaScriptUtils::base64Decode(const QString& text) const
 {
-    const auto data = dataFromBase64(text, Base64Decoding::strict);
-    return data ? utf8Text(*data).value_or(QString()) : QString();
+    return texts::base64Decode(text);
 }
 
 QString JavaScriptUtils::localize(const QString& key) const
@@ -96,20 +94,15 @@ void JavaScriptUtils::log(const JSValue& value) const
 
 QString JavaScriptUtils::markdownToHTML(const QString& text) const
 {
-    const markdown::Document document{QStringView(text)};
-    MarkdownToHTMLVisitor visitor;
-    QString html;
-    for (const auto& child : document.children())
-        html += visitor.visit(child);
-    return html;
+    return texts::markdownToHTML(text);
 }
 
-std::optional<HTTPResponse> JavaScriptUtils::request(const QString& url, const QString& method,
-    const Headers& headers, const std::optional<ScriptValue::Map>& parameters) const
+ScriptValue::Map JavaScriptUtils::request(const QString& url, const QString& method, const Headers& headers,
+    const std::optional<ScriptValue::Map>& parameters) const
 {
     HTTPRequest request{QUrl(url, QUrl::StrictMode), method};
     if (!request.url.isValid() && !url.isEmpty())
-        return std::nullopt;
+        return {};
     const QString lowered = method.toLower();
     if (lowered == "get"_L1)
         request.url.setQuery(parameters && !parameters->empty() ? queryOf(*parameters) : QString());
@@ -123,10 +116,14 @@ std::optional<HTTPResponse> JavaScriptUtils::request(const QString& url, const Q
     request.setHeader(u"User-Agent"_s, appName_ + u'/' + shortVersion() + u" JSPlugin/1.2"_s);
     request.responseLimit = responseLimit_;
 
-    HTTPResponse response = HTTPExchange(std::move(request)).perform();
+    const HTTPResponse response = HTTPExchange(std::move(request)).perform();
     if (!response.error.isEmpty() && response.statusCode != 0)
         Logger::log(response.error, true);
-    return response;
+    ScriptValue::Map fields;
+    for (const auto& [name, value] : response.headers)
+        fields.emplace(name, value);
+    return {{u"statusCode"_s, response.statusCode}, {u"result"_s, response.text()},
+        {u"headers"_s, std::move(fields)}};
 }
 
 } // namespace quor::toolkit

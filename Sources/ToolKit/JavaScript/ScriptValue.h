@@ -24,6 +24,8 @@ struct ScriptValue {
 
     /// The maximum number of values in a conversion.
     static constexpr int maximumCount = 1'000'000;
+    /// The maximum length of all texts and names in a conversion of a script's value, in UTF-16 code units.
+    static constexpr qsizetype maximumTextLength = qsizetype(64) << 20;
 
     ScriptValue() = default; ///< undefined
     ScriptValue(std::nullptr_t null)

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "Platform/Lifetime/Callback.h"
-#include "ToolKit/JavaScript/HostFunctions.h"
+#include "ToolKit/JavaScript/Engine/HostFunctions.h"
 #include "ToolKit/JavaScript/JSValue.h"
-#include "ToolKit/JavaScript/ScriptWatch.h"
 
 #include <JavaScriptCore/JavaScript.h>
 
@@ -22,15 +21,14 @@ public:
     using ExceptionHandler = platform::Callback<void(const JSValue& exception)>;
 
     /// Returns null if there is not enough memory for an engine.
-    [[nodiscard]] static std::shared_ptr<ScriptEngine> create(ScriptWatch watch);
+    [[nodiscard]] static std::shared_ptr<ScriptEngine> create();
     /// For `create`. Takes over the group and the context.
-    ScriptEngine(ScriptWatch watch, JSContextGroupRef group, JSGlobalContextRef context);
+    ScriptEngine(JSContextGroupRef group, JSGlobalContextRef context);
     ~ScriptEngine();
     ScriptEngine(const ScriptEngine&) = delete;
     ScriptEngine& operator=(const ScriptEngine&) = delete;
 
     [[nodiscard]] JSContextRef context() const { return context_; }
-    [[nodiscard]] ScriptWatch& watch() { return watch_; }
 
     void setExceptionHandler(ExceptionHandler handler) { exceptionHandler_ = std::move(handler); }
     void setGlobal(const QString& name, JSValueRef value);
@@ -47,15 +45,19 @@ public:
     /// Calls a function of the script, likewise. Returns `nullopt` also if `function` is not a function.
     [[nodiscard]] std::optional<JSValue> call(JSValueRef function, const ScriptValue::List& arguments);
 
+    [[nodiscard]] JSValue handle(JSValueRef value);
+    /// Makes an `Error` of the script with this message.
+    [[nodiscard]] JSValue error(const QString& message);
+    /// Passes an error to the handler: texts were too long to be copied.
+    void reportTooLong();
+
 private:
     [[nodiscard]] JSValueRef callHelper(
         const ScriptValue::Function& function, std::span<const JSValueRef> arguments);
     void reportRejections();
     using Body = std::function<JSValueRef(JSValueRef* exception)>;
     [[nodiscard]] std::optional<JSValue> run(const Body& body);
-    [[nodiscard]] JSValueRef excessError();
 
-    ScriptWatch watch_;
     ExceptionHandler exceptionHandler_;
     JSContextGroupRef group_;
     JSGlobalContextRef context_;

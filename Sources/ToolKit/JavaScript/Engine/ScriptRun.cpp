@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/JavaScript/UtilsObject.h"
+#include "ToolKit/JavaScript/Engine/ScriptRun.h"
 
-#include "ToolKit/JavaScript/ScriptBridge.h"
+#include "ToolKit/JavaScript/Engine/ScriptBridge.h"
 
 namespace quor::toolkit {
 
@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Arguments = std::span<const JSValueRef>;
-using Utils = std::shared_ptr<const JavaScriptUtils>;
+using Utils = std::shared_ptr<const JavaScriptUtilsProtocol>;
 
 JSValueRef argument(const ScriptEngine& engine, Arguments arguments, size_t index)
 {
@@ -19,7 +19,7 @@ JSValueRef argument(const ScriptEngine& engine, Arguments arguments, size_t inde
 
 std::optional<QString> text(const ScriptEngine& engine, Arguments arguments, size_t index)
 {
-    return script::toText(engine.context(), argument(engine, arguments, index));
+    return script::Conversion(engine.context()).text(argument(engine, arguments, index));
 }
 
 /// A function with one text as its argument and a text as its result.
@@ -32,10 +32,10 @@ HostFunction textFunction(Operation operation)
     };
 }
 
-JavaScriptUtils::Headers headerFields(const ScriptEngine& engine, JSValueRef value)
+JavaScriptUtilsProtocol::Headers headerFields(const ScriptEngine& engine, JSValueRef value)
 {
-    JavaScriptUtils::Headers fields;
-    const auto members = script::toMap(engine.context(), value);
+    JavaScriptUtilsProtocol::Headers fields;
+    const auto members = script::Conversion(engine.context()).members(value);
     if (!members)
         return fields;
     for (const auto& [name, member] : *members) {
@@ -45,21 +45,15 @@ JavaScriptUtils::Headers headerFields(const ScriptEngine& engine, JSValueRef val
     return fields;
 }
 
-JSValueRef request(const JavaScriptUtils& utils, ScriptEngine& engine, Arguments arguments)
+JSValueRef request(const JavaScriptUtilsProtocol& utils, ScriptEngine& engine, Arguments arguments)
 {
     const auto url = text(engine, arguments, 0);
     const auto method = text(engine, arguments, 1);
-    std::optional<HTTPResponse> response;
+    ScriptValue::Map record;
     if (url && method)
-        response = utils.request(*url, *method, headerFields(engine, argument(engine, arguments, 2)),
-            script::toMap(engine.context(), argument(engine, arguments, 3)));
-    if (!response)
-        return engine.bridged(ScriptValue::Map());
-    ScriptValue::Map headers;
-    for (const auto& [name, value] : response->headers)
-        headers.emplace(name, value);
-    return engine.bridged(ScriptValue::Map{{u"statusCode"_s, response->statusCode},
-        {u"result"_s, response->text()}, {u"headers"_s, std::move(headers)}});
+        record = utils.request(*url, *method, headerFields(engine, argument(engine, arguments, 2)),
+            script::Conversion(engine.context()).members(argument(engine, arguments, 3)));
+    return engine.bridged(std::move(record));
 }
 
 using Add = std::function<void(const QString& name, HostFunction)>;
@@ -89,8 +83,6 @@ void addFileFunctions(const Add& add, const Utils& utils)
     });
 }
 
-} // namespace
-
 void installUtils(ScriptEngine& engine, const Utils& utils)
 {
     // Set before its functions are added, so that the object is not garbage-collected meanwhile.
@@ -104,13 +96,26 @@ void installUtils(ScriptEngine& engine, const Utils& utils)
     add(u"base64Decode"_s, textFunction([utils](const QString& text) { return utils->base64Decode(text); }));
     add(u"localize"_s, textFunction([utils](const QString& key) { return utils->localize(key); }));
     add(u"log"_s, [utils](ScriptEngine& running, Arguments arguments) -> JSValueRef {
-        utils->log(JSValue(running.shared_from_this(), argument(running, arguments, 0)));
+        utils->log(running.handle(argument(running, arguments, 0)));
         return nullptr;
     });
     add(u"markdownToHTML"_s,
         textFunction([utils](const QString& text) { return utils->markdownToHTML(text); }));
     add(u"request"_s,
         [utils](ScriptEngine& running, Arguments arguments) { return request(*utils, running, arguments); });
+}
+
+} // namespace
+
+std::optional<JSValue> runScript(ScriptEngine& engine, const Utils& utils, const QString& script,
+    const ScriptValue::Map& parameters, const ScriptValue::Map& helpers)
+{
+    for (const auto& [name, value] : parameters)
+        engine.setGlobal(name, engine.bridged(value));
+    installUtils(engine, utils);
+    for (const auto& [name, value] : helpers)
+        engine.setGlobal(name, engine.bridged(value));
+    return engine.evaluate(script);
 }
 
 } // namespace quor::toolkit

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/JavaScript/HTTPExchange.h"
+#include "ToolKit/JavaScript/Requests/HTTPExchange.h"
 
-#include "ToolKit/JavaScript/HTTPTransfer.h"
+#include "ToolKit/JavaScript/Requests/HTTPTransfer.h"
 #include "ToolKit/JavaScript/Utf8Text.h"
 
 #include <algorithm>

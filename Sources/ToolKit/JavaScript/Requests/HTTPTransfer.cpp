@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/JavaScript/HTTPTransfer.h"
+#include "ToolKit/JavaScript/Requests/HTTPTransfer.h"
 
 #include <QUtf8StringView>
 
@@ -57,6 +57,8 @@ void HTTPTransfer::setOptions()
     curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 0L);
     curl_easy_setopt(curl, CURLOPT_NOSIGNAL, 1L); // the process has other threads
     curl_easy_setopt(curl, CURLOPT_TIMEOUT_MS, static_cast<long>(request_.timeout.count()));
+    // The response of a proxy that refuses a tunnel is not the server's: there was no response then.
+    curl_easy_setopt(curl, CURLOPT_SUPPRESS_CONNECT_HEADERS, 1L);
     curl_easy_setopt(curl, CURLOPT_ACCEPT_ENCODING, ""); // every encoding that libcurl can decode
     curl_easy_setopt(curl, CURLOPT_ERRORBUFFER, reason_.data());
     curl_easy_setopt(curl, CURLOPT_WRITEFUNCTION, &HTTPTransfer::takeBody);

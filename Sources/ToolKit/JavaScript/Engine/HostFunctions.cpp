@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ToolKit/JavaScript/HostFunctions.h"
+#include "ToolKit/JavaScript/Engine/HostFunctions.h"
 
-#include "ToolKit/JavaScript/ScriptBridge.h"
-#include "ToolKit/JavaScript/ScriptEngine.h"
+#include "ToolKit/JavaScript/Engine/ScriptBridge.h"
+#include "ToolKit/JavaScript/Engine/ScriptEngine.h"
 
 #include <memory>
 #include <utility>
@@ -44,20 +44,15 @@ JSObjectRef HostFunctions::make(HostFunction function) const
 }
 
 JSValueRef HostFunctions::call(JSContextRef context, JSObjectRef function, JSObjectRef /*thisObject*/,
-    size_t count, const JSValueRef* arguments, JSValueRef* exception)
+    size_t count, const JSValueRef* arguments, JSValueRef* /*exception*/)
 {
     const auto* binding = static_cast<Binding*>(JSObjectGetPrivate(function));
-    ScriptWatch& watch = binding->engine.watch();
     JSValueRef result = nullptr;
-    if (watch.excess() == ScriptWatch::Excess::none) {
-        try {
-            result = binding->function(binding->engine, {arguments, count});
-        } catch (...) { // an exception must not pass through the engine's stack frames
-            result = nullptr;
-        }
+    try {
+        result = binding->function(binding->engine, {arguments, count});
+    } catch (...) { // an exception must not pass through the engine's stack frames
+        result = nullptr;
     }
-    if (watch.endAgain())
-        *exception = script::makeText(context, u"The script exceeded a limit."_s);
     return result ? result : JSValueMakeUndefined(context);
 }
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ToolKit/JavaScript/HTTPExchange.h"
+#include "ToolKit/JavaScript/Requests/HTTPExchange.h"
 
 #include <curl/curl.h>
 
