@@ -3,6 +3,7 @@
 
 #include "Platform/Lifetime/WhileAlive.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -123,7 +124,7 @@ void CustomTableView::contextMenuEvent(QContextMenuEvent* event)
     if (!menu_) {
         // An ancestor may open a menu of its own, whose action asks for the row.
         rowForLastMenu_ = row;
-        menuDidClose();
+        waitForOtherMenu();
         return TableView::contextMenuEvent(event);
     }
     const QRect visible = viewportRectOfRow(row).intersected(viewport()->rect());
@@ -143,6 +144,15 @@ void CustomTableView::openMenu(int row, const QPoint& globalPosition)
     if (row >= 0 && !isRowSelected(row))
         selectRow(row);
     menu_->popup(globalPosition);
+}
+
+void CustomTableView::waitForOtherMenu()
+{
+    forgetRow_.cancel();
+    const auto check = [this] {
+        qobject_cast<QMenu*>(QApplication::activePopupWidget()) ? waitForOtherMenu() : menuDidClose();
+    };
+    forgetRow_ = platform::MainQueue::after(50ms, platform::whileAlive(*this, check));
 }
 
 void CustomTableView::menuDidClose()

@@ -33,7 +33,7 @@ public:
 
     /// The row of the context menu that is open, or was closed, removed or destroyed less than 0.2 seconds
     /// ago; -1 if the menu was opened outside the rows. A table without a menu remembers the row of a request
-    /// for a menu for the same time. Returns `nullopt` at any other time.
+    /// for as long as a menu that an ancestor opens for it. Returns `nullopt` at any other time.
     [[nodiscard]] std::optional<int> rowForLastMenu() const { return rowForLastMenu_; }
     /// The row to which an action of the context menu applies: `rowForLastMenu()` unless it is `nullopt`,
     /// otherwise `selectedRow()`.
@@ -59,6 +59,7 @@ protected:
 
 private:
     void openMenu(int row, const QPoint& globalPosition);
+    void waitForOtherMenu();
     void menuDidClose();
 
     platform::TrackedPointer<CustomTableViewKeyDelegate> keyDelegate_;
