@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Resources/Bundle.h"
+#include "ToolKit/Drawing/Text/SystemFont.h"
 #include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
 #include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 #include "View/MenuBarCustomMenu/Rows/EmphasizedRowView.h"
@@ -127,6 +128,7 @@ TEST_F(MenuCell, TakesItsSizesFromTheExactSizeOfTheUsersFont)
         QApplication::setFont(font);
         EXPECT_EQ(menuFont().pixelSize(), row);
         EXPECT_EQ(smallMenuFont().pixelSize(), title);
+        EXPECT_NEAR(toolkit::pixelSize(smallButtonFont()), row * 11.0 / 13, 0.01);
     }
 }
 

@@ -34,7 +34,7 @@ QFont smallButtonFont()
     constexpr double size = 11;
     constexpr double usualMenuSize = 13;
     constexpr double largestFactor = 1.5; // so that a row of buttons fits into the widest menu
-    const double factor = std::clamp(menuFontSize() / usualMenuSize, 1.0, largestFactor);
+    const double factor = std::clamp(std::round(menuFontSize()) / usualMenuSize, 1.0, largestFactor);
     return toolkit::systemFont(size * factor, QFont::Normal);
 }
 

@@ -12,7 +12,7 @@ namespace quor::helper {
 /// Headings and labels of controls: 0.9 times the menu font, rounded to whole pixels, with digits of equal
 /// width.
 [[nodiscard]] QFont smallMenuFont();
-/// Buttons: 11 device-independent pixels, and proportionally more for a menu font that is larger than the
+/// Buttons: 11 device-independent pixels, and proportionally more for rows whose font is larger than the
 /// usual 13 pixels, up to 16.5.
 [[nodiscard]] QFont smallButtonFont();
 
