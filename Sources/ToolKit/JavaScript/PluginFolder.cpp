@@ -2,6 +2,7 @@
 #include "ToolKit/JavaScript/PluginFolder.h"
 
 #include "Platform/Files/FileContents.h"
+#include "Platform/Files/Folder.h"
 #include "Platform/Files/TemporaryFile.h"
 
 #include <QFile>
@@ -82,7 +83,8 @@ bool PluginFolder::write(const QByteArray& data, const QString& path) const
     const FileDescriptor folder = openParent(*components);
     if (!folder)
         return false;
-    platform::removeLeftovers(folder.get());
+    // A folder opened with O_PATH cannot be listed.
+    platform::removeLeftovers(platform::openFolder(".", platform::SymbolicLinks::follow, folder.get()).get());
     constexpr mode_t mode = 0666; // the bits of the process's umask are cleared
     return !platform::replaceFile(
         components->last(), data, mode, platform::Permissions::ofTarget, folder.get());
