@@ -185,9 +185,11 @@ TEST(Parsing, EndsSoon)
         const char* first;
         const char* repeated;
     };
-    for (const auto& [first, repeated] : std::initializer_list<Case>{{"", "\"'"}, {"\"a ", "'b\" "},
-             {"\"a _b ", "*c\"* "}, {"", "'*_"}, {"~~a ", "b~ "}, {"- ", "\n"}, {"> ", "a\n"}, {">", "*a* "},
-             {">", "<#-.|))"}, {"", "![[]()"}, {"", "<!A "}, {"", "a\n:-|:-|\n"}, {"", ".~@"}}) {
+    for (const auto& [first, repeated] :
+        std::initializer_list<Case>{{"", "\"'"}, {"\"a ", "'b\" "}, {"\"a _b ", "*c\"* "}, {"", "'*_"},
+            {"~~a ", "b~ "}, {"- ", "\n"}, {"> ", "a\n"}, {">", "*a* "}, {">", "<#-.|))"}, {"", "![[]()"},
+            {"", "<!A "}, {"", "a\n:-|:-|\n"}, {"", ".~@"}, {"", "'*~"}, {"", "\"~'"}, {"", "\"_*"},
+            {"\"", "_(\\=.![]~-"}, {" +", ")`|#*[#>/&()"}, {">", "&((1++.="}, {"\"*", "~=\"*(a\"[!1"}}) {
         const QByteArray text
             = QByteArray(first).repeated(40'000) + QByteArray(repeated).repeated(200'000).first(100'000);
         const auto start = processorTime();
