@@ -12,9 +12,9 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr char titleFile[] = "displayname";
-constexpr char colorFile[] = "color";
-constexpr char typesFile[] = "supported-components"; // names of iCalendar components
+constexpr const char* titleFile = "displayname";
+constexpr const char* colorFile = "color";
+constexpr const char* typesFile = "supported-components"; // names of iCalendar components
 constexpr qint64 largestPropertyFile = 4096; // bytes
 
 QByteArray readProperty(const CalendarDirectory& directory, const QByteArray& name)

@@ -9,7 +9,7 @@ namespace quor::toolkit {
 
 namespace {
 
-constexpr char localSource[] = "local";
+constexpr const char* localSource = "local";
 
 EventSource readSource(const QByteArray& root, const QByteArray& name)
 {

@@ -117,7 +117,7 @@ void FolderWatch::note(int watch, unsigned mask, const QByteArray& name, Changes
 FolderWatch::Changes FolderWatch::drain()
 {
     Changes changes;
-    alignas(inotify_event) std::array<char, 64 * 1024> buffer;
+    alignas(inotify_event) std::array<char, std::size_t{64} * 1024> buffer;
     while (inotify_) {
         const ssize_t size = read(inotify_.get(), buffer.data(), buffer.size());
         if (size <= 0)

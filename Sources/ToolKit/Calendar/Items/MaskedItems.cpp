@@ -16,7 +16,7 @@ using namespace std::string_view_literals;
 // Far above what programs write. libical walks components by recursion, so
 // there must be a limit.
 constexpr std::size_t deepestNesting = 20;
-constexpr char maskedLine[] = "X-QUOR-MASKED-LINE";
+constexpr const char* maskedLine = "X-QUOR-MASKED-LINE";
 
 constexpr std::array readComponents{
     "DAYLIGHT"sv, "STANDARD"sv, "VCALENDAR"sv, "VEVENT"sv, "VTIMEZONE"sv, "VTODO"sv};

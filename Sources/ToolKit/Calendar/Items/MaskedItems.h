@@ -17,7 +17,7 @@ namespace quor::toolkit {
 // comes back, byte for byte, when the file is written.
 
 /// The property that takes the place of a component.
-inline constexpr char maskedPart[] = "X-QUOR-MASKED-PART";
+inline constexpr const char* maskedPart = "X-QUOR-MASKED-PART";
 
 struct MaskedFile {
     /// For libical: unfolded and without line breaks. Properties without a value,
