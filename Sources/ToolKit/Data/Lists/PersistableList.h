@@ -39,9 +39,13 @@ namespace quor::toolkit {
 /// Several lists, of any process, can use one folder. While one of them writes, it locks the folder, and the
 /// others wait. A flush writes the changes that were made here to the files as they are then, so lists that
 /// change different keys lose nothing of each other; of two changes of one key, the later flush counts. A
-/// file that is in memory is not read again before the flush, so changes of others are seen after it. A flush
-/// that has waited for `lockTimeout` writes nothing, and its changes stay in memory for the next one. On a
-/// file system without locks nobody waits.
+/// file that is in memory is not read again before the flush, so changes of others are seen after it. If the
+/// file is gone then, or is damaged, the flush writes it anew with all the elements in memory, also those
+/// that another list has removed with the file.
+///
+/// A flush that has waited for `lockTimeout` writes nothing, and its changes stay in memory for the next one.
+/// After a wait in vain, `removeValue` only tries, until a lock succeeds, and leaves the file to the flush.
+/// On a file system without locks nobody waits.
 ///
 /// Files are replaced atomically: whenever the process dies, a file has its old content or its new content.
 /// The data is not synced, so a power cut can damage a file that was written shortly before.
@@ -184,20 +188,24 @@ private:
         }
 
         /// Returns whether neither memory nor the disk has anything of the file any more.
-        bool remove(Container& file, const QString& key) const
+        bool remove(Container& file, const QString& key)
         {
             file.removeValue(key);
             if (!file.isEmpty() || !file.hasFile())
                 return file.isEmpty();
-            const auto lock = fileManager.lockDirectory(*storageURL, lockTimeout);
+            // Each of many removals would wait in vain otherwise, one after the other.
+            const auto timeout = hasWaitedInVain ? std::chrono::milliseconds(0) : lockTimeout;
+            const auto lock = fileManager.lockDirectory(*storageURL, timeout);
+            hasWaitedInVain = !lock;
             return lock && file.deleteIfEmpty();
         }
 
-        std::optional<platform::FolderLock> lockFolder() const
+        std::optional<platform::FolderLock> lockFolder()
         {
             auto lock = fileManager.lockDirectory(*storageURL, lockTimeout);
             if (!lock && !fileManager.itemExists(*storageURL) && fileManager.createDirectory(*storageURL))
                 lock = fileManager.lockDirectory(*storageURL, lockTimeout);
+            hasWaitedInVain = !lock;
             return lock;
         }
 
@@ -232,6 +240,7 @@ private:
         std::optional<QString> storageURL;
         std::chrono::milliseconds lockTimeout;
         bool areLeftoversRemoved = false;
+        bool hasWaitedInVain = false; ///< by the latest attempt to lock the folder
     };
 
     // A key that is no valid Unicode would be written as another key.

@@ -51,7 +51,8 @@ struct ListEntry {
 /// Failures are not reported. One thread at a time.
 ///
 /// Functions that write require the lock of the folder. Before they write, they read a file again that
-/// another process has changed meanwhile, and apply the changes made here to it.
+/// another process has changed meanwhile, and apply the changes made here to it. If it is gone or damaged,
+/// they write all elements in memory.
 template <typename Element>
 class PersistableListContainer final {
 public:
@@ -169,11 +170,11 @@ private:
         if (isLoadPending_)
             return false;
         identity_ = file->identity;
-        auto before = std::exchange(dict_, {});
-        if (!file->contents.isEmpty()) {
-            if (auto dict = JSONDecoder().decode<Dict>(std::move(file->contents)))
-                dict_ = *std::move(dict);
-        }
+        auto dict
+            = file->contents.isEmpty() ? std::nullopt : JSONDecoder().decode<Dict>(std::move(file->contents));
+        if (!dict)
+            return true; // there are no elements of others: those in memory are all
+        auto before = std::exchange(dict_, *std::move(dict));
         for (const QString& key : std::as_const(removed_))
             dict_.remove(key);
         for (auto entry = before.begin(); entry != before.end(); ++entry) {
