@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Files that other programs change at the same time, broken and foreign content, folders that disappear.
+#include "Platform/Files/FolderLock.h"
 #include "Support/TestLog.h"
 #include "TestCalendars.h"
 
@@ -108,6 +109,18 @@ TEST_F(Faults, TwoProcessesWriteTheSameFileInTurn)
     EXPECT_EQ(status, 0);
     for (const auto& event : all())
         EXPECT_EQ(event->title().toInt(), event->calendarItemIdentifier().toInt() % 2);
+    EXPECT_EQ(calendars_.files().size(), 1);
+}
+
+TEST_F(Faults, AStoppedWriterHoldsNobodyBackForEver)
+{
+    const auto event = newEvent(store_, u"A"_s, "2026-11-02T09:00", "2026-11-02T10:00");
+    auto holder = quor::platform::FolderLock::acquire(calendars_.path(u"local/team"_s).toUtf8(), {});
+    ASSERT_TRUE(holder);
+    EXPECT_EQ(store_.saveEvent(event, EventSpan::thisEvent, true).value().kind(), Kind::failed);
+    EXPECT_TRUE(calendars_.files().isEmpty());
+    holder.reset();
+    EXPECT_FALSE(store_.commit()) << "the event stayed staged";
     EXPECT_EQ(calendars_.files().size(), 1);
 }
 

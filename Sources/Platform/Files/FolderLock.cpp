@@ -39,6 +39,11 @@ bool isAt(int folder, const QByteArray& path)
 
 } // namespace
 
+bool lockFolder(int folder, std::chrono::milliseconds timeout)
+{
+    return lockUntil(folder, Clock::now() + timeout);
+}
+
 std::optional<FolderLock> FolderLock::acquire(const QByteArray& path, std::chrono::milliseconds timeout)
 {
     const auto end = Clock::now() + timeout;

@@ -11,6 +11,10 @@
 
 namespace quor::platform {
 
+/// Locks an open folder until its descriptor is closed, and waits for that at most `timeout`. Returns false
+/// after that. On a file system without locks it returns true at once.
+[[nodiscard]] bool lockFolder(int folder, std::chrono::milliseconds timeout);
+
 /// The sole right to write in a folder, among all processes and threads that ask for it before they write.
 /// Ends with this object, and with the process. Nothing is added to the folder, since the folder itself is
 /// locked (`flock`). On a file system without such locks, as some network drives, nobody waits. Can be moved.

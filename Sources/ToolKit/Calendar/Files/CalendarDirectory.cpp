@@ -2,13 +2,14 @@
 #include "ToolKit/Calendar/Files/CalendarDirectory.h"
 
 #include "Platform/Files/Folder.h"
+#include "Platform/Files/FolderLock.h"
 #include "Platform/Files/TemporaryFile.h"
 #include "ToolKit/Calendar/Items/ItemErrors.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 
-#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace quor::toolkit {
@@ -90,9 +91,14 @@ EventStoreResult CalendarDirectory::writeObstacle(const QByteArray& name) const
     return std::nullopt;
 }
 
-void CalendarDirectory::lock() const
+EventStoreResult CalendarDirectory::lock(const QByteArray& name) const
 {
-    while (isOpen() && flock(folder_.get(), LOCK_EX) != 0 && errno == EINTR) { }
+    constexpr std::chrono::seconds longestWait(5);
+    if (!isOpen())
+        return systemError(openError_, name);
+    return platform::lockFolder(folder_.get(), longestWait)
+        ? std::nullopt
+        : EventStoreResult(systemError(EWOULDBLOCK, name));
 }
 
 void CalendarDirectory::removeLeftovers() const

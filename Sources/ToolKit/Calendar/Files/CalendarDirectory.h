@@ -48,9 +48,9 @@ public:
     /// Returns the error of each future `write` of that file, if it is known already: the permissions of the
     /// folder or of an existing file do not allow it. `name` may be empty, for the folder alone.
     [[nodiscard]] EventStoreResult writeObstacle(const QByteArray& name = {}) const;
-    /// Keeps other stores, of any process, from writing here until this object ends. Waits for a store that
-    /// is writing.
-    void lock() const;
+    /// Keeps other stores, of any process, from writing here until this object ends. Waits at most some
+    /// seconds for a store that is writing, then fails: its process may have been stopped.
+    [[nodiscard]] EventStoreResult lock(const QByteArray& name) const;
     /// Removes the temporary files that killed writers left. Requires the lock.
     void removeLeftovers() const;
 

@@ -166,13 +166,16 @@ void CalendarFolder::unstageAll()
 
 bool CalendarFolder::commit(CommitWave wave, std::vector<EventStoreError>& failures)
 {
-    if (!hasStagedFiles())
+    if (!staged_.isAnyReady(wave))
         return false;
     index_.reset();
     const CalendarDirectory directory(root_, path_);
-    directory.lock();
-    if (wave == CommitWave::additions)
-        directory.removeLeftovers();
+    auto busy = directory.isOpen() ? directory.lock(path_.below(root_)) : std::nullopt;
+    if (busy) {
+        failures.push_back(*std::move(busy));
+        return false;
+    }
+    directory.removeLeftovers();
     return staged_.commit(wave, directory, files_, failures);
 }
 
@@ -187,9 +190,8 @@ EventStoreResult CalendarFolder::removeFromDisk()
     const QByteArray folder = path_.below(root_);
     if (auto obstacle = removalObstacle())
         return obstacle;
-    if (!directory.isOpen())
-        return systemError(directory.openError(), folder);
-    directory.lock();
+    if (auto failure = directory.lock(folder))
+        return failure;
     directory.removeLeftovers();
     for (const QByteArray& name : directory.names()) {
         const bool isOurs = name.endsWith(itemSuffix) || isPropertyFile(name);

@@ -76,11 +76,11 @@ EventStoreResult CalendarPropertiesChange::write(const QByteArray& root) const
             return systemError(error.value(), folder);
     }
     const CalendarDirectory directory(root, path);
-    directory.lock();
-    directory.removeLeftovers();
-    auto failure = directory.isOpen()
-        ? writeFiles(directory)
-        : EventStoreResult(systemError(directory.openError(), path.below(root)));
+    auto failure = directory.lock(path.below(root));
+    if (!failure) {
+        directory.removeLeftovers();
+        failure = writeFiles(directory);
+    }
     if (failure && isNew) {
         for (const QByteArray& name : directory.names()) {
             if (const auto identity = directory.identity(name); identity && isPropertyFile(name))

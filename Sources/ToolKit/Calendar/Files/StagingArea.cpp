@@ -40,6 +40,13 @@ bool StagingArea::hasUnfinishedMoves() const
     });
 }
 
+bool StagingArea::isAnyReady(CommitWave wave) const
+{
+    return std::ranges::any_of(files_, [&](const auto& each) {
+        return each.second.wave() == wave && !each.second.depends(WriteStatus::pending);
+    });
+}
+
 bool StagingArea::commit(CommitWave wave, const CalendarDirectory& directory, ParsedFiles& files,
     std::vector<EventStoreError>& failures)
 {

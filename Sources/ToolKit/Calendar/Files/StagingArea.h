@@ -25,6 +25,8 @@ public:
 
     /// Whether an item that moves to another calendar is still needed here.
     [[nodiscard]] bool hasUnfinishedMoves() const;
+    /// Whether a `commit` of the wave would write anything now.
+    [[nodiscard]] bool isAnyReady(CommitWave wave) const;
 
     /// Writes the files of that wave that wait for no other file, and appends failures to `failures`. A file
     /// that was written, or never can be, is not staged any more. Any other stays for the next commit.
