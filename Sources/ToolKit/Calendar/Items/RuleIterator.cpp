@@ -2,6 +2,7 @@
 #include "ToolKit/Calendar/Items/RuleIterator.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 namespace quor::toolkit {
@@ -22,15 +23,13 @@ namespace {
 constexpr std::int64_t mostStepsWithoutStart = 150'000;
 constexpr local_seconds endOfTime = local_days(year(9999) / 12 / 31) + seconds(86'399);
 
-template <std::size_t size>
-std::vector<int> numbers(const short (&values)[size])
+std::vector<int> numbers(std::span<const short> values)
 {
     // A full list has no end mark.
-    return {std::begin(values), std::find(std::begin(values), std::end(values), ICAL_RECURRENCE_ARRAY_MAX)};
+    return {values.begin(), std::ranges::find(values, ICAL_RECURRENCE_ARRAY_MAX)};
 }
 
-template <std::size_t size>
-std::vector<int> timesOfDay(const short (&values)[size], int largest)
+std::vector<int> timesOfDay(std::span<const short> values, int largest)
 {
     std::vector<int> sorted = numbers(values);
     for (int& each : sorted)
