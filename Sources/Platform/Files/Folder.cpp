@@ -44,7 +44,7 @@ std::vector<QByteArray> entryNames(int folder, mode_t kind, Names names)
 {
     // Not by `readdir`, which needs a descriptor of its own: this works even if no more can be opened.
     std::vector<QByteArray> found;
-    alignas(dirent64) std::array<char, 16 * 1024> buffer;
+    alignas(dirent64) std::array<char, std::size_t{16} * 1024> buffer;
     if (lseek(folder, 0, SEEK_SET) < 0)
         return found;
     ssize_t size = 0;

@@ -16,11 +16,13 @@ using std::chrono::seconds;
 
 namespace {
 
-constexpr std::size_t mostRules = 16;
+constexpr std::size_t mostRules = 32;
 constexpr std::int64_t mostStepsOfTwoYears = 400; // of a rule that a real zone may have
 constexpr std::int64_t mostStepsOfCount = 20'000;
 constexpr std::chrono::days twoYears{2 * 366};
 constexpr qint64 longestOffset = 86'399;
+constexpr qint64 yearLength = 31'556'952; // seconds
+constexpr std::size_t mostYears = 64; // kept in memory
 
 bool isGiven(const short* values)
 {
@@ -93,25 +95,41 @@ void DefinedZone::readRule(icalproperty* property, local_seconds first, const Of
     yearly_.push_back({starts, momentOf(first, offsets.before), last, offsets});
 }
 
+DefinedZone::Changes DefinedZone::changesBetween(qint64 start, qint64 end) const
+{
+    const auto from = std::ranges::lower_bound(changes_, start, {}, &Change::moment);
+    const auto to = std::ranges::lower_bound(changes_, end, {}, &Change::moment);
+    Changes found(from == changes_.begin() ? from : std::prev(from), to);
+    for (const YearlyChange& each : yearly_) {
+        const qint64 last = std::min(end - 1, each.last);
+        if (each.first > last || (each.last < start && !found.empty() && each.last <= found.front().moment))
+            continue;
+        const local_seconds local(seconds(std::min(start, each.last) + each.offsets.before));
+        RuleIterator starts = each.starts;
+        starts.restrictTo(local - twoYears, local_seconds(seconds(last + each.offsets.before)));
+        while (const auto change = starts.next())
+            found.push_back({momentOf(*change, each.offsets.before), each.offsets});
+    }
+    std::ranges::stable_sort(found, {}, &Change::moment);
+    const auto first = std::ranges::lower_bound(found, start, {}, &Change::moment);
+    if (first != found.begin())
+        found.erase(found.begin(), std::prev(first));
+    return found;
+}
+
 qint64 DefinedZone::offsetAt(qint64 moment) const
 {
-    const auto next = std::ranges::upper_bound(changes_, moment, {}, &Change::moment);
-    if (next == changes_.begin())
-        return next->offsets.before;
-    Change latest = *std::prev(next);
-    for (const YearlyChange& each : yearly_) {
-        if (each.first > moment || each.last <= latest.moment)
-            continue;
-        const local_seconds local(seconds(std::min(moment, each.last) + each.offsets.before));
-        RuleIterator starts = each.starts;
-        starts.restrictTo(local - twoYears, local);
-        while (const auto start = starts.next()) {
-            const qint64 change = momentOf(*start, each.offsets.before);
-            if (change > latest.moment)
-                latest = {change, each.offsets};
-        }
-    }
-    return latest.offsets.after;
+    if (moment < changes_.front().moment)
+        return changes_.front().offsets.before;
+    const qint64 year = moment / yearLength - (moment % yearLength < 0 ? 1 : 0);
+    const std::scoped_lock lock(mutex_);
+    if (years_.size() >= mostYears && !years_.contains(year))
+        years_.clear();
+    const auto [entry, isNew] = years_.try_emplace(year);
+    if (isNew)
+        entry->second = changesBetween(year * yearLength, (year + 1) * yearLength);
+    const auto next = std::ranges::upper_bound(entry->second, moment, {}, &Change::moment);
+    return std::prev(next)->offsets.after;
 }
 
 } // namespace quor::toolkit

@@ -5,13 +5,15 @@
 
 #include <QtGlobal>
 
+#include <map>
+#include <mutex>
 #include <vector>
 
 namespace quor::toolkit {
 
-/// A time zone as a calendar file defines it (VTIMEZONE). Follows at most 16 rules, and only those that real
+/// A time zone as a calendar file defines it (VTIMEZONE). Follows at most 32 rules, and only those that real
 /// zones have: yearly ones in named months, or on one date. A change of the clock by another rule happens
-/// once, at its start. libical would follow a rule by seconds for minutes.
+/// once, at its start. libical would follow a rule by seconds for minutes. Any thread.
 class DefinedZone final {
 public:
     explicit DefinedZone(icalcomponent* definition);
@@ -31,6 +33,7 @@ private:
         qint64 moment;
         Offsets offsets;
     };
+    using Changes = std::vector<Change>; // sorted by their moments
     struct YearlyChange {
         RuleIterator starts;
         qint64 first;
@@ -40,9 +43,14 @@ private:
 
     void readObservance(icalcomponent* observance);
     void readRule(icalproperty* property, std::chrono::local_seconds first, const Offsets& offsets);
+    /// Returns the changes in [start, end), and before them the latest one before `start`.
+    [[nodiscard]] Changes changesBetween(qint64 start, qint64 end) const;
 
-    std::vector<Change> changes_; ///< sorted
+    Changes changes_; ///< those that happen once
     std::vector<YearlyChange> yearly_;
+    mutable std::mutex mutex_;
+    mutable std::map<qint64, Changes>
+        years_; ///< all changes in the years that were asked for, by their number
 };
 
 } // namespace quor::toolkit
