@@ -534,6 +534,38 @@ TEST_F(Faults, AnEventThatCannotMoveIsNotLostAndStopsNothingElse)
     EXPECT_FALSE(QFile::exists(calendars_.path(u"local/team"_s)));
 }
 
+TEST_F(Faults, ACalendarIsMadeAsAWholeEvenIfTheProcessIsKilled)
+{
+    const auto make = [&](EventStore& store) {
+        const auto made = store.newCalendar(EntityType::event);
+        made->setTitle(u"Made"_s);
+        made->setSource(store.sources().front());
+        return !store.saveCalendar(made, true);
+    };
+    QDir(calendars_.path()).rmdir(u"local/team"_s);
+    int pipes[2] = {};
+    ASSERT_EQ(pipe(pipes), 0);
+    for (int i = 0; i < 30; ++i) {
+        const pid_t maker = fork();
+        if (maker == 0) {
+            EventStore store(calendars_.options());
+            while (make(store) && ::write(pipes[1], "x", 1) == 1) { }
+            pause();
+        }
+        char signal = 0;
+        EXPECT_EQ(::read(pipes[0], &signal, 1), 1);
+        kill(maker, SIGKILL); // while it makes the next one
+        waitpid(maker, nullptr, 0);
+    }
+    close(pipes[0]);
+    close(pipes[1]);
+    EXPECT_TRUE(make(store_));
+    EXPECT_TRUE(store_.calendars(EntityType::reminder).empty());
+    for (const auto& each : store_.calendars(EntityType::event))
+        EXPECT_EQ(each->title(), u"Made");
+    EXPECT_FALSE(QFile::exists(calendars_.path(u"local/.quor-calendar.new"_s)));
+}
+
 TEST_F(Faults, FilesOfKilledWritersGoWithTheNextCommit)
 {
     const QString leftover = calendars_.path(u"local/team/.quor-1z2y3x.new"_s);

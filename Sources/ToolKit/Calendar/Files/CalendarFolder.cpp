@@ -193,7 +193,10 @@ EventStoreResult CalendarFolder::removeFromDisk()
     if (auto failure = directory.lock(folder))
         return failure;
     directory.removeLeftovers();
-    for (const QByteArray& name : directory.names()) {
+    // A calendar of which only a part could be removed keeps its name.
+    auto names = directory.names();
+    std::ranges::partition(names, [](const QByteArray& name) { return name.endsWith(itemSuffix); });
+    for (const QByteArray& name : names) {
         const bool isOurs = name.endsWith(itemSuffix) || isPropertyFile(name);
         const auto identity = isOurs ? directory.identity(name) : std::nullopt;
         if (auto failure = identity ? directory.remove(name, *identity) : std::nullopt)

@@ -4,6 +4,7 @@
 #include "Platform/Files/Folder.h"
 
 #include <cerrno>
+#include <cstdio>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -16,6 +17,10 @@ constexpr const char* titleFile = "displayname";
 constexpr const char* colorFile = "color";
 constexpr const char* typesFile = "supported-components"; // names of iCalendar components
 constexpr qint64 largestPropertyFile = 4096; // bytes
+
+// A new calendar gets its own name when it is complete, so that nobody sees a half of it, even if this
+// process is killed. The source is locked meanwhile, so what is left there by a killed process can be used.
+constexpr const char* unfinishedFolder = ".quor-calendar.new";
 
 QByteArray readProperty(const CalendarDirectory& directory, const QByteArray& name)
 {
@@ -30,6 +35,14 @@ EventStoreResult writeProperty(
     if (text.isEmpty())
         return before ? directory.remove(name, *before) : std::nullopt;
     return directory.write(name, text, before);
+}
+
+void removeFiles(const CalendarDirectory& directory)
+{
+    for (const QByteArray& name : directory.names()) {
+        if (const auto identity = directory.identity(name); identity && isPropertyFile(name))
+            (void)directory.remove(name, *identity);
+    }
 }
 
 /// "#RRGGBB", which some programs follow with an opacity.
@@ -70,23 +83,38 @@ bool isPropertyFile(const QByteArray& name)
 
 EventStoreResult CalendarPropertiesChange::write(const QByteArray& root) const
 {
-    if (isNew) {
-        const QByteArray folder = path.below(root);
-        if (const std::error_code error = platform::makeFolder(folder, S_IRWXU))
-            return systemError(error.value(), folder);
-    }
+    if (isNew)
+        return make(root);
     const CalendarDirectory directory(root, path);
-    auto failure = directory.lock(path.below(root));
-    if (!failure) {
-        directory.removeLeftovers();
-        failure = writeFiles(directory);
-    }
-    if (failure && isNew) {
-        for (const QByteArray& name : directory.names()) {
-            if (const auto identity = directory.identity(name); identity && isPropertyFile(name))
-                (void)directory.remove(name, *identity);
-        }
-        rmdir(path.below(root).constData());
+    if (auto failure = directory.lock(path.below(root)))
+        return failure;
+    directory.removeLeftovers();
+    return writeFiles(directory);
+}
+
+EventStoreResult CalendarPropertiesChange::make(const QByteArray& root) const
+{
+    const CalendarPath source{path.source, {}};
+    const CalendarPath unfinished{path.source, unfinishedFolder};
+    const QByteArray folder = unfinished.below(root);
+    if (const std::error_code error = platform::makeFolder(source.below(root), S_IRWXU))
+        return systemError(error.value(), source.below(root));
+    const CalendarDirectory parent(root, source);
+    if (auto failure = parent.lock(source.below(root)))
+        return failure;
+    if (const std::error_code error = platform::makeFolder(folder, S_IRWXU))
+        return systemError(error.value(), folder);
+    const CalendarDirectory directory(root, unfinished);
+    if (!directory.isOpen())
+        return systemError(directory.openError(), folder);
+    directory.removeLeftovers();
+    removeFiles(directory);
+    auto failure = writeFiles(directory);
+    if (!failure && rename(folder.constData(), path.below(root).constData()) != 0)
+        failure = systemError(errno, path.below(root));
+    if (failure) {
+        removeFiles(directory);
+        rmdir(folder.constData());
     }
     return failure;
 }

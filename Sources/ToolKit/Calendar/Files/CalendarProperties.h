@@ -31,12 +31,13 @@ struct CalendarPropertiesChange {
     std::optional<QColor> color; ///< `nullopt` leaves the file as it is, an invalid one removes it
     std::optional<EntityType> type; ///< `nullopt` leaves the file as it is
 
-    /// If a new calendar cannot be written as a whole, nothing of it stays.
+    /// If a new calendar cannot be written as a whole, nobody sees it.
     [[nodiscard]] EventStoreResult write(const QByteArray& root) const;
     /// Returns the error of a future `write`, if the permissions do not allow it.
     [[nodiscard]] EventStoreResult obstacle(const QByteArray& root) const;
 
 private:
+    [[nodiscard]] EventStoreResult make(const QByteArray& root) const;
     [[nodiscard]] EventStoreResult writeFiles(const CalendarDirectory& directory) const;
 };
 
