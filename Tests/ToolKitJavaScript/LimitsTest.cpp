@@ -204,6 +204,12 @@ TEST_F(Limits, ApplyToEachRunAndLeaveTheOthersAlone)
     };
     EXPECT_TRUE(plugin.execute(u"helper()"_s, {}, {{u"helper"_s, wait}}));
 
+    EXPECT_FALSE(plugin.execute(
+        u"i = new Int32Array(new WebAssembly.Memory({initial: 1, maximum: 1, shared: true}).buffer);"
+        "for (const end = Date.now() + 4000; Date.now() < end;) Atomics.wait(i, 0, 0, 1)"_s));
+    plugin.timeLimit = std::chrono::milliseconds::max();
+    EXPECT_TRUE(plugin.execute(u"1"_s));
+
     plugin.timeLimit.reset();
     plugin.memoryLimit = 64 << 20;
     EXPECT_TRUE(plugin.execute(u"for (let i = 0; i < 1e5; ++i) new Array(1000).fill(i)"_s));
@@ -240,17 +246,21 @@ TEST_F(Limits, SurviveTheEndOfTheProcess)
 {
     plugin.timeLimit = std::chrono::minutes(10);
     const QList<pid_t> others = childrenOf(getpid());
-    const ScriptValue::Function kill = [&](const auto&) {
+    const ScriptValue::Function kill = [&](const ScriptValue::List& arguments) {
         for (const pid_t child : childrenOf(getpid()))
             if (!others.contains(child))
-                ::kill(child, SIGKILL);
+                ::kill(child, static_cast<int>(*arguments.at(0).as<double>()));
         return ScriptValue();
     };
-    EXPECT_FALSE(plugin.execute(u"helper(); for (;;);"_s, {}, {{u"helper"_s, kill}}));
+    const ScriptValue::Map helpers{{u"kill"_s, kill}};
+    EXPECT_FALSE(plugin.execute(u"kill(%1); for (;;);"_s.arg(SIGKILL), {}, helpers));
     EXPECT_EQ(exceptions,
         QStringList{
             u"Error: The script's process ended unexpectedly (signal 9), for instance because there was no "
             "memory left."_s});
+    plugin.timeLimit = std::chrono::milliseconds(50);
+    EXPECT_FALSE(plugin.execute(u"kill(%1); for (;;);"_s.arg(SIGSTOP), {}, helpers));
+    EXPECT_EQ(exceptions.value(1), exceedsTime);
     EXPECT_EQ(childrenOf(getpid()), others);
 }
 

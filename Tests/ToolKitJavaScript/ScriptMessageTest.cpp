@@ -39,6 +39,9 @@ TEST(ScriptMessage, RefusesBytesThatAreNoMessage)
         nested += QByteArray("\x06\x01\x00\x00\x00", 5);
     EXPECT_FALSE(ScriptMessage::decoded(nested + '\0', {}));
     EXPECT_FALSE(ScriptMessage::decoded(QByteArray("\x00\x06\xff\xff\xff\xff", 6), {}));
+    EXPECT_FALSE(
+        ScriptMessage::decoded(QByteArray("\x00\x06\x00\x00\x40\x00", 6) + QByteArray(1 << 22, '\0'), {}))
+        << "four million values";
 }
 
 } // namespace

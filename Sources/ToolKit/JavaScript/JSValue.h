@@ -59,7 +59,8 @@ public:
     /// A copy of the value with all values that it contains. Dates become texts in ISO 8601, functions and
     /// symbols become undefined. Returns `nullopt` if a getter throws, if a value contains itself, if values
     /// are nested more than 512 levels deep, or if the copy would have more than `maximumCount` values or
-    /// texts of more than `ScriptValue::maximumTextLength`.
+    /// texts of more than `ScriptValue::maximumTextLength`. If the plug-in has limits, 2'999'999 values are
+    /// the most.
     [[nodiscard]] std::optional<ScriptValue> toScriptValue(
         int maximumCount = ScriptValue::maximumCount) const;
 

@@ -137,7 +137,8 @@ bool HostProcess::isAsleep() const
     const QStringList threads = QDir(tasks).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     return !threads.isEmpty() && std::all_of(threads.begin(), threads.end(), [&](const QString& thread) {
         const QByteArray line = fileContents(QFile::encodeName(tasks + thread + "/stat"_L1));
-        return line.mid(line.lastIndexOf(')')).startsWith(") S"); // behind the name, which can be anything
+        const QByteArray state = line.mid(line.lastIndexOf(')')); // behind the name, which can be anything
+        return state.startsWith(") S") || state.startsWith(") T");
     });
 }
 
@@ -145,7 +146,10 @@ int HostProcess::end()
 {
     if (std::exchange(hasEnded_, true))
         return status_;
-    kill(process_, SIGKILL);
+    siginfo_t state{};
+    // An application that waits for all its children has freed the number for another process.
+    if (waitid(P_PID, static_cast<id_t>(process_), &state, WEXITED | WNOHANG | WNOWAIT) == 0)
+        kill(process_, SIGKILL);
     while (waitpid(process_, &status_, 0) < 0 && errno == EINTR) { }
     return status_;
 }

@@ -37,7 +37,7 @@ public:
 
     [[nodiscard]] std::chrono::nanoseconds processorTime() const; ///< of all its threads, since its start
     [[nodiscard]] qint64 memory() const; ///< without memory that is shared with files, in bytes
-    [[nodiscard]] bool isAsleep() const; ///< whether none of its threads runs or wants to run
+    [[nodiscard]] bool isAsleep() const; ///< whether all its threads sleep or are stopped
 
     /// Kills the process if it still runs, and returns how it has ended, as `waitpid` does.
     int end();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ToolKit/JavaScript/Hosting/HostedValue.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace quor::toolkit {
@@ -34,7 +35,8 @@ std::optional<ScriptValue::Map> HostedValue::toDictionary() const
 
 std::optional<ScriptValue> HostedValue::toScriptValue(int maximumCount) const
 {
-    return request(ScriptOperation::toScriptValue, {maximumCount});
+    constexpr int largest = ScriptMessage::maximumCount - 1; // beside the list that the reply puts it into
+    return request(ScriptOperation::toScriptValue, {std::min(maximumCount, largest)});
 }
 
 std::optional<JSValue> HostedValue::property(const QString& name) const

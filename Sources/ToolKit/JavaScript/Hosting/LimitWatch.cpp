@@ -11,6 +11,7 @@ namespace {
 using namespace std::chrono_literals;
 constexpr auto shortestInterval = 1ms;
 constexpr auto longestInterval = 10ms;
+constexpr auto longestLimit = std::chrono::years(100);
 constexpr auto memoryInterval = 4ms; ///< reading the memory costs some 30 microseconds
 
 std::chrono::nanoseconds timeOfThread()
@@ -27,6 +28,8 @@ LimitWatch::LimitWatch(ScriptLimits limits, const HostProcess& process)
     , process_(process)
     , memoryOfEngine_(process.memory())
 {
+    if (limits_.time) // in nanoseconds, the largest number of milliseconds would overflow
+        limits_.time = std::min<std::chrono::milliseconds>(*limits_.time, longestLimit);
 }
 
 void LimitWatch::begin()
@@ -56,8 +59,9 @@ bool LimitWatch::exceedsTime(bool hadControl)
 {
     const auto now = Clock::now();
     const auto time = process_.processorTime();
-    if (hadControl && time == lastTime_ && process_.isAsleep())
-        asleep_ += now - lastCheck_;
+    // Also if it was awake in between: a script can sleep for a millisecond again and again.
+    if (hadControl && process_.isAsleep())
+        asleep_ += std::max(now - lastCheck_ - (time - lastTime_), Clock::duration(0));
     lastCheck_ = now;
     lastTime_ = time;
     left_ = *limits_.time - (time + timeOfThread() - started_ + asleep_);

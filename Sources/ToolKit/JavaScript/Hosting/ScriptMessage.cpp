@@ -69,13 +69,14 @@ public:
     Reader(QDataStream& stream, const ScriptMessage::FunctionOfNumber& functionOf)
         : stream_(stream)
         , functionOf_(functionOf)
+        , valuesLeft_(functionOf ? std::numeric_limits<qint64>::max() : ScriptMessage::maximumCount)
     {
     }
 
     ScriptValue read(int depth = 0)
     {
         const auto tag = take<Tag>();
-        if (stream_.status() != QDataStream::Ok || depth > maximumDepth)
+        if (stream_.status() != QDataStream::Ok || depth > maximumDepth || valuesLeft_-- <= 0)
             return invalid();
         switch (tag) {
         case Tag::undefined:
@@ -136,6 +137,7 @@ private:
 
     QDataStream& stream_;
     const ScriptMessage::FunctionOfNumber& functionOf_;
+    qint64 valuesLeft_;
 };
 
 template <typename T>

@@ -39,6 +39,9 @@ enum class ScriptOperation : quint8 {
 struct ScriptMessage {
     /// Messages that are longer are neither sent nor received.
     static constexpr qint64 maximumSize = qint64(1) << 30;
+    /// Messages without functions that have more values are not read: values need much more memory than their
+    /// bytes. A request has the most, in its headers and its parameters.
+    static constexpr int maximumCount = 3 * ScriptValue::maximumCount;
 
     using NumberOfFunction = std::function<quint32(const ScriptValue::Function&)>;
     using FunctionOfNumber = std::function<ScriptValue::Function(quint32)>;
@@ -49,7 +52,7 @@ struct ScriptMessage {
     /// The bytes of the message. Functions in it become numbers.
     [[nodiscard]] QByteArray encoded(const NumberOfFunction& numberOf) const;
     /// Reads bytes, which need not be trusted. Returns `nullopt` if they are no message, and if they contain
-    /// a function but there is no `functionOf`.
+    /// a function or more than `maximumCount` values but there is no `functionOf`.
     [[nodiscard]] static std::optional<ScriptMessage> decoded(
         const QByteArray& bytes, const FunctionOfNumber& functionOf);
 };
