@@ -24,7 +24,7 @@ QString numberLocale(const QString& locale, bool isMetric)
 {
     UErrorCode status = U_ZERO_ERROR;
     const icu::DecimalFormatSymbols symbols(icuLocale(locale), status);
-    const auto mark = symbols.getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
+    const auto& mark = symbols.getConstSymbol(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol);
     // Users of miles write numbers as in the United States, unless they chose miles for a language that has
     // another decimal mark: then their own texts must be readable.
     return !isMetric && mark == icu::UnicodeString(u'.') ? u"en_US"_s : locale;

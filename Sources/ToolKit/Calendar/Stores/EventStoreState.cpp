@@ -58,7 +58,7 @@ void EventStore::State::commitPropertiesAndItems(Failures& failures)
     while (commitItems(CommitWave::removals, failures)) { }
 }
 
-EventStore::Result EventStore::State::removeCalendar(const CalendarPath& path)
+EventStore::Result EventStore::State::removeCalendar(const CalendarPath& path) const
 {
     CalendarFolder* const folder = calendars.folder(path);
     if (!folder)

@@ -55,7 +55,7 @@ private:
 
     bool commitItems(CommitWave wave, Failures& failures);
     void commitPropertiesAndItems(Failures& failures);
-    [[nodiscard]] Result removeCalendar(const CalendarPath& path);
+    [[nodiscard]] Result removeCalendar(const CalendarPath& path) const;
     void removeCalendars(Failures& failures);
     void keep(const Failures& failures);
 

@@ -70,7 +70,9 @@ public:
             return invalid(QStringLiteral("there is no %1").arg(Policy::name));
         const auto [fields, saved, place, calendar] = item->state();
         CalendarFolder* const folder = calendars_.folder(place.calendarIdentifier);
-        const QByteArray file = folder ? folder->fileOf(place.uid, place.file) : QByteArray();
+        if (!folder)
+            return notFound(place.uid);
+        const QByteArray file = folder->fileOf(place.uid, place.file);
         if (file.isEmpty())
             return notFound(place.uid);
         return folder->stage(file, policy_.removal({place.uid, place.occurrence, saved, saved, false}));
@@ -87,7 +89,9 @@ private:
             return target.stage(place.file, save);
         }
         CalendarFolder* const source = calendars_.folder(place.calendarIdentifier);
-        const QByteArray file = source ? source->fileOf(place.uid, place.file) : QByteArray();
+        if (!source)
+            return notFound(place.uid);
+        const QByteArray file = source->fileOf(place.uid, place.file);
         if (file.isEmpty())
             return notFound(place.uid);
         if (source == &target) {

@@ -49,7 +49,7 @@ StoreError::Kind kindOf(int code, int systemError)
 
 QByteArray uri(const QString& path, SQLiteDatabase::Mode mode)
 {
-    const QByteArray text = "file:" + QFile::encodeName(path).toPercentEncoding("/");
+    QByteArray text = "file:" + QFile::encodeName(path).toPercentEncoding("/");
     switch (mode) {
     case SQLiteDatabase::Mode::readWrite:
         return text;
