@@ -42,18 +42,23 @@ private:
         {
             isGiven_ = true;
             if (number >= -most && number <= most)
-                bits_.set(std::size_t(number + most));
+                bits_.set(indexOf(number));
         }
         /// Also false if all numbers were out of range.
         [[nodiscard]] bool isEmpty() const { return !isGiven_; }
         /// Looks for the number that counts from the start, and for the same one counted from the end.
         [[nodiscard]] bool contains(int number, int count) const
         {
-            return bits_.test(std::size_t(number + most))
-                || bits_.test(std::size_t(number - count - 1 + most));
+            return bits_.test(indexOf(number)) || bits_.test(indexOf(number - count - 1));
         }
 
     private:
+        static std::size_t indexOf(int number)
+        {
+            const int index = number + most;
+            return static_cast<std::size_t>(index);
+        }
+
         std::bitset<std::size_t(most) * 2 + 1> bits_;
         bool isGiven_ = false;
     };
