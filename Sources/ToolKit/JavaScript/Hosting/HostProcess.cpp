@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <array>
 #include <csignal>
 
 #include <fcntl.h>
@@ -63,8 +64,9 @@ int spawn(pid_t& process, const QByteArray& program, int socket)
 
     QByteArray name("quor-plugin-host");
     QByteArray version(scriptProtocol);
-    char* const arguments[]{name.data(), version.data(), nullptr};
-    const int error = posix_spawn(&process, program.constData(), &files, &attributes, arguments, environ);
+    const std::array<char*, 3> arguments{name.data(), version.data(), nullptr};
+    const int error
+        = posix_spawn(&process, program.constData(), &files, &attributes, arguments.data(), environ);
     posix_spawn_file_actions_destroy(&files);
     posix_spawnattr_destroy(&attributes);
     return error;
@@ -82,13 +84,12 @@ std::unique_ptr<HostProcess> HostProcess::start(QString& error)
 {
     const QString program = programPath();
     if (program.isEmpty()) {
-        error = u"A script with limits needs the program quor-plugin-host, which is not installed. It "
-                u"belongs to "
-                "the kit, in the folder libexec/quor."_s;
+        error = u"A script with limits needs the program quor-plugin-host, which is not installed. "
+                "It belongs to the kit, in the folder libexec/quor."_s;
         return nullptr;
     }
-    int sockets[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets) != 0) {
+    std::array<int, 2> sockets{};
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, sockets.data()) != 0) {
         error = u"The script's process cannot be connected: "_s + qt_error_string(errno);
         return nullptr;
     }

@@ -7,10 +7,10 @@
 #include <QString>
 
 #include <chrono>
+#include <ctime>
 #include <memory>
 
 #include <sys/types.h>
-#include <time.h>
 
 namespace quor::toolkit {
 
