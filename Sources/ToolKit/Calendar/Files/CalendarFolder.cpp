@@ -195,7 +195,8 @@ EventStoreResult CalendarFolder::removeFromDisk()
     directory.removeLeftovers();
     // A calendar of which only a part could be removed keeps its name.
     auto names = directory.names();
-    std::ranges::partition(names, [](const QByteArray& name) { return name.endsWith(itemSuffix); });
+    std::partition(
+        names.begin(), names.end(), [](const QByteArray& name) { return name.endsWith(itemSuffix); });
     for (const QByteArray& name : names) {
         const bool isOurs = name.endsWith(itemSuffix) || isPropertyFile(name);
         const auto identity = isOurs ? directory.identity(name) : std::nullopt;
