@@ -156,6 +156,14 @@ Bundle Bundle::named(const QString& name)
     return Bundle({});
 }
 
+Bundle Bundle::required(const QString& name)
+{
+    Bundle bundle = named(name);
+    if (bundle.path().isEmpty())
+        qFatal("unable to find bundle named %s", qUtf8Printable(name));
+    return bundle;
+}
+
 Bundle Bundle::main()
 {
     if (!QCoreApplication::instance())

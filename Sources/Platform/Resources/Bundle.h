@@ -37,6 +37,10 @@ public:
     /// that the kit was configured for, `quor` in each of `$XDG_DATA_DIRS`.
     [[nodiscard]] static Bundle named(const QString& name);
 
+    /// As `named`, for a bundle that is part of the installation: if no folder has it, ends the program with
+    /// the message "unable to find bundle named <name>".
+    [[nodiscard]] static Bundle required(const QString& name);
+
     /// Returns the application's own bundle: the one with the name of the executable, found as by `named`.
     /// The first call with a `QCoreApplication` searches for it; without a `QCoreApplication` the result
     /// is a bundle without folder.
