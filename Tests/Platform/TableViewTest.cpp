@@ -10,7 +10,6 @@
 using namespace quor::platform;
 using quor::test::LabelRows;
 using quor::test::TableViewTest;
-using quor::test::waitFor;
 using testing::ElementsAre;
 
 namespace {

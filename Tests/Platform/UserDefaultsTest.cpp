@@ -44,8 +44,10 @@ protected:
     [[nodiscard]] pid_t startWriter() const
     {
         const pid_t child = fork();
-        for (int i = 0; child == 0; ++i)
-            defaults_.setObject(wholeValue(i), u"timerData"_s);
+        if (child == 0) {
+            for (int i = 0;; ++i)
+                defaults_.setObject(wholeValue(i), u"timerData"_s);
+        }
         return child;
     }
     const quor::test::TemporaryDataHome home_;

@@ -24,7 +24,7 @@ protected:
     [[nodiscard]] QByteArray file(const QString& key) const { return test::readFile(folder() + key); }
 
     test::TemporaryDataHome home_;
-    const GroupStorage storage_;
+    const GroupStorage storage_{};
 };
 
 TEST_F(GroupStorageTest, EachKeyIsAFileWithThisNameAndTheseBytes)

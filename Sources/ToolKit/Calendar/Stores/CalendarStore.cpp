@@ -129,7 +129,8 @@ void CalendarStore::scheduleCommit()
 
 void CalendarStore::saveDelayed()
 {
-    accessQueue().async([self = holder(), function = __func__] {
+    const char* const function = __func__; // which is another one in a closure
+    accessQueue().async([self = holder(), function] {
         if (const auto store = eventStore(self))
             logFailure(store->commit(), u"Error saving: "_s, function, __LINE__);
     });
@@ -141,7 +142,8 @@ void CalendarStore::deleteCalendar(const QString& identifier)
     const auto found = store ? calendarOf(*store, identifier) : nullptr;
     if (!found)
         return;
-    accessQueue().async([store, found, function = __func__] {
+    const char* const function = __func__;
+    accessQueue().async([store, found, function] {
         logFailure(store->removeCalendar(found, true), u"Error deleting Calendar: "_s, function, __LINE__);
     });
 }

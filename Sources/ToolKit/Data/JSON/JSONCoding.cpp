@@ -48,9 +48,10 @@ namespace {
 template <typename T>
 bool assign(std::optional<T>&& found, T& out)
 {
-    if (found)
-        out = *std::move(found);
-    return found.has_value();
+    if (!found)
+        return false;
+    out = *std::move(found);
+    return true;
 }
 
 // Recursion goes no deeper than maximumJSONDepth: the parser and the writer both ensure that.
