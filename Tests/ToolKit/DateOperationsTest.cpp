@@ -221,6 +221,7 @@ TEST_F(DateOperationsTest, SharesItsCalendarAmongThreads)
 {
     const Date start = date(u"2024-05-05T10:00:00"_s);
     std::vector<std::thread> threads;
+    threads.reserve(3);
     for (int thread = 0; thread < 3; ++thread) {
         threads.emplace_back([=] {
             for (int day = 0; day < 1000; ++day) {

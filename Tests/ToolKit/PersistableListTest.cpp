@@ -122,7 +122,7 @@ TEST_F(PersistableListTest, NoKeyLeadsOutOfTheFolder)
 
 TEST_F(PersistableListTest, UnreadableFilesReadAsEmptyAndAreReplaced)
 {
-    for (const char* text : {"", "3", "[]", "{\"ab\":1", "{\"ab\":\"1\"}", "{\"xab\":1,\"ab\":null}"}) {
+    for (const char* text : {"", "3", "[]", R"({"ab":1)", R"({"ab":"1"})", R"({"xab":1,"ab":null})"}) {
         put(u"AB"_s, text);
         PersistableList<double> list(path());
         EXPECT_EQ(list.value(u"ab"_s), std::nullopt) << text;
@@ -226,7 +226,7 @@ TEST_F(PersistableListTest, ProcessesThatShareAListLoseNothingOfEachOther)
 TEST_F(PersistableListTest, AFlushWritesAFileThatIsGoneOrDamagedAsAWhole)
 {
     for (const bool isGone : {true, false}) {
-        put(u"AB"_s, "{\"1ab\":1,\"2ab\":2,\"3ab\":3}");
+        put(u"AB"_s, R"({"1ab":1,"2ab":2,"3ab":3})");
         List list(path());
         list.removeValue(u"1ab"_s);
         (void)list.isEmpty(); // returns after the removal
@@ -311,6 +311,7 @@ TEST_F(PersistableListTest, ThreadsShareAListAndItsEndWaitsForThem)
     {
         PersistableList<double> list(path());
         std::vector<std::jthread> threads;
+        threads.reserve(4);
         for (int thread = 0; thread < 4; ++thread)
             threads.emplace_back([&list, thread] {
                 for (int i = 0; i < 200; ++i) {

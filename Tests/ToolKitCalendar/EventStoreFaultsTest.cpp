@@ -281,7 +281,7 @@ TEST_F(Faults, WhatCannotBeSavedIsAnswered)
 TEST_F(Faults, WhatOthersWroteSurvivesAnEdit)
 {
     const QByteArray foreign[] = {"CATEGORIES:a,b\\,c", "NEWER-THAN-US;VALUE=TEXT:x\\,y",
-        "X-A;P=\"b:c\":va\\l;ue", "ATTACH;FMTTYPE=text/html:CID:abc", "COMMENT:caf\xE9",
+        R"(X-A;P="b:c":va\l;ue)", "ATTACH;FMTTYPE=text/html:CID:abc", "COMMENT:caf\xE9",
         "X-LONG:one\r\n  and\r\n\ttwo", "BEGIN:X-OWN\r\nX-Z:1\r\nEND:X-OWN",
         "BEGIN:PARTICIPANT\r\nUID:a\r\nSUMMARY:no\r\nEND:PARTICIPANT"};
     for (const QByteArray& each : foreign) {

@@ -179,6 +179,7 @@ TEST(EventStore, ServesSeveralThreadsAtOnce)
     const TestCalendars calendars;
     EventStore store(calendars.options());
     std::vector<std::thread> threads;
+    threads.reserve(3);
     for (int thread = 0; thread < 3; ++thread) {
         threads.emplace_back([&] {
             for (int i = 0; i < 20; ++i) {
