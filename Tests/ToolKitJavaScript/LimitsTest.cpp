@@ -120,11 +120,10 @@ const char* const hangingScripts[] = {
     "for (;;) 'ß'.repeat(1e6).toUpperCase()",
     "a = []; function f() { a.push(new Array(1000).fill(1)); Promise.resolve().then(f) } f()",
     // Sleeping, and code that is not JavaScript.
-    "Atomics.wait(new Int32Array(new WebAssembly.Memory({initial: 1, maximum: 1, shared: true}).buffer), 0, "
-    "0)",
-    "new WebAssembly.Instance(new WebAssembly.Module(new Uint8Array([0, 97, 115, 109, 1, 0, 0, 0, 1, 4, 1, "
-    "96, 0, 0,"
-    " 3, 2, 1, 0, 8, 1, 0, 10, 9, 1, 7, 0, 3, 64, 12, 0, 11, 11])))",
+    R"(m = new WebAssembly.Memory({initial: 1, maximum: 1, shared: true})
+       Atomics.wait(new Int32Array(m.buffer), 0, 0))",
+    R"(new WebAssembly.Instance(new WebAssembly.Module(new Uint8Array([0, 97, 115, 109, 1, 0, 0, 0, 1, 4, 1,
+        96, 0, 0, 3, 2, 1, 0, 8, 1, 0, 10, 9, 1, 7, 0, 3, 64, 12, 0, 11, 11]))))",
     // What the host offers.
     "for (;;) utils.localize('x')",
     "for (;;) utils.fileExists('x')",

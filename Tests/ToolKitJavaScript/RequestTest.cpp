@@ -76,7 +76,7 @@ TEST(Request, ReturnsARecordForEveryAnswer)
             uR"({"headers":{},"result":"","statusCode":0})"_s},
     };
     for (const auto& [answer, result] : cases) {
-        const LoopbackServer server([&](const QByteArray&) { return answer; });
+        const LoopbackServer server([&answer = answer](const QByteArray&) { return answer; });
         EXPECT_EQ(run(server, script, 1000), result) << answer.left(60).toStdString();
     }
     const LoopbackServer unused([](const QByteArray&) { return ok; });
