@@ -85,3 +85,15 @@ TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItReportsAScheme)
     EXPECT_TRUE(becomes(ColorScheme::light));
     EXPECT_EQ(changes, 1) << "another setting, or the palette despite the portal's scheme, caused a change";
 }
+
+TEST_F(PortalAppearanceTest, FollowsWhetherTheDesktopAnimates)
+{
+    SettingsPortal portal(false);
+    const PortalAppearance portalAppearance(bus, appearance);
+    EXPECT_TRUE(appearance.animates()) << "it must not wait for the portal";
+    for (const QVariant& value : {QVariant(false), QVariant(true), QVariant(false), QVariant(u"odd"_s)}) {
+        portal.change(u"enable-animations"_s, value, u"org.gnome.desktop.interface"_s);
+        portal.change(u"color-scheme"_s, false);
+        EXPECT_TRUE(waitFor([&] { return appearance.animates() == (value != false); }));
+    }
+}

@@ -20,11 +20,11 @@ SettingsPortal::SettingsPortal(QVariant value)
 {
 }
 
-void SettingsPortal::change(const QString& key, const QVariant& value)
+void SettingsPortal::change(const QString& key, const QVariant& value, const QString& group)
 {
     value_ = value;
     auto signal = QDBusMessage::createSignal(path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
-    signal << u"org.freedesktop.appearance"_s << key << QVariant::fromValue(QDBusVariant(value));
+    signal << group << key << QVariant::fromValue(QDBusVariant(value));
     bus_.connection().send(signal);
 }
 

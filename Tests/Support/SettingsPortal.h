@@ -23,8 +23,9 @@ public:
     /// False if another process is the portal, or if there is no bus.
     [[nodiscard]] bool isServing() const { return serving_; }
 
-    /// Answers with `value` from now on, and reports a change of the setting `key` of the appearance.
-    void change(const QString& key, const QVariant& value);
+    /// Answers with `value` from now on, and reports a change of the setting `key` of `group`.
+    void change(const QString& key, const QVariant& value,
+        const QString& group = QStringLiteral("org.freedesktop.appearance"));
 
 public Q_SLOTS:
     /// Wraps the value in two variants, as portals do.

@@ -12,10 +12,11 @@ namespace quor::platform {
 
 enum class ColorScheme { light, dark };
 
-/// The colour scheme of this application: the desktop's scheme, unless the application has set its own.
+/// The colour scheme of this application: the desktop's scheme, unless the application has set its own. Also
+/// whether the desktop wants animations.
 ///
-/// The object that listens to the desktop reports the desktop's scheme through `setDesktopScheme`. An
-/// application creates one `Appearance`, before its windows. Main thread only.
+/// The object that listens to the desktop reports its settings through `setDesktopScheme` and
+/// `setDesktopAnimates`. An application creates one `Appearance`, before its windows. Main thread only.
 class Appearance final : public QObject {
     Q_OBJECT
 
@@ -32,6 +33,12 @@ public:
     /// Sets the desktop's scheme, which is light at first.
     void setDesktopScheme(ColorScheme scheme);
 
+    /// Whether the user lets the desktop animate. Ask at the start of each animation; see also
+    /// `animationDuration`.
+    [[nodiscard]] bool animates() const { return animates_; }
+    /// True at first.
+    void setDesktopAnimates(bool animates) { animates_ = animates; }
+
     /// Calls `changed` after each change of `effectiveAppearance`, until the returned subscription ends. The
     /// call takes place before `setAppearance` or `setDesktopScheme` returns. The subscription may outlive
     /// this object.
@@ -45,6 +52,7 @@ private:
 
     std::optional<ColorScheme> own_;
     ColorScheme desktop_ = ColorScheme::light;
+    bool animates_ = true;
 };
 
 } // namespace quor::platform

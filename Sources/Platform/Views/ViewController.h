@@ -9,10 +9,13 @@
 #include <memory>
 #include <vector>
 
+class QKeyEvent;
+
 namespace quor::platform {
 
 /// An object that owns a view and takes part in its life: it makes the view on first use, and is called when
-/// the view appears and when it has been laid out.
+/// the view appears and when it has been laid out. Each of the functions that are called may end the
+/// controller.
 ///
 /// Controllers form trees: a controller owns its children, whose views it places in its own view. Hold
 /// controllers in a `std::shared_ptr`. Main thread only.
@@ -47,6 +50,11 @@ public:
     /// presented it. The animator keeps `controller` alive as long as its view is shown.
     void dismiss(ViewController& controller);
 
+    /// Does what the Escape key does while no view in this controller's view has the keyboard: calls
+    /// `cancelOperation` of the children whose views are visible, the last one first and each after its own
+    /// children, and then of this controller, until one had an effect. Returns whether one had.
+    bool performCancel();
+
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 protected:
@@ -58,23 +66,27 @@ protected:
     virtual void viewWillAppear() { }
     /// Called from the event loop after the view has become visible, if it still is.
     virtual void viewDidAppear() { }
-    /// Called after each layout pass of the view: after a change of its size, and after its layout has placed
-    /// the views in it again.
+    /// Called after each layout pass of the view while it is visible: as it becomes visible, after a change
+    /// of its size, and after its layout has placed the views in it again.
     virtual void viewDidLayout() { }
-    /// Called for the Escape key, unless the view with the keyboard used it. Returns whether it had an
-    /// effect; if not, the parent controller is called.
+    /// Called for the Escape key if no view in this controller's view used it, nor the view itself. Returns
+    /// whether it had an effect; if not, the parent controller is called.
     virtual bool cancelOperation() { return false; }
 
 private:
     struct Presented {
         std::shared_ptr<ViewController> controller;
-        std::unique_ptr<ViewControllerPresentationAnimator> animator;
+        std::shared_ptr<ViewControllerPresentationAnimator> animator;
     };
+
+    void viewShown();
+    bool keyReachedView(QKeyEvent& event);
 
     WidgetHandle<QWidget> view_;
     std::vector<std::shared_ptr<ViewController>> children_;
     ViewController* parent_ = nullptr;
     std::vector<Presented> presented_;
+    bool isAppearing_ = false; ///< Whether a call of `viewDidAppear` waits in the event loop.
 };
 
 } // namespace quor::platform

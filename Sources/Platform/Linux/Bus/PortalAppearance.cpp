@@ -21,14 +21,21 @@ namespace {
 constexpr auto portalService = "org.freedesktop.portal.Desktop"_L1;
 constexpr auto portalPath = "/org/freedesktop/portal/desktop"_L1;
 constexpr auto settingsInterface = "org.freedesktop.portal.Settings"_L1;
-constexpr auto settingGroup = "org.freedesktop.appearance"_L1;
-constexpr auto settingKey = "color-scheme"_L1;
+constexpr auto schemeGroup = "org.freedesktop.appearance"_L1;
+constexpr auto schemeKey = "color-scheme"_L1;
+constexpr auto animationsGroup = "org.gnome.desktop.interface"_L1;
+constexpr auto animationsKey = "enable-animations"_L1;
 
-std::optional<ColorScheme> schemeFromSetting(QVariant value)
+// The answer to Read wraps the value in two variants, the signal in one.
+QVariant unwrapped(QVariant value)
 {
-    // The answer to Read wraps the value in two variants, the signal in one.
     while (value.metaType() == QMetaType::fromType<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
+    return value;
+}
+
+std::optional<ColorScheme> schemeFromSetting(const QVariant& value)
+{
     if (value == 1U)
         return ColorScheme::dark;
     if (value == 2U)
@@ -43,35 +50,42 @@ PortalAppearance::PortalAppearance(SessionBus& bus, Appearance& appearance)
 {
     apply();
     QCoreApplication::instance()->installEventFilter(this);
-    askPortal(bus);
+    followSetting(bus, schemeGroup, schemeKey);
+    followSetting(bus, animationsGroup, animationsKey);
 }
 
-void PortalAppearance::askPortal(SessionBus& bus)
+void PortalAppearance::followSetting(SessionBus& bus, const QString& group, const QString& key)
 {
     auto connection = bus.connection();
     // No service name, as Qt would then wait for the bus to name its owner. The slot takes the whole message,
     // as Qt connects no slot with a QDBusVariant until that type has been registered elsewhere.
-    connection.connect({}, portalPath, settingsInterface, u"SettingChanged"_s, {settingGroup, settingKey},
-        u"ssv"_s, this, SLOT(settingChanged(QDBusMessage)));
+    connection.connect({}, portalPath, settingsInterface, u"SettingChanged"_s, {group, key}, u"ssv"_s, this,
+        SLOT(settingChanged(QDBusMessage)));
 
     auto request = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface, u"Read"_s);
-    request << QString(settingGroup) << QString(settingKey);
+    request << group << key;
     auto* answer = new QDBusPendingCallWatcher(connection.asyncCall(request), this);
-    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer] {
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, answer, group] {
         answer->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *answer;
         if (reply.isValid())
-            setPortalScheme(reply.value().variant());
+            useSetting(group, reply.value().variant());
     });
 }
 
 void PortalAppearance::settingChanged(const QDBusMessage& change)
 {
-    setPortalScheme(change.arguments().value(2));
+    const auto arguments = change.arguments();
+    useSetting(arguments.value(0).toString(), arguments.value(2));
 }
 
-void PortalAppearance::setPortalScheme(const QVariant& value)
+void PortalAppearance::useSetting(const QString& group, const QVariant& wrapped)
 {
+    const QVariant value = unwrapped(wrapped);
+    if (group == animationsGroup) {
+        appearance_.setDesktopAnimates(value != false);
+        return;
+    }
     portalScheme_ = schemeFromSetting(value);
     apply();
 }

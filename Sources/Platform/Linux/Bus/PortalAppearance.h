@@ -13,9 +13,10 @@ namespace quor::platform {
 
 class SessionBus;
 
-/// Keeps the desktop's colour scheme in an `Appearance` up to date. The scheme is the settings portal's if
-/// the portal has one, otherwise the scheme of the palette that the desktop gave the application. Does not
-/// wait for the portal: until its first answer, the palette decides.
+/// Keeps the desktop's colour scheme in an `Appearance` up to date, and whether the desktop animates. The
+/// scheme is the settings portal's if the portal has one, otherwise the scheme of the palette that the
+/// desktop gave the application. The desktop animates unless the portal says that it does not. Does not wait
+/// for the portal: until its first answer, the palette decides.
 ///
 /// Borrows the bus and the appearance, which must outlive this object. Needs a QApplication. Main thread
 /// only.
@@ -31,8 +32,8 @@ private Q_SLOTS:
     void settingChanged(const QDBusMessage& change);
 
 private:
-    void askPortal(SessionBus& bus);
-    void setPortalScheme(const QVariant& value);
+    void followSetting(SessionBus& bus, const QString& group, const QString& key);
+    void useSetting(const QString& group, const QVariant& wrapped);
     void apply();
 
     Appearance& appearance_;
