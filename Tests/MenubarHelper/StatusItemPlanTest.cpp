@@ -108,21 +108,20 @@ TEST(StatusItemPlan, ChoosesTheSymbolAndShowsOverTimeLiveAboveTheCutOutRingOnly)
 TEST(StatusItemPlan, ChoosesTheTextsAndTheirLayout)
 {
     const struct {
-        bool notch, task, running, total, active;
+        bool notch, task, running, total, active, twoLines;
         double inactive;
         std::vector<double> starts;
         std::optional<QString> text;
-        bool twoLines;
     } cases[] = {
-        {true, true, false, false, true, hour, {now - hour}, std::nullopt, false},
-        {false, false, false, true, false, 0, {}, u"00:00"_s, false},
-        {true, true, false, true, true, hour, {now - hour / 2}, u"01:30"_s, false},
-        {false, false, true, false, true, hour, {now}, std::nullopt, false},
-        {false, false, true, false, true, hour, {now - 90, now - 90}, u"00:03"_s, false},
-        {true, true, true, true, true, hour, {now - hour}, u"01:00 \u2215 02:00"_s, true},
-        {true, false, true, true, true, hour, {now - hour}, u"01:00 \u2215 02:00"_s, false},
-        {true, true, true, true, true, 60, {now - hour}, u"01:01"_s, false},
-        {false, false, true, true, false, hour, {}, u"01:00"_s, false},
+        {true, true, false, false, true, false, hour, {now - hour}, std::nullopt},
+        {false, false, false, true, false, false, 0, {}, u"00:00"_s},
+        {true, true, false, true, true, false, hour, {now - hour / 2}, u"01:30"_s},
+        {false, false, true, false, true, false, hour, {now}, std::nullopt},
+        {false, false, true, false, true, false, hour, {now - 90, now - 90}, u"00:03"_s},
+        {true, true, true, true, true, true, hour, {now - hour}, u"01:00 \u2215 02:00"_s},
+        {true, false, true, true, true, false, hour, {now - hour}, u"01:00 \u2215 02:00"_s},
+        {true, true, true, true, true, false, 60, {now - hour}, u"01:01"_s},
+        {false, false, true, true, false, false, hour, {}, u"01:00"_s},
     };
     for (const auto& each : cases) {
         MenubarStatusItemData data;
