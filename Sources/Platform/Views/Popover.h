@@ -4,10 +4,13 @@
 #include "Platform/Lifetime/Trackable.h"
 #include "Platform/Views/RectEdge.h"
 
+#include <QPointer>
 #include <QRect>
 #include <QSize>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 
 class QWidget;
 
@@ -49,27 +52,30 @@ public:
 
     /// `windowServer` and `appearance` must outlive the popover.
     Popover(WindowServer& windowServer, const Appearance& appearance);
+    /// Closes the popover without a call of its delegate.
     virtual ~Popover();
 
     [[nodiscard]] Behavior behavior() const { return behavior_; }
     void setBehavior(Behavior behavior) { behavior_ = behavior; }
-    /// Whether opening, closing and changes of size are animated, if the desktop animates. True at first.
+    /// Whether opening and changes of size are animated, if the desktop animates. True at first.
     [[nodiscard]] bool animates() const { return animates_; }
     void setAnimates(bool animates) { animates_ = animates; }
     /// Null at first. The delegate must outlive the popover, or set null before it ends.
     [[nodiscard]] PopoverDelegate* delegate() const { return delegate_; }
     void setDelegate(PopoverDelegate* delegate) { delegate_ = delegate; }
 
-    /// The controller whose view is shown; owned. Set it before `show`.
+    /// The controller whose view is shown; shared. Null at first. Set it before `show`.
     [[nodiscard]] const std::shared_ptr<ViewController>& contentViewController() const { return content_; }
     void setContentViewController(std::shared_ptr<ViewController> controller);
 
-    /// The size of the content, without arrow and frame. At first the size hint of the content's view.
+    /// The size of the content, without arrow and frame. At first the size hint of the content's view. The
+    /// content is shown smaller while the screen has too little room.
     [[nodiscard]] QSize contentSize() const;
     void setContentSize(QSize size);
 
-    /// Shows the popover on the `preferredEdge` side of `anchor`, a rectangle of `view`. Ignored if `view` is
-    /// not visible or if there is no content. A popover that is shown already goes to the new anchor.
+    /// Shows the popover on the `preferredEdge` side of `anchor`, a rectangle of `view`; `minX` is the side
+    /// on which lines begin, so the right one in a right-to-left layout. Ignored if `view` is not visible or
+    /// if there is no content. A popover that is shown already goes to the new anchor.
     virtual void show(const QRect& anchor, QWidget& view, RectEdge preferredEdge);
 
     /// Closes without asking the delegate. `popoverDidClose` is called before this returns.
@@ -83,14 +89,23 @@ public:
     /// The window of the popover. Null while it is not shown.
     [[nodiscard]] QWidget* window() const;
 
+    /// Whether `window` is the window of a popover, attached or detached.
+    [[nodiscard]] static bool isWindowOfPopover(const QWidget& window);
+
 private:
+    void connectWindow();
+    void discardWindow();
+    [[nodiscard]] std::chrono::milliseconds durationOf(
+        std::chrono::milliseconds wanted, const QWidget& view) const;
+
     WindowServer& windowServer_;
     const Appearance& appearance_;
     Behavior behavior_ = Behavior::transient;
     bool animates_ = true;
     PopoverDelegate* delegate_ = nullptr;
     std::shared_ptr<ViewController> content_;
-    std::unique_ptr<PopoverWindow> window_;
+    std::optional<QSize> contentSize_;
+    QPointer<PopoverWindow> window_; ///< Null while the popover is not shown. A child of the anchor's window.
 };
 
 } // namespace quor::platform
