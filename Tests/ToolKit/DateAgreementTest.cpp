@@ -16,7 +16,6 @@
 using namespace quor::toolkit;
 using quor::platform::Calendar;
 using quor::platform::dateFromSeconds;
-using quor::platform::secondsSince1970;
 
 namespace {
 
@@ -37,7 +36,7 @@ public:
         , days_(size_t(end - begin + 8))
     {
         long from = (begin - 2) * daySeconds;
-        for (long step = 6 * 3600, at = from; at < (end + 2) * daySeconds; at += step) {
+        for (long step = 6 * 3600L, at = from; at < (end + 2) * daySeconds; at += step) {
             if (offset(at) == offset(at + step))
                 continue;
             long before = at;

@@ -30,8 +30,8 @@ TEST(MarkdownToHTML, RendersEachElement)
             {"a<br>&amp;", "<p>a<br>&</p>"},
             {"- [x] a\n- b\n\n3. c", "<ul><li><p>a</p></li><li><p>b</p></li></ul><ol><li><p>c</p></li></ol>"},
             {"**a** ~~b~~", "<p><strong>a</strong> <del>b</del></p>"},
-            {"![*a*](b 'c')![]()", "<p><img src=\"b\"><img src=\"\"></p>"},
-            {"[*a*](<b\"c>)[d]()", "<p><a href=\"b\"c\"><em>a</em></a><a href=\"#\">d</a></p>"},
+            {"![*a*](b 'c')![]()", R"(<p><img src="b"><img src=""></p>)"},
+            {"[*a*](<b\"c>)[d]()", R"(<p><a href="b"c"><em>a</em></a><a href="#">d</a></p>)"},
             {"|a|b|c|d|\n|:-|:-:|-:|-|\n|e|",
                 "<table><thead><tr><td style=\"text-align: left\">a</td><td style=\"text-align: "
                 "center\">b</td>"

@@ -41,6 +41,7 @@ TEST_F(StoreSharingTest, ProcessesSaveAtTheSameTime)
 {
     // All create the file at the same time, and then write it.
     std::vector<pid_t> children;
+    children.reserve(4);
     for (int child = 0; child < 4; ++child) {
         children.push_back(start([child](Context& context) {
             for (int i = 0; i < 50; ++i) {
@@ -118,6 +119,7 @@ TEST_F(StoreSharingTest, ThreadsTakeTurns)
     auto context = open();
     auto counter = add(*context, u"counter"_s);
     std::vector<std::thread> threads;
+    threads.reserve(4);
     std::atomic<int> later = 0;
     for (int thread = 0; thread < 4; ++thread) {
         threads.emplace_back([&] {

@@ -6,7 +6,6 @@
 using namespace Qt::StringLiterals;
 using namespace quor::toolkit;
 using quor::platform::dateFromSeconds;
-using testing::ElementsAre;
 
 namespace quor::test {
 namespace {
