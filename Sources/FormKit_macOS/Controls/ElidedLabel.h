@@ -7,7 +7,7 @@ namespace quor::formkit {
 
 /// A label of one line of plain text, which ends with an ellipsis where it does not fit; a tool tip shows the
 /// whole then. It never forces its container to be wider. Main thread only.
-class ElidedLabel final : public QLabel {
+class ElidedLabel : public QLabel {
     Q_OBJECT
 
 public:

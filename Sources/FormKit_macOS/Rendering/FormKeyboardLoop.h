@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include <vector>
+
+namespace quor::formkit {
+
+/// The way of the Tab key through the controls of a form. It also keeps the control with the focus in sight,
+/// and the mouse wheel from changing a control that does not have the focus. Main thread only.
+class FormKeyboardLoop final : public QObject {
+    Q_OBJECT
+
+public:
+    /// The views of one row, in the order of the loop. Beyond `focusableViews`, all controls in `views` take
+    /// part while `platform::isFullKeyboardAccessEnabled`; else these do not accept Tab.
+    struct Row {
+        std::vector<QWidget*> focusableViews;
+        std::vector<QWidget*> views; ///< without null
+    };
+
+    /// Builds the loop anew. It begins where `container`, an ancestor of all views, stands in its window.
+    void build(QWidget& container, const std::vector<Row>& rows);
+
+    /// The first of all focusable views that can take the focus now, null if there is none.
+    [[nodiscard]] QWidget* firstFocusableView() const;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void collect(QWidget& view, const std::vector<QWidget*>& focusableViews, std::vector<QWidget*>& controls);
+    void watch(QWidget& control);
+
+    std::vector<QPointer<QWidget>> focusableViews_;
+};
+
+} // namespace quor::formkit

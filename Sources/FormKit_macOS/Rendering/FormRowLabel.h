@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "FormKit_macOS/Controls/ElidedLabel.h"
+
+#include <QPointer>
+
+namespace quor::formkit {
+
+/// The label of a row. A click on it focuses the row's input, and screen readers call the input by it, unless
+/// the input has a name of its own.
+class FormRowLabel final : public ElidedLabel {
+    Q_OBJECT
+
+public:
+    using ElidedLabel::ElidedLabel;
+    ~FormRowLabel() override;
+
+    /// `input` may be null.
+    void show(const QString& line, QWidget* input, Qt::Alignment alignment);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+
+private:
+    void nameInput(const QString& name);
+
+    QPointer<QWidget> input_;
+    QString givenName_;
+};
+
+} // namespace quor::formkit

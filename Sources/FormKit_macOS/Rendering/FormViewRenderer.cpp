@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include "FormKit_macOS/Rendering/FormViewRenderer.h"
+
+#include "FormKit/FormDetailElement.h"
+#include "FormKit_macOS/Elements/FormSeparator.h"
+#include "FormKit_macOS/Elements/FormTitle.h"
+#include "FormKit_macOS/FormMacOSResource.h"
+#include "ToolKit_macOS/FlippedView.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include <optional>
+#include <unordered_set>
+
+namespace quor::formkit {
+
+namespace {
+
+std::unique_ptr<QScrollArea> makeScrollView()
+{
+    auto area = std::make_unique<QScrollArea>();
+    area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setWidgetResizable(true);
+    area->setFocusPolicy(Qt::NoFocus);
+    auto* const rows = new toolkit::FlippedView;
+    area->setWidget(rows);
+    // The background of the form shall be seen.
+    rows->setAutoFillBackground(false);
+    area->viewport()->setAutoFillBackground(false);
+    return area;
+}
+
+std::optional<QString> headingText(const Form& form, bool showBackNavigation)
+{
+    if (form.title() || !showBackNavigation)
+        return form.title();
+    return FormMacOSResource::localizedString(QStringLiteral("FormBackTitle"));
+}
+
+/// Returns an element of `elements` of the class `T` that `fits`, else a new one from `make`.
+template <class T, class Fits, class Make>
+std::shared_ptr<T> reused(const Form::Elements& elements, Fits fits, Make make)
+{
+    for (const auto& element : elements) {
+        if (auto present = std::dynamic_pointer_cast<T>(element);
+            present && present->view() && fits(*present))
+            return present;
+    }
+    return make();
+}
+
+/// The first view in `view`, or itself, that can take the focus.
+QWidget* firstControl(QWidget& view)
+{
+    if (view.focusPolicy() != Qt::NoFocus)
+        return &view;
+    for (QObject* const child : view.children()) {
+        if (auto* const widget = qobject_cast<QWidget*>(child); widget && !widget->isWindow()) {
+            if (QWidget* const control = firstControl(*widget))
+                return control;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+FormViewRenderer::FormViewRenderer(RenderMode mode, QWidget& view, bool showBackNavigation)
+    : mode_(mode)
+    , view_(&view)
+    , showBackNavigation_(showBackNavigation)
+    , scrollView_(makeScrollView())
+{
+    switch (mode) {
+    case RenderMode::normal:
+        rowLayout_ = new FormRowLayout(view);
+        break;
+    case RenderMode::stickyHeaders:
+        headingLayout_ = new FormHeadingLayout(view);
+        rowLayout_ = new FormRowLayout(*scrollView_->widget());
+        break;
+    }
+}
+
+FormViewRenderer::~FormViewRenderer()
+{
+    delete rowLayout_.data();
+    delete headingLayout_.data();
+}
+
+void FormViewRenderer::render(Form& form)
+{
+    if (!form.needsRender() || isRendering_ || !view_ || !rowLayout_)
+        return;
+    const QPointer<FormKeyboardLoop> life(&keyboardLoop_);
+    isRendering_ = true;
+    form.setNeedsRender(false);
+    const bool toTop = !form.noticeElements().empty();
+    collectElements(form);
+    std::vector<FormKeyboardLoop::Row> loop;
+    const bool isEmpty = form.elements().empty();
+    if (isEmpty) {
+        clear();
+    } else {
+        makeTitleElements(form);
+        if (headingLayout_)
+            placeHeading(loop);
+        if (life && rowLayout_)
+            placeRows(form, loop);
+    }
+    // Views that have left may have run handlers of the application, which may have ended the renderer.
+    if (!life)
+        return;
+    if (!isEmpty)
+        scroll(toTop);
+    if (view_)
+        keyboardLoop_.build(*view_, loop);
+    isRendering_ = false;
+}
+
+void FormViewRenderer::collectElements(Form& form)
+{
+    Form::Elements walk = form.noticeElements();
+    walk.insert(walk.end(), form.elements().begin(), form.elements().end());
+    renderedElements_.clear();
+    bool isLastSeparator = false;
+    for (const auto& element : walk) {
+        if (!form.enabled()) {
+            element->setEnabled(false);
+            if (const auto detail = element->detailElement())
+                detail->setEnabled(false);
+        }
+        if (mode_ == RenderMode::stickyHeaders && element == form.defaultButton())
+            continue;
+        const bool isSeparator = dynamic_cast<const FormElementSeparator*>(element.get()) != nullptr;
+        if (element->isHidden() || (isSeparator && isLastSeparator))
+            continue;
+        isLastSeparator = isSeparator;
+        renderedElements_.push_back(element);
+    }
+}
+
+void FormViewRenderer::clear()
+{
+    rowLayout_->setRows({}, Form::Layout::leftHeaders, 1);
+    if (headingLayout_)
+        headingLayout_->setParts({});
+    labels_.clear();
+}
+
+void FormViewRenderer::makeTitleElements(const Form& form)
+{
+    // The back button keeps the focus, and a form that renders often makes nothing new.
+    const Form::Elements last = std::exchange(titleElements_, {});
+    const auto addTitle = [&](FormTitle::TitleType type, const QString& text, bool showBackButton) {
+        const auto title = reused<FormTitle>(
+            last,
+            [&](const FormTitle& present) {
+                return present.type() == type && present.showBackButton() == showBackButton;
+            },
+            [&] { return makeElement<FormTitle>(type, showBackButton); });
+        title->setText(text);
+        title->setBackButtonHandler(showBackButton ? backButtonHandler_ : nullptr);
+        titleElements_.push_back(title);
+    };
+    const auto addSeparator = [&](bool isTransparent) {
+        const auto separator = reused<FormSeparator>(
+            last, [](const FormSeparator&) { return true; }, [] { return makeElement<FormSeparator>(); });
+        separator->setTransparent(isTransparent);
+        titleElements_.push_back(separator);
+    };
+    if (const auto text = headingText(form, showBackNavigation_)) {
+        addTitle(FormTitle::TitleType::title, *text, showBackNavigation_);
+        if (form.subtitle())
+            addTitle(FormTitle::TitleType::subtitle, *form.subtitle(), false);
+        addSeparator(false);
+    } else if (mode_ == RenderMode::normal) {
+        addSeparator(true);
+    }
+    for (const auto& element : titleElements_)
+        element->setEnabled(form.enabled());
+}
+
+void FormViewRenderer::placeHeading(std::vector<FormKeyboardLoop::Row>& loop)
+{
+    FormHeadingLayout::Parts parts;
+    parts.scrollArea = scrollView_.get();
+    FormKeyboardLoop::Row row;
+    for (const auto& element : titleElements_) {
+        QWidget* const view = element->view();
+        row.views.push_back(view);
+        if (dynamic_cast<const FormSeparator*>(element.get()))
+            parts.separator = view;
+        else
+            (parts.title ? parts.subtitle : parts.title) = view;
+    }
+    headingLayout_->setParts(parts);
+    loop.push_back(std::move(row));
+}
+
+void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop::Row>& loop)
+{
+    Form::Elements elements;
+    if (mode_ == RenderMode::normal)
+        elements = titleElements_;
+    elements.insert(elements.end(), renderedElements_.begin(), renderedElements_.end());
+    QWidget* const container = rowLayout_->parentWidget();
+    // A view can be in one place only, also if its element was added twice.
+    std::unordered_set<const QWidget*> placed;
+    const auto isPlaceable = [&](const QWidget* view) {
+        return view && (view->parentWidget() == container || !view->isAncestorOf(container))
+            && placed.insert(view).second;
+    };
+    Labels lastLabels = std::exchange(labels_, {});
+    const auto labelOf = [&](const FormElement& element, const QString& text, QWidget* input) {
+        auto& label = labels_[&element];
+        if (const auto found = lastLabels.find(&element); found != lastLabels.end() && found->second)
+            label = std::move(found->second);
+        else
+            label = platform::makeWidget<FormRowLabel>(container);
+        const bool isBeside = form.layout() == Form::Layout::leftHeaders;
+        label->show(text, input, isBeside ? Qt::AlignRight : Qt::AlignLeft);
+        return label.get();
+    };
+    std::vector<FormRowLayout::Row> rows;
+    rows.reserve(elements.size());
+    std::optional<FormRowKind> previous;
+    for (const auto& element : elements) {
+        QWidget* const view = element->view();
+        if (!isPlaceable(view))
+            continue;
+        const FormRowKind kind = formRowKind(*element);
+        const QString label = element->label();
+        FormRowLayout::Row row{formRowStyle(form, kind, !label.isEmpty(), previous), view};
+        FormKeyboardLoop::Row stops{element->focusableViews(), {view}};
+        if (row.style.showsLabel && !label.isEmpty())
+            row.label = labelOf(*element, label,
+                stops.focusableViews.empty() ? firstControl(*view) : stops.focusableViews.front());
+        const auto detail = kind == FormRowKind::separator ? nullptr : element->detailElement();
+        if (QWidget* const detailView = detail ? detail->view() : nullptr; isPlaceable(detailView)) {
+            row.detail = detailView;
+            stops.views.push_back(detailView);
+        }
+        rows.push_back(row);
+        loop.push_back(std::move(stops));
+        previous = kind;
+    }
+    rowLayout_->setRows(rows, form.layout(), form.inputSizeRatio());
+}
+
+void FormViewRenderer::scroll(bool toTop)
+{
+    if (!view_ || !view_->isVisible())
+        return;
+    if (headingLayout_)
+        headingLayout_->activate();
+    if (rowLayout_)
+        rowLayout_->activate();
+    if (mode_ != RenderMode::stickyHeaders || !scrollView_)
+        return;
+    // The area adapts its range to the new height now, not when the event comes.
+    QEvent layoutRequest(QEvent::LayoutRequest);
+    QCoreApplication::sendEvent(scrollView_.get(), &layoutRequest);
+    if (toTop)
+        scrollView_->verticalScrollBar()->setValue(0);
+}
+
+int FormViewRenderer::heightForWidth(int width) const
+{
+    const QLayout* const layout = view_ ? view_->layout() : nullptr;
+    return layout ? layout->heightForWidth(width) : 0;
+}
+
+} // namespace quor::formkit
