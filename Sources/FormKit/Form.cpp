@@ -170,4 +170,9 @@ void Form::removeValueChanged(FormElement& element)
     element.setValueChanged({});
 }
 
+void Form::showLink(const QUrl& url)
+{
+    trigger(Event::showLink, url);
+}
+
 } // namespace quor::formkit

@@ -10,10 +10,15 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <variant>
 #include <vector>
 
 class QUrl;
+
+namespace quor::platform {
+class ViewController;
+}
 
 namespace quor::formkit {
 
@@ -126,6 +131,18 @@ public:
     void setDefaultButton(Element button) { defaultButton_ = std::move(button); }
     /// Triggers `close`. Not part of `elements`; an application that wants it as a row adds it.
     [[nodiscard]] const std::shared_ptr<FormElementButton>& cancelButton() const { return cancelButton_; }
+
+    /// Each of these triggers the event of its name with a payload of exactly the type that presenters
+    /// expect; they ignore a pointer to a derived class. Any thread.
+    void replaceForm(std::shared_ptr<Form> form) { trigger(Event::replaceForm, std::move(form)); }
+    void showForm(std::shared_ptr<Form> form) { trigger(Event::showForm, std::move(form)); }
+    void presentForm(std::shared_ptr<Form> form) { trigger(Event::presentForm, std::move(form)); }
+    /// Triggers `presentForm`.
+    void presentController(std::shared_ptr<platform::ViewController> controller)
+    {
+        trigger(Event::presentForm, std::move(controller));
+    }
+    void showLink(const QUrl& url);
 
 private:
     void append(Element notice);

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "FormKit_macOS/Presentation/FormView.h"
+
+#include <QKeyEvent>
+#include <QLayout>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quor::formkit {
+
+FormView::FormView()
+{
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    viewport()->setAutoFillBackground(false);
+}
+
+FormView::~FormView()
+{
+    willEnd();
+}
+
+void FormView::setContent(std::unique_ptr<QWidget> content)
+{
+    QWidget* view = content.release();
+    setWidget(view);
+    view->setAutoFillBackground(false); // the window's background shows
+}
+
+void FormView::updateContentSize(double width)
+{
+    widget()->setMinimumWidth(0);
+    widget()->setMinimumWidth(
+        std::clamp(int(std::ceil(width)), widget()->minimumSizeHint().width(), QWIDGETSIZE_MAX));
+    updateGeometry();
+}
+
+QSize FormView::sizeHint() const
+{
+    if (!widget())
+        return {0, 0};
+    const int width = widget()->minimumWidth();
+    const bool wraps = widget()->layout() && widget()->layout()->hasHeightForWidth();
+    const int height = wraps ? widget()->heightForWidth(width) : widget()->sizeHint().height();
+    return {width, std::max(height, 0)};
+}
+
+void FormView::keyPressEvent(QKeyEvent* event)
+{
+    const bool scrolls = verticalScrollBar()->maximum() > 0 || horizontalScrollBar()->maximum() > 0;
+    if (scrolls && !(event->modifiers() & ~Qt::KeypadModifier))
+        QScrollArea::keyPressEvent(event);
+    else
+        event->ignore();
+}
+
+} // namespace quor::formkit
