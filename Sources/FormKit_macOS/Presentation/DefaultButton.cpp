@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Presentation/DefaultButton.h"
 
-#include "FormKit_macOS/Elements/FormButton.h"
+#include "FormKit/FormElement.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -15,15 +15,14 @@ DefaultButton::DefaultButton(QWidget& form)
     form.installEventFilter(this);
 }
 
-void DefaultButton::setButton(const std::shared_ptr<FormButton>& button)
+void DefaultButton::setButton(const std::shared_ptr<FormElement>& element, QPushButton* button)
 {
+    element_ = element;
+    if (button_ && button_ != button)
+        button_->setDefault(false);
     button_ = button;
-    auto* shown = button ? button->button() : nullptr;
-    if (shown_ && shown_ != shown)
-        shown_->setDefault(false);
-    shown_ = shown;
-    if (shown && !shown->isDefault())
-        shown->setDefault(true);
+    if (button && !button->isDefault())
+        button->setDefault(true);
 }
 
 bool DefaultButton::eventFilter(QObject*, QEvent* event)
@@ -41,8 +40,8 @@ bool DefaultButton::press(const QKeyEvent& event)
 {
     auto* pressed = qobject_cast<QPushButton*>(QApplication::focusWidget());
     if (!pressed || !form_.isAncestorOf(pressed)) {
-        const auto button = button_.lock();
-        pressed = button && !button->isHidden() ? button->button() : nullptr;
+        const auto element = element_.lock();
+        pressed = element && !element->isHidden() ? button_.data() : nullptr;
     }
     if (!pressed || !pressed->isEnabled())
         return false;

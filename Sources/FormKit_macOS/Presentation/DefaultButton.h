@@ -13,7 +13,7 @@ class QKeyEvent;
 
 namespace quor::formkit {
 
-class FormButton;
+class FormElement;
 
 /// Lets the Return key in a form press its default button, and shows which button that is.
 ///
@@ -26,8 +26,8 @@ public:
     /// Owned by `form`, the view whose keys count.
     explicit DefaultButton(QWidget& form);
 
-    /// Null for none. Shown as default from now on.
-    void setButton(const std::shared_ptr<FormButton>& button);
+    /// `button` is the control of `element`; both null for none. Shown as default from now on.
+    void setButton(const std::shared_ptr<FormElement>& element, QPushButton* button);
 
     /// Called before the default button is pressed.
     platform::Callback<void(QWidget& button)> willPress;
@@ -38,8 +38,8 @@ private:
     [[nodiscard]] bool press(const QKeyEvent& event);
 
     QWidget& form_;
-    std::weak_ptr<FormButton> button_;
-    QPointer<QPushButton> shown_;
+    std::weak_ptr<FormElement> element_;
+    QPointer<QPushButton> button_;
 };
 
 } // namespace quor::formkit

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Presentation/FormRenderViewController.h"
 
+#include "FormKit/Elements/FormElementButton.h"
 #include "FormKit/Form.h"
-#include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Presentation/DefaultButton.h"
 #include "FormKit_macOS/Presentation/FormContainerViewController.h"
 #include "FormKit_macOS/Presentation/FormView.h"
@@ -33,10 +33,10 @@ T valueOf(const std::any& payload)
     return value ? *value : T();
 }
 
-void takeOut(QWidget* view, const QWidget& content)
+QPushButton* pushButtonOf(const FormElement* element)
 {
-    if (view && content.isAncestorOf(view))
-        view->setParent(nullptr);
+    const auto* button = dynamic_cast<const FormElementButton*>(element);
+    return button ? button->view()->findChild<QPushButton*>() : nullptr;
 }
 
 } // namespace
@@ -61,7 +61,6 @@ FormRenderViewController::FormRenderViewController(
 FormRenderViewController::~FormRenderViewController()
 {
     form_->remove(*this);
-    discardContent();
 }
 
 void FormRenderViewController::listenToForm()
@@ -109,9 +108,7 @@ FormView& FormRenderViewController::formView()
 
 std::unique_ptr<QWidget> FormRenderViewController::loadView()
 {
-    auto view = std::make_unique<FormView>();
-    view->willEnd = platform::whileAlive(*this, [this] { discardContent(); });
-    return view;
+    return std::make_unique<FormView>();
 }
 
 void FormRenderViewController::viewDidLoad()
@@ -132,7 +129,7 @@ void FormRenderViewController::viewDidLoad()
 
 void FormRenderViewController::makeContent()
 {
-    discardContent();
+    formRenderer_.reset(); // takes the views of the elements out of the content that ends now
     isContentOutdated_ = false;
     std::unique_ptr<QWidget> content;
     if (needsEffectView_)
@@ -146,24 +143,6 @@ void FormRenderViewController::makeContent()
         formRenderer_->setBackButtonHandler(platform::whileAlive(*this, [this] { trigger(Event::back); }));
     formView().setContent(std::move(content));
     followAppearance();
-}
-
-// The views of the elements are the elements' own, and are shown again elsewhere.
-void FormRenderViewController::discardContent()
-{
-    if (!formRenderer_ || !viewIfLoaded())
-        return;
-    const QWidget& content = *formView().widget();
-    for (const auto& element : formRenderer_->renderedElements()) {
-        takeOut(element->view(), content);
-        if (const auto detail = element->detailElement())
-            takeOut(detail->view(), content);
-    }
-    for (const auto& element : {form_->defaultButton(), Form::Element(form_->cancelButton())}) {
-        if (const auto* button = dynamic_cast<const FormButton*>(element.get()))
-            takeOut(button->button(), content);
-    }
-    formRenderer_.reset();
 }
 
 void FormRenderViewController::viewWillAppear()
@@ -194,8 +173,8 @@ void FormRenderViewController::viewDidAppear()
 
 void FormRenderViewController::viewDidLayout()
 {
-    if (const auto button = std::dynamic_pointer_cast<FormButton>(form_->defaultButton()); defaultButton_)
-        defaultButton_->setButton(button);
+    if (defaultButton_)
+        defaultButton_->setButton(form_->defaultButton(), pushButtonOf(form_->defaultButton().get()));
 }
 
 bool FormRenderViewController::cancelOperation()
@@ -274,15 +253,7 @@ void FormRenderViewController::followAppearance()
 
 QWidget* FormRenderViewController::firstInput() const
 {
-    if (!formRenderer_)
-        return nullptr;
-    for (const auto& element : formRenderer_->renderedElements()) {
-        for (auto* input : element->focusableViews()) {
-            if (input->isEnabled() && input->isVisible())
-                return input;
-        }
-    }
-    return nullptr;
+    return formRenderer_ ? formRenderer_->firstFocusableView() : nullptr;
 }
 
 QWidget* FormRenderViewController::focusedInput() const

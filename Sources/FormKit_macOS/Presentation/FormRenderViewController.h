@@ -73,7 +73,6 @@ protected:
 private:
     void listenToForm();
     void makeContent();
-    void discardContent();
     void renderAnew();
     void replaceForm(const std::any& payload);
     void presentForm(const std::any& payload);

@@ -18,11 +18,6 @@ FormView::FormView()
     viewport()->setAutoFillBackground(false);
 }
 
-FormView::~FormView()
-{
-    willEnd();
-}
-
 void FormView::setContent(std::unique_ptr<QWidget> content)
 {
     QWidget* view = content.release();

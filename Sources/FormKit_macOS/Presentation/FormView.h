@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "Platform/Lifetime/Callback.h"
-
 #include <QScrollArea>
 
 #include <memory>
@@ -16,10 +14,6 @@ class FormView final : public QScrollArea {
 
 public:
     FormView();
-    ~FormView() override;
-
-    /// Called when the view ends, before what is in it.
-    platform::Callback<void()> willEnd;
 
     /// Shows `content` instead of the content before it, which ends.
     void setContent(std::unique_ptr<QWidget> content);
