@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Controls/ElidedLabel.h"
 
+#include "FormKit_macOS/Controls/ElidedText.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -42,10 +43,7 @@ bool ElidedLabel::event(QEvent* event)
 {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty())
         return QLabel::event(event);
-    if (elided() == text())
-        event->ignore();
-    else
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), plainToolTip(text()), this);
+    showWholeText(static_cast<QHelpEvent&>(*event), *this, text(), elided() == text());
     return true;
 }
 
@@ -57,18 +55,6 @@ void ElidedLabel::paintEvent(QPaintEvent*)
         | (layoutDirection() == Qt::RightToLeft ? Qt::TextForceRightToLeft : Qt::TextForceLeftToRight);
     style()->drawItemText(
         &painter, rect, static_cast<int>(flags), palette(), isEnabled(), elided(), foregroundRole());
-}
-
-QString singleLine(const QString& text)
-{
-    return text.simplified();
-}
-
-QString plainToolTip(const QString& text)
-{
-    constexpr int longest = 1000; // characters, which fit on the smallest screens
-    const QString shown = text.size() > longest ? text.left(longest) + u'…' : text;
-    return u"<p style=\"white-space:pre-wrap\">"_s + shown.toHtmlEscaped() + u"</p>"_s;
 }
 
 } // namespace quor::formkit

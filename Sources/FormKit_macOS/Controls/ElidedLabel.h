@@ -26,10 +26,4 @@ private:
     [[nodiscard]] QString elided() const;
 };
 
-/// Returns `text` in one line: with spaces for line breaks and tabs, and without those at its ends.
-[[nodiscard]] QString singleLine(const QString& text);
-
-/// Returns `text` for a tool tip: wrapped, with its marks as plain characters, and cut after some lines.
-[[nodiscard]] QString plainToolTip(const QString& text);
-
 } // namespace quor::formkit

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+class QHelpEvent;
+class QWidget;
+
+/// Texts that are cut where they do not fit into their control. Main thread only.
+namespace quor::formkit {
+
+/// Returns `text` in one line: with spaces for line breaks and tabs, and without those at its ends.
+[[nodiscard]] QString singleLine(const QString& text);
+
+/// Returns `text` for a tool tip: wrapped, with its marks as plain characters, and cut after some lines.
+[[nodiscard]] QString plainToolTip(const QString& text);
+
+/// Answers the request of `widget` for a tool tip. Shows `text`, unless `isWhole` says that the widget shows
+/// all of it.
+void showWholeText(QHelpEvent& event, QWidget& widget, const QString& text, bool isWhole);
+
+} // namespace quor::formkit

@@ -1,0 +1,109 @@
+// SPDX-License-Identifier: MIT
+#include "FormKit_macOS/FormViewFactory.h"
+
+#include "FormKit_macOS/Elements/FormButton.h"
+#include "FormKit_macOS/Elements/FormButtonSelection.h"
+#include "FormKit_macOS/Elements/FormCheckBox.h"
+#include "FormKit_macOS/Elements/FormHintText.h"
+#include "FormKit_macOS/Elements/FormSeparator.h"
+#include "FormKit_macOS/Elements/FormStateView.h"
+
+#include <QtGlobal>
+
+namespace quor::formkit {
+
+namespace {
+
+[[noreturn]] void endWithout(const char* element)
+{
+    qFatal("FormViewFactory: %s is missing in this version", element);
+}
+
+} // namespace
+
+std::shared_ptr<FormElementButton> FormViewFactory::button() const
+{
+    return makeElement<FormButton>();
+}
+
+std::shared_ptr<FormElementCheckBox> FormViewFactory::checkBox() const
+{
+    return makeElement<FormCheckBox>();
+}
+
+std::shared_ptr<FormElementColorPicker> FormViewFactory::colorPicker() const
+{
+    endWithout("FormColorPicker");
+}
+
+std::shared_ptr<FormElementDatePicker> FormViewFactory::datePicker() const
+{
+    endWithout("FormDatePicker");
+}
+
+std::shared_ptr<FormElementDistanceInput> FormViewFactory::distanceInput() const
+{
+    endWithout("FormDistanceInput");
+}
+
+std::shared_ptr<FormElementDropDown> FormViewFactory::dropDown() const
+{
+    endWithout("FormDropDown");
+}
+
+std::shared_ptr<FormElementDurationInput> FormViewFactory::durationInput() const
+{
+    endWithout("FormDurationInput");
+}
+
+std::shared_ptr<FormElementHintText> FormViewFactory::hintText() const
+{
+    return makeElement<FormHintText>();
+}
+
+std::shared_ptr<FormElementMoneyInput> FormViewFactory::moneyInput() const
+{
+    endWithout("FormMoneyInput");
+}
+
+std::shared_ptr<FormElementMultilineTextInput> FormViewFactory::multilineTextInput() const
+{
+    endWithout("FormMultilineTextInput");
+}
+
+std::shared_ptr<FormElementSeparator> FormViewFactory::separator() const
+{
+    return makeElement<FormSeparator>();
+}
+
+std::shared_ptr<FormElementTextInput> FormViewFactory::textInput() const
+{
+    endWithout("FormTextInput");
+}
+
+std::shared_ptr<FormElementNumberInput> FormViewFactory::numberInput() const
+{
+    endWithout("FormNumberInput");
+}
+
+std::shared_ptr<FormElementButtonSelection> FormViewFactory::buttonSelection() const
+{
+    return makeElement<FormButtonSelection>();
+}
+
+std::shared_ptr<FormElementState> FormViewFactory::state() const
+{
+    return makeElement<FormStateView>();
+}
+
+std::shared_ptr<FormElementDetailActionButton> FormViewFactory::detailActionButton() const
+{
+    endWithout("FormDetailActionButton");
+}
+
+std::shared_ptr<FormElementDetailInfoButton> FormViewFactory::detailInfoButton() const
+{
+    endWithout("FormDetailInfoButton");
+}
+
+} // namespace quor::formkit
