@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Rendering/FormRowLabel.h"
 
+#include "FormKit_macOS/Controls/ElidedText.h"
+
 #include <QMouseEvent>
 
 namespace quor::formkit {
