@@ -7,11 +7,11 @@
 #include "Platform/Linux/X11/X11WindowServer.h"
 #include "Support/WaitFor.h"
 #include "ToolKit_macOS/WarningAlert.h"
+#include "Xdotool.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
-#include <QProcess>
 
 #include <gmock/gmock.h>
 
@@ -20,8 +20,10 @@
 
 using namespace Qt::StringLiterals;
 using namespace quor::platform;
+using quor::test::at;
 using quor::test::OtherWindow;
 using quor::test::waitFor;
+using quor::test::xdotool;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -29,13 +31,6 @@ namespace {
 
 constexpr EventMask allTypes = 30; // a bit for each of the types 1 to 4
 constexpr EventMask presses = 10; // the bits of leftMouseDown and rightMouseDown
-
-bool xdotool(const QString& arguments)
-{
-    QProcess process;
-    process.start(u"xdotool"_s, arguments.split(u' '));
-    return waitFor([&] { return process.state() == QProcess::NotRunning; }) && process.exitCode() == 0;
-}
 
 /// A window that consists of one control, which has the keyboard whenever the window is active.
 class Field final : public QLineEdit {
@@ -77,7 +72,6 @@ protected:
         const auto middle = QPointF(ours.rect().center()) * scale;
         return other.onDesktop(xcb_window_t(ours.winId()), middle.toPoint());
     }
-    static QString at(QPoint place) { return u"mousemove %1 %2 "_s.arg(place.x()).arg(place.y()); }
     static bool click(QPoint place, int button = 1) { return xdotool(at(place) + u"click %1"_s.arg(button)); }
 
     // The events that xdotool causes. After that, and when the pointer is free, a click on the desktop

@@ -94,10 +94,10 @@ void Popover::show(const QRect& anchor, QWidget& view, RectEdge preferredEdge)
     QWidget& contentView = content->view();
     if (!self.get() || !anchorView || !anchorView->isVisible())
         return;
-    const QSize size = contentSize();
     window_ = new PopoverWindow(windowServer_, contentView, view);
     connectWindow();
-    window_->setContentSize(size, {});
+    // Asked for only now, as the margins of a view depend on whether it is a window.
+    window_->setContentSize(contentSize(), {});
     window_->setAnchor(view, anchor, edge);
     const QPointer<PopoverWindow> window = window_;
     window->open(durationOf(fadeDuration, *window));

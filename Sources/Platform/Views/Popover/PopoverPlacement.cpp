@@ -92,7 +92,8 @@ PopoverPlacement placePopover(const PopoverSpace& space, RectEdge preferredEdge)
     };
     const QPoint centre = space.anchor.center();
     return {edge, window,
-        {tip(centre.x(), window.left(), window.width()), tip(centre.y(), window.top(), window.height())}};
+        isVertical(edge) ? tip(centre.y(), window.top(), window.height())
+                         : tip(centre.x(), window.left(), window.width())};
 }
 
 } // namespace quor::platform

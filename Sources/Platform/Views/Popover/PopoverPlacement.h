@@ -20,7 +20,7 @@ struct PopoverSpace {
 struct PopoverPlacement {
     RectEdge edge; ///< The side of the anchor on which the popover is.
     QRect window; ///< Smaller than wanted if the screen has too little room.
-    QPoint tip; ///< What the arrow points to. Only the coordinate along `edge` counts.
+    int tip; ///< What the arrow points to: an x above or below the anchor, a y beside it.
 
     friend bool operator==(const PopoverPlacement&, const PopoverPlacement&) = default;
 };

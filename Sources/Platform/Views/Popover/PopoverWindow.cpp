@@ -97,7 +97,8 @@ void PopoverWindow::watchAnchor(QWidget& view, const QRect& rect)
 void PopoverWindow::setContentSize(QSize size, std::chrono::milliseconds duration)
 {
     contentSize_ = size;
-    place(duration);
+    if (anchor_)
+        place(duration);
 }
 
 void PopoverWindow::place(std::chrono::milliseconds duration)
@@ -135,9 +136,8 @@ void PopoverWindow::updateFrame()
         clearMask();
         return;
     }
-    const QPoint tip = tip_ - pos();
     frame_ = PopoverFrame(size(), state_ == State::attached ? std::optional(edge_) : std::nullopt,
-        isVertical(edge_) ? tip.y() : tip.x());
+        tip_ - (isVertical(edge_) ? y() : x()));
     if (isCompositing_)
         clearMask();
     else
@@ -253,8 +253,9 @@ void PopoverWindow::mouseMoveEvent(QMouseEvent* event)
 void PopoverWindow::mouseReleaseEvent(QMouseEvent*)
 {
     drag_.reset();
+    // Later, as a new native window cannot replace the one that handles this event.
     if (state_ == State::dragged)
-        becomeWindow();
+        QMetaObject::invokeMethod(this, &PopoverWindow::becomeWindow, Qt::QueuedConnection);
 }
 
 void PopoverWindow::tearOff()
@@ -272,9 +273,13 @@ void PopoverWindow::tearOff()
 
 void PopoverWindow::becomeWindow()
 {
+    if (state_ != State::dragged || isHidden())
+        return;
     const QRect place(content_ ? content_->mapToGlobal(QPoint()) : pos(), contentSize_);
     const QPointer<QWidget> focused = focusWidget();
     state_ = State::window;
+    // A window that is only hidden and shown again would miss the keyboard, and would stay translucent.
+    destroy();
     setParent(anchor_->window(), Qt::Tool);
     setAttribute(Qt::WA_TranslucentBackground, false);
     setAttribute(Qt::WA_NoSystemBackground, false);

@@ -28,7 +28,7 @@ class PopoverWindow final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Whose child window this is: of the window of `view`.
+    /// A child of the window of `view`. Needs the size of its content and an anchor before it is opened.
     PopoverWindow(WindowServer& windowServer, QWidget& content, QWidget& view);
     ~PopoverWindow() override;
 
@@ -89,7 +89,7 @@ private:
     QPropertyAnimation fading_;
     QSize contentSize_;
     RectEdge edge_ = RectEdge::maxY; ///< The side of the anchor on which the window is.
-    QPoint tip_; ///< What the arrow points to, in screen coordinates.
+    int tip_ = 0; ///< What the arrow points to, in screen coordinates along the edge.
     PopoverFrame frame_;
     State state_ = State::attached;
     std::optional<Drag> drag_; ///< Set while the background is pressed.
