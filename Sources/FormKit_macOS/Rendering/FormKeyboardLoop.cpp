@@ -74,8 +74,15 @@ void scrollIntoView(QWidget& control)
 {
     constexpr int margin = 20;
     for (QWidget* parent = control.parentWidget(); parent; parent = parent->parentWidget()) {
-        if (auto* const area = qobject_cast<QScrollArea*>(parent))
-            area->ensureWidgetVisible(&control, margin, margin);
+        auto* const area = qobject_cast<QScrollArea*>(parent);
+        if (!area || !area->widget())
+            continue;
+        const QPoint middle = control.mapTo(area->widget(), control.rect().center());
+        const int reach = control.height() / 2 + 1 + margin;
+        if (2 * reach > area->viewport()->height())
+            area->ensureWidgetVisible(&control, margin, margin); // where its caret is
+        else
+            area->ensureVisible(middle.x(), middle.y(), 0, reach);
     }
 }
 

@@ -12,22 +12,19 @@ FormRowLabel::~FormRowLabel()
     nameInput({});
 }
 
-void FormRowLabel::show(const QString& line, QWidget* input, Qt::Alignment alignment)
+void FormRowLabel::setInput(QWidget* input)
 {
-    setAlignment(alignment | Qt::AlignVCenter);
-    const QString name = singleLine(line);
-    if (name != text())
-        setLine(line);
     if (input != input_) {
         nameInput({});
         input_ = input;
     }
+    const QString name = text();
     nameInput(name);
     // A label with a buddy would take a letter after '&' as a shortcut.
     const bool isLiteral = name.contains(u'&');
     setAccessibleName(isLiteral ? name : QString());
-    if (QWidget* const shortcutFree = isLiteral ? nullptr : input; buddy() != shortcutFree)
-        setBuddy(shortcutFree);
+    if (QWidget* const relation = isLiteral ? nullptr : input; buddy() != relation)
+        setBuddy(relation);
 }
 
 void FormRowLabel::nameInput(const QString& name)

@@ -16,8 +16,8 @@ public:
     using ElidedLabel::ElidedLabel;
     ~FormRowLabel() override;
 
-    /// `input` may be null.
-    void show(const QString& line, QWidget* input, Qt::Alignment alignment);
+    /// To be called after each change of the line. `input` may be null.
+    void setInput(QWidget* input);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

@@ -4,6 +4,7 @@
 #include "FormKit_macOS/Controls/FirstBaseline.h"
 
 #include <QFontMetrics>
+#include <QPointer>
 #include <QStyle>
 #include <QWidget>
 
@@ -86,7 +87,7 @@ void FormRowLayout::setRows(const std::vector<Row>& rows, Form::Layout layout, d
             present.emplace(widget, std::move(item));
     }
     rows_.clear();
-    std::vector<Item*> shown;
+    std::vector<QPointer<QWidget>> shown;
     const auto add = [&](QWidget* widget) -> Item* {
         if (!widget)
             return nullptr;
@@ -99,21 +100,25 @@ void FormRowLayout::setRows(const std::vector<Row>& rows, Form::Layout layout, d
             items_.push_back(std::make_unique<Item>(widget));
         }
         if (widget->isHidden())
-            shown.push_back(items_.back().get());
+            shown.emplace_back(widget);
         return items_.back().get();
     };
     for (const Row& row : rows)
         rows_.push_back({row.style, add(row.view), add(row.label), add(row.detail)});
     layout_ = layout;
     inputSizeRatio_ = inputSizeRatio;
+    // A view that loses the focus may run handlers of the application, which may end the layout.
+    const QPointer<FormRowLayout> life(this);
     for (const auto& [widget, item] : present) {
         if (item->widget())
             release(*widget);
     }
-    for (const Item* const item : shown) {
-        if (QWidget* const widget = item->widget())
+    for (const auto& widget : shown) {
+        if (life && widget)
             widget->show();
     }
+    if (!life)
+        return;
     setEnabled(true);
     invalidate();
 }

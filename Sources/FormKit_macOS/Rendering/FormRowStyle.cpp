@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Rendering/FormRowStyle.h"
 
-#include "FormKit/Elements/FormElementCheckBox.h"
 #include "FormKit/Elements/FormElementState.h"
+#include "FormKit_macOS/Elements/FormCheckBox.h"
+#include "FormKit_macOS/Elements/FormRadioButton.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormTitle.h"
 
@@ -59,8 +60,10 @@ FormRowKind formRowKind(const FormElement& element)
         return FormRowKind::title;
     if (dynamic_cast<const FormElementState*>(&element))
         return FormRowKind::state;
-    if (dynamic_cast<const FormElementCheckBox*>(&element))
+    if (dynamic_cast<const FormCheckBox*>(&element))
         return FormRowKind::checkBox;
+    if (dynamic_cast<const FormRadioButton*>(&element))
+        return FormRowKind::radioButton;
     return FormRowKind::other;
 }
 

@@ -2,6 +2,8 @@
 #include "FormKit_macOS/Rendering/FormViewRenderer.h"
 
 #include "FormKit/FormDetailElement.h"
+#include "FormKit_macOS/Controls/LargerButton.h"
+#include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormTitle.h"
 #include "FormKit_macOS/FormMacOSResource.h"
@@ -88,8 +90,14 @@ FormViewRenderer::FormViewRenderer(RenderMode mode, QWidget& view, bool showBack
 
 FormViewRenderer::~FormViewRenderer()
 {
-    delete rowLayout_.data();
-    delete headingLayout_.data();
+    for (QLayout* const layout : {static_cast<QLayout*>(rowLayout_), static_cast<QLayout*>(headingLayout_)}) {
+        // A layout whose rows are being replaced still needs itself.
+        if (layout && isRendering_)
+            layout->deleteLater();
+        else
+            delete layout;
+    }
+    restoreButtons(headingButtons_);
 }
 
 void FormViewRenderer::render(Form& form)
@@ -108,7 +116,7 @@ void FormViewRenderer::render(Form& form)
     } else {
         makeTitleElements(form);
         if (headingLayout_)
-            placeHeading(loop);
+            placeHeading(form, loop);
         if (life && rowLayout_)
             placeRows(form, loop);
     }
@@ -149,6 +157,8 @@ void FormViewRenderer::clear()
     rowLayout_->setRows({}, Form::Layout::leftHeaders, 1);
     if (headingLayout_)
         headingLayout_->setParts({});
+    restoreButtons(std::exchange(headingButtons_, {}));
+    discard(labels_);
     labels_.clear();
 }
 
@@ -185,7 +195,7 @@ void FormViewRenderer::makeTitleElements(const Form& form)
         element->setEnabled(form.enabled());
 }
 
-void FormViewRenderer::placeHeading(std::vector<FormKeyboardLoop::Row>& loop)
+void FormViewRenderer::placeHeading(const Form& form, std::vector<FormKeyboardLoop::Row>& loop)
 {
     FormHeadingLayout::Parts parts;
     parts.scrollArea = scrollView_.get();
@@ -198,8 +208,33 @@ void FormViewRenderer::placeHeading(std::vector<FormKeyboardLoop::Row>& loop)
         else
             (parts.title ? parts.subtitle : parts.title) = view;
     }
+    const auto lastButtons = std::exchange(headingButtons_, {});
+    const auto defaultButton = std::dynamic_pointer_cast<FormButton>(form.defaultButton());
+    const auto cancelButton = std::dynamic_pointer_cast<FormButton>(form.cancelButton());
+    if (parts.title && defaultButton && cancelButton && defaultButton != cancelButton) {
+        headingButtons_ = {cancelButton, defaultButton};
+        parts.defaultButton = defaultButton->button();
+        parts.cancelButton = cancelButton->button();
+        row.views.insert(row.views.end(), {parts.cancelButton, parts.defaultButton});
+    }
+    const auto buttons = headingButtons_;
     headingLayout_->setParts(parts);
+    for (const auto& button : buttons) {
+        if (button->button())
+            button->button()->setHidden(button->isHidden());
+    }
+    restoreButtons(lastButtons);
+    std::erase(row.views, nullptr);
     loop.push_back(std::move(row));
+}
+
+void FormViewRenderer::restoreButtons(const std::vector<std::shared_ptr<FormButton>>& buttons)
+{
+    // A button that is on the screen elsewhere by now stays there.
+    for (const auto& button : buttons) {
+        if (button->button() && !button->button()->parentWidget())
+            button->restoreButton();
+    }
 }
 
 void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop::Row>& loop)
@@ -223,7 +258,9 @@ void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop:
         else
             label = platform::makeWidget<FormRowLabel>(container);
         const bool isBeside = form.layout() == Form::Layout::leftHeaders;
-        label->show(text, input, isBeside ? Qt::AlignRight : Qt::AlignLeft);
+        label->setAlignment((isBeside ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        label->setLine(text);
+        label->setInput(input);
         return label.get();
     };
     std::vector<FormRowLayout::Row> rows;
@@ -249,7 +286,16 @@ void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop:
         loop.push_back(std::move(stops));
         previous = kind;
     }
+    discard(lastLabels);
     rowLayout_->setRows(rows, form.layout(), form.inputSizeRatio());
+}
+
+void FormViewRenderer::discard(const Labels& labels)
+{
+    for (const auto& [element, label] : labels) {
+        if (label)
+            label->setInput(nullptr); // which takes back its name
+    }
 }
 
 void FormViewRenderer::scroll(bool toTop)

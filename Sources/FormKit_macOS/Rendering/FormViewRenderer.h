@@ -18,6 +18,8 @@ class QScrollArea;
 
 namespace quor::formkit {
 
+class FormButton;
+
 /// Shows forms in one view: it places the views of a form's elements as rows, with their labels, a heading
 /// and the keyboard loop. It is the only place that knows rows, headings and gaps.
 ///
@@ -67,8 +69,10 @@ private:
     void collectElements(Form& form);
     void clear();
     void makeTitleElements(const Form& form);
-    void placeHeading(std::vector<FormKeyboardLoop::Row>& loop);
+    void placeHeading(const Form& form, std::vector<FormKeyboardLoop::Row>& loop);
+    static void restoreButtons(const std::vector<std::shared_ptr<FormButton>>& buttons);
     void placeRows(const Form& form, std::vector<FormKeyboardLoop::Row>& loop);
+    static void discard(const Labels& labels);
     void scroll(bool toTop);
 
     RenderMode mode_;
@@ -80,6 +84,7 @@ private:
     QPointer<FormRowLayout> rowLayout_; ///< of the container of the rows
     Form::Elements renderedElements_;
     Form::Elements titleElements_;
+    std::vector<std::shared_ptr<FormButton>> headingButtons_; ///< away from their elements' views
     Labels labels_;
     FormKeyboardLoop keyboardLoop_;
     bool isRendering_ = false;
