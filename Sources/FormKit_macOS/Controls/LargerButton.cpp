@@ -231,15 +231,17 @@ void LargerButton::paintTitle(QPainter& painter, const QStyleOptionButton& optio
 void LargerButton::paintAttributed(QPainter& painter, AttributedString text, Qt::Alignment alignment) const
 {
     const QRectF room = titleRect();
-    const auto visual = QStyle::visualAlignment(layoutDirection(), alignment) & Qt::AlignHorizontal_Mask;
-    const double x = visual == Qt::AlignLeft ? room.left()
-        : visual == Qt::AlignRight           ? room.right()
-                                             : room.center().x();
+    const auto visual = QStyle::visualAlignment(layoutDirection(), alignment);
+    const auto side = visual.testFlag(Qt::AlignLeft) ? Qt::AlignLeft
+        : visual.testFlag(Qt::AlignRight)            ? Qt::AlignRight
+                                                     : Qt::AlignHCenter;
+    const double x = side == Qt::AlignLeft ? room.left()
+        : side == Qt::AlignRight           ? room.right()
+                                           : room.center().x();
     painter.setFont(font());
     painter.setPen(palette().color(isFlat() ? QPalette::WindowText : QPalette::ButtonText));
-    toolkit::drawAttributedText(painter, text,
-        visual.toInt() ? Qt::AlignmentFlag(visual.toInt()) : Qt::AlignLeft,
-        toolkit::TextVerticalAlignment::center, false, std::nullopt, x, room.center().y(), room.width());
+    toolkit::drawAttributedText(painter, text, side, toolkit::TextVerticalAlignment::center, false,
+        std::nullopt, x, room.center().y(), room.width());
 }
 
 } // namespace quor::formkit

@@ -102,6 +102,8 @@ void ResizeTextView::render()
     format.setForeground(color);
     content_ = parseMarkdown_ ? toolkit::MarkdownParser(source_, font, color).parse()
                               : AttributedString(source_, format);
+    if (!isEnabled()) // links, too
+        content_.addAttribute(QTextFormat::ForegroundBrush, QBrush(color), {0, content_.length()});
     hasLinks_ = std::any_of(content_.runs().begin(), content_.runs().end(),
         [](const auto& run) { return !run.format.anchorHref().isEmpty(); });
     document()->clear();
@@ -242,13 +244,20 @@ void ResizeTextView::focusOutEvent(QFocusEvent* event)
     QTextBrowser::focusOutEvent(event);
 }
 
+QUrl ResizeTextView::focusedLink() const
+{
+    // A cursor has the format of the character before it, and the link was perhaps selected from its end.
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(cursor.selectionStart() + 1);
+    return QUrl(cursor.charFormat().anchorHref());
+}
+
 void ResizeTextView::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
     const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
-    const QString link = isLinkFocused_ ? textCursor().charFormat().anchorHref() : QString();
-    if (opens && !link.isEmpty())
-        linkClicked_(QUrl(link));
+    if (opens && isLinkFocused_)
+        linkClicked_(focusedLink());
     else if (isSelectable_ && event->matches(QKeySequence::Copy))
         copy();
     else if (isSelectable_ && event->matches(QKeySequence::SelectAll))

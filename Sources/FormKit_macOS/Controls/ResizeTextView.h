@@ -80,6 +80,7 @@ private:
     void render();
     void insert(QTextCursor& cursor, const platform::AttributedString::Run& run);
     void updateInteraction();
+    [[nodiscard]] QUrl focusedLink() const;
     [[nodiscard]] bool pressesText(const QMouseEvent& event) const;
 
     QString source_;

@@ -81,7 +81,7 @@ void Segment::paintEvent(QPaintEvent*)
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
-    if (isChecked()) {
+    if (isChecked() && isEnabled()) {
         const QPalette colors = option.palette;
         option.palette.setColor(QPalette::Button, colors.color(QPalette::Highlight));
         option.palette.setColor(QPalette::ButtonText, colors.color(QPalette::HighlightedText));

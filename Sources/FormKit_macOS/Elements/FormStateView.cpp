@@ -34,7 +34,7 @@ void FormStateView::setup()
         field->hide();
         layout->addWidget(field);
     }
-    layout->addSpacing(messageSpacing - 2 * titleSpacing);
+    layout->addSpacing(messageSpacing - titleSpacing);
     layout->addWidget(button_, 0, Qt::AlignHCenter);
     button_->hide();
     QObject::connect(
