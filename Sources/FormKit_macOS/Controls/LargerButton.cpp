@@ -111,9 +111,10 @@ int LargerButton::spinnerRoom() const
 
 QSize LargerButton::titleSize() const
 {
-    if (!attributedTitle_)
+    if (!attributedTitle_ && !isFlat())
         return {fontMetrics().horizontalAdvance(title_), fontMetrics().height()};
-    const QSizeF size = toolkit::textSize(*attributedTitle_, font(), false);
+    // Measured as it is drawn, since a fraction of a pixel too little would elide it.
+    const QSizeF size = toolkit::textSize(attributedTitle_.value_or(AttributedString(title_)), font(), false);
     return {static_cast<int>(std::ceil(size.width())),
         std::max(static_cast<int>(std::ceil(size.height())), fontMetrics().height())};
 }
