@@ -10,7 +10,7 @@
 #include "Platform/Services/Workspace.h"
 #include "Platform/Views/StatusBarButton.h"
 
-#include "MenubarHelper/TestWindowServer.h"
+#include "Support/TestWindowServer.h"
 #include "Support/TemporaryDataHome.h"
 #include "Support/TestClock.h"
 #include "Support/TestEventMonitors.h"

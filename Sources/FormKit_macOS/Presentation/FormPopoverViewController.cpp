@@ -2,6 +2,7 @@
 #include "FormKit_macOS/Presentation/FormPopoverViewController.h"
 
 #include "FormKit/Form.h"
+#include "FormKit_macOS/Controls/SegmentedControl.h"
 #include "FormKit_macOS/Presentation/FormContainerViewController.h"
 #include "FormKit_macOS/Presentation/FormPopover.h"
 #include "Platform/Services/Application.h"
@@ -26,6 +27,24 @@ bool showFormsOfSameClass(const platform::ViewController& left, const platform::
     const Form& leftForm = *leftContainer->form();
     const Form& rightForm = *rightContainer->form();
     return typeid(leftForm) == typeid(rightForm);
+}
+
+struct Anchor {
+    QWidget& view;
+    QRect rect;
+};
+
+// A press on a segmented control hits a segment in it.
+Anchor anchorOf(QWidget& view)
+{
+    for (auto* around = &view; around; around = around->isWindow() ? nullptr : around->parentWidget()) {
+        const auto* control = dynamic_cast<const SegmentedControl*>(around);
+        if (!control)
+            continue;
+        const QRect segment = control->segmentRect(control->selectedSegment());
+        return {*around, segment.isEmpty() ? around->rect() : segment};
+    }
+    return {view, view.rect()};
 }
 
 } // namespace
@@ -72,7 +91,8 @@ void FormPopoverViewController::open(std::shared_ptr<platform::ViewController> c
     activePopover_->setDelegate(this);
     activePopover_->setContentViewController(std::move(controller));
     const platform::TrackedPointer<FormPopover> popover(activePopover_.get());
-    activePopover_->show(view.rect(), view, preferredEdge);
+    const auto anchor = anchorOf(view);
+    activePopover_->show(anchor.rect, anchor.view, preferredEdge);
     // The content may close the popover before it is shown, and may end this controller.
     if (popover.get() && !popover.get()->isShown())
         closePopover();

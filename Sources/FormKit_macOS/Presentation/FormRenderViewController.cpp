@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Presentation/FormRenderViewController.h"
 
-#include "FormKit/Elements/FormElementButton.h"
 #include "FormKit/Form.h"
+#include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Presentation/DefaultButton.h"
 #include "FormKit_macOS/Presentation/FormContainerViewController.h"
 #include "FormKit_macOS/Presentation/FormView.h"
@@ -35,8 +35,8 @@ T valueOf(const std::any& payload)
 
 QPushButton* pushButtonOf(const FormElement* element)
 {
-    const auto* button = dynamic_cast<const FormElementButton*>(element);
-    return button ? button->view()->findChild<QPushButton*>() : nullptr;
+    const auto* button = dynamic_cast<const FormButton*>(element);
+    return button ? button->button() : nullptr;
 }
 
 } // namespace
@@ -260,7 +260,7 @@ QWidget* FormRenderViewController::focusedInput() const
 {
     const auto* view = viewIfLoaded();
     auto* focused = view ? view->window()->focusWidget() : nullptr;
-    return focused && view->isAncestorOf(focused) ? focused : nullptr;
+    return focused && focused != view && view->isAncestorOf(focused) ? focused : nullptr;
 }
 
 bool FormRenderViewController::rememberFocus()

@@ -1,0 +1,402 @@
+// SPDX-License-Identifier: MIT
+#include "FormKit_macOS/Rendering/FormViewRenderer.h"
+#include "Platform/Services/Appearance.h"
+#include "Platform/Services/Application.h"
+#include "PresentationFixture.h"
+#include "Support/TestWindowServer.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QScreen>
+#include <QScrollArea>
+#include <QTest>
+#include <QTextBrowser>
+#include <QUrl>
+
+#include <gmock/gmock.h>
+
+using namespace Qt::StringLiterals;
+using namespace quor;
+using namespace quor::formkit;
+using quor::test::OtherForm;
+using quor::test::TestForm;
+using quor::test::waitFor;
+
+namespace {
+
+class NoApplication final : public platform::Application {
+public:
+    void terminate() override { }
+    void activate(QWidget&) override { }
+};
+
+class FormPresentationTest : public testing::Test {
+protected:
+    FormPresentationTest() { appearance.setDesktopAnimates(false); }
+    ~FormPresentationTest() override { QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+
+    void show()
+    {
+        container = std::make_shared<FormContainerViewController>(form, services);
+        window = std::make_unique<FormWindow>(container);
+        listen(*container);
+        window->show();
+        window->activateWindow();
+        ASSERT_TRUE(waitFor([&] { return window->isActiveWindow() && QApplication::focusWidget(); }));
+        ASSERT_TRUE(waitFor([&] { return QApplication::focusWidget() == &form->field(); }));
+    }
+    void listen(FormContainerViewController& sender)
+    {
+        using Container = FormContainerViewController;
+        sender.add(
+            *container, [this](auto&, auto&, const std::any&) { ++sizes; }, Container::Event::sizeChanged);
+        sender.add(
+            *container,
+            [this](auto&, auto&, const std::any& payload) { ++closes, closePayload = payload.has_value(); },
+            Container::Event::close);
+    }
+    FormRenderViewController& root() const { return *container->rootViewController(); }
+    std::size_t depth() const { return container->formRenderViewControllers().size(); }
+    // Waits until what the form has changed before this call is rendered.
+    bool rendered(Form& changed) const
+    {
+        return waitFor([&] { return !changed.needsRender(); });
+    }
+    QWidget* popover() const { return root().activePopover() ? root().activePopover()->window() : nullptr; }
+
+    platform::Appearance appearance;
+    NoApplication application;
+    test::TestWindowServer windowServer;
+    FormServices services{application, appearance, windowServer};
+    std::shared_ptr<TestForm> form = std::make_shared<TestForm>(u"Root"_s);
+    std::shared_ptr<TestForm> second = std::make_shared<TestForm>(u"Second"_s, 5);
+    std::shared_ptr<FormContainerViewController> container;
+    std::unique_ptr<FormWindow> window;
+    int sizes = 0;
+    int closes = 0;
+    bool closePayload = false;
+};
+
+TEST_F(FormPresentationTest, ABurstOfChangesIsRenderedOnceAndTheWindowFollowsTheSize)
+{
+    show();
+    const QSize before = window->size();
+    EXPECT_EQ(before.width(), 300);
+    sizes = 0;
+    for (int burst = 1; burst <= 2; ++burst) {
+        for (int i = 0; i < 4; ++i)
+            form->addElement(makeElement<test::Input<QLineEdit>>());
+        ASSERT_TRUE(waitFor([&] { return sizes >= burst; }));
+        EXPECT_EQ(sizes, burst);
+    }
+    const int rowHeight = form->field().height() + 8;
+    EXPECT_EQ(window->size(), before + QSize(0, 8 * rowHeight));
+    EXPECT_EQ(container->view().size(), window->size());
+}
+
+TEST_F(FormPresentationTest, AFormHigherThanTheScreenIsScrolled)
+{
+    form = std::make_shared<TestForm>(u"High"_s, 100);
+    show();
+    EXPECT_LE(window->height(), window->screen()->availableGeometry().height());
+    auto& last = *form->button->button();
+    EXPECT_TRUE(last.visibleRegion().isEmpty());
+    last.setFocus();
+    QTest::keyClick(&last, Qt::Key_Backtab);
+    EXPECT_FALSE(form->text->view()->visibleRegion().isEmpty());
+    EXPECT_EQ(form->field().width(), 180); // the scroll bar has its own room
+}
+
+TEST_F(FormPresentationTest, AnotherFormTakesThePlaceAndOtherPayloadsAreIgnored)
+{
+    show();
+    const std::weak_ptr<TestForm> old = form;
+    using Payload = std::any;
+    for (const auto& wrong : {Payload(), Payload(u"text"_s), Payload(second),
+             Payload(std::shared_ptr<Form>()), Payload(std::shared_ptr<platform::ViewController>())}) {
+        for (const auto event :
+            {FormEvent::replaceForm, FormEvent::showForm, FormEvent::presentForm, FormEvent::showLink})
+            form->trigger(event, wrong);
+    }
+    EXPECT_EQ(container->form(), form);
+    EXPECT_EQ(depth(), 1U);
+    EXPECT_EQ(popover(), nullptr);
+    form->replaceForm(second);
+    form.reset();
+    EXPECT_TRUE(old.expired());
+    EXPECT_EQ(container->form(), second);
+    EXPECT_EQ(second->preparations, 1);
+    EXPECT_EQ(QApplication::focusWidget(), &second->field());
+    EXPECT_EQ(window->size(), container->view().sizeHint());
+}
+
+TEST_F(FormPresentationTest, EscapeAndTheCancelButtonCloseTheWindow)
+{
+    struct {
+        const char* name;
+        std::function<void()> act;
+    } const cases[] = {
+        {"Escape", [&] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); }},
+        {"button", [&] { std::dynamic_pointer_cast<FormButton>(form->cancelButton())->button()->click(); }},
+    };
+    for (const auto& [name, act] : cases) {
+        SCOPED_TRACE(name);
+        form = std::make_shared<TestForm>(u"Root"_s);
+        show();
+        closes = 0;
+        act();
+        EXPECT_EQ(closes, 1);
+        EXPECT_FALSE(closePayload);
+        EXPECT_FALSE(window->isVisible());
+    }
+}
+
+TEST_F(FormPresentationTest, ReturnPressesTheDefaultButtonUnlessTheFocusedViewNeedsIt)
+{
+    for (const bool isSticky : {false, true}) {
+        SCOPED_TRACE(isSticky);
+        form = std::make_shared<TestForm>(u"Root"_s);
+        form->setDefaultButton(form->button);
+        auto other = makeElement<FormButton>();
+        int otherClicks = 0;
+        other->setButtonClickedHandler([&](FormElementButton&) { ++otherClicks; });
+        form->addElement(other);
+        show();
+        container->setHasStickyHeaders(isSticky);
+        ASSERT_TRUE(rendered(*form));
+        int clicks = 0;
+        form->clicked = [&] { ++clicks; };
+        EXPECT_TRUE(form->button->button()->isDefault());
+        QTest::keyClick(&form->field(), Qt::Key_Return);
+        EXPECT_EQ(clicks, 1);
+        form->text->view()->setFocus();
+        QTest::keyClick(form->text->view(), Qt::Key_Return);
+        EXPECT_EQ(clicks, 1);
+        other->button()->setFocus();
+        QTest::keyClick(other->button(), Qt::Key_Return);
+        EXPECT_EQ(std::pair(clicks, otherClicks), std::pair(1, 1));
+        form->button->setEnabled(false);
+        form->field().setFocus();
+        QTest::keyClick(&form->field(), Qt::Key_Enter);
+        EXPECT_EQ(clicks, 1);
+    }
+}
+
+TEST_F(FormPresentationTest, LinksOpenWithTheDesktop)
+{
+    QTextBrowser browser;
+    QDesktopServices::setUrlHandler(u"task"_s, &browser, "setSource");
+    show();
+    form->showLink(QUrl(u"task:12"_s));
+    QDesktopServices::unsetUrlHandler(u"task"_s);
+    EXPECT_EQ(browser.source(), QUrl(u"task:12"_s));
+}
+
+TEST_F(FormPresentationTest, APopoverHasNoFocusedInputAndPresentsAtTheClickedView)
+{
+    second = std::make_shared<TestForm>(u"Second"_s);
+    show();
+    window->move(250, 0); // there is room for it below the button
+    form->clicked = [&] { form->presentForm(second); };
+    QTest::mouseClick(form->button->button(), Qt::LeftButton);
+    ASSERT_TRUE(popover());
+    const QRect anchor(form->button->button()->mapToGlobal(QPoint()), form->button->button()->size());
+    EXPECT_LE(std::abs(popover()->geometry().center().x() - anchor.center().x()), 1);
+    ASSERT_TRUE(waitFor([&] { return popover()->isActiveWindow(); }));
+    ASSERT_TRUE(waitFor([&] { return second->preparations == 1; }));
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(second->field().hasFocus());
+    // The view itself has the keyboard, so Return and Escape work.
+    int clicks = 0;
+    second->clicked = [&] { ++clicks; };
+    second->setDefaultButton(second->button);
+    second->setNeedsRender(true);
+    ASSERT_TRUE(rendered(*second));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_EQ(clicks, 1);
+    // It follows the size, and what it changed is seen when it closes.
+    const int height = popover()->height();
+    second->addElement(makeElement<test::Input<QLineEdit>>());
+    ASSERT_TRUE(waitFor([&] { return popover()->height() > height; }));
+    const int preparations = form->preparations;
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(popover(), nullptr);
+    EXPECT_EQ(form->preparations, preparations + 1);
+}
+
+TEST_F(FormPresentationTest, ASecondFormOfTheSameClassClosesThePopover)
+{
+    show();
+    form->presentForm(second);
+    ASSERT_TRUE(popover());
+    form->presentForm(std::make_shared<TestForm>(u"Same class"_s));
+    EXPECT_FALSE(popover());
+    form->presentForm(second);
+    form->presentForm(std::make_shared<OtherForm>(u"Other class"_s));
+    ASSERT_TRUE(popover());
+    EXPECT_TRUE(root().activePopover()->performClose());
+    root().present(std::make_shared<FormContainerViewController>(second, services), form->field(), true,
+        platform::RectEdge::maxY);
+    ASSERT_TRUE(popover());
+    EXPECT_FALSE(root().activePopover()->performClose()); // important
+    root().closePopover();
+    window->hide();
+    form->presentForm(second);
+    EXPECT_FALSE(popover());
+}
+
+TEST_F(FormPresentationTest, FormsArePushedAndPoppedWithTheirSizesAndTheFocus)
+{
+    show();
+    const auto third = std::make_shared<TestForm>(u"Third"_s, 2);
+    form->text->view()->setFocus();
+    const QSize size = window->size();
+    form->showForm(second);
+    EXPECT_EQ(QApplication::focusWidget(), &second->field());
+    EXPECT_GT(window->height(), size.height());
+    second->showForm(third);
+    EXPECT_EQ(depth(), 3U);
+    EXPECT_EQ(container->children().size(), 1U);
+    using Payload = const std::shared_ptr<FormRenderViewController>;
+    third->trigger(FormEvent::close);
+    EXPECT_EQ(std::pair(closes, depth()), std::pair(1, std::size_t(3)));
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(waitFor([&] { return window->isActiveWindow(); }));
+    third->trigger(FormEvent::close, Payload(container->formRenderViewControllers().back()));
+    EXPECT_EQ(std::pair(closes, depth()), std::pair(1, std::size_t(2)));
+    const auto* title = container->formRenderViewControllers().back()->formRenderer();
+    EXPECT_EQ(title->titleElements().front()->view()->findChildren<QAbstractButton*>().size(), 1);
+    container->pop();
+    EXPECT_EQ(window->size(), size);
+    EXPECT_EQ(QApplication::focusWidget(), form->text->view());
+    container->pop();
+    EXPECT_EQ(closes, 2);
+    EXPECT_EQ(depth(), 1U);
+}
+
+TEST_F(FormPresentationTest, AltLeftAndTheBackButtonOfTheMouseGoBackButNotFromTheRoot)
+{
+    show();
+    const std::function<void(QWidget&)> ways[] = {
+        [](QWidget& view) { QTest::keyClick(&view, Qt::Key_Left, Qt::AltModifier); },
+        [](QWidget& view) { QTest::mouseClick(&view, Qt::BackButton); },
+    };
+    for (const auto& goBack : ways) {
+        form->showForm(second);
+        goBack(second->field());
+        EXPECT_EQ(depth(), 1U);
+        goBack(form->field());
+        EXPECT_EQ(std::pair(closes, depth()), std::pair(0, std::size_t(1)));
+    }
+}
+
+TEST_F(FormPresentationTest, ASlideKeepsTheSizeAndEndsAtTheNextPush)
+{
+    show();
+    appearance.setDesktopAnimates(true);
+    const QSize size = window->size();
+    sizes = 0;
+    form->showForm(second);
+    auto& arriving = container->formRenderViewControllers().back()->view();
+    EXPECT_EQ(arriving.x(), size.width());
+    EXPECT_TRUE(root().view().isVisible());
+    EXPECT_EQ(container->view().childAt(form->field().mapTo(&container->view(), QPoint(2, 2))), nullptr);
+    second->addElement(makeElement<test::Input<QLineEdit>>());
+    container->updateSize();
+    EXPECT_EQ(std::pair(sizes, window->size()), std::pair(0, size));
+    second->showForm(std::make_shared<OtherForm>(u"Third"_s));
+    EXPECT_EQ(sizes, 1);
+    EXPECT_FALSE(root().view().isVisible());
+    container->pop();
+    EXPECT_EQ(sizes, 2);
+    ASSERT_TRUE(waitFor([&] { return sizes >= 3; }));
+    EXPECT_EQ(arriving.pos(), QPoint(0, 0));
+    EXPECT_EQ(window->size(), arriving.size());
+}
+
+TEST_F(FormPresentationTest, HeadersBecomeStickyAtTheNextRender)
+{
+    show();
+    form->showForm(second);
+    container->setHasStickyHeaders(true);
+    ASSERT_TRUE(rendered(*second) && rendered(*form));
+    for (const auto& controller : container->formRenderViewControllers())
+        EXPECT_EQ(controller->formRenderer()->mode(), FormViewRenderer::RenderMode::stickyHeaders);
+    EXPECT_TRUE(second->field().isVisible());
+}
+
+TEST_F(FormPresentationTest, EveryPartCanEndWithinAHandlerOrWhileSomethingIsUnderWay)
+{
+    const auto endAll = [&] {
+        window.reset();
+        container.reset();
+        form.reset();
+    };
+    const std::function<void()> cases[] = {
+        [&] { // within a click
+            form->clicked = [&] { endAll(); };
+            QTest::mouseClick(form->button->button(), Qt::LeftButton);
+        },
+        [&] { // within Return
+            form->setDefaultButton(form->button);
+            form->setNeedsRender(true);
+            ASSERT_TRUE(rendered(*form));
+            form->clicked = [&] { endAll(); };
+            QTest::keyClick(&form->field(), Qt::Key_Return);
+        },
+        [&] { // during a deferred render
+            form->addElement(makeElement<test::Input<QLineEdit>>());
+            container.reset();
+            window.reset();
+        },
+        [&] { // during a slide, with a popover
+            form->presentForm(second);
+            form->showForm(std::make_shared<OtherForm>(u"Third"_s));
+            endAll();
+        },
+        [&] { // the form in a popover ends the one that presented it
+            form->presentForm(second);
+            second->clicked = [&] { endAll(); };
+            QTest::mouseClick(second->button->button(), Qt::LeftButton);
+        },
+        [&] { // a popover that is closed while it asks for that
+            form->presentForm(second);
+            second->trigger(FormEvent::close);
+            EXPECT_EQ(popover(), nullptr);
+        },
+    };
+    appearance.setDesktopAnimates(true);
+    int number = 0;
+    for (const auto& act : cases) {
+        SCOPED_TRACE(number++);
+        form = std::make_shared<TestForm>(u"Root"_s);
+        second = std::make_shared<TestForm>(u"Second"_s);
+        show();
+        act();
+        const auto marker = std::make_shared<TestForm>(u"Marker"_s);
+        FormRenderViewController later(marker, false, services);
+        ASSERT_TRUE(waitFor([&] { return marker->preparations == 0; }));
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        // The elements of a form outlive the controllers that showed them.
+        EXPECT_TRUE(!form || form->elements().front()->view());
+    }
+}
+
+TEST_F(FormPresentationTest, AFormIsShownAgainAfterItsWindowHasEnded)
+{
+    show();
+    for (const bool byParent : {false, true}) {
+        auto* outer = new QWidget;
+        if (byParent)
+            container->view().setParent(outer);
+        window.reset();
+        delete outer;
+        container.reset();
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        show();
+        EXPECT_TRUE(form->field().isVisible());
+    }
+}
+
+} // namespace
