@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QStringList>
+
+#include <optional>
+
+namespace quor::gallery {
+
+struct Page;
+
+/// The exit codes of the program.
+enum ExitCode : int {
+    succeeded = 0,
+    failed = 1, ///< there is no display, or a picture could not be written
+    misused = 2, ///< the command line was wrong
+};
+
+/// What the command line asks for.
+struct Options {
+    std::optional<QString> pictures; ///< the folder for pictures; without it the window opens
+    const Page* page = nullptr; ///< the page that is shown first, or the only one in pictures
+};
+
+/// Reads the arguments, of which the first one is the program's own name. Returns what they ask for, or the
+/// exit code if the program has to end: after the help, or after a message about a mistake.
+struct ParsedCommandLine {
+    Options options;
+    std::optional<ExitCode> end;
+};
+[[nodiscard]] ParsedCommandLine parseCommandLine(const QStringList& arguments);
+
+/// Writes "quor-form-gallery: " and the message to standard error. Returns `code`.
+ExitCode complain(ExitCode code, const QString& message);
+
+} // namespace quor::gallery

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "FormGallery/Elements/TextField.h"
+#include "FormGallery/Texts.h"
+
+#include <FormKit/Elements/FormElementButton.h>
+#include <FormKit/Elements/FormElementCheckBox.h>
+#include <FormKit/Elements/FormElementHintText.h>
+#include <FormKit/Form.h>
+#include <FormKit/FormViewFactoryProtocoll.h>
+
+/// What several pages are made of. Keys are those of the gallery's texts.
+namespace quor::gallery {
+
+/// The width of the pages, and the share of it that inputs take.
+constexpr double pageWidth = 520;
+constexpr double inputShare = 0.62;
+
+[[nodiscard]] std::shared_ptr<const formkit::FormViewFactoryProtocoll> viewFactory();
+
+[[nodiscard]] std::shared_ptr<formkit::Form> makeForm(
+    const QString& titleKey, double width = pageWidth, double inputSizeRatio = inputShare);
+
+/// Each of these adds an element to the form and returns it.
+std::shared_ptr<TextField> addField(formkit::Form& form, const QString& labelKey, const QString& value = {});
+std::shared_ptr<formkit::FormElementCheckBox> addCheckBox(formkit::Form& form, const QString& titleKey);
+std::shared_ptr<formkit::FormElementHintText> addHint(formkit::Form& form, const QString& key);
+std::shared_ptr<formkit::FormElementButton> addButton(
+    formkit::Form& form, const QString& titleKey, formkit::FormElementButton::ButtonClicked clicked = {});
+
+/// Has the button of `element` pressed before a picture is made; its `index`-th, if it has several.
+void pressForPicture(const formkit::FormElement& element, int index = 0);
+
+} // namespace quor::gallery
