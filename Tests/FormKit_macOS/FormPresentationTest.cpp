@@ -376,7 +376,13 @@ TEST_F(FormPresentationTest, EveryPartCanEndWithinAHandlerOrWhileSomethingIsUnde
         act();
         const auto marker = std::make_shared<TestForm>(u"Marker"_s);
         FormRenderViewController later(marker, false, services);
-        ASSERT_TRUE(waitFor([&] { return marker->preparations == 0; }));
+        // What was deferred before comes earlier than this render.
+        QObject target;
+        bool isRendered = false;
+        later.add(
+            target, [&](auto&, auto&, const std::any&) { isRendered = true; }, FormRenderEvent::sizeChanged);
+        marker->setNeedsRender(true);
+        ASSERT_TRUE(waitFor([&] { return isRendered; }));
         QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         // The elements of a form outlive the controllers that showed them.
         EXPECT_TRUE(!form || form->elements().front()->view());
