@@ -152,7 +152,11 @@ std::optional<QString> writePicture(
     waitUntilActive(window);
     runEventLoop(renderDelay);
     pressButtons(window);
+    // The last one of several forms may need another size.
+    const QSize before = window.size();
     fitToForm(window);
+    if (window.size() != before)
+        runEventLoop(renderDelay);
 
     QImageWriter writer(QDir(folder).filePath(u"%1-%2%3.png"_s.arg(page.name, variant.name, scaleSuffix())));
     if (writer.write(pictureOf(window)))
