@@ -10,10 +10,10 @@
 #include "Platform/Services/Workspace.h"
 #include "Platform/Views/StatusBarButton.h"
 
-#include "Support/TestWindowServer.h"
 #include "Support/TemporaryDataHome.h"
 #include "Support/TestClock.h"
 #include "Support/TestEventMonitors.h"
+#include "Support/TestWindowServer.h"
 
 #include <QFile>
 #include <QPointer>
