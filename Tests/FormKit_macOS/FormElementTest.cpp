@@ -17,7 +17,9 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -64,6 +66,21 @@ protected:
         QTest::mouseClick(widget, Qt::LeftButton, {}, place);
     }
 
+    static void holdReturn(QWidget* widget)
+    {
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, u"\r"_s, true);
+        QApplication::sendEvent(widget, &repeated);
+    }
+    static void toggleByScreenReader(QWidget* widget)
+    {
+        QAccessible::queryAccessibleInterface(widget)->actionInterface()->doAction(
+            QAccessibleActionInterface::toggleAction());
+    }
+    static QAccessible::Role role(QWidget* widget)
+    {
+        return QAccessible::queryAccessibleInterface(widget)->role();
+    }
+
     std::shared_ptr<Form> form_
         = std::make_shared<Form>(u"Form"_s, std::make_shared<FormViewFactory>(), 300, 0.6);
     QWidget window_;
@@ -108,6 +125,7 @@ TEST_F(FormElements, TitlesFollowTheFontAndLeadBack)
     click(back);
     back->setFocus();
     QTest::keyClick(back, Qt::Key_Return);
+    holdReturn(back);
     EXPECT_EQ(backs, 2);
     EXPECT_EQ(subtitle->view()->findChild<BackButton*>(), nullptr);
 }
@@ -187,6 +205,8 @@ TEST_F(FormElements, AButtonInProgressCannotBePressed)
     button->button()->setFocus();
     QTest::keyClick(button->button(), Qt::Key_Return);
     EXPECT_EQ(clicks, 2);
+    holdReturn(button->button());
+    EXPECT_EQ(clicks, 2);
     button->setHidden(true);
     EXPECT_TRUE(button->button()->isHidden());
 }
@@ -223,7 +243,10 @@ TEST_F(FormElements, SegmentsAreChosenByMouseAndKeys)
     QTest::keyClick(row, Qt::Key_Left);
     EXPECT_EQ(selection->selectedTag(), 6);
     EXPECT_EQ(changes, 3);
+    EXPECT_EQ(role(segments[1]), QAccessible::RadioButton);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(segments[1])->state().focused);
     selection->setAllowMultipleSelection(true);
+    EXPECT_EQ(role(segments[1]), QAccessible::CheckBox);
     EXPECT_EQ(states(), u"0000"_s);
     QTest::keyClick(row, Qt::Key_End);
     EXPECT_EQ(changes, 3) << "only moved the focus";
@@ -231,11 +254,21 @@ TEST_F(FormElements, SegmentsAreChosenByMouseAndKeys)
     EXPECT_EQ(selection->selectedTags(), (std::set{6}));
     click(segments[0]);
     EXPECT_EQ(selection->selectedTags(), (std::set{5, 6}));
-    click(segments[0]);
+    toggleByScreenReader(segments[0]);
     EXPECT_EQ(selection->selectedTags(), (std::set{6}));
     selection->setEnabled(false);
     click(segments[0]);
     EXPECT_EQ(changes, 6);
+    selection->setEnabled(true);
+    selection->setAllowMultipleSelection(false);
+    row->setFocus();
+    selection->setValueChanged([&](FormElement&) {
+        selection->setButtons({{5, u"New"_s}, {6, u"titles"_s}, {7, u"!"_s}});
+    });
+    QTest::keyClick(row, Qt::Key_Home);
+    QTest::keyClick(row, Qt::Key_Left); // mirrored
+    QTest::keyClick(row, Qt::Key_Left);
+    EXPECT_EQ(selection->selectedTag(), 7) << "new titles took the keys to another segment";
     selection->setButtons({});
     QTest::keyClick(row, Qt::Key_Right);
     EXPECT_EQ(control.selectedSegment(), -1);
@@ -268,8 +301,10 @@ TEST_F(FormElements, TheTextOfACheckBoxIsPartOfIt)
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&row)->childCount(), 1) << "read twice";
     QTest::mouseDClick(viewport, Qt::LeftButton, {}, {5, 5}); // press, release and a double click
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, {5, 5});
-    click(&row.box());
+    toggleByScreenReader(&row.box());
     EXPECT_EQ(changes, box->value() ? 3 : 4);
+    EXPECT_EQ(row.box().isChecked(), box->value());
+    EXPECT_EQ(row.children().indexOf(&row.box()), 0) << "Tab reaches the link first";
     QTest::mousePress(viewport, Qt::LeftButton, {}, {5, 5});
     QTest::mouseRelease(viewport, Qt::LeftButton, {}, {5, 500});
     const int before = changes;
@@ -311,6 +346,13 @@ TEST_F(FormElements, RadioButtonsThatFollowEachOtherExcludeEachOther)
     EXPECT_EQ(states(), u"10001"_s);
     EXPECT_TRUE(box(0)->hasFocus());
     EXPECT_EQ(changes, 4);
+    EXPECT_EQ(role(box(1)), QAccessible::RadioButton);
+    toggleByScreenReader(box(1));
+    toggleByScreenReader(box(1)); // stays on
+    radios[3]->setEnabled(false);
+    QTest::keyClick(box(4), Qt::Key_Up); // no other one is left
+    EXPECT_EQ(changes, 6);
+    EXPECT_TRUE(radios[1]->isOn() && box(1)->isChecked());
     EXPECT_FALSE(radios[0]->hasChanges());
     EXPECT_EQ(box(0)->accessibleName(), u"&Choice <b>"_s);
 }
@@ -351,6 +393,13 @@ TEST_F(FormElements, TextsAreExactlyAsHighAsTheyNeed)
             EXPECT_LE(view.document()->size().width(), width) << "a long word is cut off";
         }
         EXPECT_LT(window_.minimumSizeHint().width(), 300);
+    }
+    for (const auto& text : {QString(100'000, u'w'), QString(100'000, u'*')}) {
+        QElapsedTimer time;
+        time.start();
+        hint->setValue(text);
+        (void)view.heightForWidth(250);
+        EXPECT_LT(time.elapsed(), 600) << "the square of its length";
     }
     hint->setIsBig(true);
     EXPECT_EQ(view.document()->defaultFont().pointSizeF(), view.font().pointSizeF());
@@ -409,6 +458,34 @@ TEST_F(FormElements, LinksAreReachedAndOpenedByKeyboard)
     auto& view = static_cast<ResizeTextView&>(*hint->view());
     click(view.viewport(), linkPlace(view));
     EXPECT_EQ(opened, (QStringList{u"/1"_s, u"/2"_s, u"/2"_s, u"/1"_s, u"/1"_s}));
+}
+
+TEST_F(FormElements, LinksKeepTheFocusAndTheirPlaceWhenTheTextChanges)
+{
+    auto* const before = new QLineEdit;
+    layout_->addWidget(before);
+    const auto hint = add<FormHintText>();
+    hint->setParseMarkdown(true);
+    hint->setValue(u"[first](https://example.org/1) or [second](https://example.org/2)"_s);
+    QStringList opened;
+    hint->setLinkClicked([&](const QUrl& url) {
+        opened.append(url.path());
+        hint->setValue(u"[more](https://example.org/3)\nlines and\n[last](https://example.org/4)"_s);
+    });
+    show();
+    auto& view = static_cast<ResizeTextView&>(*hint->view());
+    view.setFixedHeight(10);
+    view.setFocus(Qt::BacktabFocusReason);
+    hint->setTextColor(Qt::red);
+    QTest::keyClick(&view, Qt::Key_Return);
+    holdReturn(&view);
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(opened, (QStringList{u"/2"_s, u"/4"_s}));
+    EXPECT_EQ(view.verticalScrollBar()->value(), 0) << "stays scrolled when it has its height";
+    QTest::keyClick(&view, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(view.textCursor().selectedText(), u"more"_s);
+    QTest::keyClick(&view, Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_TRUE(before->hasFocus()) << "caught at the beginning of the text";
 }
 
 TEST_F(FormElements, AStateWrapsItsTextsAndRunsItsAction)

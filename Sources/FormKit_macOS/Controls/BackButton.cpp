@@ -50,10 +50,10 @@ void BackButton::changeEvent(QEvent* event)
 
 void BackButton::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
         QToolButton::keyPressEvent(event);
+    else if (!event->isAutoRepeat()) // a key that is held down presses once
+        click();
 }
 
 void BackButton::paintEvent(QPaintEvent* event)

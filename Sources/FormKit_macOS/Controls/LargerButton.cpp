@@ -8,6 +8,7 @@
 
 #include <QGraphicsOpacityEffect>
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QStyleOptionButton>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
@@ -64,8 +65,9 @@ void LargerButton::updateTitle()
 {
     attributedTitle_.reset();
     if (parseMarkdown_)
-        attributedTitle_
-            = toolkit::MarkdownParser(title_, font(), palette().color(QPalette::ButtonText)).parse();
+        attributedTitle_ = toolkit::MarkdownParser(
+            title_, font(), palette().color(isFlat() ? QPalette::WindowText : QPalette::ButtonText))
+                               .parse();
     // Also the name for screen readers.
     setText(withoutMnemonic(attributedTitle_ ? attributedTitle_->string() : title_));
     updateGeometry();
@@ -185,6 +187,14 @@ void LargerButton::changeEvent(QEvent* event)
         && (type == QEvent::FontChange || type == QEvent::PaletteChange || type == QEvent::EnabledChange))
         updateTitle();
     placeSpinner();
+}
+
+void LargerButton::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && event->isAutoRepeat())
+        return; // a key that is held down presses once
+    QPushButton::keyPressEvent(event);
 }
 
 void LargerButton::resizeEvent(QResizeEvent* event)

@@ -7,16 +7,35 @@
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStyle>
 #include <QTextBlock>
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 using quor::platform::AttributedString;
 
 namespace quor::formkit {
+
+namespace {
+
+/// Qt needs the square of a word's length to find that it has to break within the word.
+QTextOption::WrapMode wrapModeFor(const QString& text)
+{
+    constexpr int longestWord = 4000;
+    int length = 0;
+    for (const QChar character : text) {
+        length = character.isSpace() ? 0 : length + 1;
+        if (length > longestWord)
+            return QTextOption::WrapAnywhere;
+    }
+    return QTextOption::WrapAtWordBoundaryOrAnywhere;
+}
+
+} // namespace
 
 ResizeTextView::ResizeTextView(QWidget* parent)
     : QTextBrowser(parent)
@@ -32,6 +51,9 @@ ResizeTextView::ResizeTextView(QWidget* parent)
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
+    // It is as high as its text, and must not stay scrolled by a focus that came before it grew.
+    for (QScrollBar* const bar : {horizontalScrollBar(), verticalScrollBar()})
+        connect(bar, &QScrollBar::rangeChanged, bar, [bar] { bar->setRange(0, 0); });
     connect(this, &QTextBrowser::anchorClicked, this, [this](const QUrl& url) { linkClicked_(url); });
     render();
 }
@@ -97,6 +119,8 @@ void ResizeTextView::render()
 {
     const QFont font = scaledTextFont();
     const QColor color = resolvedColor();
+    const std::optional<int> focused
+        = isLinkFocused_ ? std::optional(linksBefore(textCursor().selectionStart())) : std::nullopt;
     QTextCharFormat format;
     format.setFont(font);
     format.setForeground(color);
@@ -110,7 +134,7 @@ void ResizeTextView::render()
     document()->setDefaultFont(font);
     QTextOption option(QStyle::visualAlignment(layoutDirection(), alignment_ & Qt::AlignHorizontal_Mask)
         | Qt::AlignAbsolute);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setWrapMode(wrapModeFor(content_.string()));
     document()->setDefaultTextOption(option);
     QTextCursor cursor(document());
     cursor.beginEditBlock();
@@ -121,6 +145,30 @@ void ResizeTextView::render()
     updateInteraction();
     heights_.clear();
     updateGeometry();
+    if (focused && hasLinks_)
+        focusLink(std::min(*focused, linksBefore(document()->characterCount()) - 1));
+}
+
+int ResizeTextView::linksBefore(int position) const
+{
+    int count = 0;
+    QString last;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QString link = it.fragment().charFormat().anchorHref();
+            if (!link.isEmpty() && link != last && it.fragment().position() < position)
+                ++count;
+            last = link;
+        }
+    }
+    return count;
+}
+
+void ResizeTextView::focusLink(int index)
+{
+    isLinkFocused_ = true;
+    for (int i = 0; i <= index; ++i)
+        QTextBrowser::focusNextPrevChild(true);
 }
 
 void ResizeTextView::insert(QTextCursor& cursor, const AttributedString::Run& run)
@@ -213,10 +261,15 @@ void ResizeTextView::focusInEvent(QFocusEvent* event)
     const bool isNext = event->reason() == Qt::TabFocusReason;
     if (!isNext && event->reason() != Qt::BacktabFocusReason)
         return;
-    QTextCursor cursor = textCursor(); // a selection by the mouse is no place to begin at
+    clearSelection(); // one by the mouse is no place to begin at
+    focusNextPrevChild(isNext);
+}
+
+void ResizeTextView::clearSelection()
+{
+    QTextCursor cursor = textCursor();
     cursor.clearSelection();
     setTextCursor(cursor);
-    focusNextPrevChild(isNext);
 }
 
 bool ResizeTextView::focusNextPrevChild(bool next)
@@ -224,6 +277,11 @@ bool ResizeTextView::focusNextPrevChild(bool next)
     // Without a link it would go to the next widget, which must be left to the key that does it.
     if (!hasLinks_)
         return QTextBrowser::focusNextPrevChild(next);
+    if (!next && isLinkFocused_ && textCursor().selectionStart() == 0) {
+        // Qt would find the link at the beginning of the text again and again.
+        clearSelection();
+        return QTextEdit::focusNextPrevChild(next);
+    }
     isLinkFocused_ = true; // until the focus goes to another widget
     const bool moved = QTextBrowser::focusNextPrevChild(next);
     isLinkFocused_ = moved && hasFocus() && textCursor().hasSelection();
@@ -256,6 +314,8 @@ void ResizeTextView::keyPressEvent(QKeyEvent* event)
 {
     const int key = event->key();
     const bool opens = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    if (opens && isLinkFocused_ && event->isAutoRepeat())
+        return; // a key that is held down opens once
     if (opens && isLinkFocused_)
         linkClicked_(focusedLink());
     else if (isSelectable_ && event->matches(QKeySequence::Copy))

@@ -80,6 +80,10 @@ private:
     void render();
     void insert(QTextCursor& cursor, const platform::AttributedString::Run& run);
     void updateInteraction();
+    void clearSelection();
+    /// The number of links that begin before a place in the document.
+    [[nodiscard]] int linksBefore(int position) const;
+    void focusLink(int index);
     [[nodiscard]] QUrl focusedLink() const;
     [[nodiscard]] bool pressesText(const QMouseEvent& event) const;
 

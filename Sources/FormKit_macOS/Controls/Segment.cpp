@@ -2,6 +2,8 @@
 #include "FormKit_macOS/Controls/Segment.h"
 
 #include "FormKit_macOS/Controls/ElidedText.h"
+#include "FormKit_macOS/Controls/SegmentRow.h"
+#include "FormKit_macOS/Controls/ToggleAccessible.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionButton>
@@ -20,6 +22,33 @@ namespace {
 /// At each side of the title.
 constexpr int titleMargin = 10;
 
+/// Has the focus in place of its row.
+class SegmentAccessible final : public ToggleAccessible {
+public:
+    explicit SegmentAccessible(Segment& segment)
+        : ToggleAccessible(segment, QAccessible::CheckBox)
+    {
+    }
+    QAccessible::Role role() const override
+    {
+        const auto* const row = qobject_cast<const SegmentRow*>(button().parentWidget());
+        return row && row->isExclusive() ? QAccessible::RadioButton : QAccessible::CheckBox;
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = ToggleAccessible::state();
+        state.focusable = true;
+        state.focused = static_cast<const Segment&>(button()).isCurrent();
+        return state;
+    }
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object)
+{
+    auto* const segment = qobject_cast<Segment*>(object);
+    return segment ? new SegmentAccessible(*segment) : nullptr;
+}
+
 } // namespace
 
 Segment::Segment(const QString& title, Neighbours neighbours, QWidget* parent)
@@ -27,9 +56,12 @@ Segment::Segment(const QString& title, Neighbours neighbours, QWidget* parent)
     , title_(singleLine(title))
     , neighbours_(neighbours)
 {
+    static const bool isInstalled = (QAccessible::installFactory(makeAccessible), true);
+    Q_UNUSED(isInstalled)
     setCheckable(true);
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setAccessibleName(title_);
     setText(QString(title_).replace(u'&', u"&&"_s));
 }
 
@@ -108,6 +140,8 @@ void Segment::paintEvent(QPaintEvent*)
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(option);
         focus.state |= QStyle::State_HasFocus;
+        if (isChecked()) // a frame in the colour of the segment would not be seen
+            focus.palette.setColor(QPalette::Highlight, palette().color(QPalette::HighlightedText));
         focus.rect = rect().adjusted(inset, inset, -inset, -inset);
         painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
     }

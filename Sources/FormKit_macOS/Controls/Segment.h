@@ -19,6 +19,7 @@ public:
     Segment(const QString& title, Neighbours neighbours, QWidget* parent);
 
     /// Whether to show the focus of the row at this segment.
+    [[nodiscard]] bool isCurrent() const { return isCurrent_; }
     void setCurrent(bool isCurrent);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -39,7 +39,8 @@ void SegmentRow::setTitles(const QStringList& titles)
         layout_->insertWidget(index, segment);
         segments_.push_back(segment);
     }
-    setCurrent(0);
+    // Whoever goes on with the arrow keys stays where they were.
+    setCurrent(std::clamp(current_, 0, std::max(count - 1, 0)));
 }
 
 void SegmentRow::select(const std::function<bool(int segment)>& isSelected)

@@ -30,6 +30,7 @@ public:
     /// Shows those segments as chosen for which `isSelected` returns true.
     void select(const std::function<bool(int segment)>& isSelected);
     /// Whether only one segment can be chosen. True at first.
+    [[nodiscard]] bool isExclusive() const { return isExclusive_; }
     void setExclusive(bool isExclusive) { isExclusive_ = isExclusive; }
 
     [[nodiscard]] int segmentCount() const override { return static_cast<int>(segments_.size()); }

@@ -2,10 +2,12 @@
 #include "FormKit_macOS/Controls/ToggleRow.h"
 
 #include "FormKit_macOS/Controls/ResizeTextView.h"
+#include "FormKit_macOS/Controls/ToggleAccessible.h"
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QEvent>
+#include <QRadioButton>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
@@ -50,26 +52,30 @@ private:
 
 QAccessibleInterface* makeAccessible(const QString&, QObject* object)
 {
-    auto* const row = qobject_cast<ToggleRow*>(object);
-    return row ? new ToggleRowAccessible(*row) : nullptr;
+    if (auto* const row = qobject_cast<ToggleRow*>(object))
+        return new ToggleRowAccessible(*row);
+    auto* const box = qobject_cast<QAbstractButton*>(object);
+    if (!box || !qobject_cast<ToggleRow*>(box->parentWidget()))
+        return nullptr;
+    const bool isRadio = qobject_cast<QRadioButton*>(box) != nullptr;
+    return new ToggleAccessible(*box, isRadio ? QAccessible::RadioButton : QAccessible::CheckBox);
 }
 
 } // namespace
 
 ToggleRow::ToggleRow(QAbstractButton* box)
     : box_(box)
-    , text_(new ResizeTextView(this))
 {
     static const bool isInstalled = (QAccessible::installFactory(makeAccessible), true);
     Q_UNUSED(isInstalled)
     box_->setParent(this);
     box_->installEventFilter(this);
+    text_ = new ResizeTextView(this); // after the box, also for the Tab key
     text_->setSelectable(false);
     connect(text_, &ResizeTextView::clicked, box_, [box] {
         box->setFocus(Qt::MouseFocusReason);
         box->click();
     });
-    setTabOrder(box_, text_);
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);

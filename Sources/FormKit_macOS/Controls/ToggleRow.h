@@ -46,7 +46,7 @@ private:
     void place();
 
     QAbstractButton* box_;
-    ResizeTextView* text_;
+    ResizeTextView* text_ = nullptr;
 };
 
 } // namespace quor::formkit

@@ -59,7 +59,7 @@ void FormButton::setStyle(FormButtonStyle style)
     if (!button_)
         return;
     button_->setFlat(style == FormButtonStyle::textOnly);
-    button_->updateGeometry();
+    setTitle(title_); // its colour and size depend on the frame
 }
 
 void FormButton::setShowProgress(bool showProgress)

@@ -95,6 +95,8 @@ void FormRadioButton::chooseNeighbour(int step)
     const auto count = std::ssize(candidates);
     const auto index = (self - candidates.begin() + step + count) % count;
     const auto neighbour = candidates[static_cast<std::size_t>(index)]; // keeps it during its handler
+    if (neighbour.get() == this)
+        return;
     neighbour->row_->box().setFocus(Qt::TabFocusReason);
     neighbour->row_->box().click();
 }
