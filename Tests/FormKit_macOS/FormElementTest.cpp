@@ -395,11 +395,9 @@ TEST_F(FormElements, TextsAreExactlyAsHighAsTheyNeed)
         EXPECT_LT(window_.minimumSizeHint().width(), 300);
     }
     for (const auto& text : {QString(100'000, u'w'), QString(100'000, u'*')}) {
-        QElapsedTimer time;
-        time.start();
         hint->setValue(text);
-        (void)view.heightForWidth(250);
-        EXPECT_LT(time.elapsed(), 600) << "the square of its length";
+        EXPECT_EQ(view.document()->defaultTextOption().wrapMode(), QTextOption::WrapAnywhere)
+            << "looking for the ends of words would take the square of its length";
     }
     hint->setIsBig(true);
     EXPECT_EQ(view.document()->defaultFont().pointSizeF(), view.font().pointSizeF());

@@ -13,7 +13,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 using namespace Qt::StringLiterals;
 using quor::platform::AttributedString;
@@ -119,8 +118,8 @@ void ResizeTextView::render()
 {
     const QFont font = scaledTextFont();
     const QColor color = resolvedColor();
-    const std::optional<int> focused
-        = isLinkFocused_ ? std::optional(linksBefore(textCursor().selectionStart())) : std::nullopt;
+    const bool wasLinkFocused = isLinkFocused_;
+    const int focused = linksBefore(textCursor().selectionStart());
     QTextCharFormat format;
     format.setFont(font);
     format.setForeground(color);
@@ -145,8 +144,8 @@ void ResizeTextView::render()
     updateInteraction();
     heights_.clear();
     updateGeometry();
-    if (focused && hasLinks_)
-        focusLink(std::min(*focused, linksBefore(document()->characterCount()) - 1));
+    if (wasLinkFocused && hasLinks_)
+        focusLink(std::min(focused, linksBefore(document()->characterCount()) - 1));
 }
 
 int ResizeTextView::linksBefore(int position) const
