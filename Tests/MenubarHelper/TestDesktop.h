@@ -38,6 +38,8 @@ public:
         window.setGeometry(40, 40, 300, int(barThickness));
         window.show();
     }
+    /// Windows that were to be deleted later use the services until then.
+    ~TestDesktop() override { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
 
     [[nodiscard]] platform::PlatformServices services()
     {
