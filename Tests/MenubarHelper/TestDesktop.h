@@ -15,6 +15,7 @@
 #include "Support/TestEventMonitors.h"
 #include "Support/TestWindowServer.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QPointer>
 #include <QWidget>
