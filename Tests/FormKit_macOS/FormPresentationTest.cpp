@@ -9,6 +9,7 @@
 #include <QDesktopServices>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBrowser>
 #include <QUrl>
@@ -105,6 +106,33 @@ TEST_F(FormPresentationTest, AFormHigherThanTheScreenIsScrolled)
     QTest::keyClick(&last, Qt::Key_Backtab);
     EXPECT_FALSE(form->text->view()->visibleRegion().isEmpty());
     EXPECT_EQ(form->field().width(), 180); // the scroll bar has its own room
+}
+
+TEST_F(FormPresentationTest, AHeadingStaysInSightOfAFormHigherThanTheScreen)
+{
+    form = std::make_shared<TestForm>(u"High"_s, 100);
+    form->setDefaultButton(form->button);
+    container = std::make_shared<FormContainerViewController>(form, services);
+    container->setHasStickyHeaders(true);
+    FormWindow sticky(container);
+    sticky.show();
+    EXPECT_LE(sticky.height(), sticky.screen()->availableGeometry().height());
+    auto* const rows = container->rootViewController()->formRenderer()->scrollView();
+    rows->verticalScrollBar()->setValue(rows->verticalScrollBar()->maximum());
+    EXPECT_GT(rows->verticalScrollBar()->maximum(), 1000);
+    EXPECT_FALSE(form->button->button()->visibleRegion().isEmpty());
+}
+
+TEST_F(FormPresentationTest, TheKeyboardStaysInAFormWhoseFocusedRowIsHidden)
+{
+    show();
+    ASSERT_EQ(QApplication::focusWidget(), &form->field());
+    for (const auto& element : form->elements())
+        element->setHidden(true);
+    ASSERT_TRUE(rendered(*form));
+    ASSERT_NE(QApplication::focusWidget(), nullptr);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(window->isVisible());
 }
 
 TEST_F(FormPresentationTest, AnotherFormTakesThePlaceAndOtherPayloadsAreIgnored)

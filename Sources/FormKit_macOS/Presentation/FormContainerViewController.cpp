@@ -36,8 +36,10 @@ public:
 protected:
     void resizeEvent(QResizeEvent*) override
     {
-        for (auto* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly))
-            child->resize(size());
+        for (auto* child : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!child->isWindow()) // popovers are children, too
+                child->resize(size());
+        }
     }
     // A view that slides out lets presses through, and a popover would take them as a wish to move it.
     void mousePressEvent(QMouseEvent* event) override

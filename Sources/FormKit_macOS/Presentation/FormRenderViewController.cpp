@@ -199,9 +199,12 @@ void FormRenderViewController::renderAnew()
         if (isContentOutdated_ && form_->needsRender())
             makeContent();
         const auto form = form_;
+        const bool hadFocus = focusedInput() != nullptr;
         formRenderer_->render(*form);
         if (alive.expired())
             return;
+        if (hadFocus && !view().window()->focusWidget()) // its row has gone, but Escape must reach the form
+            view().setFocus();
         formView().updateContentSize(form_->width());
         if (!parentController()) // a parent decides on the size, and when it changes
             view().resize(view().sizeHint());
@@ -276,7 +279,8 @@ bool FormRenderViewController::rememberFocus()
 void FormRenderViewController::takeFocus()
 {
     auto* remembered = std::exchange(rememberedFocus_, nullptr).data();
-    if (remembered && view().isAncestorOf(remembered) && remembered->isEnabled())
+    if (remembered && view().isAncestorOf(remembered) && remembered->isVisibleTo(&view())
+        && remembered->isEnabled())
         remembered->setFocus();
     else if (auto* input = firstInput(); input && !platform::Popover::isWindowOfPopover(*view().window()))
         input->setFocus(Qt::TabFocusReason);

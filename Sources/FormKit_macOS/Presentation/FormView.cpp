@@ -38,9 +38,9 @@ QSize FormView::sizeHint() const
     if (!widget())
         return {0, 0};
     const int width = widget()->minimumWidth();
-    const bool wraps = widget()->layout() && widget()->layout()->hasHeightForWidth();
-    const int height = wraps ? widget()->heightForWidth(width) : widget()->sizeHint().height();
-    return {width, std::max(height, 0)};
+    const auto* const layout = widget()->layout();
+    const int height = layout ? layout->heightForWidth(width) : -1;
+    return {width, height < 0 ? widget()->sizeHint().height() : height};
 }
 
 void FormView::keyPressEvent(QKeyEvent* event)

@@ -41,7 +41,8 @@ FormWindow::~FormWindow()
 
 void FormWindow::followSize()
 {
-    resize(sizeOnScreen(container_->view().sizeHint(), *this, screenMargin));
+    if (!isMaximized() && !isFullScreen())
+        resize(sizeOnScreen(container_->view().sizeHint(), *this, screenMargin));
     container_->view().setGeometry(rect());
 }
 

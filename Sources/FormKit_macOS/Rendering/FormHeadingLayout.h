@@ -41,7 +41,9 @@ public:
     QLayoutItem* takeAt(int index) override;
     /// Does nothing: `setParts` adds the items.
     void addItem(QLayoutItem* item) override;
-    [[nodiscard]] bool hasHeightForWidth() const override { return true; }
+    /// False although it has: an area that scrolls the whole would give it the height of all rows, and the
+    /// heading would not stay in sight.
+    [[nodiscard]] bool hasHeightForWidth() const override { return false; }
     /// Of the heading and all rows.
     [[nodiscard]] int heightForWidth(int width) const override;
     /// Of the heading and some rows.
