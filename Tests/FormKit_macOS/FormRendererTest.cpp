@@ -20,6 +20,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 using namespace quor::formkit;
 using namespace quor::test;
 using Layout = Form::Layout;
@@ -279,6 +281,14 @@ TEST_F(FormRenderer, StickyHeadingHoldsTheButtonsWhileTheRowsScroll)
     form.addNotice(QStringLiteral("Wrong"), Qt::red);
     render(form);
     EXPECT_EQ(bar->value(), 0);
+    bar->setValue(100);
+    window.hide();
+    form.setDefaultButton(form.cancelButton());
+    render(form);
+    EXPECT_EQ(bar->value(), 0) << "also if the form is shown only later";
+    EXPECT_TRUE(cancel->isVisible()) << "one button may be both";
+    form.setDefaultButton(button);
+    render(form);
 
     TestForm untitled;
     untitled.setDefaultButton(button);
@@ -395,6 +405,10 @@ TEST_F(FormRenderer, TabGoesThroughTheRowsInTheirOrder)
     quor::platform::setFullKeyboardAccessEnabled(false);
     render(form);
     EXPECT_EQ(tabOrder(window, names), "ilfi");
+    button->focusable = {button->view()};
+    render(form);
+    EXPECT_TRUE(button->view()->focusPolicy() & Qt::TabFocus) << "it is listed now";
+    button->focusable.clear();
     quor::platform::setFullKeyboardAccessEnabled(true);
     form.setElements({last, compound, button, first});
     render(form);
@@ -470,17 +484,99 @@ TEST_F(FormRenderer, CopesWithElementsInTwoPlacesAndWithWhatEnds)
 
 TEST_F(FormRenderer, AHandlerMayEndTheRendererWhileItRenders)
 {
+    enum class Change { removal, emptying, disabling };
+    struct Case {
+        Mode mode;
+        Change change;
+    };
+    for (const Change change : {Change::removal, Change::emptying, Change::disabling}) {
+        for (const Case& each : {Case{Mode::normal, change}, Case{Mode::stickyHeaders, change}}) {
+            TestForm form(Layout::leftHeaders, 0.6, QStringLiteral("Title"));
+            const auto field = form.add(makeElement<FormButton>());
+            const auto last = form.add(makeViewElement<QLineEdit>(QString()));
+            form.setDefaultButton(field); // in the heading, if there is one
+            auto view = std::make_unique<QWidget>();
+            FormViewRenderer* const rendering = new FormViewRenderer(each.mode, *view, false);
+            renderer.reset(rendering);
+            rendering->render(form);
+            view->show();
+            view->activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
+            field->button()->setFocus();
+            const QObject context; // ends the connection
+            QObject::connect(qApp, &QApplication::focusChanged, &context, [&] { renderer.reset(); });
+            form.setEnabled(change != Change::disabling);
+            if (change != Change::disabling) {
+                form.setDefaultButton(nullptr);
+                form.removeElement(*field);
+            }
+            if (change == Change::emptying)
+                form.removeElement(*last);
+            form.setNeedsRender(true);
+            rendering->render(form);
+            EXPECT_EQ(renderer, nullptr);
+            EXPECT_TRUE(field->view() && last->view()) << "the views of elements survive";
+        }
+    }
+}
+
+TEST_F(FormRenderer, AFormIsRenderedLaterIfAHandlerAsksDuringARender)
+{
     TestForm form;
     const auto field = form.add(makeViewElement<QLineEdit>(QString()));
-    form.add(makeViewElement<QLineEdit>(QString()));
+    const auto moved = form.add(makeViewElement<QLineEdit>(QString()));
+    const auto alsoMoved = form.add(makeViewElement<QLineEdit>(QString()));
     render(form);
+    TestForm next;
+    const auto shown = next.add(makeViewElement<QLineEdit>(QString()));
+    struct Target : quor::platform::Trackable {
+    } target;
+    static_cast<Form&>(next).add(
+        target, [&](Target&, Form&, const std::any&) { renderer->render(next); },
+        FormEvent::internalNeedsRender);
+    QWidget otherWindow;
+    FormViewRenderer otherRenderer(Mode::normal, otherWindow, false);
+    TestForm other;
     field->view()->setFocus();
-    const QObject context; // ends the connection
-    QObject::connect(qApp, &QApplication::focusChanged, &context, [&] { renderer.reset(); });
+    QObject::connect(
+        qApp, &QApplication::focusChanged, &otherWindow,
+        [&] {
+            renderer->render(next);
+            for (const auto& element : {field, moved, alsoMoved})
+                other.add(element);
+            otherRenderer.render(other);
+        },
+        Qt::SingleShotConnection);
     form.removeElement(*field);
-    FormViewRenderer* const rendering = renderer.get();
-    rendering->render(form);
-    EXPECT_EQ(renderer, nullptr);
+    form.removeElement(*moved);
+    renderer->render(form);
+    for (const auto& element : {field, moved, alsoMoved})
+        EXPECT_EQ(element->view()->parentWidget(), &otherWindow);
+    EXPECT_TRUE(waitFor([&] { return shown->view()->isVisible(); }));
+}
+
+TEST_F(FormRenderer, EveryRatioKeepsInputsBetweenTheMargins)
+{
+    const std::pair<double, QRect> cases[] = {
+        {0.5, {180, 21, 200, 20}},
+        {0.95, {20, 21, 360, 20}},
+        {0, {380, 21, 0, 20}},
+        {-1, {380, 21, 0, 20}},
+        {std::nan(""), {380, 21, 0, 20}},
+        {1e-300, {380, 21, 0, 20}},
+        {1e300, {20, 21, 360, 20}},
+    };
+    for (const auto& [ratio, rect] : cases) {
+        renderer.reset();
+        use(Mode::normal);
+        TestForm form(Layout::leftHeaders, ratio);
+        const auto input = form.add(row(QStringLiteral("Label"), 20));
+        window.setMinimumSize(1, 1); // else the layout would set it
+        window.resize(400, 300);
+        render(form);
+        EXPECT_EQ(rectOf(*input), rect) << ratio;
+        EXPECT_LE(window.layout()->minimumSize().width(), 1000) << ratio;
+    }
 }
 
 TEST_F(FormRenderer, DisabledFormDisablesItsRows)

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Rendering/FormHeadingLayout.h"
 
+#include "FormKit_macOS/Rendering/ReleaseWidget.h"
+
+#include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
@@ -34,7 +37,12 @@ FormHeadingLayout::FormHeadingLayout(QWidget& container)
 
 FormHeadingLayout::~FormHeadingLayout()
 {
-    setParts({});
+    for (const auto* const items : {&items_, &leaving_}) {
+        for (const auto& item : *items) {
+            if (QWidget* const widget = item ? item->widget() : nullptr)
+                releaseWidget(*widget, parentWidget());
+        }
+    }
 }
 
 void FormHeadingLayout::setParts(const Parts& parts)
@@ -42,13 +50,18 @@ void FormHeadingLayout::setParts(const Parts& parts)
     const std::array<QWidget*, partCount> widgets{parts.title, parts.subtitle, parts.separator,
         parts.defaultButton, parts.cancelButton, parts.scrollArea};
     setEnabled(false);
-    for (auto& item : std::exchange(items_, {})) {
-        QWidget* const old = item ? item->widget() : nullptr;
-        if (!old || std::find(widgets.begin(), widgets.end(), old) != widgets.end())
-            continue;
-        old->hide();
-        old->setParent(nullptr);
+    leaving_ = std::exchange(items_, {});
+    // A button that loses the focus may run handlers of the application, which may end the layout. It then
+    // releases all widgets.
+    const QPointer<FormHeadingLayout> life(this);
+    for (std::size_t i = 0; life && i < leaving_.size(); ++i) {
+        QWidget* const old = leaving_[i] ? leaving_[i]->widget() : nullptr;
+        if (old && std::find(widgets.begin(), widgets.end(), old) == widgets.end())
+            releaseWidget(*old, parentWidget());
     }
+    if (!life)
+        return;
+    leaving_ = {};
     for (std::size_t i = 0; i < widgets.size(); ++i) {
         if (!widgets[i])
             continue;

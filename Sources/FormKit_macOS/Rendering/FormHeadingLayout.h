@@ -60,7 +60,9 @@ private:
     [[nodiscard]] int heightOfRows(int width) const;
     [[nodiscard]] int arrange(const QRect& area, bool apply) const;
 
-    std::array<std::unique_ptr<QWidgetItem>, partCount> items_;
+    using Items = std::array<std::unique_ptr<QWidgetItem>, partCount>;
+    Items items_;
+    Items leaving_; ///< while their widgets are released
 };
 
 } // namespace quor::formkit

@@ -103,12 +103,16 @@ void FormKeyboardLoop::build(QWidget& container, const std::vector<Row>& rows)
         for (QWidget* const focusable : row.focusableViews) {
             if (!focusable || !container.isAncestorOf(focusable))
                 continue;
+            if (isTabTaken(*focusable))
+                setAcceptsTab(*focusable, true); // its element lists it only now
             focusableViews_.emplace_back(focusable);
             append(*focusable);
         }
         controls.clear();
-        for (QWidget* const view : row.views)
-            collect(*view, row.focusableViews, controls);
+        for (QWidget* const view : row.views) {
+            if (view)
+                collect(*view, row.focusableViews, controls);
+        }
         for (QWidget* const control : controls) {
             setAcceptsTab(*control, isFull);
             append(*control);
@@ -116,8 +120,7 @@ void FormKeyboardLoop::build(QWidget& container, const std::vector<Row>& rows)
     }
 }
 
-void FormKeyboardLoop::collect(
-    QWidget& view, const std::vector<QWidget*>& focusableViews, std::vector<QWidget*>& controls)
+void FormKeyboardLoop::collect(QWidget& view, const Views& focusableViews, std::vector<QWidget*>& controls)
 {
     if (changesByWheel(view) || isControl(view)) {
         watch(view);

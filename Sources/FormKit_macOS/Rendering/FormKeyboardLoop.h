@@ -14,14 +14,15 @@ class FormKeyboardLoop final : public QObject {
     Q_OBJECT
 
 public:
+    using Views = std::vector<QPointer<QWidget>>;
     /// The views of one row, in the order of the loop. Beyond `focusableViews`, all controls in `views` take
     /// part while `platform::isFullKeyboardAccessEnabled`; else these do not accept Tab.
     struct Row {
-        std::vector<QWidget*> focusableViews;
-        std::vector<QWidget*> views; ///< without null
+        Views focusableViews;
+        Views views;
     };
 
-    /// Builds the loop anew. It begins where `container`, an ancestor of all views, stands in its window.
+    /// Builds the loop again. It begins where `container`, an ancestor of all views, stands in its window.
     void build(QWidget& container, const std::vector<Row>& rows);
 
     /// The first of all focusable views that can take the focus now, null if there is none.
@@ -31,10 +32,10 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void collect(QWidget& view, const std::vector<QWidget*>& focusableViews, std::vector<QWidget*>& controls);
+    void collect(QWidget& view, const Views& focusableViews, std::vector<QWidget*>& controls);
     void watch(QWidget& control);
 
-    std::vector<QPointer<QWidget>> focusableViews_;
+    Views focusableViews_;
 };
 
 } // namespace quor::formkit

@@ -2,6 +2,7 @@
 #include "FormKit_macOS/Rendering/FormRowLayout.h"
 
 #include "FormKit_macOS/Controls/FirstBaseline.h"
+#include "FormKit_macOS/Rendering/ReleaseWidget.h"
 
 #include <QFontMetrics>
 #include <QPointer>
@@ -34,12 +35,6 @@ void setGeometryIfNew(QWidget& widget, const QRect& geometry)
         widget.setGeometry(geometry);
 }
 
-void release(QWidget& widget)
-{
-    widget.hide();
-    widget.setParent(nullptr);
-}
-
 } // namespace
 
 /// Keeps what its widget answers about its size, and counts hidden widgets, too: rows are measured before
@@ -65,15 +60,11 @@ FormRowLayout::FormRowLayout(QWidget& container)
 
 FormRowLayout::~FormRowLayout()
 {
-    releaseWidgets();
-}
-
-void FormRowLayout::releaseWidgets()
-{
-    rows_.clear();
-    for (const auto& item : std::exchange(items_, {})) {
-        if (QWidget* const widget = item->widget())
-            release(*widget);
+    for (auto* const items : {&items_, &leaving_}) {
+        for (const auto& item : std::exchange(*items, {})) {
+            if (QWidget* const widget = item->widget())
+                releaseWidget(*widget, parentWidget());
+        }
     }
 }
 
@@ -106,13 +97,18 @@ void FormRowLayout::setRows(const std::vector<Row>& rows, Form::Layout layout, d
     for (const Row& row : rows)
         rows_.push_back({row.style, add(row.view), add(row.label), add(row.detail)});
     layout_ = layout;
-    inputSizeRatio_ = inputSizeRatio;
-    // A view that loses the focus may run handlers of the application, which may end the layout.
+    inputSizeRatio_ = inputSizeRatio > 0 ? inputSizeRatio : 0; // NaN counts as 0, too
+    for (auto& [widget, item] : present)
+        leaving_.push_back(std::move(item));
+    // A view that loses the focus may run handlers of the application, which may end the layout. It then
+    // releases the views that are still leaving.
     const QPointer<FormRowLayout> life(this);
-    for (const auto& [widget, item] : present) {
-        if (item->widget())
-            release(*widget);
+    for (std::size_t i = 0; life && i < leaving_.size(); ++i) {
+        if (QWidget* const widget = leaving_[i]->widget())
+            releaseWidget(*widget, parentWidget());
     }
+    if (life)
+        leaving_.clear();
     for (const auto& widget : shown) {
         if (life && widget)
             widget->show();
@@ -190,9 +186,11 @@ int FormRowLayout::leastWidth(const PlacedRow& row) const
     // A view beside a detail may be compressed.
     const int width
         = row.detail ? row.detail->sizeHint().width() + inputDetailSpacing : row.view->minimumSize().width();
+    constexpr double leastRatio = 0.05; // a smaller one must not make the form wider than every screen
+    const int full = width + 2 * padding(row.style.extent);
     if (row.style.extent == FormRowExtent::input && inputSizeRatio_ > 0)
-        return int(std::ceil(width / inputSizeRatio_));
-    return width + 2 * padding(row.style.extent);
+        return std::max(full, int(std::ceil(width / std::max(inputSizeRatio_, leastRatio))));
+    return full;
 }
 
 int FormRowLayout::labelHeightAbove(const PlacedRow& row) const
@@ -207,7 +205,9 @@ FormRowLayout::Columns FormRowLayout::columns(const PlacedRow& row, int width) c
     Columns columns;
     const int margin = padding(row.style.extent);
     const bool isInput = row.style.extent == FormRowExtent::input;
-    int viewWidth = isInput ? int(std::lround(width * inputSizeRatio_)) : width - 2 * margin;
+    int viewWidth = width - 2 * margin;
+    if (isInput)
+        viewWidth = std::min(viewWidth, int(std::lround(width * inputSizeRatio_)));
     columns.viewLeft = width - margin - viewWidth;
     if (row.detail) {
         columns.detail = row.detail->sizeHint();

@@ -65,7 +65,6 @@ private:
         QSize detail;
     };
 
-    void releaseWidgets();
     void detach(Item& item);
     [[nodiscard]] Columns columns(const PlacedRow& row, int width) const;
     [[nodiscard]] int leastWidth(const PlacedRow& row) const;
@@ -75,6 +74,7 @@ private:
     [[nodiscard]] int labelOffset(const PlacedRow& row, int viewHeight) const;
 
     std::vector<std::unique_ptr<Item>> items_;
+    std::vector<std::unique_ptr<Item>> leaving_; ///< while their widgets are released
     std::vector<PlacedRow> rows_;
     Form::Layout layout_ = Form::Layout::leftHeaders;
     double inputSizeRatio_ = 1;

@@ -7,6 +7,8 @@
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormTitle.h"
 #include "FormKit_macOS/FormMacOSResource.h"
+#include "Platform/Concurrency/MainQueue.h"
+#include "Platform/Lifetime/WhileAlive.h"
 #include "ToolKit_macOS/FlippedView.h"
 
 #include <QCoreApplication>
@@ -102,25 +104,32 @@ FormViewRenderer::~FormViewRenderer()
 
 void FormViewRenderer::render(Form& form)
 {
-    if (!form.needsRender() || isRendering_ || !view_ || !rowLayout_)
+    if (!form.needsRender() || !view_ || !rowLayout_)
         return;
+    if (isRendering_) {
+        refusedForm_ = platform::TrackedPointer(&form);
+        return;
+    }
     const QPointer<FormKeyboardLoop> life(&keyboardLoop_);
     isRendering_ = true;
     form.setNeedsRender(false);
     const bool toTop = !form.noticeElements().empty();
-    collectElements(form);
+    // Views that are disabled or leave may run handlers of the application, which may end the renderer.
+    auto elements = disableAndCollect(form, mode_);
+    if (!life)
+        return;
+    const auto lastElements = std::exchange(renderedElements_, std::move(elements));
     std::vector<FormKeyboardLoop::Row> loop;
     const bool isEmpty = form.elements().empty();
     if (isEmpty) {
         clear();
     } else {
         makeTitleElements(form);
-        if (headingLayout_)
+        if (life && headingLayout_)
             placeHeading(form, loop);
         if (life && rowLayout_)
             placeRows(form, loop);
     }
-    // Views that have left may have run handlers of the application, which may have ended the renderer.
     if (!life)
         return;
     if (!isEmpty)
@@ -128,13 +137,16 @@ void FormViewRenderer::render(Form& form)
     if (view_)
         keyboardLoop_.build(*view_, loop);
     isRendering_ = false;
+    if (Form* const refused = std::exchange(refusedForm_, {}).get())
+        platform::MainQueue::async(
+            platform::whileAlive(*refused, [refused] { refused->setNeedsRender(true); }));
 }
 
-void FormViewRenderer::collectElements(Form& form)
+Form::Elements FormViewRenderer::disableAndCollect(const Form& form, RenderMode mode)
 {
     Form::Elements walk = form.noticeElements();
     walk.insert(walk.end(), form.elements().begin(), form.elements().end());
-    renderedElements_.clear();
+    Form::Elements collected;
     bool isLastSeparator = false;
     for (const auto& element : walk) {
         if (!form.enabled()) {
@@ -142,24 +154,27 @@ void FormViewRenderer::collectElements(Form& form)
             if (const auto detail = element->detailElement())
                 detail->setEnabled(false);
         }
-        if (mode_ == RenderMode::stickyHeaders && element == form.defaultButton())
+        if (mode == RenderMode::stickyHeaders && element == form.defaultButton())
             continue;
         const bool isSeparator = dynamic_cast<const FormElementSeparator*>(element.get()) != nullptr;
         if (element->isHidden() || (isSeparator && isLastSeparator))
             continue;
         isLastSeparator = isSeparator;
-        renderedElements_.push_back(element);
+        collected.push_back(element);
     }
+    return collected;
 }
 
 void FormViewRenderer::clear()
 {
+    const auto buttons = std::exchange(headingButtons_, {});
+    const Labels labels = std::exchange(labels_, {});
+    discard(labels);
+    const auto heading = headingLayout_;
     rowLayout_->setRows({}, Form::Layout::leftHeaders, 1);
-    if (headingLayout_)
-        headingLayout_->setParts({});
-    restoreButtons(std::exchange(headingButtons_, {}));
-    discard(labels_);
-    labels_.clear();
+    if (heading)
+        heading->setParts({});
+    restoreButtons(buttons);
 }
 
 void FormViewRenderer::makeTitleElements(const Form& form)
@@ -191,7 +206,8 @@ void FormViewRenderer::makeTitleElements(const Form& form)
     } else if (mode_ == RenderMode::normal) {
         addSeparator(true);
     }
-    for (const auto& element : titleElements_)
+    const auto elements = titleElements_;
+    for (const auto& element : elements)
         element->setEnabled(form.enabled());
 }
 
@@ -211,10 +227,11 @@ void FormViewRenderer::placeHeading(const Form& form, std::vector<FormKeyboardLo
     const auto lastButtons = std::exchange(headingButtons_, {});
     const auto defaultButton = std::dynamic_pointer_cast<FormButton>(form.defaultButton());
     const auto cancelButton = std::dynamic_pointer_cast<FormButton>(form.cancelButton());
-    if (parts.title && defaultButton && cancelButton && defaultButton != cancelButton) {
+    if (parts.title && defaultButton && cancelButton) {
         headingButtons_ = {cancelButton, defaultButton};
         parts.defaultButton = defaultButton->button();
-        parts.cancelButton = cancelButton->button();
+        if (cancelButton != defaultButton)
+            parts.cancelButton = cancelButton->button();
         row.views.insert(row.views.end(), {parts.cancelButton, parts.defaultButton});
     }
     const auto buttons = headingButtons_;
@@ -224,7 +241,6 @@ void FormViewRenderer::placeHeading(const Form& form, std::vector<FormKeyboardLo
             button->button()->setHidden(button->isHidden());
     }
     restoreButtons(lastButtons);
-    std::erase(row.views, nullptr);
     loop.push_back(std::move(row));
 }
 
@@ -273,10 +289,11 @@ void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop:
         const FormRowKind kind = formRowKind(*element);
         const QString label = element->label();
         FormRowLayout::Row row{formRowStyle(form, kind, !label.isEmpty(), previous), view};
-        FormKeyboardLoop::Row stops{element->focusableViews(), {view}};
+        const auto focusableViews = element->focusableViews();
+        FormKeyboardLoop::Row stops{{focusableViews.begin(), focusableViews.end()}, {view}};
         if (row.style.showsLabel && !label.isEmpty())
-            row.label = labelOf(*element, label,
-                stops.focusableViews.empty() ? firstControl(*view) : stops.focusableViews.front());
+            row.label = labelOf(
+                *element, label, focusableViews.empty() ? firstControl(*view) : focusableViews.front());
         const auto detail = kind == FormRowKind::separator ? nullptr : element->detailElement();
         if (QWidget* const detailView = detail ? detail->view() : nullptr; isPlaceable(detailView)) {
             row.detail = detailView;
@@ -300,6 +317,8 @@ void FormViewRenderer::discard(const Labels& labels)
 
 void FormViewRenderer::scroll(bool toTop)
 {
+    if (toTop && scrollView_)
+        scrollView_->verticalScrollBar()->setValue(0);
     if (!view_ || !view_->isVisible())
         return;
     if (headingLayout_)
@@ -311,8 +330,6 @@ void FormViewRenderer::scroll(bool toTop)
     // The area adapts its range to the new height now, not when the event comes.
     QEvent layoutRequest(QEvent::LayoutRequest);
     QCoreApplication::sendEvent(scrollView_.get(), &layoutRequest);
-    if (toTop)
-        scrollView_->verticalScrollBar()->setValue(0);
 }
 
 int FormViewRenderer::heightForWidth(int width) const

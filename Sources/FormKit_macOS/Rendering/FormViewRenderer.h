@@ -7,6 +7,7 @@
 #include "FormKit_macOS/Rendering/FormRowLabel.h"
 #include "FormKit_macOS/Rendering/FormRowLayout.h"
 #include "Platform/Lifetime/Callback.h"
+#include "Platform/Lifetime/Trackable.h"
 #include "Platform/Views/WidgetHandle.h"
 
 #include <QPointer>
@@ -45,17 +46,18 @@ public:
     [[nodiscard]] BackButtonHandler backButtonHandler() const { return backButtonHandler_; }
     void setBackButtonHandler(BackButtonHandler handler) { backButtonHandler_ = std::move(handler); }
 
-    /// Brings the view up to date with `form`. Has no effect if the form does not need it, or during another
-    /// render. Views that stay keep their focus, caret and selection, and the scroll position stays, unless
-    /// the form has notices: then it goes to the top.
+    /// Brings the view up to date with `form`, which must live until this returns. Has no effect if the form
+    /// does not need it. During another render, which a handler of the application may cause, the form asks
+    /// for a render again later. Views that stay keep their focus, caret and selection, and the scroll
+    /// position stays, unless the form has notices: then it goes to the top.
     void render(Form& form);
 
     /// The rows of the last render: notices and elements, without hidden ones and collapsed separators.
     [[nodiscard]] const Form::Elements& renderedElements() const { return renderedElements_; }
     /// The rows that the renderer itself has made for the heading.
     [[nodiscard]] const Form::Elements& titleElements() const { return titleElements_; }
-    /// Scrolls the rows in the mode `stickyHeaders`; without a parent otherwise. Null after its view has
-    /// ended.
+    /// Scrolls the rows in the mode `stickyHeaders`; without a parent otherwise. Owned by the
+    /// renderer, also after `view` has ended.
     [[nodiscard]] QScrollArea* scrollView() const { return scrollView_.get(); }
 
     /// The first view of the keyboard loop that can take the focus. Null if there is none.
@@ -66,7 +68,7 @@ public:
 private:
     using Labels = std::unordered_map<const FormElement*, platform::WidgetHandle<FormRowLabel>>;
 
-    void collectElements(Form& form);
+    static Form::Elements disableAndCollect(const Form& form, RenderMode mode);
     void clear();
     void makeTitleElements(const Form& form);
     void placeHeading(const Form& form, std::vector<FormKeyboardLoop::Row>& loop);
@@ -88,6 +90,7 @@ private:
     Labels labels_;
     FormKeyboardLoop keyboardLoop_;
     bool isRendering_ = false;
+    platform::TrackedPointer<Form> refusedForm_; ///< was to be rendered during another render
 };
 
 } // namespace quor::formkit
