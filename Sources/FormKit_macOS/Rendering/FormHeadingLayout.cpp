@@ -76,7 +76,7 @@ void FormHeadingLayout::setParts(const Parts& parts)
     invalidate();
 }
 
-QWidget* FormHeadingLayout::widget(Part part) const
+QWidget* FormHeadingLayout::widgetOf(Part part) const
 {
     return items_[part] ? items_[part]->widget() : nullptr;
 }
@@ -113,17 +113,17 @@ int FormHeadingLayout::arrange(const QRect& area, bool apply) const
     const auto direction = parentWidget()->layoutDirection();
     const auto place = [&](Part part, const QRect& geometry) {
         if (apply)
-            widget(part)->setGeometry(QStyle::visualRect(direction, area, geometry));
+            widgetOf(part)->setGeometry(QStyle::visualRect(direction, area, geometry));
     };
     int bottom = area.top() + topWithoutHeading;
-    if (widget(title)) {
+    if (widgetOf(title)) {
         const int left = area.left() + edgePadding;
         int right = area.left() + area.width() - edgePadding;
         const int top = area.top() + titleTop;
         const int titleHeight = items_[title]->sizeHint().height();
         int lowestButton = top;
         for (const Part part : {defaultButton, cancelButton}) {
-            if (!widget(part) || items_[part]->isEmpty())
+            if (!widgetOf(part) || items_[part]->isEmpty())
                 continue;
             const QSize size = items_[part]->sizeHint();
             const QRect geometry({right - size.width(), top + (titleHeight - size.height()) / 2}, size);
@@ -133,21 +133,21 @@ int FormHeadingLayout::arrange(const QRect& area, bool apply) const
         }
         place(title, QRect(left, top, std::max(0, right - left), titleHeight));
         bottom = top + titleHeight;
-        if (widget(subtitle)) {
+        if (widgetOf(subtitle)) {
             if (lowestButton <= bottom)
                 right = area.left() + area.width() - edgePadding;
             const int height = items_[subtitle]->sizeHint().height();
             place(subtitle, QRect(left, bottom, std::max(0, right - left), height));
             bottom += height;
         }
-        if (widget(separator)) {
+        if (widgetOf(separator)) {
             const int width = std::max(0, area.width() - 2 * separatorPadding);
             const int height = heightFor(*items_[separator], width);
             place(separator, QRect(area.left() + separatorPadding, bottom + separatorGap, width, height));
             bottom += separatorGap + height;
         }
     }
-    if (widget(scrollArea))
+    if (widgetOf(scrollArea))
         place(scrollArea,
             QRect(area.left(), bottom, area.width(), std::max(0, area.top() + area.height() - bottom)));
     return bottom - area.top();
@@ -155,27 +155,27 @@ int FormHeadingLayout::arrange(const QRect& area, bool apply) const
 
 int FormHeadingLayout::leastWidth() const
 {
-    const auto* const area = static_cast<const QScrollArea*>(widget(scrollArea));
+    const auto* const area = static_cast<const QScrollArea*>(widgetOf(scrollArea));
     const QWidget* const rows = area ? area->widget() : nullptr;
     return rows ? rows->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width() : 0;
 }
 
 int FormHeadingLayout::heightOfRows(int width) const
 {
-    const auto* const area = static_cast<const QScrollArea*>(widget(scrollArea));
+    const auto* const area = static_cast<const QScrollArea*>(widgetOf(scrollArea));
     const QWidget* const rows = area ? area->widget() : nullptr;
     return rows ? rows->heightForWidth(width) : 0;
 }
 
 int FormHeadingLayout::heightForWidth(int width) const
 {
-    return widget(scrollArea) ? arrange({0, 0, width, 0}, false) + heightOfRows(width) : 0;
+    return widgetOf(scrollArea) ? arrange({0, 0, width, 0}, false) + heightOfRows(width) : 0;
 }
 
 int FormHeadingLayout::minimumHeightForWidth(int width) const
 {
     constexpr int leastHeightOfRows = 80;
-    return widget(scrollArea)
+    return widgetOf(scrollArea)
         ? arrange({0, 0, width, 0}, false) + std::min(leastHeightOfRows, heightOfRows(width))
         : 0;
 }

@@ -55,7 +55,7 @@ public:
 private:
     enum Part { title, subtitle, separator, defaultButton, cancelButton, scrollArea, partCount };
 
-    [[nodiscard]] QWidget* widget(Part part) const;
+    [[nodiscard]] QWidget* widgetOf(Part part) const;
     [[nodiscard]] int leastWidth() const;
     [[nodiscard]] int heightOfRows(int width) const;
     [[nodiscard]] int arrange(const QRect& area, bool apply) const;
