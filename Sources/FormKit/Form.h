@@ -37,8 +37,8 @@ enum class FormEvent {
     showLink = 5 ///< a link was clicked; payload: QUrl
 };
 
-/// A form: a titled list of elements with notices above it, and two buttons. It has no view. Whoever shows it
-/// listens to its events.
+/// A form: a titled list of elements with notices above it, and two buttons. It has no view; the
+/// controller that shows it listens to its events.
 ///
 /// An application makes a form, adds elements and gives it to a controller, all as `std::shared_ptr`; or it
 /// derives a class that does this in its constructor. Main thread only, except for `trigger`.
@@ -114,9 +114,9 @@ public:
     /// Only stores the list. It does not tell the elements their form, and asks for no render.
     void setElements(Elements elements);
     virtual void addElement(Element element);
-    /// Inserts behind `other`. Ignored if `other` is not in the form.
+    /// Inserts after `other`. Ignored if `other` is not in the form.
     virtual void insertElement(Element element, const FormElement& other);
-    /// `index` is between 0 and the number of elements; a larger one counts as that number.
+    /// `index` is between 0 and the number of elements; a larger one means that number.
     virtual void insertElement(Element element, std::size_t index);
     /// Removes the element wherever it stands in the list. The application may still use it.
     virtual void removeElement(FormElement& element);

@@ -14,7 +14,7 @@ enum class FormButtonStyle {
 /// A push button.
 class FormElementButton : public virtual FormElement {
 public:
-    /// The side of the row where the button stands; `center` counts as `left`. `left` at first.
+    /// The side of the row where the button stands; `center` means `left`. `left` at first.
     [[nodiscard]] virtual FormTextAlignment alignment() const = 0;
     virtual void setAlignment(FormTextAlignment alignment) = 0;
 

@@ -5,7 +5,7 @@
 
 namespace quor::formkit {
 
-/// Tells what state something is in: a title, a message and a button below each other, over the whole width.
+/// Describes a state: a title, a message and a button below each other, over the whole width.
 class FormElementState : public virtual FormElement {
 public:
     [[nodiscard]] virtual QString title() const = 0;

@@ -39,7 +39,7 @@ void SegmentRow::setTitles(const QStringList& titles)
         layout_->insertWidget(index, segment);
         segments_.push_back(segment);
     }
-    // Whoever goes on with the arrow keys stays where they were.
+    // The arrow keys go on from the same segment.
     setCurrent(std::clamp(current_, 0, std::max(count - 1, 0)));
 }
 

@@ -10,8 +10,8 @@
 namespace quor::formkit {
 
 /// Listens for the ways to go back that need no button on the screen: Alt+Left, a keyboard's back key, and
-/// the back button of a mouse, in one view and all views in it. They are used up, whatever view they were
-/// meant for. Main thread only.
+/// the back button of a mouse, in one view and all views in it. The view that they were
+/// meant for does not get them. Main thread only.
 class BackNavigation final : public QObject {
     Q_OBJECT
 

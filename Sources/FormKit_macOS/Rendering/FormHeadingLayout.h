@@ -39,7 +39,7 @@ public:
     [[nodiscard]] int count() const override;
     [[nodiscard]] QLayoutItem* itemAt(int index) const override;
     QLayoutItem* takeAt(int index) override;
-    /// Does nothing: `setParts` adds the items.
+    /// Has no effect: `setParts` adds the items.
     void addItem(QLayoutItem* item) override;
     /// False although it has: an area that scrolls the whole would give it the height of all rows, and the
     /// heading would not stay in sight.

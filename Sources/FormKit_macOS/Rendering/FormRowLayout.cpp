@@ -97,7 +97,7 @@ void FormRowLayout::setRows(const std::vector<Row>& rows, Form::Layout layout, d
     for (const Row& row : rows)
         rows_.push_back({row.style, add(row.view), add(row.label), add(row.detail)});
     layout_ = layout;
-    inputSizeRatio_ = inputSizeRatio > 0 ? inputSizeRatio : 0; // NaN counts as 0, too
+    inputSizeRatio_ = inputSizeRatio > 0 ? inputSizeRatio : 0; // 0 for NaN, too
     for (auto& [widget, item] : present)
         leaving_.push_back(std::move(item));
     // A view that loses the focus may run handlers of the application, which may end the layout. It then

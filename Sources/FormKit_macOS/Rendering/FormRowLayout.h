@@ -40,7 +40,7 @@ public:
     [[nodiscard]] int count() const override { return int(items_.size()); }
     [[nodiscard]] QLayoutItem* itemAt(int index) const override;
     QLayoutItem* takeAt(int index) override;
-    /// Does nothing: `setRows` adds the items.
+    /// Has no effect: `setRows` adds the items.
     void addItem(QLayoutItem* item) override;
     [[nodiscard]] Qt::Orientations expandingDirections() const override { return Qt::Horizontal; }
     [[nodiscard]] bool hasHeightForWidth() const override { return true; }

@@ -40,7 +40,7 @@ namespace quor::toolkit {
 /// others wait. A flush writes the changes that were made here to the files as they are then, so lists that
 /// change different keys lose nothing of each other; of two changes of one key, the later flush counts. A
 /// file that is in memory is not read again before the flush, so changes of others are seen after it. If the
-/// file is gone then, or is damaged, the flush writes it anew with all the elements in memory, also those
+/// file is gone then, or is damaged, the flush writes it again with all the elements in memory, also those
 /// that another list has removed with the file.
 ///
 /// A flush that has waited for `lockTimeout` writes nothing, and its changes stay in memory for the next one.
