@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "FieldElement.h"
 #include "FormKit/Form.h"
 #include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Elements/FormCheckBox.h"
@@ -17,21 +18,9 @@
 namespace {
 
 using namespace quor::formkit;
-using quor::platform::makeWidget;
-using quor::platform::WidgetHandle;
 
 constexpr int formWidth = 400;
 constexpr double inputSizeRatio = 0.6;
-
-class FieldElement final : public FormBase {
-public:
-    using FormBase::FormBase;
-    QWidget* view() const override { return field_.get(); }
-    std::vector<QWidget*> focusableViews() const override { return {view()}; }
-
-private:
-    WidgetHandle<QLineEdit> field_ = makeWidget<QLineEdit>();
-};
 
 /// Of ten rows, six are fields with a label, and one each a check box, a button, a text and a separator.
 std::shared_ptr<FormElement> makeRow(int index)
@@ -89,13 +78,6 @@ public:
 private:
     QScrollArea area_;
 };
-
-/// Ends what the handles of ended elements have left.
-void deleteWidgets()
-{
-    QCoreApplication::sendPostedEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
 
 bool isPlaced(const Form& form)
 {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include "FieldElement.h"
 #include "FormKit/Form.h"
-#include "FormKit_macOS/Elements/FormBase.h"
 #include "FormKit_macOS/FormViewFactory.h"
 #include "FormKit_macOS/Presentation/FormContainerViewController.h"
 #include "FormKit_macOS/Presentation/FormPopover.h"
@@ -23,16 +23,6 @@ using namespace quor;
 using namespace quor::formkit;
 
 constexpr int rows = 20;
-
-class FieldElement final : public FormBase {
-public:
-    using FormBase::FormBase;
-    QWidget* view() const override { return field_.get(); }
-    std::vector<QWidget*> focusableViews() const override { return {view()}; }
-
-private:
-    platform::WidgetHandle<QLineEdit> field_ = platform::makeWidget<QLineEdit>();
-};
 
 class Desktop final : public platform::Application, public platform::WindowServer {
 public:
@@ -79,12 +69,6 @@ private:
 QString labelOf(int row)
 {
     return QStringLiteral("Field %1").arg(row);
-}
-
-void deleteWidgets()
-{
-    QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 /// The form and its elements are there; the controller makes its view.

@@ -13,6 +13,11 @@ QString singleLine(const QString& text)
     return text.simplified();
 }
 
+QString withoutMnemonic(QString text)
+{
+    return text.replace(u'&', u"&&"_s);
+}
+
 QString plainToolTip(const QString& text)
 {
     constexpr int longest = 1000; // characters, which fit on the smallest screens

@@ -6,11 +6,14 @@
 class QHelpEvent;
 class QWidget;
 
-/// Texts that are cut where they do not fit into their control. Main thread only.
+/// Plain texts as controls show them: in one line, cut where they do not fit. Main thread only.
 namespace quor::formkit {
 
 /// Returns `text` in one line: with spaces for line breaks and tabs, and without those at its ends.
 [[nodiscard]] QString singleLine(const QString& text);
+
+/// Returns `text` so that a control shows each '&' in it, instead of taking it for a shortcut.
+[[nodiscard]] QString withoutMnemonic(QString text);
 
 /// Returns `text` for a tool tip: wrapped, with its marks as plain characters, and cut after some lines.
 [[nodiscard]] QString plainToolTip(const QString& text);

@@ -15,7 +15,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 using quor::platform::AttributedString;
@@ -27,11 +26,6 @@ namespace {
 /// Around the title of a button without a frame, for the focus.
 constexpr int flatMargin = 2;
 constexpr int spinnerGap = 6;
-
-QString withoutMnemonic(QString text)
-{
-    return text.replace(u'&', u"&&"_s);
-}
 
 QStyleOptionFocusRect focusOption(const QStyleOption& option, const QRect& rect)
 {
@@ -215,7 +209,7 @@ void LargerButton::paintEvent(QPaintEvent*)
         if (isPointedAt)
             text.addAttribute(QTextFormat::TextUnderlineStyle,
                 static_cast<int>(QTextCharFormat::SingleUnderline), {0, text.length()});
-        paintAttributed(painter, std::move(text), flatAlignment_);
+        paintAttributed(painter, text, flatAlignment_);
         if (hasFocus())
             painter.drawPrimitive(QStyle::PE_FrameFocusRect, focusOption(option, rect()));
         return;
@@ -239,7 +233,8 @@ void LargerButton::paintTitle(QPainter& painter, const QStyleOptionButton& optio
     style()->drawControl(QStyle::CE_PushButtonLabel, &label, &painter, this);
 }
 
-void LargerButton::paintAttributed(QPainter& painter, AttributedString text, Qt::Alignment alignment) const
+void LargerButton::paintAttributed(
+    QPainter& painter, const AttributedString& text, Qt::Alignment alignment) const
 {
     const QRectF room = titleRect();
     const auto visual = QStyle::visualAlignment(layoutDirection(), alignment);

@@ -53,7 +53,8 @@ private:
     void updateTitle();
     void placeSpinner();
     void paintTitle(QPainter& painter, const QStyleOptionButton& option) const;
-    void paintAttributed(QPainter& painter, platform::AttributedString text, Qt::Alignment alignment) const;
+    void paintAttributed(
+        QPainter& painter, const platform::AttributedString& text, Qt::Alignment alignment) const;
 
     QString title_; ///< in one line, with its marks
     bool parseMarkdown_ = false;

@@ -225,7 +225,7 @@ QSize ResizeTextView::sizeHint() const
 {
     constexpr int characters = 60;
     const int longest = characters * fontMetrics().averageCharWidth();
-    if (content_.length() > characters * 3)
+    if (content_.length() / 3 > characters)
         return {longest, heightForWidth(longest)};
     document()->setTextWidth(-1);
     const int width = std::min(static_cast<int>(std::ceil(document()->idealWidth())), longest);
@@ -279,7 +279,7 @@ bool ResizeTextView::focusNextPrevChild(bool next)
     if (!next && isLinkFocused_ && textCursor().selectionStart() == 0) {
         // Qt would find the link at the beginning of the text again and again.
         clearSelection();
-        return QTextEdit::focusNextPrevChild(next);
+        return QTextEdit::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call): see above
     }
     isLinkFocused_ = true; // until the focus goes to another widget
     const bool moved = QTextBrowser::focusNextPrevChild(next);
@@ -306,7 +306,7 @@ QUrl ResizeTextView::focusedLink() const
     // A cursor has the format of the character before it, and the link was perhaps selected from its end.
     QTextCursor cursor = textCursor();
     cursor.setPosition(cursor.selectionStart() + 1);
-    return QUrl(cursor.charFormat().anchorHref());
+    return {cursor.charFormat().anchorHref()};
 }
 
 void ResizeTextView::keyPressEvent(QKeyEvent* event)

@@ -62,7 +62,7 @@ Segment::Segment(const QString& title, Neighbours neighbours, QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     setAccessibleName(title_);
-    setText(QString(title_).replace(u'&', u"&&"_s));
+    setText(withoutMnemonic(title_));
 }
 
 void Segment::setCurrent(bool isCurrent)
@@ -133,7 +133,7 @@ void Segment::paintEvent(QPaintEvent*)
         line.setAlphaF(faint);
         painter.fillRect(QRect(0, inset, 1, height() - 2 * inset), line);
     }
-    option.text = elided().replace(u'&', u"&&"_s);
+    option.text = withoutMnemonic(elided());
     painter.drawControl(QStyle::CE_PushButtonLabel, option);
     if (isCurrent_) {
         constexpr int inset = 2;

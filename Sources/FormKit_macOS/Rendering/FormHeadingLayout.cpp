@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Rendering/FormHeadingLayout.h"
 
+#include "FormKit_macOS/Rendering/FormMetrics.h"
 #include "FormKit_macOS/Rendering/ReleaseWidget.h"
 
 #include <QPointer>
@@ -15,8 +16,6 @@ namespace quor::formkit {
 
 namespace {
 
-constexpr int edgePadding = 20;
-constexpr int separatorPadding = 10;
 constexpr int titleTop = 16;
 constexpr int separatorGap = 8;
 constexpr int buttonSpacing = 10;

@@ -2,6 +2,7 @@
 #include "FormKit_macOS/Rendering/FormRowLayout.h"
 
 #include "FormKit_macOS/Controls/FirstBaseline.h"
+#include "FormKit_macOS/Rendering/FormMetrics.h"
 #include "FormKit_macOS/Rendering/ReleaseWidget.h"
 
 #include <QFontMetrics>
@@ -17,8 +18,6 @@ namespace quor::formkit {
 
 namespace {
 
-constexpr int edgePadding = 20;
-constexpr int separatorPadding = 10;
 constexpr int bottomPadding = 20;
 constexpr int labelInputSpacing = 10;
 constexpr int inputDetailSpacing = 10;
