@@ -58,6 +58,23 @@ std::shared_ptr<formkit::FormElementButton> addButton(
     return button;
 }
 
+std::shared_ptr<formkit::FormElementHintText> addChangesLine(formkit::Form& form)
+{
+    auto line = form.viewFactory()->hintText();
+    line->setValue(text(u"ChangesNone"_s));
+    form.addElement(line);
+    return line;
+}
+
+void printChange(
+    formkit::FormElementHintText& line, const formkit::FormElement& element, const QString& value)
+{
+    constexpr qsizetype longest = 200;
+    line.setTag(line.tag() + 1);
+    line.setValue(resources().localizedString(
+        u"ChangesLine"_s, {qint64(line.tag()), element.label(), value.left(longest)}));
+}
+
 void pressForPicture(const formkit::FormElement& element, int index)
 {
     const auto buttons = element.view()->findChildren<QAbstractButton*>();

@@ -10,6 +10,8 @@
 #include <FormKit/Form.h>
 #include <FormKit/FormViewFactoryProtocoll.h>
 
+#include <utility>
+
 /// What several pages are made of. Keys are those of the gallery's texts.
 namespace quor::gallery {
 
@@ -28,6 +30,23 @@ std::shared_ptr<formkit::FormElementCheckBox> addCheckBox(formkit::Form& form, c
 std::shared_ptr<formkit::FormElementHintText> addHint(formkit::Form& form, const QString& key);
 std::shared_ptr<formkit::FormElementButton> addButton(
     formkit::Form& form, const QString& titleKey, formkit::FormElementButton::ButtonClicked clicked = {});
+
+/// Adds a line of text for `printChanges`.
+std::shared_ptr<formkit::FormElementHintText> addChangesLine(formkit::Form& form);
+
+/// Shows in `line` what the user has changed: the label of `element` and `value`, and how many changes the
+/// line has shown.
+void printChange(
+    formkit::FormElementHintText& line, const formkit::FormElement& element, const QString& value);
+
+/// Prints each `valueChanged` of `element` in `line`, with the text that `describe(*element)` returns.
+template <class Element, class Describe>
+void printChanges(
+    const std::shared_ptr<formkit::FormElementHintText>& line, Element& element, Describe describe)
+{
+    element.setValueChanged([line, &element, describe = std::move(describe)](
+                                formkit::FormElement&) { printChange(*line, element, describe(element)); });
+}
 
 /// Has the button of `element` pressed before a picture is made; its `index`-th, if it has several.
 void pressForPicture(const formkit::FormElement& element, int index = 0);
