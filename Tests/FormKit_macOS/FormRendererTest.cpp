@@ -5,10 +5,8 @@
 #include "FormKit_macOS/Elements/FormRadioButton.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormTitle.h"
-#include "FormKit_macOS/Rendering/FormViewRenderer.h"
 #include "Platform/Views/KeyboardAccess.h"
-#include "Support/WaitFor.h"
-#include "TestForm.h"
+#include "RendererFixture.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -16,9 +14,6 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 
@@ -49,47 +44,6 @@ private:
     quor::platform::WidgetHandle<SizedView> view_;
     bool enabled_ = true;
 };
-
-/// A form in a window of 400 by 300 pixels.
-class FormRenderer : public testing::Test {
-protected:
-    void use(Mode mode, bool showBackNavigation = false)
-    {
-        renderer = std::make_unique<FormViewRenderer>(mode, window, showBackNavigation);
-    }
-    void render(TestForm& form)
-    {
-        if (!renderer)
-            use(Mode::normal);
-        form.setNeedsRender(true);
-        renderer->render(form);
-        if (!window.isVisible()) {
-            window.resize(400, 300);
-            window.show();
-            window.activateWindow();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-        }
-        QCoreApplication::sendPostedEvents();
-    }
-    std::vector<FormRowLabel*> labels() const
-    {
-        const auto found = window.findChildren<FormRowLabel*>();
-        return {found.begin(), found.end()};
-    }
-    QRect rectOf(const FormElement& element) const
-    {
-        QWidget* const view = element.view();
-        return {view->mapTo(&window, QPoint()), view->size()};
-    }
-
-    QWidget window;
-    std::unique_ptr<FormViewRenderer> renderer;
-};
-
-std::shared_ptr<ViewElement> row(const QString& label, int height, int area = 0)
-{
-    return makeViewElement<SizedView>(label, QSize(50, height), area);
-}
 
 TEST_F(FormRenderer, PlacesInputsBesideTheirLabels)
 {
@@ -440,119 +394,6 @@ TEST_F(FormRenderer, WheelChangesOnlyAControlWithTheFocus)
     EXPECT_EQ(box->focusPolicy(), Qt::StrongFocus) << "the wheel must not focus it either";
     box->setFocus();
     EXPECT_EQ(wheel(), 1);
-}
-
-TEST_F(FormRenderer, CopesWithElementsInTwoPlacesAndWithWhatEnds)
-{
-    TestForm form;
-    const auto twice = form.add(row(QStringLiteral("Twice"), 20));
-    form.add(twice);
-    auto released = form.add(row(QStringLiteral("Released"), 20));
-    render(form);
-    EXPECT_EQ(labels().size(), 2U);
-    EXPECT_EQ(renderer->heightForWidth(400), 13 + 2 * 28 + 20);
-
-    QWidget otherWindow;
-    auto otherRenderer = std::make_unique<FormViewRenderer>(Mode::stickyHeaders, otherWindow, true);
-    {
-        TestForm other;
-        other.add(twice);
-        otherRenderer->render(other);
-    }
-    QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(renderer->heightForWidth(400), 13 + 28 + 20) << "its view is in the other window now";
-    otherRenderer.reset();
-    ASSERT_NE(twice->view(), nullptr);
-    render(form);
-    EXPECT_TRUE(twice->view()->isVisible());
-
-    delete released->view();
-    QCoreApplication::sendPostedEvents();
-    EXPECT_EQ(renderer->heightForWidth(400), 13 + 28 + 20);
-    render(form);
-    auto ended = std::make_unique<QWidget>();
-    FormViewRenderer outliving(Mode::stickyHeaders, *ended, false);
-    form.setNeedsRender(true);
-    outliving.render(form);
-    ended.reset();
-    form.setNeedsRender(true);
-    outliving.render(form);
-    EXPECT_NE(twice->view(), nullptr) << "the views of elements survive";
-    window.resize(0, 0);
-    render(form);
-}
-
-TEST_F(FormRenderer, AHandlerMayEndTheRendererWhileItRenders)
-{
-    enum class Change { removal, emptying, disabling };
-    struct Case {
-        Mode mode;
-        Change change;
-    };
-    for (const Change change : {Change::removal, Change::emptying, Change::disabling}) {
-        for (const Case& each : {Case{Mode::normal, change}, Case{Mode::stickyHeaders, change}}) {
-            TestForm form(Layout::leftHeaders, 0.6, QStringLiteral("Title"));
-            const auto field = form.add(makeElement<FormButton>());
-            const auto last = form.add(makeViewElement<QLineEdit>(QString()));
-            form.setDefaultButton(field); // in the heading, if there is one
-            auto view = std::make_unique<QWidget>();
-            FormViewRenderer* const rendering = new FormViewRenderer(each.mode, *view, false);
-            renderer.reset(rendering);
-            rendering->render(form);
-            view->show();
-            view->activateWindow();
-            ASSERT_TRUE(QTest::qWaitForWindowActive(view.get()));
-            field->button()->setFocus();
-            const QObject context; // ends the connection
-            QObject::connect(qApp, &QApplication::focusChanged, &context, [&] { renderer.reset(); });
-            form.setEnabled(change != Change::disabling);
-            if (change != Change::disabling) {
-                form.setDefaultButton(nullptr);
-                form.removeElement(*field);
-            }
-            if (change == Change::emptying)
-                form.removeElement(*last);
-            form.setNeedsRender(true);
-            rendering->render(form);
-            EXPECT_EQ(renderer, nullptr);
-            EXPECT_TRUE(field->view() && last->view()) << "the views of elements survive";
-        }
-    }
-}
-
-TEST_F(FormRenderer, AFormIsRenderedLaterIfAHandlerAsksDuringARender)
-{
-    TestForm form;
-    const auto field = form.add(makeViewElement<QLineEdit>(QString()));
-    const auto moved = form.add(makeViewElement<QLineEdit>(QString()));
-    const auto alsoMoved = form.add(makeViewElement<QLineEdit>(QString()));
-    render(form);
-    TestForm next;
-    const auto shown = next.add(makeViewElement<QLineEdit>(QString()));
-    struct Target : quor::platform::Trackable {
-    } target;
-    static_cast<Form&>(next).add(
-        target, [&](Target&, Form&, const std::any&) { renderer->render(next); },
-        FormEvent::internalNeedsRender);
-    QWidget otherWindow;
-    FormViewRenderer otherRenderer(Mode::normal, otherWindow, false);
-    TestForm other;
-    field->view()->setFocus();
-    QObject::connect(
-        qApp, &QApplication::focusChanged, &otherWindow,
-        [&] {
-            renderer->render(next);
-            for (const auto& element : {field, moved, alsoMoved})
-                other.add(element);
-            otherRenderer.render(other);
-        },
-        Qt::SingleShotConnection);
-    form.removeElement(*field);
-    form.removeElement(*moved);
-    renderer->render(form);
-    for (const auto& element : {field, moved, alsoMoved})
-        EXPECT_EQ(element->view()->parentWidget(), &otherWindow);
-    EXPECT_TRUE(waitFor([&] { return shown->view()->isVisible(); }));
 }
 
 TEST_F(FormRenderer, EveryRatioKeepsInputsBetweenTheMargins)
