@@ -4,6 +4,7 @@
 #include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Elements/FormButtonSelection.h"
 #include "FormKit_macOS/Elements/FormCheckBox.h"
+#include "FormKit_macOS/Elements/FormDatePicker.h"
 #include "FormKit_macOS/Elements/FormHintText.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormStateView.h"
@@ -38,7 +39,7 @@ std::shared_ptr<FormElementColorPicker> FormViewFactory::colorPicker() const
 
 std::shared_ptr<FormElementDatePicker> FormViewFactory::datePicker() const
 {
-    endWithout("FormDatePicker");
+    return makeElement<FormDatePicker>();
 }
 
 std::shared_ptr<FormElementDistanceInput> FormViewFactory::distanceInput() const
