@@ -8,6 +8,7 @@
 #include "FormKit_macOS/Elements/FormHintText.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormStateView.h"
+#include "FormKit_macOS/Elements/FormTextInput.h"
 
 #include <QtGlobal>
 
@@ -79,7 +80,7 @@ std::shared_ptr<FormElementSeparator> FormViewFactory::separator() const
 
 std::shared_ptr<FormElementTextInput> FormViewFactory::textInput() const
 {
-    endWithout("FormTextInput");
+    return makeElement<FormTextInput>();
 }
 
 std::shared_ptr<FormElementNumberInput> FormViewFactory::numberInput() const

@@ -2,6 +2,7 @@
 #include "View/MenuBarCustomMenu/Controls/MenuSearchView.h"
 
 #include "Platform/Resources/Tinting.h"
+#include "ToolKit_macOS/SearchGlass.h"
 #include "View/MenuBarCustomMenu/Drawing/MenuFont.h"
 #include "View/MenuBarCustomMenu/MenuResources.h"
 
@@ -100,13 +101,7 @@ void MenuSearchView::paintEvent(QPaintEvent* event)
         painter.setPen(platform::withAlpha(ink, 0.25));
         painter.setBrush(platform::withAlpha(ink, 0.07));
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius, cornerRadius);
-        // The magnifying glass: a ring and its handle.
-        const QRectF glass = glassFrame();
-        const qreal ring = glass.width() * 0.7;
-        painter.setPen(QPen(platform::withAlpha(ink, 0.6), glass.width() / 7, Qt::SolidLine, Qt::RoundCap));
-        painter.setBrush(Qt::NoBrush);
-        painter.drawEllipse(QRectF(glass.topLeft(), QSizeF(ring, ring)));
-        painter.drawLine(glass.topLeft() + QPointF(ring, ring) * 0.88, glass.bottomRight());
+        toolkit::drawSearchGlass(painter, glassFrame(), platform::withAlpha(ink, 0.6));
     }
     QLineEdit::paintEvent(event);
 }
