@@ -9,6 +9,7 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QInputMethodEvent>
+#include <QScrollArea>
 #include <QTest>
 #include <QToolButton>
 
@@ -160,7 +161,7 @@ TEST_F(FormInputs, ReturnIsToldOnceAndNotForTheKeypad)
     input->endEditing();
     EXPECT_FALSE(input->view()->hasFocus());
     input->setEnterPressed([&](FormElementTextInput& element) {
-        form_->removeElement(form_->elements().front());
+        form_->removeElement(*form_->elements().front());
         EXPECT_EQ(&element, input.get());
         input.reset();
     });
@@ -192,7 +193,7 @@ TEST_F(FormInputs, OpenCompositionsAreNoValueYet)
     const std::function<void()> interruptions[]
         = {[&] { render(); }, [&] { input->setEnabled(false); }, [&] { input->setValue(u"set"_s); },
             [&] {
-                form_->removeElement(input);
+                form_->removeElement(*input);
                 render();
             }};
     for (const auto& interrupt : interruptions) {
