@@ -242,7 +242,8 @@ TEST_F(MenuAndPeer, SearchStartRewindAndStop)
     ASSERT_TRUE(menu.click(u"30 minutes earlier"_s, 1));
     ASSERT_TRUE(menu.click(u"Stop 30 min. ago"_s));
     EXPECT_TRUE(runs({}));
-    EXPECT_TRUE(peer({u"list"_s}).contains(u"00:10:"_s)) << "what was left of it";
+    const QString tasks = peer({u"list"_s});
+    EXPECT_TRUE(tasks.contains(u"00:10:"_s)) << "what was left of it: " << qPrintable(tasks);
     EXPECT_TRUE(menu.closes());
     EXPECT_TRUE(typing.takes(u"y"_s));
 }
