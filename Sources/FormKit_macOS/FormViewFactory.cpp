@@ -6,6 +6,9 @@
 #include "FormKit_macOS/Elements/FormCheckBox.h"
 #include "FormKit_macOS/Elements/FormDatePicker.h"
 #include "FormKit_macOS/Elements/FormHintText.h"
+#include "FormKit_macOS/Elements/FormDistanceInput.h"
+#include "FormKit_macOS/Elements/FormMoneyInput.h"
+#include "FormKit_macOS/Elements/FormNumberInput.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormStateView.h"
 #include "FormKit_macOS/Elements/FormTextInput.h"
@@ -45,7 +48,7 @@ std::shared_ptr<FormElementDatePicker> FormViewFactory::datePicker() const
 
 std::shared_ptr<FormElementDistanceInput> FormViewFactory::distanceInput() const
 {
-    endWithout("FormDistanceInput");
+    return makeElement<FormDistanceInput>();
 }
 
 std::shared_ptr<FormElementDropDown> FormViewFactory::dropDown() const
@@ -65,7 +68,7 @@ std::shared_ptr<FormElementHintText> FormViewFactory::hintText() const
 
 std::shared_ptr<FormElementMoneyInput> FormViewFactory::moneyInput() const
 {
-    endWithout("FormMoneyInput");
+    return makeElement<FormMoneyInput>();
 }
 
 std::shared_ptr<FormElementMultilineTextInput> FormViewFactory::multilineTextInput() const
@@ -85,7 +88,7 @@ std::shared_ptr<FormElementTextInput> FormViewFactory::textInput() const
 
 std::shared_ptr<FormElementNumberInput> FormViewFactory::numberInput() const
 {
-    endWithout("FormNumberInput");
+    return makeElement<FormNumberInput>();
 }
 
 std::shared_ptr<FormElementButtonSelection> FormViewFactory::buttonSelection() const

@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit/Form.h"
+#include "FormKit_macOS/Elements/FormDistanceInput.h"
+#include "FormKit_macOS/Elements/FormMoneyInput.h"
+#include "FormKit_macOS/Elements/FormNumberInput.h"
 #include "FormKit_macOS/Elements/FormTextInput.h"
 #include "FormKit_macOS/FormViewFactory.h"
 #include "FormKit_macOS/Rendering/FormViewRenderer.h"
+#include "Platform/Text/NumberFormatter.h"
 #include "Support/WaitFor.h"
 
 #include <QApplication>
@@ -14,6 +18,9 @@
 #include <QToolButton>
 
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
 
 using namespace quor::formkit;
 using namespace Qt::StringLiterals;
@@ -206,6 +213,78 @@ TEST_F(FormInputs, OpenCompositionsAreNoValueYet)
         compose(*input->view(), {}, u"你"_s); // of an input method that has not noticed
         EXPECT_EQ(input->value().count(u'你'), 1);
     }
+}
+
+TEST_F(FormInputs, NumbersAreReadAndShownAsTheirFormattersDo)
+{
+    QLocale::setDefault(QLocale(u"de_DE"_s));
+    const auto number = form_->viewFactory()->numberInput();
+    const auto money = form_->viewFactory()->moneyInput();
+    const auto distance = form_->viewFactory()->distanceInput();
+    for (const auto& input : std::initializer_list<std::shared_ptr<FormElement>>{number, money, distance})
+        show(input);
+    number->setValue(5);
+    EXPECT_EQ(field(*number).text(), u"0"_s) << "without a formatter";
+    EXPECT_EQ(number->value(), 0);
+    number->setFormatter(std::make_shared<quor::platform::NumberFormatter>());
+    EXPECT_EQ(field(*money).text(), u"0,00\u00a0€"_s);
+    EXPECT_EQ(field(*distance).text(), u"0 km"_s);
+
+    struct Case {
+        FormElement& element;
+        std::function<double()> value;
+        QString typed;
+        double read;
+        QString shown;
+        int changes;
+    };
+    const auto ofNumber = [&] { return number->value(); };
+    const auto ofMoney = [&] { return money->value(); };
+    const auto ofDistance = [&] { return distance->value(); };
+    const QString much(100'000, u'7');
+    for (const auto& [element, value, typed, read, shown, changes] :
+        std::initializer_list<Case>{{*number, ofNumber, u" 1234,5 "_s, 1234.5, u"1.234,5"_s, 1},
+            {*number, ofNumber, u"1,23456"_s, 1.23456, u"1,235"_s, 2},
+            {*number, ofNumber, u"１２"_s, 12, u"12"_s, 1}, {*number, ofNumber, u"-٣"_s, -3, u"-3"_s, 1},
+            {*number, ofNumber, u" "_s, 0, u"0"_s, 1}, {*number, ofNumber, u"1 x"_s, 0, u"0"_s, 1},
+            {*number, ofNumber, much, 0, u"0"_s, 1}, {*number, ofNumber, u"5\r\n"_s, 5, u"5"_s, 1},
+            {*money, ofMoney, u"EUR 12"_s, 12, u"12,00\u00a0€"_s, 1},
+            {*money, ofMoney, u"abc"_s, 0, u"0,00\u00a0€"_s, 1},
+            {*money, ofMoney, u"1,005"_s, 1.005, u"1,00\u00a0€"_s, 2},
+            {*money, ofMoney, much, 0, u"0,00\u00a0€"_s, 1},
+            {*distance, ofDistance, u"2 miles"_s, 3218.688, u"3,22 km"_s, 2},
+            {*distance, ofDistance, u"12"_s, 12000, u"12 km"_s, 1},
+            {*distance, ofDistance, u"far"_s, -1, u"0 km"_s, 2}}) {
+        element.view()->setFocus();
+        QTest::keySequence(element.view(), QKeySequence::SelectAll);
+        changes_ = 0;
+        paste(*element.view(), typed);
+        EXPECT_EQ(value(), read) << qPrintable(typed.left(20));
+        element.view()->clearFocus();
+        EXPECT_EQ(field(element).text(), shown);
+        EXPECT_EQ(changes_, changes) << qPrintable(typed.left(20));
+    }
+    for (const double odd : {std::nan(""), HUGE_VAL, -HUGE_VAL}) {
+        number->setValue(odd);
+        money->setValue(odd);
+        distance->setValue(odd);
+        EXPECT_EQ(number->value() + money->value() + distance->value(), 0);
+    }
+    constexpr double largest = std::numeric_limits<double>::max();
+    number->setValue(largest);
+    money->setValue(largest);
+    EXPECT_EQ(number->value(), largest);
+    EXPECT_EQ(money->value(), largest);
+    money->setValue(1234.5);
+    money->setCurrencyCode(u"JPY"_s);
+    EXPECT_EQ(field(*money).text(), u"1.234\u00a0¥"_s);
+    money->setCurrencyCode({});
+    EXPECT_EQ(field(*money).text(), u"1.234"_s);
+    distance->setValue(-5000);
+    distance->view()->setFocus();
+    distance->view()->clearFocus();
+    EXPECT_EQ(field(*distance).text(), u"-5 km"_s) << "only left";
+    QLocale::setDefault(QLocale::c());
 }
 
 } // namespace

@@ -8,7 +8,7 @@ namespace quor::formkit {
 /// An input of a distance in the user's units.
 class FormElementDistanceInput : public virtual FormElement {
 public:
-    /// In the base unit of `DistanceFormatter`. 0 at first.
+    /// In metres. 0 at first. Negative while the text cannot be read.
     [[nodiscard]] virtual double value() const = 0;
     virtual void setValue(double value) = 0;
 };

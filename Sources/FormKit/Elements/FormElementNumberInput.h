@@ -14,11 +14,11 @@ namespace quor::formkit {
 /// An input of a number.
 class FormElementNumberInput : public virtual FormElement {
 public:
-    /// Turns the number into text and back. May be null.
+    /// Turns the number into text and back. Null at first: then the number is 0, whatever is set.
     [[nodiscard]] virtual std::shared_ptr<platform::NumberFormatter> formatter() const = 0;
     virtual void setFormatter(std::shared_ptr<platform::NumberFormatter> formatter) = 0;
 
-    /// 0 at first.
+    /// As the formatter reads the text. 0 at first, and while the text is not a number.
     [[nodiscard]] virtual double value() const = 0;
     virtual void setValue(double value) = 0;
 };

@@ -13,6 +13,7 @@ namespace quor::platform {
 namespace {
 
 constexpr int mostDigits = 340; // of a double
+constexpr qsizetype longestText = 1000; // no number needs more, and ICU takes quadratic time for digits
 
 struct CloseFormat {
     void operator()(UNumberFormat* format) const { unum_close(format); }
@@ -45,9 +46,15 @@ public:
         });
     }
 
+    void setUsesGroupingSeparator(bool uses)
+    {
+        if (format_)
+            unum_setAttribute(format_.get(), UNUM_GROUPING_USED, uses);
+    }
+
     [[nodiscard]] std::optional<double> number(QStringView text) const
     {
-        if (!format_)
+        if (!format_ || text.size() > longestText)
             return std::nullopt;
         UErrorCode status = U_ZERO_ERROR;
         int32_t read = 0;
@@ -103,6 +110,7 @@ NumberFormatter::Format& NumberFormatter::format() const
     if (!format_)
         format_ = std::make_unique<Format>(locale_);
     format_->setFractionDigits(minimum_, maximum_);
+    format_->setUsesGroupingSeparator(usesGroupingSeparator_);
     return *format_;
 }
 

@@ -28,11 +28,15 @@ public:
     void setMinimumFractionDigits(int digits);
     void setMaximumFractionDigits(int digits);
 
+    [[nodiscard]] bool usesGroupingSeparator() const { return usesGroupingSeparator_; }
+    /// Whether numbers are written with separators between groups of digits. True at first.
+    void setUsesGroupingSeparator(bool uses) { usesGroupingSeparator_ = uses; }
+
     /// Returns an empty text for infinity and NaN.
     [[nodiscard]] QString string(double value) const;
 
     /// The number that the whole text says. Returns `nullopt` if a part of the text, be it a blank, is left
-    /// over, and if the number is not finite.
+    /// over, if the number is not finite, and for texts of more than 1000 characters.
     [[nodiscard]] std::optional<double> number(const QString& text) const;
 
 private:
@@ -43,6 +47,7 @@ private:
     const QByteArray locale_;
     int minimum_ = 0;
     int maximum_ = 3;
+    bool usesGroupingSeparator_ = true;
     mutable std::unique_ptr<Format> format_; ///< null before the first call
 };
 

@@ -3,11 +3,9 @@
 
 #include "Platform/Text/ICUText.h"
 #include "ToolKit/Formatting/ICULocale.h"
+#include "ToolKit/Formatting/TypedNumber.h"
 
-#include <unicode/normalizer2.h>
-#include <unicode/numfmt.h>
 #include <unicode/plurrule.h>
-#include <unicode/uchar.h>
 
 #include <algorithm>
 #include <array>
@@ -22,29 +20,6 @@ namespace quor::toolkit {
 namespace {
 
 constexpr double unreadable = -1;
-constexpr qsizetype longestText = 1000; // no finite number needs more
-
-// Makes texts equal that differ in case, width, script of digits, kind of blanks and quotes, and invisible
-// marks.
-QString folded(const QString& text)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    const auto* normalizer = icu::Normalizer2::getNFKCCasefoldInstance(status);
-    if (U_FAILURE(status))
-        return {};
-    const auto normal = normalizer->normalize(platform::icuText(text), status);
-    if (U_FAILURE(status))
-        return {};
-    QString result;
-    for (int32_t at = 0; at < normal.length(); at = normal.moveIndex32(at, 1)) {
-        const UChar32 character = normal.char32At(at);
-        const int32_t digit = u_charDigitValue(character);
-        result += digit < 0 ? QChar::fromUcs4(static_cast<char32_t>(character))
-                            : QChar::fromUcs4(U'0' + static_cast<char32_t>(digit));
-    }
-    // To the characters on keyboards: feet, and abbreviations in Hebrew.
-    return result.replace(u'\u2032', u'\'').replace(u'\u05F4', u'"').simplified();
-}
 
 /// One or two numbers for each plural form of the language.
 std::vector<double> samples(const icu::Locale& locale)
@@ -64,52 +39,6 @@ std::vector<double> samples(const icu::Locale& locale)
         numbers.insert(numbers.end(), some.begin(), some.begin() + std::clamp(count, 0, 2));
     }
     return numbers;
-}
-
-/// Null if ICU has no data.
-std::unique_ptr<icu::DecimalFormat> strictFormat(const icu::Locale& locale)
-{
-    UErrorCode status = U_ZERO_ERROR;
-    std::unique_ptr<icu::NumberFormat> format(icu::NumberFormat::createInstance(locale, status));
-    std::unique_ptr<icu::DecimalFormat> decimal(dynamic_cast<icu::DecimalFormat*>(format.get()));
-    if (!decimal)
-        return nullptr;
-    (void)format.release();
-    decimal->setLenient(false);
-    return decimal;
-}
-
-/// Whether the text has a point or a comma that the locale uses for nothing. ICU would take it for a
-/// separator of thousands: "1.234" in French, where it can just as well be the decimal mark of another
-/// language.
-bool hasForeignMark(const QString& text, QChar decimal, QChar grouping)
-{
-    constexpr QStringView commas = u",\u066B\u066C"; // with those of Arabic, for which people type commas
-    const auto isUsed
-        = [&](QStringView marks) { return marks.contains(decimal) || marks.contains(grouping); };
-    return (text.contains(u'.') && !isUsed(u".")) || (text.contains(u',') && !isUsed(commas));
-}
-
-/// The number that the whole text says. Returns `nullopt` if a part of it is left over, and for a negative
-/// number.
-std::optional<double> strictNumber(QString text, const icu::DecimalFormat& format)
-{
-    const auto mark = [&format](icu::DecimalFormatSymbols::ENumberFormatSymbol symbol) {
-        return QChar(format.getDecimalFormatSymbols()->getConstSymbol(symbol).charAt(0));
-    };
-    const QChar separator = mark(icu::DecimalFormatSymbols::kGroupingSeparatorSymbol);
-    if (hasForeignMark(text, mark(icu::DecimalFormatSymbols::kDecimalSeparatorSymbol), separator))
-        return std::nullopt;
-    if (separator.isSpace())
-        text.replace(u' ', separator);
-    const icu::UnicodeString units = platform::icuText(text);
-    icu::Formattable value;
-    icu::ParsePosition at(0);
-    format.parse(units, value, at);
-    UErrorCode status = U_ZERO_ERROR;
-    const double number = at.getIndex() == units.length() ? value.getDouble(status) : unreadable;
-    return U_SUCCESS(status) && std::isfinite(number) && !std::signbit(number) ? std::optional(number)
-                                                                               : std::nullopt;
 }
 
 } // namespace
@@ -158,7 +87,7 @@ void DistanceReader::learn(const QString& text, double value, LengthUnit unit)
 
 double DistanceReader::distance(const QString& text) const
 {
-    if (text.size() > longestText || !numberFormat_)
+    if (text.size() > longestTypedNumber || !numberFormat_)
         return unreadable;
     const QString given = folded(text);
     for (const Pattern& pattern : patterns_) {
