@@ -113,6 +113,7 @@ void showDialog(benchmark::State& state)
     for (auto _ : state) {
         state.PauseTiming();
         std::vector<QLineEdit*> fields;
+        fields.reserve(rows);
         for (int row = 0; row < rows; ++row)
             fields.push_back(new QLineEdit);
         state.ResumeTiming();

@@ -241,9 +241,8 @@ TEST(FormBase, HasAnIdentityAndAView)
 TEST(FormItem, IsComparedByNameAndValueUnlessItIsASeparator)
 {
     const FormItem separator;
-    const FormItem copy = separator;
     EXPECT_TRUE(separator.isSeparator());
-    EXPECT_EQ(separator, copy);
+    EXPECT_EQ(separator, FormItem(separator));
     EXPECT_NE(separator, FormItem());
     EXPECT_EQ(FormItem(u"a"_s, 7), FormItem(u"a"_s, u"7"_s, false, 3, QColor(Qt::red)));
     EXPECT_NE(FormItem(u"a"_s, 7), FormItem(u"a"_s, 8));

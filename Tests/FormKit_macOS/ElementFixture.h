@@ -24,7 +24,7 @@ protected:
     template <class T, class... Arguments>
     std::shared_ptr<T> add(Arguments&&... arguments)
     {
-        const auto element = formkit::makeElement<T>(std::forward<Arguments>(arguments)...);
+        auto element = formkit::makeElement<T>(std::forward<Arguments>(arguments)...);
         form_->addElement(element);
         layout_->addWidget(element->view());
         return element;

@@ -38,7 +38,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
     const std::vector<Ending> endings{
         {"button",
             [](auto handler) {
-                const auto button = makeElement<FormButton>();
+                auto button = makeElement<FormButton>();
                 button->setTitle(u"Button"_s);
                 button->setButtonClickedHandler([handler](FormElementButton&) { handler(); });
                 return button;
@@ -46,7 +46,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             [&](QWidget& view) { clickChild(view.findChild<LargerButton*>()); }},
         {"selection",
             [](auto handler) {
-                const auto selection = makeElement<FormButtonSelection>();
+                auto selection = makeElement<FormButtonSelection>();
                 selection->setButtons({{1, u"One"_s}, {2, u"Two"_s}});
                 selection->setValueChanged([handler](FormElement&) { handler(); });
                 return selection;
@@ -54,7 +54,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             [&](QWidget& view) { clickChild(view.findChildren<Segment*>().last()); }},
         {"check box",
             [](auto handler) {
-                const auto box = makeElement<FormCheckBox>();
+                auto box = makeElement<FormCheckBox>();
                 box->setTitle(u"Box"_s);
                 box->setValueChanged([handler](FormElement&) { handler(); });
                 return box;
@@ -64,7 +64,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             }},
         {"link of a check box",
             [&](auto handler) {
-                const auto box = makeElement<FormCheckBox>();
+                auto box = makeElement<FormCheckBox>();
                 box->setTitle(link);
                 box->setLinkClicked([handler](const QUrl&) { handler(); });
                 return box;
@@ -72,7 +72,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             pressLink},
         {"radio button",
             [](auto handler) {
-                const auto radio = makeElement<FormRadioButton>();
+                auto radio = makeElement<FormRadioButton>();
                 radio->setValueChanged([handler](FormElement&) { handler(); });
                 return radio;
             },
@@ -81,7 +81,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             }},
         {"hint",
             [&](auto handler) {
-                const auto hint = makeElement<FormHintText>();
+                auto hint = makeElement<FormHintText>();
                 hint->setParseMarkdown(true);
                 hint->setValue(link);
                 hint->setLinkClicked([handler](const QUrl&) { handler(); });
@@ -90,7 +90,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             pressLink},
         {"state",
             [](auto handler) {
-                const auto state = makeElement<FormStateView>();
+                auto state = makeElement<FormStateView>();
                 state->setButtonTitle(u"Close"_s);
                 state->setAction(handler);
                 return state;
@@ -98,7 +98,7 @@ TEST_F(FormElements, ElementsMayEndInTheirHandlers)
             [&](QWidget& view) { clickChild(view.findChild<LargerButton*>()); }},
         {"title",
             [](auto handler) {
-                const auto title = makeElement<FormTitle>(FormTitle::TitleType::title, true);
+                auto title = makeElement<FormTitle>(FormTitle::TitleType::title, true);
                 title->setBackButtonHandler(handler);
                 return title;
             },

@@ -67,7 +67,7 @@ TEST_F(FormRenderer, AHandlerMayEndTheRendererWhileItRenders)
             const auto last = form.add(makeViewElement<QLineEdit>(QString()));
             form.setDefaultButton(field); // in the heading, if there is one
             auto view = std::make_unique<QWidget>();
-            FormViewRenderer* const rendering = new FormViewRenderer(each.mode, *view, false);
+            auto* const rendering = new FormViewRenderer(each.mode, *view, false);
             renderer.reset(rendering);
             rendering->render(form);
             view->show();

@@ -287,6 +287,7 @@ TEST_F(FormRenderer, SizesAreAskedOnceARow)
 {
     TestForm form;
     std::vector<const SizedView*> views;
+    views.reserve(4);
     for (int i = 0; i < 4; ++i)
         views.push_back(static_cast<SizedView*>(form.add(row(QStringLiteral("Row"), 20))->view()));
     render(form);

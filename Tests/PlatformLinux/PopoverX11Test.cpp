@@ -92,7 +92,7 @@ public:
     std::function<void(std::string_view)> during;
 
 private:
-    void call(std::string_view name)
+    void call(std::string_view name) const
     {
         if (const auto action = during)
             action(name);
@@ -397,7 +397,7 @@ TEST_F(PopoverX11Test, AnythingMayEndInAHandler)
             popover->setContentViewController(content);
             open();
             bool hasEnded = false;
-            const auto endOnce = [&] {
+            const auto endOnce = [&hasEnded, &end = end] {
                 if (!std::exchange(hasEnded, true))
                     end();
             };

@@ -5,6 +5,8 @@
 #include <FormKit/Elements/FormElementButtonSelection.h>
 #include <Platform/Lifetime/WhileAlive.h>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::gallery {
@@ -30,8 +32,8 @@ std::shared_ptr<formkit::Form> makeNewTask()
 
 std::shared_ptr<formkit::Form> makePeriod(int tag)
 {
-    const QString titleKeys[] = {u"PopoverDay"_s, u"PopoverWeek"_s, u"PopoverMonth"_s};
-    auto form = makeForm(titleKeys[tag], popoverWidth);
+    const std::array titleKeys{u"PopoverDay"_s, u"PopoverWeek"_s, u"PopoverMonth"_s};
+    auto form = makeForm(titleKeys.at(std::size_t(tag)), popoverWidth);
     addField(*form, u"PopoverTarget"_s, QString::number(tag == 0 ? 8 : tag == 1 ? 40 : 160));
     addCheckBox(*form, u"PopoverWarn"_s);
     return form;

@@ -7,6 +7,8 @@
 #include <FormKit_macOS/Elements/FormRadioButton.h>
 #include <FormKit_macOS/Elements/FormTitle.h>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace quor::gallery {
@@ -24,11 +26,11 @@ void addReminders(formkit::Form& form)
     auto heading = formkit::makeElement<formkit::FormTitle>(formkit::FormTitle::TitleType::title, false);
     heading->setText(text(u"RowsReminders"_s));
     form.addElement(std::move(heading));
-    const QString keys[] = {u"RowsRemindAtStart"_s, u"RowsRemindAtEnd"_s, u"RowsRemindNever"_s};
+    const std::array keys{u"RowsRemindAtStart"_s, u"RowsRemindAtEnd"_s, u"RowsRemindNever"_s};
     for (const QString& key : keys) {
         auto choice = formkit::makeElement<formkit::FormRadioButton>();
         choice->setTitle(text(key));
-        if (key == keys[0]) {
+        if (key == keys.front()) {
             choice->setLabel(text(u"RowsRemind"_s));
             choice->setOn(true);
         }

@@ -86,11 +86,11 @@ void ViewController::dismiss(ViewController& controller)
 bool ViewController::performCancel()
 {
     const QPointer<ViewController> self = this;
-    // Copies, since a hook may change the children.
-    const auto children = children_;
-    for (auto child = children.rbegin(); child != children.rend(); ++child) {
-        const auto* childView = (*child)->viewIfLoaded();
-        if (childView && childView->isVisible() && (*child)->performCancel())
+    // A copy, since a hook may change the children.
+    const std::vector lastFirst(children_.rbegin(), children_.rend());
+    for (const auto& child : lastFirst) {
+        const auto* childView = child->viewIfLoaded();
+        if (childView && childView->isVisible() && child->performCancel())
             return true;
         if (!self)
             return true;
