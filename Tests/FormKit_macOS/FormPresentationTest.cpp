@@ -378,6 +378,42 @@ TEST_F(FormPresentationTest, EveryPartCanEndWithinAHandlerOrWhileSomethingIsUnde
             container.reset();
             window.reset();
         },
+        [&] { // within a render that takes the focus from a button
+            form->button->button()->setFocus();
+            form->button->setHidden(false);
+            form->removeElement(*form->button);
+            QObject::connect(
+                qApp, &QApplication::focusChanged, window.get(), [&] { endAll(); }, Qt::SingleShotConnection);
+            EXPECT_TRUE(waitFor([&] { return !form; }));
+        },
+        [&] { // within the end of the focus of a button that is hidden
+            form->button->button()->setFocus();
+            const auto button = form->button;
+            QObject::connect(
+                qApp, &QApplication::focusChanged, window.get(), [&] { endAll(); }, Qt::SingleShotConnection);
+            button->setHidden(true);
+        },
+        [&] { // within a click that moves the focus
+            form->button->button()->setFocus();
+            QObject::connect(
+                qApp, &QApplication::focusChanged, window.get(), [&] { window.reset(); },
+                Qt::SingleShotConnection);
+            QTest::mouseClick(&form->field(), Qt::LeftButton);
+        },
+        [&] { // a view that a stack still needs
+            for (const bool isWhole : {true, false}) {
+                form->showForm(std::make_shared<OtherForm>(u"Third"_s));
+                delete (isWhole ? &container->view()
+                                : container->formRenderViewControllers().back()->viewIfLoaded());
+                container->pop();
+                EXPECT_EQ(depth(), 1U);
+                delete root().viewIfLoaded();
+                form->showForm(second);
+                delete root().viewIfLoaded();
+                container->pop();
+                EXPECT_TRUE(root().viewIfLoaded());
+            }
+        },
         [&] { // during a slide, with a popover
             form->presentForm(second);
             form->showForm(std::make_shared<OtherForm>(u"Third"_s));

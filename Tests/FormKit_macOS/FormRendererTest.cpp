@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "FormKit/Elements/FormElementDetailInfoButton.h"
 #include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Elements/FormCheckBox.h"
 #include "FormKit_macOS/Elements/FormRadioButton.h"
@@ -23,27 +22,6 @@ using Layout = Form::Layout;
 using Mode = FormViewRenderer::RenderMode;
 
 namespace {
-
-class Detail final : public FormDetailElement {
-public:
-    explicit Detail(QSize size)
-        : view_(quor::platform::makeWidget<SizedView>(size))
-    {
-    }
-    QWidget* view() const override { return view_.get(); }
-    bool enabled() const override { return enabled_; }
-    void setEnabled(bool enabled) override { enabled_ = enabled; }
-    QString toolTip() const override { return {}; }
-    void setToolTip(const QString&) override { }
-    bool hasChanges() const override { return false; }
-    void setHasChanges(bool) override { }
-    ValueChanged valueChanged() const override { return {}; }
-    void setValueChanged(ValueChanged) override { }
-
-private:
-    quor::platform::WidgetHandle<SizedView> view_;
-    bool enabled_ = true;
-};
 
 TEST_F(FormRenderer, PlacesInputsBesideTheirLabels)
 {
@@ -281,6 +259,11 @@ TEST_F(FormRenderer, RenderKeepsFocusCaretAndSelection)
     render(form);
     EXPECT_TRUE(first->view()->isVisible());
     EXPECT_EQ(focusChanges, 0);
+    const auto last = form.add(makeViewElement<QLineEdit>(QStringLiteral("Last")));
+    render(form);
+    form.removeElement(*second);
+    render(form);
+    EXPECT_TRUE(last->view()->hasFocus()) << "the row after the one that left";
 }
 
 TEST_F(FormRenderer, SizesAreAskedOnceARow)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FormKit/FormDetailElement.h"
 #include "FormKit_macOS/Rendering/FormViewRenderer.h"
 #include "TestForm.h"
 
@@ -9,6 +10,27 @@
 #include <gtest/gtest.h>
 
 namespace quor::test {
+
+class Detail final : public formkit::FormDetailElement {
+public:
+    explicit Detail(QSize size)
+        : view_(platform::makeWidget<SizedView>(size))
+    {
+    }
+    QWidget* view() const override { return view_.get(); }
+    bool enabled() const override { return enabled_; }
+    void setEnabled(bool enabled) override { enabled_ = enabled; }
+    QString toolTip() const override { return {}; }
+    void setToolTip(const QString&) override { }
+    bool hasChanges() const override { return false; }
+    void setHasChanges(bool) override { }
+    ValueChanged valueChanged() const override { return {}; }
+    void setValueChanged(ValueChanged) override { }
+
+private:
+    platform::WidgetHandle<SizedView> view_;
+    bool enabled_ = true;
+};
 
 /// A form in a window of 400 by 300 pixels.
 class FormRenderer : public testing::Test {

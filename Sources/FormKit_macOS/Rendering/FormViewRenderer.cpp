@@ -11,11 +11,12 @@
 #include "Platform/Lifetime/WhileAlive.h"
 #include "ToolKit_macOS/FlippedView.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 
+#include <algorithm>
 #include <optional>
 #include <unordered_set>
 
@@ -114,18 +115,28 @@ void FormViewRenderer::render(Form& form)
     isRendering_ = true;
     form.setNeedsRender(false);
     const bool toTop = !form.noticeElements().empty();
-    // Views that are disabled or leave may run handlers of the application, which may end the renderer.
-    auto elements = disableAndCollect(form, mode_);
+    auto elements = collect(form, mode_);
+    const Form::Elements lastTitles = titleElements_; // their end may run handlers, too
+    if (!form.elements().empty())
+        makeTitleElements(form);
+    // Views that lose the focus or are disabled may run handlers of the application, which may delete views,
+    // and end the renderer.
+    const auto nextControls = takeFocusFromLeavingView(form, elements);
+    if (life)
+        disable(form, titleElements_);
     if (!life)
         return;
+    if (!view_ || !rowLayout_) {
+        isRendering_ = false;
+        return;
+    }
     const auto lastElements = std::exchange(renderedElements_, std::move(elements));
     std::vector<FormKeyboardLoop::Row> loop;
     const bool isEmpty = form.elements().empty();
     if (isEmpty) {
         clear();
     } else {
-        makeTitleElements(form);
-        if (life && headingLayout_)
+        if (headingLayout_)
             placeHeading(form, loop);
         if (life && rowLayout_)
             placeRows(form, loop);
@@ -140,20 +151,16 @@ void FormViewRenderer::render(Form& form)
     if (Form* const refused = std::exchange(refusedForm_, {}).get())
         platform::MainQueue::async(
             platform::whileAlive(*refused, [refused] { refused->setNeedsRender(true); }));
+    focusFirstOf(nextControls);
 }
 
-Form::Elements FormViewRenderer::disableAndCollect(const Form& form, RenderMode mode)
+Form::Elements FormViewRenderer::collect(const Form& form, RenderMode mode)
 {
     Form::Elements walk = form.noticeElements();
     walk.insert(walk.end(), form.elements().begin(), form.elements().end());
     Form::Elements collected;
     bool isLastSeparator = false;
     for (const auto& element : walk) {
-        if (!form.enabled()) {
-            element->setEnabled(false);
-            if (const auto detail = element->detailElement())
-                detail->setEnabled(false);
-        }
         if (mode == RenderMode::stickyHeaders && element == form.defaultButton())
             continue;
         const bool isSeparator = dynamic_cast<const FormElementSeparator*>(element.get()) != nullptr;
@@ -163,6 +170,76 @@ Form::Elements FormViewRenderer::disableAndCollect(const Form& form, RenderMode 
         collected.push_back(element);
     }
     return collected;
+}
+
+void FormViewRenderer::disable(const Form& form, Form::Elements titleElements)
+{
+    const bool isEnabled = form.enabled();
+    Form::Elements elements;
+    if (!isEnabled) {
+        elements = form.noticeElements();
+        elements.insert(elements.end(), form.elements().begin(), form.elements().end());
+    }
+    for (const auto& element : elements) {
+        element->setEnabled(false);
+        if (const auto detail = element->detailElement())
+            detail->setEnabled(false);
+    }
+    for (const auto& element : titleElements)
+        element->setEnabled(isEnabled);
+}
+
+FormViewRenderer::Views FormViewRenderer::takeFocusFromLeavingView(
+    const Form& form, const Form::Elements& elements) const
+{
+    QWidget* const focused = QApplication::focusWidget();
+    if (!focused || (form.enabled() && staysInPlace(*focused, form, elements)))
+        return {};
+    Views following;
+    for (QWidget* next = focused->nextInFocusChain(); next != focused; next = next->nextInFocusChain()) {
+        if (view_->isAncestorOf(next) && (next->focusPolicy() & Qt::TabFocus) && !next->focusProxy())
+            following.emplace_back(next);
+    }
+    // Qt would give the focus to one view after the other in the midst of the render.
+    focused->clearFocus();
+    return following;
+}
+
+bool FormViewRenderer::staysInPlace(
+    const QWidget& focused, const Form& form, const Form::Elements& elements) const
+{
+    const auto contains
+        = [&](const QWidget* view) { return view && (view == &focused || view->isAncestorOf(&focused)); };
+    const QWidget* const container = rowLayout_->parentWidget();
+    const bool isInView = view_->isAncestorOf(&focused);
+    for (const auto& element : titleElements_) {
+        if (contains(element->view()))
+            return isInView && !form.elements().empty();
+    }
+    for (const auto& button : headingButtons_) {
+        if (contains(button->button()) && isInView)
+            return form.defaultButton() && !titleElements_.empty() && !form.elements().empty()
+                && (button == form.defaultButton() || button == form.cancelButton());
+    }
+    for (const auto& element : elements) {
+        const auto detail = element->detailElement();
+        for (const QWidget* const view : {element->view(), detail ? detail->view() : nullptr}) {
+            if (contains(view))
+                return view->parentWidget() == container && !form.elements().empty();
+        }
+    }
+    return !isInView;
+}
+
+void FormViewRenderer::focusFirstOf(const Views& controls) const
+{
+    if (QApplication::focusWidget() || !view_)
+        return;
+    const auto found = std::find_if(controls.begin(), controls.end(), [this](const auto& control) {
+        return control && view_->isAncestorOf(control) && control->isVisible() && control->isEnabled();
+    });
+    if (found != controls.end())
+        (*found)->setFocus(Qt::TabFocusReason);
 }
 
 void FormViewRenderer::clear()
@@ -206,9 +283,6 @@ void FormViewRenderer::makeTitleElements(const Form& form)
     } else if (mode_ == RenderMode::normal) {
         addSeparator(true);
     }
-    const auto elements = titleElements_;
-    for (const auto& element : elements)
-        element->setEnabled(form.enabled());
 }
 
 void FormViewRenderer::placeHeading(const Form& form, std::vector<FormKeyboardLoop::Row>& loop)

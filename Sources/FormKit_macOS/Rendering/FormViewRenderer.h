@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <vector>
 
 class QScrollArea;
 
@@ -68,7 +69,15 @@ public:
 private:
     using Labels = std::unordered_map<const FormElement*, platform::WidgetHandle<FormRowLabel>>;
 
-    static Form::Elements disableAndCollect(const Form& form, RenderMode mode);
+    using Views = std::vector<QPointer<QWidget>>;
+
+    static Form::Elements collect(const Form& form, RenderMode mode);
+    static void disable(const Form& form, Form::Elements titleElements);
+    /// Clears the focus if its view will not stay where it is. Returns the controls that follow it then.
+    [[nodiscard]] Views takeFocusFromLeavingView(const Form& form, const Form::Elements& elements) const;
+    [[nodiscard]] bool staysInPlace(
+        const QWidget& focused, const Form& form, const Form::Elements& elements) const;
+    void focusFirstOf(const Views& controls) const;
     void clear();
     void makeTitleElements(const Form& form);
     void placeHeading(const Form& form, std::vector<FormKeyboardLoop::Row>& loop);
