@@ -5,6 +5,7 @@
 #include "FormKit_macOS/Elements/FormButtonSelection.h"
 #include "FormKit_macOS/Elements/FormCheckBox.h"
 #include "FormKit_macOS/Elements/FormDatePicker.h"
+#include "FormKit_macOS/Elements/FormDurationInput.h"
 #include "FormKit_macOS/Elements/FormHintText.h"
 #include "FormKit_macOS/Elements/FormDistanceInput.h"
 #include "FormKit_macOS/Elements/FormMoneyInput.h"
@@ -58,7 +59,7 @@ std::shared_ptr<FormElementDropDown> FormViewFactory::dropDown() const
 
 std::shared_ptr<FormElementDurationInput> FormViewFactory::durationInput() const
 {
-    endWithout("FormDurationInput");
+    return makeElement<FormDurationInput>();
 }
 
 std::shared_ptr<FormElementHintText> FormViewFactory::hintText() const

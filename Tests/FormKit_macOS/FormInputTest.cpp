@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit/Form.h"
 #include "FormKit_macOS/Elements/FormDistanceInput.h"
+#include "FormKit_macOS/Elements/FormDualInput.h"
+#include "FormKit_macOS/Elements/FormDurationInput.h"
 #include "FormKit_macOS/Elements/FormMoneyInput.h"
 #include "FormKit_macOS/Elements/FormNumberInput.h"
 #include "FormKit_macOS/Elements/FormTextInput.h"
@@ -52,6 +54,13 @@ protected:
     static InputField& field(const FormElement& element, std::size_t index = 0)
     {
         return *qobject_cast<InputField*>(element.focusableViews()[index]);
+    }
+    static QString texts(const FormElement& element)
+    {
+        QStringList texts;
+        for (std::size_t i = 0; i < element.focusableViews().size(); ++i)
+            texts += field(element, i).text();
+        return texts.join(u' ');
     }
     static void compose(QWidget& view, const QString& preedit, const QString& commit = {})
     {
@@ -285,6 +294,149 @@ TEST_F(FormInputs, NumbersAreReadAndShownAsTheirFormattersDo)
     distance->view()->clearFocus();
     EXPECT_EQ(field(*distance).text(), u"-5 km"_s) << "only left";
     QLocale::setDefault(QLocale::c());
+}
+
+TEST_F(FormInputs, DurationsAreShownInTheirUnitsAndReadBack)
+{
+    struct Case {
+        double workingDay;
+        double seconds;
+        QString shown;
+        double read;
+    };
+    const auto input = show(form_->viewFactory()->durationInput());
+    EXPECT_EQ(input->value(), 0);
+    for (const auto& [workingDay, seconds, shown, read] :
+        std::initializer_list<Case>{{28800, 100000, u"3 3 46"_s, 99960}, {0, 100000, u"27 46"_s, 99960},
+            {0, -5400, u"-1 -30"_s, -5400}, {28800, -100000, u"-3 -3 -46"_s, -99960},
+            {28800, -60, u"0 0 -1"_s, -60}, {-1, 59.9, u"0 0"_s, 0}, {0, std::nan(""), u"0 0"_s, 0},
+            {NAN, HUGE_VAL, u"0 0"_s, 0},
+            {0, std::ldexp(3600, 60), u"1152921504606847000 0"_s, std::ldexp(3600, 60)}}) {
+        input->setValue(60);
+        input->setWorkingDayLength(workingDay);
+        EXPECT_EQ(input->value(), 0);
+        EXPECT_TRUE(field(*input).text().isEmpty());
+        input->setValue(seconds);
+        EXPECT_EQ(texts(*input), shown);
+        EXPECT_EQ(input->value(), read);
+    }
+    input->setValue(std::numeric_limits<double>::max());
+    EXPECT_TRUE(std::isfinite(input->value()));
+    EXPECT_EQ(changes_, 0);
+}
+
+TEST_F(FormInputs, DurationsAreTypedSteppedAndPasted)
+{
+    const auto input = show(form_->viewFactory()->durationInput());
+    input->setWorkingDayLength(28800);
+    render();
+    field(*input, 1).setFocus();
+    QTest::keyClicks(&field(*input, 1), u"2"_s);
+    EXPECT_EQ(input->value(), 7200) << "while the field is being edited";
+    for (const auto& [key, shown] :
+        std::initializer_list<std::pair<Qt::Key, QString>>{{Qt::Key_Up, u"3"_s}, {Qt::Key_Down, u"2"_s},
+            {Qt::Key_Down, u"1"_s}, {Qt::Key_Down, u"0"_s}, {Qt::Key_Down, u"0"_s}}) {
+        QTest::keyClick(&field(*input, 1), key);
+        EXPECT_EQ(field(*input, 1).text(), shown);
+    }
+    EXPECT_EQ(changes_, 5);
+    for (const auto& [typed, shown, read] : std::initializer_list<std::tuple<QString, QString, double>>{
+             {u"90"_s, u"0 90 0"_s, 324000}, {u"1.5"_s, u"0 1 30"_s, 5400}, {u" ٣ "_s, u"0 3 0"_s, 10800},
+             {u"x"_s, u"0 0 0"_s, 0}, {QString(100'000, u'7'), u"0 0 0"_s, 0}, {u"1:30"_s, u"0 1 30"_s, 5400},
+             {u"1h 30m"_s, u"0 1 30"_s, 5400}, {u"90m"_s, u"0 1 30"_s, 5400},
+             {u"-1:30"_s, u"0 -1 -30"_s, -5400}, {u"1d 2h"_s, u"1 2 0"_s, 36000},
+             {u"10 hours\n"_s, u"1 2 0"_s, 36000}, {u"1d"_s, u"1 0 0"_s, 28800}}) {
+        input->setValue(0);
+        field(*input, 1).setFocus();
+        QTest::keySequence(&field(*input, 1), QKeySequence::SelectAll);
+        paste(field(*input, 1), typed);
+        QApplication::focusWidget()->clearFocus();
+        EXPECT_EQ(texts(*input), shown) << qPrintable(typed.left(20));
+        EXPECT_EQ(input->value(), read);
+    }
+    field(*input, 2).setFocus();
+    changes_ = 0;
+    paste(field(*input, 2), u"1.001h"_s);
+    field(*input, 2).clear();
+    EXPECT_EQ(input->value(), 28800 * 0 + 3600) << "an empty field is 0";
+    compose(field(*input, 2), u"5"_s);
+    input->setEnabled(false);
+    render();
+    EXPECT_EQ(input->value(), 3600);
+}
+
+TEST_F(FormInputs, TheLockOfADurationKeepsTheFieldsFromTheUser)
+{
+    auto input = show(form_->viewFactory()->durationInput());
+    auto* const lock = input->view()->findChild<QToolButton*>();
+    EXPECT_TRUE(lock->isHidden());
+    input->setHideLock(false);
+    int clicks = 0;
+    input->setLockButtonClicked([&] { ++clicks; });
+    const auto states = [&] {
+        return std::tuple(
+            input->isLocked(), lock->isChecked(), field(*input).isEnabled(), field(*input, 1).isEnabled());
+    };
+    const auto locked = std::tuple(true, true, false, false);
+    const auto unlocked = std::tuple(false, false, true, true);
+    QTest::keyClicks(&field(*input), u"1.5"_s);
+    QTest::mouseClick(lock, Qt::LeftButton);
+    EXPECT_EQ(states(), locked);
+    EXPECT_EQ(texts(*input), u"1 30"_s);
+    QTest::keyClick(lock, Qt::Key_Return);
+    EXPECT_EQ(states(), unlocked);
+    EXPECT_EQ(clicks, 2);
+    input->setEnabled(false);
+    EXPECT_FALSE(lock->isEnabled());
+    input->setLocked(true);
+    input->setEnabled(true);
+    input->setLocked(true);
+    EXPECT_EQ(states(), locked);
+    input->setWorkingDayLength(28800);
+    EXPECT_EQ(states(), locked);
+    input->setHideLock(true);
+    EXPECT_EQ(states(), unlocked);
+    input->setLockButtonClicked([&] {
+        form_->removeElement(*input);
+        input.reset();
+    });
+    lock->click();
+    EXPECT_EQ(input, nullptr);
+}
+
+TEST_F(FormInputs, TwoElementsShareARowOnOneBaseline)
+{
+    const auto left = form_->viewFactory()->textInput();
+    const auto right = form_->viewFactory()->durationInput();
+    const auto row = makeElement<FormDualInput>(left, right);
+    show<FormElement>(row);
+    EXPECT_EQ(
+        row->focusableViews(), (std::vector<QWidget*>{left->view(), &field(*right), &field(*right, 1)}));
+    EXPECT_GE(right->view()->x(), left->view()->geometry().right() + 8);
+    EXPECT_EQ(left->view()->y() + *firstBaseline(*left->view()),
+        right->view()->y() + *firstBaseline(*right->view()));
+    EXPECT_EQ(row->view()->height(), std::max(left->view()->height(), right->view()->height()));
+    window_.setLayoutDirection(Qt::RightToLeft);
+    QApplication::sendPostedEvents();
+    EXPECT_GT(left->view()->x(), right->view()->x());
+
+    right->setHasChanges(true);
+    EXPECT_TRUE(row->hasChanges());
+    form_->resetChanges();
+    EXPECT_FALSE(right->hasChanges());
+    row->setEnabled(false);
+    EXPECT_FALSE(left->enabled() || right->enabled());
+    left->setType(TextInputType::search);
+    render();
+    EXPECT_EQ(left->view()->parentWidget(), row->view());
+    right->setHidden(true);
+    EXPECT_TRUE(waitFor([&] { return left->view()->width() == row->view()->width(); }));
+    row->setHidden(true);
+    render();
+    EXPECT_TRUE(left->isHidden() && !row->view()->isVisible());
+    row->setHidden(false);
+    render();
+    EXPECT_TRUE(left->view()->isVisible() && right->view()->isVisible());
 }
 
 } // namespace
