@@ -53,6 +53,7 @@ void Form::setEnabled(bool enabled)
     } else {
         const auto states = std::exchange(elementEnabledStates_, {});
         const Elements elements = elements_;
+        const auto alive = life(); // controls may run handlers when they are enabled
         if (states.size() == elements.size()) {
             for (std::size_t i = 0; i < states.size(); ++i) {
                 elements[i]->setEnabled(states[i]);
@@ -60,6 +61,8 @@ void Form::setEnabled(bool enabled)
                     detail->setEnabled(states[i]);
             }
         }
+        if (alive.expired())
+            return;
     }
     setNeedsRender(true);
 }
@@ -140,9 +143,8 @@ void Form::insertElement(Element element, const FormElement& other)
 
 void Form::insertElement(Element element, std::size_t index)
 {
-    if (!element)
+    if (!element || !changeElements(*element, this))
         return;
-    changeElements(*element, this);
     elements_.insert(
         elements_.begin() + std::ptrdiff_t(std::min(index, elements_.size())), std::move(element));
     elementEnabledStates_.clear();
@@ -154,15 +156,18 @@ void Form::removeElement(FormElement& element)
     // The list may hold the last reference to the element.
     const auto found = std::find_if(elements_.begin(), elements_.end(), isElement);
     const Element kept = found == elements_.end() ? nullptr : *found;
-    changeElements(element, nullptr);
+    if (!changeElements(element, nullptr))
+        return;
     std::erase_if(elements_, isElement);
     elementEnabledStates_.clear();
 }
 
-void Form::changeElements(FormElement& element, Form* form)
+bool Form::changeElements(FormElement& element, Form* form)
 {
+    const auto alive = life();
     element.setForm(form);
     setNeedsRender(true);
+    return !alive.expired();
 }
 
 void Form::removeValueChanged(FormElement& element)

@@ -146,7 +146,8 @@ public:
 
 private:
     void append(Element notice);
-    void changeElements(FormElement& element, Form* form);
+    /// Returns whether this form still exists: a target of its event may have ended it.
+    [[nodiscard]] bool changeElements(FormElement& element, Form* form);
 
     std::optional<QString> title_;
     std::optional<QString> subtitle_;

@@ -152,6 +152,28 @@ TEST_F(FormTest, EveryEntryOfAnElementIsRemovedEvenByItsLastOwner)
     EXPECT_EQ(form_->elements().size(), 2U);
 }
 
+TEST_F(FormTest, ATargetOfItsEventsMayEndTheForm)
+{
+    const std::function<void(Form&)> changes[] = {
+        [&](Form& form) { form.addElement(makeElement<Row>()); },
+        [&](Form& form) { form.insertElement(makeElement<Row>(), *first_); },
+        [&](Form& form) { form.removeElement(*first_); },
+        [&](Form& form) { form.setEnabled(true); },
+        [&](Form& form) { form.addNotice(u"n"_s, Qt::red); },
+        [&](Form& form) { form.removeAllNotices(); },
+        [&](Form& form) { first_->setHidden(!first_->isHidden()), (void)form; },
+    };
+    for (const auto& change : changes) {
+        form_ = std::make_shared<Form>(u"Title"_s, std::make_shared<FormViewFactory>(), 300, 0.6);
+        form_->addElement(first_);
+        form_->add(
+            presenter_, [&](Presenter&, Form&, const std::any&) { form_.reset(); },
+            FormEvent::internalNeedsRender);
+        change(*form_);
+        EXPECT_EQ(form_, nullptr) << &change - changes;
+    }
+}
+
 TEST_F(FormTest, ChangesAreAskedForInOrder)
 {
     const auto third = makeElement<Row>();

@@ -12,6 +12,8 @@
 #include "FormKit_macOS/Elements/FormTitle.h"
 #include "Support/WaitFor.h"
 
+#include <QLineEdit>
+
 using namespace quor::formkit;
 using namespace Qt::StringLiterals;
 using quor::test::FormElements;
@@ -156,6 +158,30 @@ TEST_F(FormElements, ElementsOutliveAParentThatDeletesTheirViews)
     state->setEnabled(false);
     separator->setTransparent(true);
     EXPECT_EQ(button->title() + box->title() + hint->value() + state->title(), u"aaaa"_s);
+}
+
+TEST_F(FormElements, AHandlerMayEndAnElementThatIsBeingHidden)
+{
+    layout_->addWidget(new QLineEdit); // to which the focus goes
+    for (const bool isButton : {true, false}) {
+        std::shared_ptr<FormElement> element;
+        if (isButton)
+            element = add<FormButton>();
+        else
+            element = add<FormCheckBox>();
+        if (!window_.isVisible())
+            show();
+        element->view()->show();
+        auto* const control = element->view()->findChild<QAbstractButton*>();
+        control->setFocus();
+        ASSERT_TRUE(control->hasFocus());
+        form_->removeElement(*element);
+        QObject::connect(
+            qApp, &QApplication::focusChanged, control, [&] { element.reset(); }, Qt::SingleShotConnection);
+        FormElement& hidden = *element;
+        hidden.setHidden(true);
+        EXPECT_EQ(element, nullptr);
+    }
 }
 
 TEST(FormViewFactory, EndsTheProgramForAnElementThatIsMissing)

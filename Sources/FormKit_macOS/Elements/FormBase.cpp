@@ -21,11 +21,14 @@ void FormBase::setForm(Form* form)
 
 void FormBase::setHidden(bool hidden)
 {
+    const auto alive = life(); // the end of the focus may run handlers
     const bool changes = hidden != isHidden_;
     isHidden_ = hidden;
     // A view without a parent would become a window.
     if (QWidget* const shown = view(); hidden || shown->parentWidget())
         shown->setHidden(hidden);
+    if (alive.expired())
+        return;
     if (Form* const owner = form(); changes && owner)
         owner->setNeedsRender(true);
 }

@@ -79,8 +79,9 @@ void FormButton::setHasDestructiveAction(bool hasDestructiveAction)
 
 void FormButton::setHidden(bool hidden)
 {
+    const auto alive = life();
     FormBase::setHidden(hidden);
-    if (button_ && button_->parentWidget())
+    if (!alive.expired() && button_ && button_->parentWidget())
         button_->setHidden(hidden);
 }
 
