@@ -20,6 +20,9 @@ const std::vector<Page>& pages()
         {u"navigation"_s, u"PageNavigation"_s, makeNavigation},
         {u"popover-button"_s, u"PagePopoverButton"_s, makePopoverFromButton},
         {u"popover-segment"_s, u"PagePopoverSegment"_s, makePopoverFromSegment},
+        {u"text-inputs"_s, u"PageTextInputs"_s, makeTextInputs},
+        {u"number-inputs"_s, u"PageNumberInputs"_s, makeNumberInputs},
+        {u"duration-inputs"_s, u"PageDurationInputs"_s, makeDurationInputs},
         {u"many-rows"_s, u"PageManyRows"_s, makeManyRows},
     };
     return list;

@@ -16,6 +16,9 @@ namespace quor::gallery {
 [[nodiscard]] std::shared_ptr<formkit::Form> makeNavigation(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makePopoverFromButton(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makePopoverFromSegment(platform::ColorScheme scheme);
+[[nodiscard]] std::shared_ptr<formkit::Form> makeTextInputs(platform::ColorScheme scheme);
+[[nodiscard]] std::shared_ptr<formkit::Form> makeNumberInputs(platform::ColorScheme scheme);
+[[nodiscard]] std::shared_ptr<formkit::Form> makeDurationInputs(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeManyRows(platform::ColorScheme scheme);
 
 } // namespace quor::gallery
