@@ -24,7 +24,7 @@ namespace {
 /// Qt needs the square of a word's length to find that it has to break within the word.
 QTextOption::WrapMode wrapModeFor(const QString& text)
 {
-    constexpr int longestWord = 4000;
+    constexpr int longestWord = 1000;
     int length = 0;
     for (const QChar character : text) {
         length = character.isSpace() ? 0 : length + 1;
