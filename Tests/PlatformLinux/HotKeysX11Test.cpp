@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "OtherWindow.h"
 #include "Platform/Linux/HotKeys/X11HotKeys.h"
+#include "Platform/Linux/Keyboard/XkbKeyboardLayout.h"
 #include "Support/WaitFor.h"
 #include "ToolKit_macOS/GlobalHotKeyManager.h"
 #include "Xdotool.h"
@@ -8,6 +9,11 @@
 #include <gmock/gmock.h>
 
 #include <memory>
+
+// The header uses a keyword of C++ as a name.
+#define explicit explicit_
+#include <xcb/xkb.h>
+#undef explicit
 
 using namespace Qt::StringLiterals;
 using namespace quor::platform;
@@ -49,6 +55,13 @@ protected:
         const auto cookie = xcb_grab_key_checked(
             other.x, 0, other.root, modifiers, x11KeyB, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
         return !x11Reply(xcb_request_check(other.x, cookie));
+    }
+    /// Switches to the first or second of two layouts.
+    void useLayout(std::uint8_t index)
+    {
+        xcb_xkb_use_extension(other.x, 1, 0);
+        xcb_xkb_latch_lock_state(other.x, XCB_XKB_ID_USE_CORE_KBD, 0, 0, 1, index, 0, 0, 0);
+        other.sync();
     }
     bool fires(std::size_t count)
     {
@@ -122,9 +135,11 @@ TEST_F(HotKeysX11Test, FollowsTheLayoutAndTheModifiersOfTheKeyboard)
     ASSERT_TRUE(run(u"setxkbmap -layout de"_s));
     xdotool(u"key super+y"_s);
     EXPECT_TRUE(fires(1));
-    ASSERT_TRUE(run(u"setxkbmap -layout us,de -option grp:caps_toggle"_s));
-    xdotool(u"key Caps_Lock keydown super key 52 keyup super key Caps_Lock"_s);
+    ASSERT_TRUE(run(u"setxkbmap -layout us,de"_s));
+    useLayout(1);
+    xdotool(u"keydown super key 52 keyup super"_s);
     EXPECT_TRUE(fires(2));
+    useLayout(0);
 
     const auto reason = [&] {
         const auto refused = manager->refusedHotkeys();
@@ -140,6 +155,33 @@ TEST_F(HotKeysX11Test, FollowsTheLayoutAndTheModifiersOfTheKeyboard)
     xdotool(u"keydown super key 52 keyup super"_s);
     EXPECT_TRUE(fires(3));
     EXPECT_THAT(fired, ElementsAre(1, 1, 1));
+}
+
+TEST_F(HotKeysX11Test, NamesKeysByTheLayoutInForce)
+{
+    const XkbKeyboardLayout layout;
+    const auto texts = [](const XkbKeyboardLayout& asked) {
+        QStringList
+            each; // the positions of A, Z, Ü, the accent left of 1, the number pad's 7, Shift, and none
+        for (const std::uint32_t keyCode : {0x00, 0x06, 0x21, 0x32, 0x59, 0x38, 0x34})
+            each += asked.text(keyCode);
+        return each.join(u' ');
+    };
+    const std::pair<QString, QString> cases[] = {{u"us"_s, u"a z [ ` 7  "_s}, {u"de"_s, u"a y ü ^ 7  "_s},
+        {u"fr"_s, u"q w ^ ² 7  "_s}, {u"ru"_s, u"ф я х ё 7  "_s}};
+    for (const auto& [name, expected] : cases) {
+        ASSERT_TRUE(run(u"setxkbmap -layout "_s + name));
+        EXPECT_EQ(texts(layout), expected) << qPrintable(name);
+    }
+    ASSERT_TRUE(run(u"setxkbmap -layout us,de"_s));
+    useLayout(1);
+    EXPECT_EQ(layout.text(keyZ), u"y"_s);
+    EXPECT_EQ(layout.symbolName(0x21), u"udiaeresis"_s);
+    useLayout(0);
+    EXPECT_EQ(layout.text(keyZ), u"z"_s);
+    qputenv("XKB_DEFAULT_LAYOUT", "fr");
+    EXPECT_EQ(texts(XkbKeyboardLayout(":77777")), u"q w ^ ² 7  "_s);
+    qunsetenv("XKB_DEFAULT_LAYOUT");
 }
 
 TEST_F(HotKeysX11Test, HandlersMayEndRegistrationsAndEverything)

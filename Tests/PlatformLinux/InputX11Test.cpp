@@ -217,6 +217,28 @@ TEST_F(InputX11Test, LocalMonitorsSeeEachEventOnceAndSwallowClicksWhole)
     EXPECT_EQ(count, 2);
 }
 
+TEST_F(InputX11Test, LocalMonitorsSeeKeysByPositionAndSwallowThem)
+{
+    std::vector<std::tuple<EventType, std::uint32_t, Qt::KeyboardModifiers>> seen;
+    const auto token = monitors.addLocalMonitor(keyMask, [&](const InputEvent& event) {
+        seen.emplace_back(event.type, event.keyCode.value_or(999), event.modifiers);
+        EXPECT_EQ(event.window, ours.windowHandle());
+        const bool isPassedOn = event.keyCode == 0x0BU; // B
+        return isPassedOn ? std::optional(event) : std::nullopt;
+    });
+    xdotool(u"keydown super key z keyup super key b"_s);
+    EXPECT_TRUE(waitFor([&] { return seen.size() == 6; }));
+    constexpr auto command = Qt::MetaModifier;
+    constexpr Qt::KeyboardModifiers plain = Qt::NoModifier;
+    EXPECT_THAT(seen,
+        ElementsAre(std::tuple(EventType::flagsChanged, 0x37U, command),
+            std::tuple(EventType::keyDown, 0x06U, command), std::tuple(EventType::keyUp, 0x06U, command),
+            std::tuple(EventType::flagsChanged, 0x37U, plain), std::tuple(EventType::keyDown, 0x0BU, plain),
+            std::tuple(EventType::keyUp, 0x0BU, plain)));
+    EXPECT_EQ(ours.text(), u"b"_s);
+    monitors.removeMonitor(*token);
+}
+
 TEST_F(InputX11Test, TheKeyboardIsTakenAndGivenBack)
 {
     ASSERT_EQ(bus.claim(u"com.example.Other"_s), SessionBus::Claim::claimed);

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "Platform/Linux/Monitors/LocalMonitors.h"
 
+#include "Platform/Linux/Keyboard/VirtualKeyCodes.h"
+
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include <utility>
@@ -20,6 +23,28 @@ std::optional<EventType> typeOf(const QMouseEvent& event)
         return isUp ? EventType::rightMouseUp : EventType::rightMouseDown;
     default:
         return std::nullopt;
+    }
+}
+
+EventType typeOf(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Shift:
+    case Qt::Key_Control:
+    case Qt::Key_Alt:
+    case Qt::Key_AltGr:
+    case Qt::Key_Meta:
+    case Qt::Key_Super_L:
+    case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_Mode_switch:
+    case Qt::Key_CapsLock:
+    case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
+        return EventType::flagsChanged;
+    default:
+        return event.type() == QEvent::KeyPress ? EventType::keyDown : EventType::keyUp;
     }
 }
 
@@ -66,9 +91,23 @@ bool LocalMonitors::eventFilter(QObject* watched, QEvent* event)
     case QEvent::MouseButtonDblClick:
         return watched->isWindowType()
             && swallows(static_cast<QWindow&>(*watched), static_cast<const QMouseEvent&>(*event));
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return watched->isWindowType()
+            && swallows(static_cast<QWindow&>(*watched), static_cast<const QKeyEvent&>(*event));
     default:
         return false;
     }
+}
+
+bool LocalMonitors::swallows(QWindow& window, const QKeyEvent& event)
+{
+    const QPointer target(&window);
+    const auto code = event.nativeScanCode();
+    const auto keyCode = code < x11KeycodeOffset ? std::nullopt : virtualKeyCode(code - x11KeycodeOffset);
+    const bool isSwallowed
+        = this->isSwallowed(monitors_, {typeOf(event), {}, event.modifiers(), topLevelOf(window), keyCode});
+    return isSwallowed || !target;
 }
 
 bool LocalMonitors::swallows(QWindow& window, const QMouseEvent& event)

@@ -7,6 +7,7 @@
 
 #include <optional>
 
+class QKeyEvent;
 class QMouseEvent;
 
 namespace quor::platform {
@@ -26,6 +27,7 @@ protected:
 private:
     void listen();
     bool swallows(QWindow& window, const QMouseEvent& event);
+    bool swallows(QWindow& window, const QKeyEvent& event);
     [[nodiscard]] static bool isSwallowed(
         const MonitorList<EventMonitors::LocalHandler>& monitors, InputEvent event);
 

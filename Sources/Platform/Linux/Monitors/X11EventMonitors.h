@@ -11,8 +11,9 @@ namespace quor::platform {
 class LocalMonitors;
 class X11GlobalMonitors;
 
-/// Monitors of mouse buttons on X: local ones by a filter on Qt's events, global ones by the X server's raw
-/// events. Without X, or with an X server without raw events, `addGlobalMonitor` returns `nullopt`.
+/// Monitors of mouse buttons and, if local, of the keyboard: local ones by a filter on Qt's events, global
+/// ones by the X server's raw events. Without X, or with an X server without raw events, `addGlobalMonitor`
+/// returns `nullopt`.
 ///
 /// Listens only while there are monitors. Needs a QGuiApplication. A handler may destroy this object. Main
 /// thread only.
