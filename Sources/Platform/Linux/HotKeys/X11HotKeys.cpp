@@ -49,22 +49,20 @@ std::variant<HotKeys::Reference, HotKeyRefusal> X11HotKeys::registerHotKey(
     const auto claimed = claim(hotKey);
     if (const auto* refusal = std::get_if<HotKeyRefusal>(&claimed))
         return *refusal;
-    const Reference reference{++lastReference_};
-    registrations_[reference] = {hotKey, std::move(handlers), std::get<Grab>(claimed), std::nullopt};
-    return reference;
+    return registrations_.add({hotKey, std::move(handlers), std::get<Grab>(claimed), std::nullopt});
 }
 
 void X11HotKeys::unregisterHotKey(Reference reference)
 {
-    const auto registration = registrations_.extract(reference);
-    if (registration && registration.mapped().grab && !isGrabbed(*registration.mapped().grab))
-        ungrabKey(*registration.mapped().grab);
+    const auto registration = registrations_.remove(reference);
+    if (registration && registration->grab && !isGrabbed(*registration->grab))
+        ungrabKey(*registration->grab);
 }
 
 std::optional<HotKeyRefusal> X11HotKeys::refusal(Reference reference) const
 {
-    const auto found = registrations_.find(reference);
-    return found == registrations_.end() ? std::nullopt : found->second.refusal;
+    const auto* registration = registrations_.find(reference);
+    return registration ? registration->refusal : std::nullopt;
 }
 
 std::variant<X11HotKeys::Grab, HotKeyRefusal> X11HotKeys::claim(const HotKey& hotKey)
@@ -157,12 +155,8 @@ void X11HotKeys::handlePress(const xcb_key_press_event_t& press)
     if (std::ranges::any_of(pressed_, isSame))
         return; // the key is held
     const Grab grab{press.detail, std::uint16_t(press.state & allModifiers & ~modifiers_.locks)};
-    std::vector<Reference> references;
-    for (const auto& [reference, registration] : registrations_) {
-        if (registration.grab == grab)
-            references.push_back(reference);
-    }
-    pressed_.emplace_back(press.detail, std::move(references));
+    pressed_.emplace_back(press.detail,
+        registrations_.select([&](const Registration& registration) { return registration.grab == grab; }));
 }
 
 // The modifiers may have gone up before, so the state of the release says nothing.
@@ -177,10 +171,7 @@ void X11HotKeys::handleRelease(const xcb_key_press_event_t& release)
         pressed_.clear();
     else
         pressed_.erase(key);
-    visit(references, [](const Registration& registration) {
-        if (registration.handlers.released)
-            registration.handlers.released(registration.hotKey.identifier);
-    });
+    registrations_.notifyReleased(references);
 }
 
 void X11HotKeys::updateModifiers()
@@ -203,7 +194,7 @@ void X11HotKeys::updateModifiers()
         changes |= std::exchange(registration.refusal, refusal) != refusal;
     }
     if (changes)
-        notifyChanged();
+        registrations_.notifyChanged();
 }
 
 void X11HotKeys::disconnectFromServer()
@@ -215,30 +206,7 @@ void X11HotKeys::disconnectFromServer()
         registration.grab.reset();
         registration.refusal = HotKeyRefusal::noService;
     }
-    notifyChanged();
-}
-
-void X11HotKeys::notifyChanged()
-{
-    std::vector<Reference> references;
-    for (const auto& [reference, registration] : registrations_)
-        references.push_back(reference);
-    visit(references, [](const Registration& registration) {
-        if (registration.handlers.changed)
-            registration.handlers.changed();
-    });
-}
-
-void X11HotKeys::visit(const std::vector<Reference>& references, void (*call)(const Registration&))
-{
-    const QPointer self(this);
-    for (const auto reference : references) {
-        const auto found = registrations_.find(reference);
-        if (found != registrations_.end())
-            call(Registration(found->second));
-        if (!self)
-            return;
-    }
+    registrations_.notifyChanged();
 }
 
 } // namespace quor::platform

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Linux/HotKeys/HotKeyRegistry.h"
 #include "Platform/Linux/HotKeys/X11Modifiers.h"
 #include "Platform/Services/HotKeys.h"
 
@@ -8,7 +9,6 @@
 #include <QObject>
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <vector>
 
@@ -67,17 +67,13 @@ private:
     void handleRelease(const xcb_key_press_event_t& release);
     void updateModifiers();
     void disconnectFromServer();
-    void notifyChanged();
-    /// Passes copies to `call`, which may end registrations, and this object: what has ended is left out.
-    void visit(const std::vector<Reference>& references, void (*call)(const Registration&));
 
     std::unique_ptr<xcb_connection_t, Disconnection> connection_; ///< Null without a server.
     std::unique_ptr<QSocketNotifier> notifier_;
     std::uint8_t keyboardEvent_ = 0; ///< The type of the events that report another layout.
     bool hasNewLayout_ = false;
     X11Modifiers modifiers_;
-    std::map<Reference, Registration> registrations_;
-    std::uint64_t lastReference_ = 0;
+    HotKeyRegistry<Registration> registrations_;
     /// The keys that went down, in this order, with what each of them is to report when it goes up. The
     /// server sends this connection all keys from the press of a grabbed key to its release.
     std::vector<std::pair<std::uint8_t, std::vector<Reference>>> pressed_;
