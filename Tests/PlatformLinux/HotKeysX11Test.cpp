@@ -184,6 +184,30 @@ TEST_F(HotKeysX11Test, NamesKeysByTheLayoutInForce)
     qunsetenv("XKB_DEFAULT_LAYOUT");
 }
 
+TEST_F(HotKeysX11Test, AProgramPrintsThoseThatFire)
+{
+    ASSERT_TRUE(otherGrabsB(XCB_MOD_MASK_4));
+    const auto start = [](QProcess& program, const QStringList& arguments) {
+        program.start(QStringLiteral(QUOR_HOTKEYS), arguments);
+        return &program;
+    };
+    const auto ends = [](QProcess& program) {
+        return waitFor([&] { return program.state() == QProcess::NotRunning; }) ? program.exitCode() : -1;
+    };
+    QProcess program;
+    start(program, {u"--count"_s, u"2"_s, u"super+b"_s, u"Ctrl+Super+Space"_s, u"alt+shift+0x24"_s});
+    QByteArray errors;
+    ASSERT_TRUE(waitFor([&] { return (errors += program.readAllStandardError()).contains('\n'); }));
+    EXPECT_EQ(errors, "quor-hotkeys: ⌘b: taken by another program\n");
+    xdotool(u"key super+b key alt+shift+Return key ctrl+super+space"_s);
+    EXPECT_EQ(ends(program), 0);
+    EXPECT_EQ(program.readAllStandardOutput(), "3 ⌥⇧↩\n2 ⌃⌘⎵\n");
+    for (const QStringList& arguments :
+        {QStringList{}, {u"super+"_s}, {u"hyper+a"_s}, {u"--count"_s, u"x"_s, u"f5"_s}})
+        EXPECT_EQ(ends(*start(program, arguments)), 2) << qPrintable(arguments.join(u' '));
+    EXPECT_EQ(ends(*start(program, {u"super+b"_s})), 1);
+}
+
 TEST_F(HotKeysX11Test, HandlersMayEndRegistrationsAndEverything)
 {
     manager->registerHotkey(keyA, Modifier::command, 1);
