@@ -104,3 +104,18 @@ function(quor_add_fuzzer name)
   target_link_libraries(${name} PRIVATE ${arg_LINK} QuorBuild)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()
+
+# quor_copy_resources(<target> <file>...): the target copies those that have changed into the build tree's
+# share/quor, where programs look for their bundles. The files are relative to the current folder.
+function(quor_copy_resources name)
+  foreach(file IN LISTS ARGN)
+    set(copy ${PROJECT_BINARY_DIR}/share/quor/${file})
+    add_custom_command(
+      OUTPUT ${copy}
+      COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_CURRENT_SOURCE_DIR}/${file} ${copy}
+      DEPENDS ${file}
+      VERBATIM)
+    list(APPEND copies ${copy})
+  endforeach()
+  add_custom_target(${name} ALL DEPENDS ${copies})
+endfunction()

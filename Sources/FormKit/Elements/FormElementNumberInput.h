@@ -14,7 +14,7 @@ namespace quor::formkit {
 /// An input of a number.
 class FormElementNumberInput : public virtual FormElement {
 public:
-    /// Turns the number into text and back. Null at first: then the number is 0, whatever is set.
+    /// Turns the number into text and back. Null at first. Without a formatter the number is always 0.
     [[nodiscard]] virtual std::shared_ptr<platform::NumberFormatter> formatter() const = 0;
     virtual void setFormatter(std::shared_ptr<platform::NumberFormatter> formatter) = 0;
 

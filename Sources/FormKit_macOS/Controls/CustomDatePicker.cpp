@@ -149,7 +149,7 @@ QString CustomDatePicker::textFromDateTime(const QDateTime& dateTime) const
 
 QDateTime CustomDatePicker::dateTimeFromText(const QString&) const
 {
-    return dateTime(); // whatever the text, it was made from the fields
+    return dateTime(); // the text was made from the fields
 }
 
 QValidator::State CustomDatePicker::validate(QString&, int&) const

@@ -30,7 +30,7 @@ struct FileContent {
     [[nodiscard]] EventStoreError failure(const QByteArray& name) const;
 };
 
-/// Whether the `errno` says that this process can open nothing at the moment, whatever it is.
+/// Whether the `errno` says that this process can open nothing at the moment.
 [[nodiscard]] bool isTemporary(int error);
 
 /// The folder of a source or a calendar, held open: all operations stay in that folder, even if it is renamed
