@@ -2,7 +2,13 @@
 #include "Platform/Views/Popover/PopoverPlacement.h"
 #include "Platform/Views/Popover/PopoverFrame.h"
 
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 using namespace quor::platform;
 using enum RectEdge;
@@ -76,5 +82,30 @@ TEST(PopoverFrameTest, TheArrowReachesTheAnchorOnTheSideOfTheAnchor)
         EXPECT_EQ(frame.outline().boundingRect(), bounds);
         EXPECT_TRUE(frame.outline().contains(inArrow));
         EXPECT_FALSE(frame.outline().contains({m + 1.0, m + 1.0})) << "round corners";
+    }
+}
+
+TEST(PopoverFrameTest, ItsBorderIsWholeWhereThePixelsEnd)
+{
+    for (const qreal scale : {1.0, 1.5, 2.0}) {
+        for (const RectEdge edge : {minX, minY, maxX, maxY}) {
+            const PopoverFrame frame({200, 100}, edge, 60);
+            const QRegion pixels = frame.pixels(scale);
+            QImage image(QSize(200, 100) * scale, QImage::Format_RGB32);
+            image.setDevicePixelRatio(scale);
+            image.fill(Qt::white);
+            QPalette palette(Qt::white, Qt::white);
+            palette.setColor(QPalette::WindowText, Qt::black);
+            QPainter painter(&image);
+            frame.paintCutOut(painter, palette);
+            painter.end();
+            int lightest = 0;
+            for (int y = 0; y < image.height(); ++y)
+                for (int x = 0; x < image.width(); ++x)
+                    if (pixels.contains(QPoint(x, y))
+                        && !(pixels.contains(QPoint(x - 1, y)) && pixels.contains(QPoint(x + 1, y))))
+                        lightest = std::max(lightest, qGray(image.pixel(x, y)));
+            EXPECT_LT(lightest, 230) << scale << ' ' << int(edge);
+        }
     }
 }

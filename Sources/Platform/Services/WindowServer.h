@@ -6,6 +6,7 @@
 #include <functional>
 #include <vector>
 
+class QRegion;
 class QWidget;
 class QWindow;
 
@@ -28,6 +29,11 @@ public:
     /// content repainted when it is resized. Call it once, on a top-level window that has its geometry
     /// and was not shown yet. Creates the native window.
     virtual void prepareMenuWindow(QWidget& window) = 0;
+
+    /// Limits what is seen of a top-level window, and what of it gets presses, to `shape`, in device pixels
+    /// of the window. An empty region ends that. The native window must exist, and forgets its shape when it
+    /// ends. This implementation uses the mask of the widget, which has only device-independent pixels.
+    virtual void setShape(QWidget& window, const QRegion& shape);
 
     /// Sends all keys to `window`, which must be shown, without changing the active window. Returns false
     /// if the window system cannot do that, or if another program holds the keyboard at the moment;

@@ -3,9 +3,14 @@
 
 #include "Platform/Linux/X11/X11Connection.h"
 
+#include <QRegion>
+
 #include <array>
 #include <cstdint>
 #include <string_view>
+#include <vector>
+
+#include <xcb/xfixes.h>
 
 namespace quor::platform {
 
@@ -50,6 +55,27 @@ void setOutOfWindowLists(WId window)
         x11Atom(connection, "_NET_WM_STATE_SKIP_TASKBAR"), x11Atom(connection, "_NET_WM_STATE_SKIP_PAGER")};
     xcb_change_property(connection, XCB_PROP_MODE_APPEND, xcb_window_t(window),
         x11Atom(connection, "_NET_WM_STATE"), XCB_ATOM_ATOM, 32, states.size(), states.data());
+}
+
+bool setWindowShape(WId window, const QRegion& shape)
+{
+    auto* connection = x11Connection();
+    const auto* extension = connection ? xcb_get_extension_data(connection, &xcb_xfixes_id) : nullptr;
+    if (!extension || !extension->present)
+        return false;
+    std::vector<xcb_rectangle_t> rectangles;
+    for (const QRect& rect : shape)
+        rectangles.push_back({std::int16_t(rect.x()), std::int16_t(rect.y()), std::uint16_t(rect.width()),
+            std::uint16_t(rect.height())});
+    xcb_xfixes_region_t region = XCB_NONE; // which stands for the whole window
+    if (!rectangles.empty()) {
+        region = xcb_generate_id(connection);
+        xcb_xfixes_create_region(connection, region, std::uint32_t(rectangles.size()), rectangles.data());
+    }
+    xcb_xfixes_set_window_shape_region(connection, xcb_window_t(window), XCB_SHAPE_SK_BOUNDING, 0, 0, region);
+    if (region != XCB_NONE)
+        xcb_xfixes_destroy_region(connection, region);
+    return true;
 }
 
 void setTopStrut(WId window, const TopStrut& strut)

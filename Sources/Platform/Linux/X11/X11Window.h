@@ -5,6 +5,8 @@
 
 #include <QtGui/qwindowdefs.h>
 
+class QRegion;
+
 namespace quor::platform {
 
 // Properties of a native window that Qt does not offer. Without X, these functions have no effect.
@@ -19,6 +21,10 @@ void setOnAllDesktops(WId window);
 
 /// Keeps the window out of task bars and pagers. Call it before the window is shown.
 void setOutOfWindowLists(WId window);
+
+/// Cuts the window out along `shape`, in device pixels; an empty region makes it whole again. Returns false
+/// if it cannot, because there is no X server with the XFixes extension.
+[[nodiscard]] bool setWindowShape(WId window, const QRegion& shape);
 
 /// Sets the area that the window reserves at the edge of the screen (`_NET_WM_STRUT` and
 /// `_NET_WM_STRUT_PARTIAL`).

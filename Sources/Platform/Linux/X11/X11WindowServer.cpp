@@ -104,6 +104,12 @@ void X11WindowServer::prepareMenuWindow(QWidget& window)
     setOutOfWindowLists(id);
 }
 
+void X11WindowServer::setShape(QWidget& window, const QRegion& shape)
+{
+    if (!setWindowShape(window.internalWinId(), shape))
+        WindowServer::setShape(window, shape);
+}
+
 bool X11WindowServer::grabKeyboard(QWindow& window)
 {
     return x11Connection() && window.isVisible() && window.setKeyboardGrabEnabled(true);

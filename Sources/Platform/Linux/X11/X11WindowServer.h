@@ -24,6 +24,8 @@ public:
     [[nodiscard]] bool isCompositing() override;
     Subscription observeCompositing(std::function<void()> changed) override;
     void prepareMenuWindow(QWidget& window) override;
+    /// In device-independent pixels only if the X server has no XFixes extension.
+    void setShape(QWidget& window, const QRegion& shape) override;
     [[nodiscard]] bool grabKeyboard(QWindow& window) override;
     void releaseKeyboard(QWindow& window) override;
     [[nodiscard]] std::vector<QWindow*> orderedWindows() override;

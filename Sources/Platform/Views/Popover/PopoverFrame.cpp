@@ -4,6 +4,7 @@
 #include "Platform/Resources/Tinting.h"
 #include "Platform/Views/Popover/PopoverPlacement.h"
 
+#include <QBitmap>
 #include <QPainter>
 #include <QPalette>
 #include <QPen>
@@ -77,6 +78,21 @@ PopoverFrame::PopoverFrame(QSize window, std::optional<RectEdge> edge, int tip)
     : outline_(shape(window, edge, tip, 0))
     , inside_(shape(window, edge, tip, borderWidth))
 {
+}
+
+QRegion PopoverFrame::pixels(qreal scale) const
+{
+    // Painted, as a region made of the path's polygon would have its corners at whole pixels.
+    const QPointF end = outline_.boundingRect().bottomRight() * scale;
+    QBitmap bitmap(int(std::ceil(end.x())), int(std::ceil(end.y())));
+    if (bitmap.isNull())
+        return {};
+    bitmap.clear();
+    QPainter painter(&bitmap);
+    painter.scale(scale, scale);
+    painter.fillPath(outline_, Qt::color1);
+    painter.end();
+    return bitmap;
 }
 
 void PopoverFrame::paintTranslucent(QPainter& painter, const QPalette& palette) const

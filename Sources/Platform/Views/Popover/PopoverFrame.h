@@ -4,6 +4,7 @@
 #include "Platform/Views/RectEdge.h"
 
 #include <QPainterPath>
+#include <QRegion>
 #include <QSize>
 
 #include <optional>
@@ -29,10 +30,12 @@ public:
     PopoverFrame(QSize window, std::optional<RectEdge> edge, int tip);
 
     [[nodiscard]] const QPainterPath& outline() const { return outline_; }
+    /// The pixels within the outline, in device pixels, of which `scale` make up a device-independent one.
+    [[nodiscard]] QRegion pixels(qreal scale) const;
 
     /// Paints with soft edges and a shadow, for a translucent window.
     void paintTranslucent(QPainter& painter, const QPalette& palette) const;
-    /// Paints for a window that is cut out along `outline`.
+    /// Paints for a window of which only `pixels` are seen.
     void paintCutOut(QPainter& painter, const QPalette& palette) const;
 
 private:

@@ -132,17 +132,19 @@ void PopoverWindow::updateFrame()
 {
     if (content_)
         content_->setGeometry(rect().adjusted(inset(), inset(), -inset(), -inset()));
-    if (state_ == State::window) {
-        clearMask();
+    if (state_ == State::window)
         return;
-    }
     frame_ = PopoverFrame(size(), state_ == State::attached ? std::optional(edge_) : std::nullopt,
         tip_ - (isVertical(edge_) ? y() : x()));
-    if (isCompositing_)
-        clearMask();
-    else
-        setMask(QRegion(frame_.outline().toFillPolygon().toPolygon()));
+    updateShape();
     update();
+}
+
+void PopoverWindow::updateShape()
+{
+    if (internalWinId())
+        windowServer_.setShape(
+            *this, state_ == State::window || isCompositing_ ? QRegion() : frame_.pixels(devicePixelRatio()));
 }
 
 void PopoverWindow::open(std::chrono::milliseconds fade)
@@ -180,6 +182,8 @@ void PopoverWindow::discard()
 
 bool PopoverWindow::event(QEvent* event)
 {
+    if (event->type() == QEvent::WinIdChange)
+        updateShape();
     // A shortcut of the window that this one belongs to must not take the key.
     if (event->type() == QEvent::ShortcutOverride
         && static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel)) {

@@ -76,6 +76,7 @@ private:
     void watchAnchor(QWidget& view, const QRect& rect);
     void place(std::chrono::milliseconds duration);
     void updateFrame();
+    void updateShape();
     void tearOff();
     void becomeWindow();
     [[nodiscard]] int inset() const { return state_ == State::window ? 0 : PopoverFrame::inset; }
