@@ -21,7 +21,6 @@ void FlippedEffectView::paintEvent(QPaintEvent* event)
     if (window()->testAttribute(Qt::WA_TranslucentBackground))
         sidebar = platform::withAlpha(sidebar, opacity);
     QPainter painter(this);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(event->rect(), sidebar);
 }
 

@@ -5,9 +5,9 @@
 
 namespace quor::toolkit {
 
-/// A panel with the background of a sidebar: translucent in a window with `Qt::WA_TranslucentBackground`,
-/// else opaque; the same in active and inactive windows. Its origin is the upper left corner. Has an
-/// empty geometry by default. Main thread only.
+/// A panel with the background of a sidebar: translucent in a window with `Qt::WA_TranslucentBackground`
+/// that paints no background of its own, else opaque; the same in active and inactive windows. Its origin is
+/// the upper left corner. Has an empty geometry by default. Main thread only.
 class FlippedEffectView : public QWidget {
     Q_OBJECT
 

@@ -49,6 +49,9 @@ TEST(FlippedEffectView, IsOpaqueUnlessItsWindowIsTranslucent)
         view.render(&image, {}, {}, {});
         EXPECT_EQ(qAlpha(image.pixel(2, 2)) < 255, isTranslucent);
         EXPECT_GT(qAlpha(image.pixel(2, 2)), 200);
+        image.fill(Qt::white); // what the window has painted
+        view.render(&image, {}, {}, {});
+        EXPECT_EQ(qAlpha(image.pixel(2, 2)), 255) << "it made its window translucent";
     }
 }
 
