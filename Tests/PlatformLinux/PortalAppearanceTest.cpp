@@ -86,6 +86,20 @@ TEST_F(PortalAppearanceTest, ThePortalOverridesThePaletteWhileItReportsAScheme)
     EXPECT_EQ(changes, 1) << "another setting, or the palette despite the portal's scheme, caused a change";
 }
 
+TEST_F(PortalAppearanceTest, FieldsAndDisabledChoicesAreSeenInEitherAppearance)
+{
+    setPalette(lightColor);
+    const PaletteApplier applier(appearance);
+    for (const auto scheme : {ColorScheme::dark, ColorScheme::light}) {
+        setPalette(scheme == ColorScheme::dark ? lightColor : darkColor); // the opposite, so ours is used
+        appearance.setAppearance(scheme);
+        ASSERT_TRUE(waitFor([&] { return paintsDark() == (scheme == ColorScheme::dark); }));
+        const QPalette palette = QApplication::palette();
+        EXPECT_GT(palette.color(QPalette::Base).lightness(), palette.color(QPalette::Window).lightness());
+        EXPECT_LT(palette.color(QPalette::Disabled, QPalette::Highlight).saturation(), 30);
+    }
+}
+
 TEST_F(PortalAppearanceTest, FollowsWhetherTheDesktopAnimates)
 {
     SettingsPortal portal(false);

@@ -63,6 +63,17 @@ TEST(ColorOperations, ContrastGoesByLuminance)
     EXPECT_TRUE(isLight(Qt::red, 0.21) && !isLight(Qt::red, 0.2126)) << "the threshold itself is still dark";
 }
 
+TEST(ColorOperations, ReadableColorsDifferFromTheirBackgroundAsFarAsTheyMust)
+{
+    const struct {
+        quint32 color, background, expected;
+    } cases[] = {{0x0000FF, 0xFFFFFF, 0x0000FF}, {0x308CC6, 0xEFEFEF, 0x2772A2},
+        {0x308CC6, 0x242427, 0x3C92C9}, {0xFFFF00, 0xFFFFFF, 0x7A7A00}, {0x777777, 0x808080, 0x171717}};
+    for (const auto& [color, background, expected] : cases)
+        EXPECT_EQ(hexString(readableColor(colorWithHexValue(color, 1), colorWithHexValue(background, 1))),
+            hexString(colorWithHexValue(expected, 1)));
+}
+
 TEST(ColorModel, FindsColoursBothWays)
 {
     const ColorModel model({defaultPalette.begin(), defaultPalette.end()});

@@ -15,8 +15,8 @@ QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
 {
     const bool dark = scheme == ColorScheme::dark;
     const QColor text = dark ? QColor(0xF2, 0xF2, 0xF2) : QColor(0x1C, 0x1C, 0x1E);
-    const QColor button = dark ? QColor(0x3C, 0x3C, 0x40) : QColor(0xF0, 0xF0, 0xF2);
-    const QColor window = dark ? QColor(0x2A, 0x2A, 0x2D) : QColor(0xF0, 0xF0, 0xF2);
+    const QColor button = dark ? QColor(0x4A, 0x4A, 0x50) : QColor(0xF0, 0xF0, 0xF2);
+    const QColor window = dark ? QColor(0x24, 0x24, 0x27) : QColor(0xF0, 0xF0, 0xF2);
     const QColor faint = withAlpha(text, 0.45);
 
     QPalette palette(button, window);
@@ -25,14 +25,21 @@ QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, faint);
     }
-    palette.setColor(QPalette::PlaceholderText, faint);
-    palette.setColor(QPalette::Base, dark ? QColor(0x1E, 0x1E, 0x20) : QColor(Qt::white));
-    palette.setColor(QPalette::AlternateBase, dark ? QColor(0x26, 0x26, 0x29) : QColor(0xF7, 0xF7, 0xF9));
+    palette.setColor(QPalette::PlaceholderText, withAlpha(text, 0.6));
+    // Styles outline fields and boxes in a shade darker than the window. A field that is dark, too, would
+    // disappear.
+    const QColor base = dark ? QColor(0x40, 0x40, 0x46) : QColor(Qt::white);
+    palette.setColor(QPalette::Base, base);
+    palette.setColor(QPalette::Disabled, QPalette::Base, dark ? QColor(0x32, 0x32, 0x36) : window);
+    palette.setColor(QPalette::AlternateBase, dark ? QColor(0x46, 0x46, 0x4C) : QColor(0xF7, 0xF7, 0xF9));
     palette.setColor(QPalette::ToolTipBase, button);
     palette.setColor(QPalette::Link, dark ? QColor(0x6C, 0xB0, 0xFF) : QColor(0x0A, 0x5F, 0xD6));
     palette.setColor(QPalette::LinkVisited, dark ? QColor(0xC0, 0x9A, 0xFF) : QColor(0x7A, 0x3F, 0xC8));
     for (const auto role : {QPalette::Highlight, QPalette::HighlightedText})
-        palette.setColor(role, desktop.color(role));
+        palette.setColor(role, desktop.color(QPalette::Active, role));
+    palette.setColor(
+        QPalette::Disabled, QPalette::Highlight, dark ? QColor(0x5A, 0x5A, 0x60) : QColor(0xC8, 0xC8, 0xCC));
+    palette.setColor(QPalette::Disabled, QPalette::HighlightedText, faint);
     return palette;
 }
 

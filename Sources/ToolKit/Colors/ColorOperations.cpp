@@ -8,6 +8,7 @@
 #include <QRgba64>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 
 using namespace Qt::StringLiterals;
@@ -65,6 +66,23 @@ std::optional<quint32> hexDigit(QChar character)
     if (c >= u'A' && c <= u'F')
         return c - u'A' + 10;
     return std::nullopt;
+}
+
+// The relative luminance of the Web Content Accessibility Guidelines.
+double relativeLuminance(const QColor& color)
+{
+    const auto linear = [](double value) {
+        return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+    };
+    const auto own = componentsOf(color);
+    return 0.2126 * linear(own.red) + 0.7152 * linear(own.green) + 0.0722 * linear(own.blue);
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    constexpr double glare = 0.05;
+    const auto [darker, lighter] = std::minmax({relativeLuminance(a), relativeLuminance(b)});
+    return (lighter + glare) / (darker + glare);
 }
 
 } // namespace
@@ -129,6 +147,20 @@ QColor contrastColor(const QColor& color, const QColor& dark, const QColor& ligh
     const auto own = componentsOf(color);
     const double luminance = 0.2126 * own.red + 0.7152 * own.green + 0.0722 * own.blue;
     return luminance > threshold ? light : dark;
+}
+
+QColor readableColor(const QColor& color, const QColor& background)
+{
+    constexpr double leastContrast = 4.5;
+    constexpr int steps = 50;
+    const QColor white = colorWithHexValue(0xFFFFFF, 1), black = colorWithHexValue(0, 1);
+    const QColor extreme = contrast(white, background) > contrast(black, background) ? white : black;
+    for (int step = 0; step < steps; ++step) {
+        const QColor mixture = mixWithColor(color, extreme, double(step) / steps);
+        if (contrast(mixture, background) >= leastContrast)
+            return mixture;
+    }
+    return extreme;
 }
 
 QColor resolvedColor(const QColor& color, double alpha)

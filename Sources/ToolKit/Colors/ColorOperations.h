@@ -45,6 +45,11 @@ namespace quor::toolkit {
 [[nodiscard]] QColor contrastColor(
     const QColor& color, const QColor& dark, const QColor& light, double threshold);
 
+/// Returns `color`, or a mixture of it with as little black or white as makes a text readable on
+/// `background`: with a contrast of at least 4.5, as the Web Content Accessibility Guidelines define it. Both
+/// are opaque.
+[[nodiscard]] QColor readableColor(const QColor& color, const QColor& background);
+
 /// Returns `color` with this alpha.
 [[nodiscard]] QColor resolvedColor(const QColor& color, double alpha);
 

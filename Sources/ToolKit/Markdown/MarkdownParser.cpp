@@ -2,6 +2,7 @@
 #include "ToolKit/Markdown/MarkdownParser.h"
 
 #include "Platform/Views/PaletteApplier.h"
+#include "ToolKit/Colors/ColorOperations.h"
 #include "ToolKit/Drawing/Text/IconAttachment.h"
 #include "ToolKit/Drawing/Text/SystemFont.h"
 #include "ToolKit/Markdown/AttributedTextRewriter.h"
@@ -134,7 +135,11 @@ QColor MarkdownParser::linkColor() const
 {
     const QPalette palette = QGuiApplication::palette();
     const auto named = resources_.color(u"AccentColor"_s);
-    return named ? named->resolved(platform::colorSchemeOf(palette)) : palette.color(QPalette::Highlight);
+    if (named)
+        return named->resolved(platform::colorSchemeOf(palette));
+    // Desktops choose their accent colour as a background.
+    return readableColor(
+        palette.color(QPalette::Active, QPalette::Highlight), palette.color(QPalette::Window));
 }
 
 QImage MarkdownParser::image(const QString& name) const

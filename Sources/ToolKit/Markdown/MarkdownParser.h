@@ -19,7 +19,8 @@ class MarkdownParser {
 public:
     /// `font` also determines the size of bold text and icons, `color` also tints icons. Both win over
     /// `defaultAttributes`. Icons and the colour "AccentColor" come from `resources`; icons that are missing
-    /// there come from the desktop's icon theme.
+    /// there come from the desktop's icon theme, and the colour from the palette's accent colour, in a shade
+    /// that is readable on a window.
     MarkdownParser(QString originalString, const QFont& font, const QColor& color,
         QTextCharFormat defaultAttributes = {}, platform::Bundle resources = platform::Bundle::main());
     virtual ~MarkdownParser() = default;
