@@ -409,11 +409,16 @@ TEST_F(FormRenderer, DisabledFormDisablesItsRows)
     TestForm form;
     const auto element = form.add(row({}, 20));
     element->setDetailElement(std::make_shared<Detail>(QSize(10, 10)));
+    const auto field = form.add(makeViewElement<QLineEdit>(QStringLiteral("Label")));
     form.setEnabled(false);
     EXPECT_TRUE(element->enabled());
     render(form);
     EXPECT_FALSE(element->enabled());
     EXPECT_FALSE(element->detailElement()->enabled());
+    for (const bool isEnabled : {false, true}) {
+        field->view()->setEnabled(isEnabled);
+        EXPECT_EQ(labels().at(0)->isEnabled(), isEnabled);
+    }
     form.setEnabled(true);
     EXPECT_TRUE(element->enabled());
 }

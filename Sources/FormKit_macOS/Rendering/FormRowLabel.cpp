@@ -16,8 +16,13 @@ void FormRowLabel::setInput(QWidget* input)
 {
     if (input != input_) {
         nameInput({});
+        if (input_)
+            input_->removeEventFilter(this);
         input_ = input;
+        if (input_)
+            input_->installEventFilter(this);
     }
+    setEnabled(!input || input->isEnabled());
     const QString name = text();
     nameInput(name);
     // A label with a buddy would take a letter after '&' as a shortcut.
@@ -25,6 +30,13 @@ void FormRowLabel::setInput(QWidget* input)
     setAccessibleName(isLiteral ? name : QString());
     if (QWidget* const relation = isLiteral ? nullptr : input; buddy() != relation)
         setBuddy(relation);
+}
+
+bool FormRowLabel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == input_ && event->type() == QEvent::EnabledChange)
+        setEnabled(input_->isEnabled());
+    return ElidedLabel::eventFilter(watched, event);
 }
 
 void FormRowLabel::nameInput(const QString& name)
