@@ -66,6 +66,24 @@ TEST(FormPopoverX11Test, ARealClickOpensAPopoverWhoseButtonsAnswerToRealKeys)
         EXPECT_EQ(root.activePopover() != nullptr, isImportant);
         root.closePopover();
     }
+
+    // Torn off by its background, an important popover is a window that ends like others.
+    root.present(std::make_shared<FormContainerViewController>(second, services), *form->button->button(),
+        true, platform::RectEdge::maxX);
+    ASSERT_TRUE(waitFor(isActive));
+    const auto* heading = second->elements().front()->view()->parentWidget();
+    const QPoint background = heading->mapToGlobal(QPoint(heading->width() / 2, 4));
+    const auto drag = at(background) + u"mousedown 1 "_s + at(background + QPoint(40, 60))
+        + at(background + QPoint(60, 120)) + u"mouseup 1"_s;
+    ASSERT_TRUE(xdotool(drag));
+    ASSERT_TRUE(
+        waitFor([&] { return root.activePopover()->window()->windowType() == Qt::Tool && isActive(); }));
+    EXPECT_TRUE(root.activePopover()->isDetached());
+    second->field().setFocus();
+    ASSERT_TRUE(xdotool(u"key x"_s));
+    EXPECT_TRUE(waitFor([&] { return static_cast<QLineEdit&>(second->field()).text() == u"x"_s; }));
+    ASSERT_TRUE(xdotool(u"key Escape"_s));
+    EXPECT_TRUE(waitFor([&] { return !root.activePopover(); }));
 }
 
 } // namespace

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: MIT
+#include "FormKit/Elements/FormElementButtonSelection.h"
+#include "FormKit_macOS/Controls/Segment.h"
 #include "FormKit_macOS/Rendering/FormViewRenderer.h"
 #include "Platform/Services/Appearance.h"
 #include "Platform/Services/Application.h"
 #include "PresentationFixture.h"
 #include "Support/TestWindowServer.h"
+#include "ToolKit_macOS/FlippedEffectView.h"
 
 #include <QApplication>
 #include <QDesktopServices>
@@ -106,6 +109,14 @@ TEST_F(FormPresentationTest, AFormHigherThanTheScreenIsScrolled)
     QTest::keyClick(&last, Qt::Key_Backtab);
     EXPECT_FALSE(form->text->view()->visibleRegion().isEmpty());
     EXPECT_EQ(form->field().width(), 180); // the scroll bar has its own room
+    auto& view = static_cast<QScrollArea&>(root().view());
+    for (const int width : {300, 299, 300}) {
+        window->resize(width, 200);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(view.horizontalScrollBar()->isVisible(), width < 300);
+        EXPECT_EQ(view.horizontalScrollBar()->maximum() > 0, width < 300);
+        EXPECT_EQ(form->field().width(), 180);
+    }
 }
 
 TEST_F(FormPresentationTest, AHeadingStaysInSightOfAFormHigherThanTheScreen)
@@ -252,6 +263,33 @@ TEST_F(FormPresentationTest, APopoverHasNoFocusedInputAndPresentsAtTheClickedVie
     EXPECT_EQ(form->preparations, preparations + 1);
 }
 
+TEST_F(FormPresentationTest, APopoverPointsToTheSelectedSegment)
+{
+    const auto selection = form->viewFactory()->buttonSelection();
+    form->addElement(selection);
+    second = std::make_shared<TestForm>(u"Second"_s);
+    show();
+    window->move(250, 0);
+    for (const int count : {1, 3}) {
+        std::vector<FormElementButtonSelection::Button> buttons;
+        for (int tag = 0; tag < count; ++tag)
+            buttons.push_back({tag, QString(10, u'm')});
+        selection->setButtons(buttons);
+        selection->setSelectedTag(count / 2);
+        ASSERT_TRUE(waitFor([&] { return selection->view()->findChildren<Segment*>().size() == count; }));
+        ASSERT_TRUE(rendered(*form));
+        const auto segments = selection->view()->findChildren<Segment*>();
+        root().present(std::make_shared<FormContainerViewController>(second, services), *segments.front(),
+            false, platform::RectEdge::maxY);
+        ASSERT_TRUE(popover());
+        const auto* middle = segments[count / 2];
+        EXPECT_LE(
+            std::abs(popover()->geometry().center().x() - middle->mapToGlobal(middle->rect().center()).x()),
+            1);
+        root().closePopover();
+    }
+}
+
 TEST_F(FormPresentationTest, ASecondFormOfTheSameClassClosesThePopover)
 {
     show();
@@ -341,6 +379,38 @@ TEST_F(FormPresentationTest, ASlideKeepsTheSizeAndEndsAtTheNextPush)
     ASSERT_TRUE(waitFor([&] { return sizes >= 3; }));
     EXPECT_EQ(arriving.pos(), QPoint(0, 0));
     EXPECT_EQ(window->size(), arriving.size());
+}
+
+TEST_F(FormPresentationTest, FormsSlideInTheDirectionOfTheScript)
+{
+    for (const auto direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        form = std::make_shared<TestForm>(u"Root"_s);
+        second = std::make_shared<TestForm>(u"Second"_s);
+        appearance.setDesktopAnimates(false);
+        show();
+        window->setLayoutDirection(direction);
+        appearance.setDesktopAnimates(true);
+        const int sign = direction == Qt::LeftToRight ? 1 : -1;
+        form->showForm(second);
+        auto& arriving = container->formRenderViewControllers().back()->view();
+        EXPECT_EQ(arriving.x(), sign * window->width());
+        ASSERT_TRUE(waitFor([&] { return arriving.x() == 0; }));
+        container->pop();
+        EXPECT_EQ(root().view().x(), -sign * window->width());
+        ASSERT_TRUE(waitFor([&] { return root().view().x() == 0; }));
+    }
+}
+
+TEST_F(FormPresentationTest, FormsGetTheBackgroundOfASidebarAtTheNextRender)
+{
+    show();
+    const auto hasEffect = [&] { return root().view().findChild<toolkit::FlippedEffectView*>() != nullptr; };
+    for (const bool needed : {true, false}) {
+        container->setNeedsEffectView(needed);
+        ASSERT_TRUE(rendered(*form));
+        EXPECT_EQ(hasEffect(), needed);
+        EXPECT_TRUE(form->field().isVisible());
+    }
 }
 
 TEST_F(FormPresentationTest, HeadersBecomeStickyAtTheNextRender)

@@ -16,6 +16,7 @@ FormView::FormView()
     setWidgetResizable(true);
     setFocusPolicy(Qt::NoFocus);
     viewport()->setAutoFillBackground(false);
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &FormView::updateHorizontalScrolling);
 }
 
 void FormView::setContent(std::unique_ptr<QWidget> content)
@@ -30,7 +31,17 @@ void FormView::updateContentSize(double width)
     widget()->setMinimumWidth(0);
     widget()->setMinimumWidth(
         std::clamp(int(std::ceil(width)), widget()->minimumSizeHint().width(), QWIDGETSIZE_MAX));
+    updateHorizontalScrolling();
     updateGeometry();
+}
+
+// The vertical scroll bar covers only the margin beside the rows, for which nobody wants to scroll.
+void FormView::updateHorizontalScrolling()
+{
+    const bool fits = !widget() || widget()->minimumWidth() <= contentsRect().width();
+    setHorizontalScrollBarPolicy(fits ? Qt::ScrollBarAlwaysOff : Qt::ScrollBarAsNeeded);
+    if (fits)
+        horizontalScrollBar()->setRange(0, 0);
 }
 
 QSize FormView::sizeHint() const

@@ -8,7 +8,7 @@
 namespace quor::formkit {
 
 /// The view of a controller that shows a form: as large as its content wants to be, and scrolling that where
-/// it gets less room. Main thread only.
+/// it gets less room. Its vertical scroll bar may cover the margin of the content. Main thread only.
 class FormView final : public QScrollArea {
     Q_OBJECT
 
@@ -27,6 +27,9 @@ public:
 protected:
     /// Scrolls by keys only where there is something to scroll, so that others get the keys.
     void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void updateHorizontalScrolling();
 };
 
 } // namespace quor::formkit
