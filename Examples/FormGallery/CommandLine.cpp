@@ -21,6 +21,8 @@ const auto description
       "at that scale only. Needs no display then. Exits with 0; with 1 if there is no "
       "display or a picture cannot be written; with 2 if the arguments are wrong."_s;
 
+constexpr double smallestScale = 0.5, largestScale = 4;
+
 QString pageNames()
 {
     QStringList names;
@@ -37,6 +39,24 @@ ExitCode complain(ExitCode code, const QString& message)
     return code;
 }
 
+std::optional<double> scaleFactor()
+{
+    bool isNumber = false;
+    const double factor = qEnvironmentVariable(scaleVariable).toDouble(&isNumber);
+    const bool isSensible = isNumber && factor >= smallestScale && factor <= largestScale;
+    return isSensible ? std::optional(factor) : std::nullopt;
+}
+
+std::optional<ExitCode> checkScale()
+{
+    if (qEnvironmentVariableIsEmpty(scaleVariable) || scaleFactor())
+        return std::nullopt;
+    return complain(misused,
+        u"%1 is \"%2\", but must be a number from %3 to %4"_s.arg(QLatin1String(scaleVariable),
+            qEnvironmentVariable(scaleVariable), QString::number(smallestScale),
+            QString::number(largestScale)));
+}
+
 ParsedCommandLine parseCommandLine(const QStringList& arguments)
 {
     QCommandLineParser parser;
@@ -51,14 +71,22 @@ ParsedCommandLine parseCommandLine(const QStringList& arguments)
     const auto misuse = [](const QString& problem) {
         return ParsedCommandLine{{}, complain(misused, problem + u"; see --help"_s)};
     };
-    if (!parser.parse(arguments))
-        return misuse(parser.errorText());
+    if (!parser.parse(arguments)) {
+        QString problem = parser.errorText();
+        if (problem.endsWith(u'.'))
+            problem.chop(1);
+        return misuse(problem);
+    }
     if (parser.isSet(help)) {
         std::fputs(parser.helpText().toLocal8Bit().constData(), stdout);
         return {{}, succeeded};
     }
     if (const auto operands = parser.positionalArguments(); !operands.isEmpty())
         return misuse(u"unexpected operand \"%1\""_s.arg(operands.first()));
+
+    for (const auto& option : {picturesOption, pageOption})
+        if (parser.values(option).size() > 1)
+            return misuse(u"--%1 is given more than once"_s.arg(option.names().constFirst()));
 
     ParsedCommandLine parsed;
     if (parser.isSet(picturesOption))

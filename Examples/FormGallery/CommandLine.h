@@ -30,6 +30,14 @@ struct ParsedCommandLine {
 };
 [[nodiscard]] ParsedCommandLine parseCommandLine(const QStringList& arguments);
 
+/// The environment variable with the factor by which everything is enlarged.
+inline constexpr auto scaleVariable = "QT_SCALE_FACTOR";
+/// Returns the factor, or `nullopt` if it is not set, not a number, or out of the range that fits a screen.
+[[nodiscard]] std::optional<double> scaleFactor();
+/// Returns the exit code if the program has to end, after a message about a factor that cannot be used. To be
+/// called before there is a QApplication, which trusts the factor.
+[[nodiscard]] std::optional<ExitCode> checkScale();
+
 /// Writes "quor-form-gallery: " and the message to standard error. Returns `code`.
 ExitCode complain(ExitCode code, const QString& message);
 

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "FormGallery/Pictures.h"
 
+#include "FormGallery/CommandLine.h"
 #include "FormGallery/Page.h"
 #include "FormGallery/Window/PageView.h"
+
+#include <Platform/Services/WindowServer.h>
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -27,9 +30,20 @@ namespace quor::gallery {
 
 namespace {
 
-constexpr auto scaleVariable = "QT_SCALE_FACTOR";
 constexpr int tallestPicture = 560; // without popovers
 constexpr auto renderDelay = 150ms; // longer than forms collect changes before they render
+
+// Lets windows be translucent, as pictures can show that, whatever desktop there is.
+class PictureServer final : public platform::WindowServer {
+public:
+    [[nodiscard]] bool isCompositing() override { return true; }
+    platform::Subscription observeCompositing(std::function<void()>) override { return {}; }
+    void prepareMenuWindow(QWidget&) override { }
+    [[nodiscard]] bool grabKeyboard(QWindow&) override { return false; }
+    void releaseKeyboard(QWindow&) override { }
+    [[nodiscard]] std::vector<QWindow*> orderedWindows() override { return {}; }
+    [[nodiscard]] bool missesPresses() const override { return false; }
+};
 
 struct Variant {
     QString name;
@@ -113,10 +127,6 @@ QImage pictureOf(QWidget& window)
     for (auto* const widget : shown) {
         painter.resetTransform();
         painter.translate(widget->geometry().topLeft() - area.topLeft());
-        // Without a compositor, a mask gives a popover its shape.
-        painter.setClipping(false);
-        if (const QRegion mask = widget->mask(); !mask.isEmpty())
-            painter.setClipRegion(mask);
         painter.drawPixmap(0, 0, widget->grab());
     }
     return picture;
@@ -133,8 +143,8 @@ void fitToForm(QWidget& window)
 
 QString scaleSuffix()
 {
-    const QString scale = qEnvironmentVariable(scaleVariable, u"1"_s);
-    return scale == u"1"_s ? QString() : u"@%1x"_s.arg(scale);
+    const double scale = scaleFactor().value_or(1);
+    return scale == 1 ? QString() : u"@%1x"_s.arg(scale);
 }
 
 std::optional<QString> writePicture(
@@ -193,13 +203,15 @@ std::optional<QString> writePictures(const QString& folder, const Page* page, fo
 {
     if (!QDir().mkpath(folder))
         return u"the folder %1 cannot be made"_s.arg(folder);
+    PictureServer windowServer;
+    const formkit::FormServices pictureServices{services.application, services.appearance, windowServer};
     QApplication::setCursorFlashTime(0); // or the caret would be missing from some pictures
     for (const Page& candidate : pages())
         for (const Variant& variant : variants())
             if (!page || page == &candidate)
-                if (auto problem = writePicture(candidate, variant, folder, services))
+                if (auto problem = writePicture(candidate, variant, folder, pictureServices))
                     return problem;
-    return qEnvironmentVariableIsSet(scaleVariable) ? std::nullopt : writePicturesAtScale2();
+    return scaleFactor() ? std::nullopt : writePicturesAtScale2();
 }
 
 } // namespace quor::gallery

@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv)
 {
+    if (const auto end = gallery::checkScale())
+        return *end;
     const auto noDisplay = platform::chooseDesktopPlatform(argc, argv);
     if (noDisplay)
         qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -17,9 +17,13 @@ struct Result {
     QString errors;
 };
 
-Result runGallery(const QStringList& arguments)
+Result runGallery(const QStringList& arguments, const QString& scale = {})
 {
     QProcess process;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    if (!scale.isEmpty())
+        environment.insert(u"QT_SCALE_FACTOR"_s, scale);
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(QUOR_FORM_GALLERY), arguments);
     if (!process.waitForFinished(100'000) || process.exitStatus() != QProcess::NormalExit)
         return {-1, process.errorString()};
@@ -64,12 +68,23 @@ TEST(FormGallery, NamesTheMistakeAndEndsWithItsExitCode)
     const std::tuple<QStringList, int, QString> cases[] = {{{u"--page"_s, u"none"_s}, 2, u"\"none\""_s},
         {{u"--picture"_s}, 2, u"picture"_s}, {{u"--pictures"_s}, 2, u"pictures"_s},
         {{u"--pictures="_s}, 2, u"empty"_s}, {{u"rows-left"_s}, 2, u"\"rows-left\""_s},
+        {{u"--page"_s, u"sticky"_s, u"--page"_s, u"details"_s}, 2, u"--page is given more than once"_s},
         {{u"--pictures"_s, u"/proc/none"_s}, 1, u"/proc/none"_s}, {{u"--help"_s}, 0, {}}};
     for (const auto& [arguments, exitCode, reason] : cases) {
         const Result result = runGallery(arguments);
         EXPECT_EQ(result.exitCode, exitCode) << arguments.join(u' ').toStdString();
         EXPECT_TRUE(result.errors.contains(reason)) << result.errors.toStdString();
+        EXPECT_FALSE(result.errors.contains(u".;"_s)) << result.errors.toStdString();
     }
+    const QTemporaryDir folder;
+    const QStringList onePage{u"--page"_s, u"details"_s, u"--pictures"_s, folder.path()};
+    for (const auto& scale : {u"-1"_s, u"0"_s, u"1000"_s, u"nan"_s, u"abc"_s}) {
+        const Result result = runGallery(onePage, scale);
+        EXPECT_EQ(result.exitCode, 2) << scale.toStdString();
+        EXPECT_TRUE(result.errors.contains(u'"' + scale + u'"')) << result.errors.toStdString();
+    }
+    EXPECT_EQ(runGallery(onePage, u"1.50"_s).exitCode, 0);
+    EXPECT_TRUE(QFile::exists(folder.filePath(u"details-rtl@1.5x.png"_s)));
 }
 
 } // namespace

@@ -8,6 +8,7 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QListWidget>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -18,6 +19,7 @@ namespace quor::gallery {
 namespace {
 
 constexpr QSize windowSize(780, 560);
+constexpr QSize smallestPage(320, 240); // in which a form can be scrolled and read
 
 } // namespace
 
@@ -30,7 +32,10 @@ GalleryWindow::GalleryWindow(formkit::FormServices services)
     list_->setFrameShape(QFrame::NoFrame);
     for (const Page& page : pages())
         list_->addItem(text(page.titleKey));
-    list_->setFixedWidth(list_->sizeHintForColumn(0) + 2 * list_->fontMetrics().averageCharWidth());
+    const int scrollBar = list_->style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, list_);
+    list_->setFixedWidth(
+        list_->sizeHintForColumn(0) + 2 * list_->fontMetrics().averageCharWidth() + scrollBar);
+    pageView_->setMinimumSize(smallestPage);
     connect(list_, &QListWidget::currentRowChanged, this, &GalleryWindow::showCurrentPage);
 
     auto* const layout = new QHBoxLayout(this);
