@@ -23,6 +23,7 @@ const std::vector<Page>& pages()
         {u"text-inputs"_s, u"PageTextInputs"_s, makeTextInputs},
         {u"number-inputs"_s, u"PageNumberInputs"_s, makeNumberInputs},
         {u"duration-inputs"_s, u"PageDurationInputs"_s, makeDurationInputs},
+        {u"hot-keys"_s, u"PageHotKeys"_s, makeHotKeys},
         {u"many-rows"_s, u"PageManyRows"_s, makeManyRows},
     };
     return list;

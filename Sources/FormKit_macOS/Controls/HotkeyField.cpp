@@ -104,6 +104,7 @@ void HotkeyField::setHotkey(int keyCode, int modifier)
     modifier_ = modifier;
     const bool hasKey = keyCode >= 0;
     deleteHotKeyButton_->setVisible(hasKey);
+    placeDeleteButton();
     setText(hasKey ? formatter_.displayString(keyCode, modifier) : QString());
     deselect();
     if (hasFocus())
@@ -121,7 +122,6 @@ void HotkeyField::startCapture()
     keyCode_ = -1;
     modifier_ = -1;
     clear();
-    deleteHotKeyButton_->hide();
     keyMonitor_ = std::make_unique<toolkit::EventMonitor>(monitors_, platform::keyMask);
     keyMonitor_->startLocal(
         platform::whileAlive(*this, [this](const platform::InputEvent& event) { return capture(event); }));
@@ -212,7 +212,7 @@ void HotkeyField::resizeEvent(QResizeEvent* event)
 
 void HotkeyField::placeDeleteButton()
 {
-    constexpr int room = buttonSide + 2 * buttonMargin;
+    const int room = keyCode_ < 0 ? 0 : buttonSide + 2 * buttonMargin;
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     setTextMargins(isMirrored ? room : 0, 0, isMirrored ? 0 : room, 0);
     const QRect place(
