@@ -6,6 +6,7 @@
 #include "FormKit_macOS/Elements/FormCheckBox.h"
 #include "FormKit_macOS/Elements/FormDatePicker.h"
 #include "FormKit_macOS/Elements/FormDistanceInput.h"
+#include "FormKit_macOS/Elements/FormDropDown.h"
 #include "FormKit_macOS/Elements/FormDurationInput.h"
 #include "FormKit_macOS/Elements/FormHintText.h"
 #include "FormKit_macOS/Elements/FormMoneyInput.h"
@@ -54,7 +55,7 @@ std::shared_ptr<FormElementDistanceInput> FormViewFactory::distanceInput() const
 
 std::shared_ptr<FormElementDropDown> FormViewFactory::dropDown() const
 {
-    endWithout("FormDropDown");
+    return makeElement<FormDropDown>();
 }
 
 std::shared_ptr<FormElementDurationInput> FormViewFactory::durationInput() const
