@@ -415,9 +415,11 @@ TEST_F(FormRenderer, DisabledFormDisablesItsRows)
     render(form);
     EXPECT_FALSE(element->enabled());
     EXPECT_FALSE(element->detailElement()->enabled());
-    for (const bool isEnabled : {false, true}) {
-        field->view()->setEnabled(isEnabled);
-        EXPECT_EQ(labels().at(0)->isEnabled(), isEnabled);
+    EXPECT_FALSE(labels().at(0)->isEnabled());
+    for (const bool isEnabled : {true, false, true}) {
+        field->setEnabled(isEnabled);
+        field->view()->setEnabled(!isEnabled);
+        EXPECT_EQ(labels().at(0)->isEnabled(), isEnabled) << "an input can be off in a row that is not";
     }
     form.setEnabled(true);
     EXPECT_TRUE(element->enabled());

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Rendering/FormRowLabel.h"
 
+#include "FormKit/FormElement.h"
 #include "FormKit_macOS/Controls/ElidedText.h"
 
 #include <QMouseEvent>
@@ -12,7 +13,7 @@ FormRowLabel::~FormRowLabel()
     nameInput({});
 }
 
-void FormRowLabel::setInput(QWidget* input)
+void FormRowLabel::setRow(QWidget* input, const std::shared_ptr<const FormElement>& element)
 {
     if (input != input_) {
         nameInput({});
@@ -22,7 +23,8 @@ void FormRowLabel::setInput(QWidget* input)
         if (input_)
             input_->installEventFilter(this);
     }
-    setEnabled(!input || input->isEnabled());
+    element_ = element;
+    updateEnabled();
     const QString name = text();
     nameInput(name);
     // A label with a buddy would take a letter after '&' as a shortcut.
@@ -35,8 +37,14 @@ void FormRowLabel::setInput(QWidget* input)
 bool FormRowLabel::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == input_ && event->type() == QEvent::EnabledChange)
-        setEnabled(input_->isEnabled());
+        updateEnabled();
     return ElidedLabel::eventFilter(watched, event);
+}
+
+void FormRowLabel::updateEnabled()
+{
+    const auto element = element_.lock();
+    setEnabled(!element || element->enabled());
 }
 
 void FormRowLabel::nameInput(const QString& name)

@@ -341,16 +341,17 @@ void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop:
             && placed.insert(view).second;
     };
     Labels lastLabels = std::exchange(labels_, {});
-    const auto labelOf = [&](const FormElement& element, const QString& text, QWidget* input) {
-        auto& label = labels_[&element];
-        if (const auto found = lastLabels.find(&element); found != lastLabels.end() && found->second)
+    const auto labelOf = [&](const std::shared_ptr<FormElement>& element, const QString& text,
+                             QWidget* input) {
+        auto& label = labels_[element.get()];
+        if (const auto found = lastLabels.find(element.get()); found != lastLabels.end() && found->second)
             label = std::move(found->second);
         else
             label = platform::makeWidget<FormRowLabel>(container);
         const bool isBeside = form.layout() == Form::Layout::leftHeaders;
         label->setAlignment((isBeside ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
         label->setLine(text);
-        label->setInput(input);
+        label->setRow(input, element);
         return label.get();
     };
     std::vector<FormRowLayout::Row> rows;
@@ -367,7 +368,7 @@ void FormViewRenderer::placeRows(const Form& form, std::vector<FormKeyboardLoop:
         FormKeyboardLoop::Row stops{{focusableViews.begin(), focusableViews.end()}, {view}};
         if (row.style.showsLabel && !label.isEmpty())
             row.label = labelOf(
-                *element, label, focusableViews.empty() ? firstControl(*view) : focusableViews.front());
+                element, label, focusableViews.empty() ? firstControl(*view) : focusableViews.front());
         const auto detail = kind == FormRowKind::separator ? nullptr : element->detailElement();
         if (QWidget* const detailView = detail ? detail->view() : nullptr; isPlaceable(detailView)) {
             row.detail = detailView;
@@ -385,7 +386,7 @@ void FormViewRenderer::discard(const Labels& labels)
 {
     for (const auto& [element, label] : labels) {
         if (label)
-            label->setInput(nullptr); // which takes back its name
+            label->setRow(nullptr, nullptr); // which takes back its name
     }
 }
 
