@@ -12,8 +12,8 @@ namespace quor::formkit {
 class FormElement;
 
 /// The label of a row. A click on it focuses the row's input, and screen readers call the input by it, unless
-/// the input has a name of its own. It is dimmed while the row's element is disabled, but not while only a part
-/// of the row is.
+/// the input has a name of its own. It is dimmed while the row's element is disabled, but not while only a
+/// part of the row is.
 class FormRowLabel final : public ElidedLabel {
     Q_OBJECT
 
