@@ -10,6 +10,7 @@
 #include "FormKit_macOS/Elements/FormDurationInput.h"
 #include "FormKit_macOS/Elements/FormHintText.h"
 #include "FormKit_macOS/Elements/FormMoneyInput.h"
+#include "FormKit_macOS/Elements/FormMultilineTextInput.h"
 #include "FormKit_macOS/Elements/FormNumberInput.h"
 #include "FormKit_macOS/Elements/FormSeparator.h"
 #include "FormKit_macOS/Elements/FormStateView.h"
@@ -75,7 +76,7 @@ std::shared_ptr<FormElementMoneyInput> FormViewFactory::moneyInput() const
 
 std::shared_ptr<FormElementMultilineTextInput> FormViewFactory::multilineTextInput() const
 {
-    endWithout("FormMultilineTextInput");
+    return makeElement<FormMultilineTextInput>();
 }
 
 std::shared_ptr<FormElementSeparator> FormViewFactory::separator() const

@@ -1,85 +1,27 @@
 // SPDX-License-Identifier: MIT
-#include "FormKit/Form.h"
 #include "FormKit_macOS/Elements/FormDistanceInput.h"
 #include "FormKit_macOS/Elements/FormDualInput.h"
 #include "FormKit_macOS/Elements/FormDurationInput.h"
 #include "FormKit_macOS/Elements/FormMoneyInput.h"
 #include "FormKit_macOS/Elements/FormNumberInput.h"
 #include "FormKit_macOS/Elements/FormTextInput.h"
-#include "FormKit_macOS/FormViewFactory.h"
-#include "FormKit_macOS/Rendering/FormViewRenderer.h"
+#include "InputFixture.h"
 #include "Platform/Text/NumberFormatter.h"
 #include "Support/WaitFor.h"
 
-#include <QApplication>
-#include <QClipboard>
 #include <QElapsedTimer>
-#include <QInputMethodEvent>
 #include <QScrollArea>
-#include <QTest>
 #include <QToolButton>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 
 using namespace quor::formkit;
 using namespace Qt::StringLiterals;
+using quor::test::FormInputs;
 using quor::test::waitFor;
 
 namespace {
-
-/// A form in a window.
-class FormInputs : public testing::Test {
-protected:
-    template <class Element>
-    std::shared_ptr<Element> show(std::shared_ptr<Element> element)
-    {
-        form_->addElement(element);
-        element->setValueChanged([this](FormElement&) { ++changes_; });
-        render();
-        window_.resize(400, 300);
-        window_.show();
-        window_.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
-        element->focusableViews().front()->setFocus();
-        return element;
-    }
-    void render()
-    {
-        form_->setNeedsRender(true);
-        renderer_.render(*form_);
-    }
-    static InputField& field(const FormElement& element, std::size_t index = 0)
-    {
-        return *qobject_cast<InputField*>(element.focusableViews()[index]);
-    }
-    static QString texts(const FormElement& element)
-    {
-        QStringList texts;
-        for (std::size_t i = 0; i < element.focusableViews().size(); ++i)
-            texts += field(element, i).text();
-        return texts.join(u' ');
-    }
-    static void compose(QWidget& view, const QString& preedit, const QString& commit = {})
-    {
-        QInputMethodEvent event(preedit, {});
-        event.setCommitString(commit);
-        QApplication::sendEvent(&view, &event);
-    }
-    static void paste(QWidget& view, const QString& text)
-    {
-        QApplication::clipboard()->setText(text);
-        QTest::keySequence(&view, QKeySequence::Paste);
-    }
-
-    QWidget window_;
-    std::shared_ptr<Form> form_
-        = std::make_shared<Form>(std::nullopt, std::make_shared<FormViewFactory>(), 400, 0.6);
-    FormViewRenderer renderer_{FormViewRenderer::RenderMode::normal, window_, false};
-    int changes_ = 0;
-};
 
 TEST_F(FormInputs, ABurstOfKeysIsOneChange)
 {

@@ -2,6 +2,7 @@
 #include "FormKit_macOS/Controls/ResizeTextView.h"
 
 #include "FormKit_macOS/Controls/ScaledFont.h"
+#include "FormKit_macOS/Controls/WrapMode.h"
 #include "ToolKit/Markdown/MarkdownParser.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -18,23 +19,6 @@ using namespace Qt::StringLiterals;
 using quor::platform::AttributedString;
 
 namespace quor::formkit {
-
-namespace {
-
-/// Qt needs the square of a word's length to find that it has to break within the word.
-QTextOption::WrapMode wrapModeFor(const QString& text)
-{
-    constexpr int longestWord = 1000;
-    int length = 0;
-    for (const QChar character : text) {
-        length = character.isSpace() ? 0 : length + 1;
-        if (length > longestWord)
-            return QTextOption::WrapAnywhere;
-    }
-    return QTextOption::WrapAtWordBoundaryOrAnywhere;
-}
-
-} // namespace
 
 ResizeTextView::ResizeTextView(QWidget* parent)
     : QTextBrowser(parent)
