@@ -21,6 +21,7 @@ const std::vector<Page>& pages()
         {u"popover-button"_s, u"PagePopoverButton"_s, makePopoverFromButton},
         {u"popover-segment"_s, u"PagePopoverSegment"_s, makePopoverFromSegment},
         {u"text-inputs"_s, u"PageTextInputs"_s, makeTextInputs},
+        {u"multiline-text"_s, u"PageMultilineText"_s, makeMultilineText},
         {u"number-inputs"_s, u"PageNumberInputs"_s, makeNumberInputs},
         {u"duration-inputs"_s, u"PageDurationInputs"_s, makeDurationInputs},
         {u"hot-keys"_s, u"PageHotKeys"_s, makeHotKeys},

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QInputMethodEvent>
+#include <QScrollArea>
 #include <QTest>
 
 #include <gtest/gtest.h>

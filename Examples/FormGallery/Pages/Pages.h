@@ -17,6 +17,7 @@ namespace quor::gallery {
 [[nodiscard]] std::shared_ptr<formkit::Form> makePopoverFromButton(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makePopoverFromSegment(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeTextInputs(platform::ColorScheme scheme);
+[[nodiscard]] std::shared_ptr<formkit::Form> makeMultilineText(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeNumberInputs(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeDurationInputs(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeHotKeys(platform::ColorScheme scheme);

@@ -7,8 +7,14 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QTextBlock>
 #include <QTextDocumentFragment>
+
+#include <algorithm>
+#include <optional>
 
 namespace quor::formkit {
 
@@ -35,7 +41,7 @@ PlainTextView::PlainTextView(QWidget* parent)
     setTabChangesFocus(true);
     document()->setDocumentMargin(2); // as fields of one line have it
     viewport()->setAutoFillBackground(false);
-    updateTextOption();
+    setTextOption(wordWrapMode());
     connect(this, &QPlainTextEdit::textChanged, this, &PlainTextView::noteChange);
 }
 
@@ -46,7 +52,9 @@ void PlainTextView::setShownText(const QString& text)
         return;
     const QScopedValueRollback setting(isSetting_, true);
     isEdited_ = false;
+    breakAnywhereIfNeeded(shown);
     setPlainText(shown);
+    setTextOption(wrapModeFor(shown));
 }
 
 void PlainTextView::noteChange()
@@ -56,23 +64,77 @@ void PlainTextView::noteChange()
     if (text == shownText_)
         return; // the step of an input method
     shownText_ = std::move(text);
-    updateTextOption();
+    // Once lines break anywhere, they do until the text is set anew: undoing may bring the long word back.
+    breakAnywhereIfNeeded(shownText_);
+    setTextOption(wordWrapMode());
     if (isSetting_)
         return;
     isEdited_ = true;
     Q_EMIT edited();
 }
 
-void PlainTextView::updateTextOption()
+void PlainTextView::breakAnywhereIfNeeded(QStringView coming)
+{
+    if (const auto mode = wrapModeFor(coming); mode == QTextOption::WrapAnywhere)
+        setWordWrapMode(mode);
+}
+
+void PlainTextView::setTextOption(QTextOption::WrapMode wrapMode)
 {
     QTextOption option = document()->defaultTextOption();
-    const auto wrapMode = wrapModeFor(shownText_);
     const auto direction = shownText_.isEmpty() ? layoutDirection() : Qt::LayoutDirectionAuto;
-    if (option.wrapMode() == wrapMode && option.textDirection() == direction)
-        return;
-    option.setTextDirection(direction);
-    document()->setDefaultTextOption(option);
+    if (option.textDirection() != direction) {
+        option.setTextDirection(direction);
+        document()->setDefaultTextOption(option);
+    }
     setWordWrapMode(wrapMode);
+}
+
+platform::TextRange PlainTextView::visibleRange() const
+{
+    std::optional<qsizetype> start;
+    qsizetype end = 0;
+    for (QTextBlock block = firstVisibleBlock(); block.isValid(); block = block.next()) {
+        const QRectF place = blockBoundingGeometry(block).translated(contentOffset());
+        if (place.top() >= viewport()->height())
+            break;
+        const QTextLayout& layout = *block.layout();
+        for (int i = 0; i < layout.lineCount(); ++i) {
+            const QTextLine line = layout.lineAt(i);
+            if (place.top() + line.y() + line.height() <= 0 || place.top() + line.y() >= viewport()->height())
+                continue;
+            start = start.value_or(block.position() + line.textStart());
+            end = block.position() + line.textStart() + line.textLength();
+        }
+    }
+    const platform::TextRange range{start.value_or(0), end - start.value_or(0)};
+    return range.clipped(document()->characterCount() - 1); // what is being composed has lines, too
+}
+
+std::vector<QLineF> PlainTextView::baselines(platform::TextRange range) const
+{
+    const QTextBlock block = document()->findBlock(int(range.location));
+    const QTextLayout& layout = *block.layout();
+    const QPointF origin = blockBoundingGeometry(block).translated(contentOffset()).topLeft();
+    const auto placeInLayout = [&](qsizetype place) {
+        const int inBlock = int(place) - block.position();
+        return inBlock < layout.preeditAreaPosition() ? inBlock
+                                                      : inBlock + int(layout.preeditAreaText().size());
+    };
+    const int start = placeInLayout(range.location);
+    const int end = placeInLayout(range.end());
+    std::vector<QLineF> baselines;
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const int from = std::max(start, line.textStart());
+        const int to = std::min(end, line.textStart() + line.textLength());
+        if (from >= to)
+            continue;
+        const auto [left, right] = std::minmax({line.cursorToX(from), line.cursorToX(to)});
+        const double y = line.y() + line.ascent();
+        baselines.push_back(QLineF(left, y, right, y).translated(origin));
+    }
+    return baselines;
 }
 
 bool PlainTextView::checksSpelling() const
@@ -98,7 +160,7 @@ void PlainTextView::changeEvent(QEvent* event)
 {
     QPlainTextEdit::changeEvent(event);
     if (event->type() == QEvent::LayoutDirectionChange)
-        updateTextOption();
+        setTextOption(wordWrapMode());
     else if (event->type() == QEvent::FontChange)
         updateGeometry();
 }
@@ -110,12 +172,10 @@ bool PlainTextView::canInsertFromMimeData(const QMimeData* source) const
 
 void PlainTextView::insertFromMimeData(const QMimeData* source)
 {
-    if (source->hasText() || !source->hasHtml()) {
-        QPlainTextEdit::insertFromMimeData(source);
-        return;
-    }
+    const bool isRich = source->hasHtml() && !source->hasText();
     QMimeData plain;
-    plain.setText(QTextDocumentFragment::fromHtml(source->html()).toPlainText());
+    plain.setText(isRich ? QTextDocumentFragment::fromHtml(source->html()).toPlainText() : source->text());
+    breakAnywhereIfNeeded(plain.text());
     QPlainTextEdit::insertFromMimeData(&plain);
 }
 
@@ -128,6 +188,13 @@ void PlainTextView::contextMenuEvent(QContextMenuEvent* event)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     spelling_->addActions(*menu, isByKeyboard ? textCursor() : cursorForPosition(event->pos()));
     menu->popup(isByKeyboard ? viewport()->mapToGlobal(cursorRect().bottomLeft()) : event->globalPos());
+}
+
+void PlainTextView::paintEvent(QPaintEvent* event)
+{
+    QPlainTextEdit::paintEvent(event);
+    QPainter painter(viewport());
+    spelling_->paint(painter, event->rect());
 }
 
 void PlainTextView::focusOutEvent(QFocusEvent* event)

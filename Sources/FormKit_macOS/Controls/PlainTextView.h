@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "Platform/Text/TextRange.h"
+
+#include <QLineF>
 #include <QPlainTextEdit>
+
+#include <vector>
 
 namespace quor::formkit {
 
@@ -29,6 +34,12 @@ public:
     /// True at first.
     void setChecksSpelling(bool checks);
 
+    /// The lines of the text that are in sight, even if only in part.
+    [[nodiscard]] platform::TextRange visibleRange() const;
+    /// The baselines that the text of `range`, within one paragraph, stands on, one for each line. From left
+    /// to right, in coordinates of the viewport.
+    [[nodiscard]] std::vector<QLineF> baselines(platform::TextRange range) const;
+
     /// Five lines.
     [[nodiscard]] QSize sizeHint() const override;
 
@@ -44,11 +55,15 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     void noteChange();
+    /// Lets lines break anywhere if the words of `coming` are too long, which must be done before Qt breaks
+    /// it into lines.
+    void breakAnywhereIfNeeded(QStringView coming);
     /// Sets how lines break, and in which direction they run.
-    void updateTextOption();
+    void setTextOption(QTextOption::WrapMode wrapMode);
 
     QString shownText_;
     bool isSetting_ = false;

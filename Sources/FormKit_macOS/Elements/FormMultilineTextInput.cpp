@@ -3,19 +3,12 @@
 
 #include "FormKit/Form.h"
 #include "FormKit_macOS/Controls/PlainTextView.h"
-#include "FormKit_macOS/Controls/TextContainerView.h"
 #include "FormKit_macOS/FormMacOSResource.h"
 #include "Platform/Lifetime/WhileAlive.h"
 
 using namespace Qt::StringLiterals;
 
 namespace quor::formkit {
-
-FormMultilineTextInput::FormMultilineTextInput(Construction construction)
-    : FormBase(construction)
-    , container_(platform::makeWidget<TextContainerView>())
-{
-}
 
 void FormMultilineTextInput::setup()
 {
@@ -63,11 +56,6 @@ void FormMultilineTextInput::setEnabled(bool enabled)
     FormBase::setEnabled(enabled);
     if (container_)
         container_->setEnabled(enabled);
-}
-
-QWidget* FormMultilineTextInput::view() const
-{
-    return container_.get();
 }
 
 std::vector<QWidget*> FormMultilineTextInput::focusableViews() const

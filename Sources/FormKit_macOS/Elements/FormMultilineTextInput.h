@@ -2,11 +2,10 @@
 #pragma once
 
 #include "FormKit/Elements/FormElementMultilineTextInput.h"
+#include "FormKit_macOS/Controls/TextContainerView.h"
 #include "FormKit_macOS/Elements/FormBase.h"
 
 namespace quor::formkit {
-
-class TextContainerView;
 
 /// An input of a plain text with any number of lines, in a field that is five lines high and scrolls. The
 /// hint below says at first how the user leaves the field: the Return key begins a line, and Tab goes on.
@@ -15,7 +14,7 @@ class TextContainerView;
 /// one of the user's languages.
 class FormMultilineTextInput final : public FormBase, public FormElementMultilineTextInput {
 public:
-    explicit FormMultilineTextInput(Construction construction);
+    using FormBase::FormBase;
 
     [[nodiscard]] QString value() const override;
     void setValue(const QString& value) override;
@@ -27,12 +26,12 @@ public:
     void setDismissHandler(Dismissed dismissHandler) override { dismissHandler_ = std::move(dismissHandler); }
 
     void setEnabled(bool enabled) override;
-    [[nodiscard]] QWidget* view() const override;
+    [[nodiscard]] QWidget* view() const override { return container_.get(); }
     [[nodiscard]] std::vector<QWidget*> focusableViews() const override;
     void setup() override;
 
 private:
-    platform::WidgetHandle<TextContainerView> container_;
+    platform::WidgetHandle<TextContainerView> container_ = platform::makeWidget<TextContainerView>();
     QString hintText_;
     bool enableSpellChecking_ = true;
     Dismissed dismissHandler_;

@@ -13,10 +13,15 @@ namespace quor::formkit {
 
 namespace {
 
-bool isAddress(QStringView token)
+/// Whether `token`, a text without blanks, is the name of a host, a file or the like, or an address.
+bool isName(QStringView token)
 {
-    return token.contains("://"_L1) || token.contains(u'@')
-        || token.startsWith("www."_L1, Qt::CaseInsensitive);
+    constexpr QStringView joints = u"._\\";
+    for (qsizetype i = 1; i + 1 < token.size(); ++i) {
+        if (joints.contains(token[i]) && token[i - 1].isLetterOrNumber() && token[i + 1].isLetterOrNumber())
+            return true;
+    }
+    return token.contains(u'@') || token.contains("://"_L1);
 }
 
 bool isSpelledWord(QStringView word)
@@ -54,7 +59,7 @@ std::vector<TextRange> spelledWords(QStringView text)
         it = std::find_if_not(it, text.end(), isSpace);
         const auto* const end = std::find_if(it, text.end(), isSpace);
         const TextRange token{it - text.begin(), end - it};
-        if (!isAddress(text.mid(token.location, token.length)))
+        if (!isName(text.mid(token.location, token.length)))
             appendWords(text, token, words);
         it = end;
     }

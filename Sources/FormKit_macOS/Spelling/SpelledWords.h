@@ -14,7 +14,8 @@ constexpr qsizetype longestSpelledWord = 100;
 
 /// Returns the ranges of the words of `text` whose spelling can be checked, in their order: words of at least
 /// two letters, perhaps with an apostrophe in them. Words with digits or other signs are left out, and so are
-/// the parts of web and mail addresses. Linear in the length of the text. Any thread.
+/// the parts of addresses, of names of files and hosts, and of abbreviations such as "e.g.". Linear in the
+/// length of the text. Any thread.
 [[nodiscard]] std::vector<platform::TextRange> spelledWords(QStringView text);
 
 } // namespace quor::formkit

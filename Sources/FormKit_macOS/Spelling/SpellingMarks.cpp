@@ -8,6 +8,8 @@
 
 #include <QEvent>
 #include <QMenu>
+#include <QPainter>
+#include <QPolygonF>
 #include <QScrollBar>
 #include <QTextLayout>
 
@@ -20,14 +22,27 @@ namespace quor::formkit {
 
 namespace {
 
-QTextCharFormat lineFormat(const QPalette& palette)
+QColor lineColor(const QPalette& palette)
 {
     constexpr int dark = 128;
-    const bool isDark = palette.color(QPalette::Base).lightness() < dark;
-    QTextCharFormat format;
-    format.setUnderlineStyle(QTextCharFormat::WaveUnderline);
-    format.setUnderlineColor(isDark ? QColor(0xff7b72) : QColor(0xd1242f));
-    return format;
+    return palette.color(QPalette::Base).lightness() < dark ? QColor(0xff7b72) : QColor(0xd1242f);
+}
+
+/// The teeth are at the same places whatever the word, so that a line that grows does not move.
+QPolygonF waveBelow(const QLineF& baseline)
+{
+    constexpr int step = 2;
+    constexpr double distance = 1.5;
+    constexpr double height = 2;
+    QPolygonF wave;
+    for (int i = int(baseline.x1()) / step; i * step <= baseline.x2(); ++i)
+        wave << QPointF(i * step, baseline.y1() + distance + (i % 2 == 0 ? 0 : height));
+    return wave;
+}
+
+TextRange rangeOf(const QTextCursor& mark)
+{
+    return {mark.selectionStart(), mark.selectionEnd() - mark.selectionStart()};
 }
 
 bool contains(TextRange range, int place)
@@ -104,15 +119,12 @@ std::vector<TextRange> SpellingMarks::misspelledWords()
         checker_ = SpellChecker::forUser();
         connect(checker_.get(), &SpellChecker::answersChanged, &refreshes_, qOverload<>(&QTimer::start));
     }
-    QTextCursor first = view_.cursorForPosition({0, 0});
-    first.movePosition(QTextCursor::StartOfLine);
-    QTextCursor last = view_.cursorForPosition(view_.viewport()->rect().bottomRight());
-    last.movePosition(QTextCursor::EndOfLine);
+    const TextRange visible = view_.visibleRange();
     std::vector<TextRange> misspelled;
-    for (QTextBlock block = first.block(); block.isValid() && block.position() <= last.position();
-         block = block.next()) {
-        const int from = std::max(first.position() - block.position(), 0);
-        const int to = std::min(last.position() - block.position(), block.length() - 1);
+    for (QTextBlock block = view_.document()->findBlock(int(visible.location));
+         block.isValid() && block.position() <= visible.end(); block = block.next()) {
+        const int from = std::max(int(visible.location) - block.position(), 0);
+        const int to = std::min(int(visible.end()) - block.position(), block.length() - 1);
         appendMisspelled(block, from, to, misspelled);
     }
     return misspelled;
@@ -129,12 +141,11 @@ void SpellingMarks::appendMisspelled(
     bool leavesTyped
         = contains({block.position(), block.length() - 1}, typed_.isNull() ? -1 : typed_.position());
     const QTextLayout& layout = *block.layout();
-    // Qt draws the lines as if what is being composed were no part of the block.
     const bool isComposing = !layout.preeditAreaText().isEmpty();
     for (TextRange word : spelledWords(part)) {
         word.location += start;
         if (word.end() < from || word.location > to
-            || (isComposing && word.end() >= layout.preeditAreaPosition()))
+            || (isComposing && contains(word, layout.preeditAreaPosition())))
             continue;
         const TextRange place{block.position() + word.location, word.length};
         if (isBeingTyped(place))
@@ -148,36 +159,38 @@ void SpellingMarks::appendMisspelled(
 
 void SpellingMarks::show(const std::vector<TextRange>& words)
 {
-    const QTextCharFormat format = lineFormat(view_.palette());
-    const auto shown = view_.extraSelections();
-    const auto isShown = [&](const QTextEdit::ExtraSelection& selection, TextRange word) {
-        return selection.cursor.selectionStart() == word.location
-            && selection.cursor.selectionEnd() == word.end() && selection.format == format;
-    };
-    if (std::equal(shown.begin(), shown.end(), words.begin(), words.end(), isShown))
+    const auto isShown = [](const QTextCursor& mark, TextRange word) { return rangeOf(mark) == word; };
+    if (std::equal(marks_.begin(), marks_.end(), words.begin(), words.end(), isShown))
         return;
-    QList<QTextEdit::ExtraSelection> selections;
+    marks_.clear();
     for (const TextRange word : words) {
-        QTextCursor cursor(view_.document());
-        cursor.setPosition(int(word.location));
-        cursor.setPosition(int(word.end()), QTextCursor::KeepAnchor);
-        selections += {cursor, format};
+        QTextCursor& mark = marks_.emplace_back(view_.document());
+        mark.setPosition(int(word.location));
+        mark.setPosition(int(word.end()), QTextCursor::KeepAnchor);
     }
-    view_.setExtraSelections(selections);
+    view_.viewport()->update();
+}
+
+void SpellingMarks::paint(QPainter& painter, const QRect& area) const
+{
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(lineColor(view_.palette()));
+    for (const QTextCursor& mark : marks_) {
+        for (const QLineF& baseline : view_.baselines(rangeOf(mark))) {
+            const QPolygonF wave = waveBelow(baseline);
+            if (wave.boundingRect().intersects(area))
+                painter.drawPolyline(wave);
+        }
+    }
 }
 
 void SpellingMarks::addActions(QMenu& menu, const QTextCursor& place)
 {
-    const auto marks = view_.extraSelections();
-    const auto mark
-        = std::find_if(marks.begin(), marks.end(), [&](const QTextEdit::ExtraSelection& selection) {
-              const auto& cursor = selection.cursor;
-              return contains({cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()},
-                  place.position());
-          });
-    if (mark == marks.end() || !checker_)
+    const auto mark = std::find_if(marks_.begin(), marks_.end(),
+        [&](const QTextCursor& candidate) { return contains(rangeOf(candidate), place.position()); });
+    if (mark == marks_.end() || !checker_)
         return;
-    const QString word = mark->cursor.selectedText();
+    const QString word = mark->selectedText();
     QAction* const before = menu.actions().value(0);
     const auto add = [&](const QString& title) {
         auto* const action = new QAction(title, &menu);
@@ -188,7 +201,7 @@ void SpellingMarks::addActions(QMenu& menu, const QTextCursor& place)
     const QStringList suggestions = checker_->suggestions(word).mid(0, mostSuggestions);
     for (const QString& suggestion : suggestions) {
         connect(add(QString(suggestion).replace(u'&', "&&"_L1)), &QAction::triggered, this,
-            [cursor = mark->cursor, word, suggestion]() mutable {
+            [cursor = *mark, word, suggestion]() mutable {
                 if (cursor.selectedText() == word)
                     cursor.insertText(suggestion);
             });

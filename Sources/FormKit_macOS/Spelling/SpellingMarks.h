@@ -13,6 +13,7 @@
 #include <vector>
 
 class QMenu;
+class QPainter;
 
 namespace quor::formkit {
 
@@ -36,6 +37,12 @@ public:
     /// True at first.
     void setEnabled(bool enabled);
 
+    /// The words with lines, selected, in the order of the text.
+    [[nodiscard]] const std::vector<QTextCursor>& marks() const { return marks_; }
+
+    /// Paints the lines that are in `area`, in coordinates of the view's viewport.
+    void paint(QPainter& painter, const QRect& area) const;
+
     /// Puts the suggestions for the word at `place`, and what adds it to the dictionary, before the other
     /// entries of `menu`. Has no effect if the word has no line.
     void addActions(QMenu& menu, const QTextCursor& place);
@@ -58,6 +65,7 @@ private:
     PlainTextView& view_;
     bool isEnabled_ = true;
     std::shared_ptr<SpellChecker> checker_; ///< null until there is a text to check
+    std::vector<QTextCursor> marks_;
     QTextCursor typed_; ///< where the user has typed, until the caret leaves the word; else null
     QTimer refreshes_; ///< one for all events of a turn of the event loop
 };
