@@ -25,6 +25,7 @@ const std::vector<Page>& pages()
         {u"number-inputs"_s, u"PageNumberInputs"_s, makeNumberInputs},
         {u"duration-inputs"_s, u"PageDurationInputs"_s, makeDurationInputs},
         {u"hot-keys"_s, u"PageHotKeys"_s, makeHotKeys},
+        {u"rounded-buttons"_s, u"PageRoundedButtons"_s, makeRoundedButtons},
         {u"many-rows"_s, u"PageManyRows"_s, makeManyRows},
     };
     return list;

@@ -432,8 +432,8 @@ void RoundedButton::drawShape(QPainter& painter) const
 
 void RoundedButton::drawFocus(QPainter& painter) const
 {
-    // In the colour of the title, which stands out from each fill.
-    constexpr double inset = 2;
+    // In the colour of the title, which stands out from each fill, and not through the title.
+    const double inset = std::clamp(titleInsets_.top(), 0.5, 2.0);
     const QRectF ring = QRectF(rect()).adjusted(inset, inset, -inset, -inset);
     const double radius = cornerRadius_ < 0 ? height() / 2.0 : cornerRadius_;
     drawRoundedRect(painter, textColor(false), false, std::max(radius - inset, 0.0), ring);
