@@ -24,6 +24,7 @@ const std::vector<Page>& pages()
         {u"multiline-text"_s, u"PageMultilineText"_s, makeMultilineText},
         {u"number-inputs"_s, u"PageNumberInputs"_s, makeNumberInputs},
         {u"duration-inputs"_s, u"PageDurationInputs"_s, makeDurationInputs},
+        {u"colors"_s, u"PageColors"_s, makeColors},
         {u"hot-keys"_s, u"PageHotKeys"_s, makeHotKeys},
         {u"rounded-buttons"_s, u"PageRoundedButtons"_s, makeRoundedButtons},
         {u"many-rows"_s, u"PageManyRows"_s, makeManyRows},

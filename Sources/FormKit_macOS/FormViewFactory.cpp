@@ -4,6 +4,7 @@
 #include "FormKit_macOS/Elements/FormButton.h"
 #include "FormKit_macOS/Elements/FormButtonSelection.h"
 #include "FormKit_macOS/Elements/FormCheckBox.h"
+#include "FormKit_macOS/Elements/FormColorPicker.h"
 #include "FormKit_macOS/Elements/FormDatePicker.h"
 #include "FormKit_macOS/Elements/FormDistanceInput.h"
 #include "FormKit_macOS/Elements/FormDropDown.h"
@@ -41,7 +42,7 @@ std::shared_ptr<FormElementCheckBox> FormViewFactory::checkBox() const
 
 std::shared_ptr<FormElementColorPicker> FormViewFactory::colorPicker() const
 {
-    endWithout("FormColorPicker");
+    return makeElement<FormColorPicker>();
 }
 
 std::shared_ptr<FormElementDatePicker> FormViewFactory::datePicker() const

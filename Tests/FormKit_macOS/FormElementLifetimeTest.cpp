@@ -186,7 +186,7 @@ TEST_F(FormElements, AHandlerMayEndAnElementThatIsBeingHidden)
 
 TEST(FormViewFactory, EndsTheProgramForAnElementThatIsMissing)
 {
-    EXPECT_DEATH((void)FormViewFactory().colorPicker(), "FormColorPicker");
+    EXPECT_DEATH((void)FormViewFactory().detailInfoButton(), "FormDetailInfoButton");
 }
 
 } // namespace

@@ -20,6 +20,7 @@ namespace quor::gallery {
 [[nodiscard]] std::shared_ptr<formkit::Form> makeMultilineText(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeNumberInputs(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeDurationInputs(platform::ColorScheme scheme);
+[[nodiscard]] std::shared_ptr<formkit::Form> makeColors(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeHotKeys(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeRoundedButtons(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeManyRows(platform::ColorScheme scheme);

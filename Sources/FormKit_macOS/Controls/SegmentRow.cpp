@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Controls/SegmentRow.h"
 
+#include "FormKit_macOS/Controls/RowStep.h"
 #include "FormKit_macOS/Controls/ScaledFont.h"
 #include "FormKit_macOS/Controls/Segment.h"
 
@@ -98,37 +99,20 @@ void SegmentRow::focusOutEvent(QFocusEvent* event)
 
 void SegmentRow::keyPressEvent(QKeyEvent* event)
 {
-    const int last = segmentCount() - 1;
-    const int right = layoutDirection() == Qt::RightToLeft ? -1 : 1;
-    int next = current_;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        next -= right;
-        break;
-    case Qt::Key_Right:
-        next += right;
-        break;
-    case Qt::Key_Home:
-        next = 0;
-        break;
-    case Qt::Key_End:
-        next = last;
-        break;
-    case Qt::Key_Space:
-        if (current_ <= last && !event->isAutoRepeat())
+    if (event->key() == Qt::Key_Space) {
+        if (current_ < segmentCount() && !event->isAutoRepeat())
             click(current_);
         return;
-    default:
-        QWidget::keyPressEvent(event);
-        return;
     }
-    next = std::clamp(next, 0, std::max(last, 0));
-    if (next == current_)
+    const auto next = stepInRow(event->key(), current_, segmentCount(), layoutDirection());
+    if (!next)
+        QWidget::keyPressEvent(event);
+    if (!next || *next == current_)
         return;
     if (isExclusive_)
-        click(next);
+        click(*next);
     else
-        setCurrent(next);
+        setCurrent(*next);
 }
 
 } // namespace quor::formkit
