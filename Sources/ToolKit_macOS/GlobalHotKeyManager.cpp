@@ -67,7 +67,7 @@ QString GlobalHotKeyManager::triggerText(std::uint32_t id) const
 {
     for (const auto& registration : registrations_) {
         const auto* reference = std::get_if<EventHotKeyRef>(&registration.outcome);
-        const auto text = reference && registration.id == id ? hotKeys_.triggerText(*reference) : QString();
+        auto text = reference && registration.id == id ? hotKeys_.triggerText(*reference) : QString();
         if (!text.isEmpty())
             return text;
     }

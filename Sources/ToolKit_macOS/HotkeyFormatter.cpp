@@ -4,6 +4,7 @@
 #include "Platform/Services/HotKeys.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <utility>
 
@@ -19,14 +20,14 @@ struct KeyCodeSymbol {
 };
 
 /// The keys whose name does not depend on the layout.
-constexpr KeyCodeSymbol keyCodeSymbols[]
-    = {{0x24, u"↩"}, {0x30, u"⇥"}, {0x31, u"⎵"}, {0x33, u"⌫"}, {0x35, u"⎋"}, {0x37, u"⌘"}, {0x38, u"⇧"},
+constexpr auto keyCodeSymbols = std::to_array<KeyCodeSymbol>(
+    {{0x24, u"↩"}, {0x30, u"⇥"}, {0x31, u"⎵"}, {0x33, u"⌫"}, {0x35, u"⎋"}, {0x37, u"⌘"}, {0x38, u"⇧"},
         {0x39, u"⇪"}, {0x3A, u"⌥"}, {0x3B, u"⌃"}, {0x3C, u"⇧"}, {0x3D, u"⌥"}, {0x3E, u"⌃"}, {0x3F, u"fn"},
         {0x40, u"F17"}, {0x48, u"🔊"}, {0x49, u"🔈"}, {0x4A, u"🔇"}, {0x4F, u"F18"}, {0x50, u"F19"},
         {0x5A, u"F20"}, {0x60, u"F5"}, {0x61, u"F6"}, {0x62, u"F7"}, {0x63, u"F3"}, {0x64, u"F8"},
         {0x65, u"F9"}, {0x67, u"F11"}, {0x69, u"F13"}, {0x6A, u"F16"}, {0x6B, u"F14"}, {0x6D, u"F10"},
         {0x6F, u"F12"}, {0x71, u"F15"}, {0x73, u"↖"}, {0x74, u"⇞"}, {0x75, u"⌦"}, {0x76, u"F4"}, {0x77, u"↘"},
-        {0x78, u"F2"}, {0x79, u"⇟"}, {0x7A, u"F1"}, {0x7B, u"←"}, {0x7C, u"→"}, {0x7D, u"↓"}, {0x7E, u"↑"}};
+        {0x78, u"F2"}, {0x79, u"⇟"}, {0x7A, u"F1"}, {0x7B, u"←"}, {0x7C, u"→"}, {0x7D, u"↓"}, {0x7E, u"↑"}});
 
 QString symbol(int keyCode)
 {
@@ -40,8 +41,8 @@ QString modifierText(int modifier)
     QString text;
     if (modifier < 0)
         return text;
-    constexpr std::pair<std::uint32_t, int> keys[] = {{Modifier::control, 0x3B}, {Modifier::option, 0x3A},
-        {Modifier::shift, 0x38}, {Modifier::command, 0x37}};
+    constexpr auto keys = std::to_array<std::pair<std::uint32_t, int>>({{Modifier::control, 0x3B},
+        {Modifier::option, 0x3A}, {Modifier::shift, 0x38}, {Modifier::command, 0x37}});
     for (const auto& [bit, keyCode] : keys) {
         if (std::uint32_t(modifier) & bit)
             text += symbol(keyCode);
@@ -53,7 +54,7 @@ QString modifierText(int modifier)
 
 QString HotkeyFormatter::displayString(int keyCode, int modifier) const
 {
-    const QString modifiers = modifierText(modifier);
+    QString modifiers = modifierText(modifier);
     if (keyCode < 0)
         return modifiers;
     if (const auto name = symbol(keyCode); !name.isEmpty())

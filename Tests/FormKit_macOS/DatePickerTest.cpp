@@ -118,27 +118,27 @@ TEST_F(DatePickers, TakeWhatIsTyped)
 {
     struct Case {
         const char* locale;
-        DatePickerMode mode;
         const char* keys;
         const char* value;
+        DatePickerMode mode;
         int changes;
     };
     const auto [time, day] = std::pair(DatePickerMode::time, DatePickerMode::date);
     const Case cases[] = {
-        {"de_DE", day, "31122025", "2025-12-31 08:30:00", 1},
-        {"de_DE", day, "3.4.25!", "2025-04-03 07:30:00", 1},
-        {"de_DE", day, "3111", "2024-02-29 08:30:00", 0}, // not finished
-        {"de_DE", day, "312!", "2024-02-29 08:30:00", 0}, // has no 31st: the last day, which it was
-        {"de_DE", day, "$2023!", "2023-02-28 08:30:00", 1},
-        {"de_DE", day, "$0!", "2000-02-29 08:30:00", 1},
-        {"en_US", day, "1v", "2023-12-29 08:30:00", 1},
-        {"de_DE", day, "<<>^", "2024-03-29 08:30:00", 1},
-        {"de_DE", time, "1745", "2024-02-29 16:45:00", 1},
-        {"de_DE", time, "7:5!", "2024-02-29 06:05:00", 1},
-        {"de_DE", time, "v", "2024-02-29 07:30:00", 1},
-        {"en_US", time, "445p", "2024-02-29 15:45:00", 1},
-        {"en_US", time, "1200a", "2024-02-28 23:00:00", 1},
-        {"de_DE", time, "!", "2024-02-29 08:30:00", 0},
+        {"de_DE", "31122025", "2025-12-31 08:30:00", day, 1},
+        {"de_DE", "3.4.25!", "2025-04-03 07:30:00", day, 1},
+        {"de_DE", "3111", "2024-02-29 08:30:00", day, 0}, // not finished
+        {"de_DE", "312!", "2024-02-29 08:30:00", day, 0}, // has no 31st: the last day, which it was
+        {"de_DE", "$2023!", "2023-02-28 08:30:00", day, 1},
+        {"de_DE", "$0!", "2000-02-29 08:30:00", day, 1},
+        {"en_US", "1v", "2023-12-29 08:30:00", day, 1},
+        {"de_DE", "<<>^", "2024-03-29 08:30:00", day, 1},
+        {"de_DE", "1745", "2024-02-29 16:45:00", time, 1},
+        {"de_DE", "7:5!", "2024-02-29 06:05:00", time, 1},
+        {"de_DE", "v", "2024-02-29 07:30:00", time, 1},
+        {"en_US", "445p", "2024-02-29 15:45:00", time, 1},
+        {"en_US", "1200a", "2024-02-28 23:00:00", time, 1},
+        {"de_DE", "!", "2024-02-29 08:30:00", time, 0},
     };
     for (const Case& given : cases) {
         inRegion(given.locale, "Europe/Berlin");

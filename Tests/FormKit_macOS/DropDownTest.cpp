@@ -194,13 +194,13 @@ TEST_F(DropDowns, OpenListsThatFitAndShowTheSelectedRow)
     button().click();
     EXPECT_FALSE(dropDown_->isOpen()); // nothing to choose
     struct Case {
-        int count;
         QString name;
+        int count;
         bool hasSearch;
     };
-    const Case cases[] = {{1, u"Item %1"_s, false}, {20, u"Item %1"_s, false}, {21, u"Item %1"_s, true},
-        {100'000, u"Item %1"_s, true}, {30, QString(10'000, u'W') + u"%1"_s, true}};
-    for (const auto& [count, name, hasSearch] : cases) {
+    const Case cases[] = {{u"Item %1"_s, 1, false}, {u"Item %1"_s, 20, false}, {u"Item %1"_s, 21, true},
+        {u"Item %1"_s, 100'000, true}, {QString(10'000, u'W') + u"%1"_s, 30, true}};
+    for (const auto& [name, count, hasSearch] : cases) {
         SCOPED_TRACE(count);
         dropDown_->removeAllItems();
         fill(count, name);

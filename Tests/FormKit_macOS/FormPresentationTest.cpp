@@ -272,6 +272,7 @@ TEST_F(FormPresentationTest, APopoverPointsToTheSelectedSegment)
     window->move(250, 0);
     for (const int count : {1, 3}) {
         std::vector<FormElementButtonSelection::Button> buttons;
+        buttons.reserve(std::size_t(count));
         for (int tag = 0; tag < count; ++tag)
             buttons.push_back({tag, QString(10, u'm')});
         selection->setButtons(buttons);

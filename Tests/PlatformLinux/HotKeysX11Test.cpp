@@ -11,7 +11,7 @@
 #include <memory>
 
 // The header uses a keyword of C++ as a name.
-#define explicit explicit_
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 
@@ -50,7 +50,7 @@ protected:
     ~HotKeysX11Test() override { run(u"setxkbmap -layout us -option \"\""_s); }
 
     /// Whether the other client gets the grab of B with these modifiers.
-    bool otherGrabsB(std::uint16_t modifiers)
+    [[nodiscard]] bool otherGrabsB(std::uint16_t modifiers) const
     {
         const auto cookie = xcb_grab_key_checked(
             other.x, 0, other.root, modifiers, x11KeyB, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);

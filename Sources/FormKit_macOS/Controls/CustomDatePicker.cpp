@@ -413,7 +413,8 @@ void CustomDatePicker::focusOutEvent(QFocusEvent* event)
 
 bool CustomDatePicker::focusNextPrevChild(bool next)
 {
-    return goToNext(next) || QWidget::focusNextPrevChild(next);
+    // The base class would go through the sections in another order.
+    return goToNext(next) || QWidget::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void CustomDatePicker::wheelEvent(QWheelEvent* event)

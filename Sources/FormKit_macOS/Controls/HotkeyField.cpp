@@ -12,6 +12,7 @@
 #include <QStyle>
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 
 using namespace Qt::StringLiterals;
@@ -56,9 +57,9 @@ protected:
 
 int hotKeyModifiers(Qt::KeyboardModifiers modifiers)
 {
-    const std::pair<Qt::KeyboardModifier, std::uint32_t> table[]
-        = {{Qt::ControlModifier, Modifier::control}, {Qt::AltModifier, Modifier::option},
-            {Qt::ShiftModifier, Modifier::shift}, {Qt::MetaModifier, Modifier::command}};
+    const auto table = std::to_array<std::pair<Qt::KeyboardModifier, std::uint32_t>>(
+        {{Qt::ControlModifier, Modifier::control}, {Qt::AltModifier, Modifier::option},
+            {Qt::ShiftModifier, Modifier::shift}, {Qt::MetaModifier, Modifier::command}});
     std::uint32_t mask = 0;
     for (const auto& [modifier, bit] : table)
         mask |= modifiers.testFlag(modifier) ? bit : 0;
@@ -67,8 +68,8 @@ int hotKeyModifiers(Qt::KeyboardModifiers modifiers)
 
 bool isFunctionKey(std::uint32_t keyCode)
 {
-    constexpr std::uint32_t codes[] = {0x7A, 0x78, 0x63, 0x76, 0x60, 0x61, 0x62, 0x64, 0x65, 0x6D, 0x67, 0x6F,
-        0x69, 0x6B, 0x71, 0x6A, 0x40, 0x4F, 0x50, 0x5A};
+    constexpr auto codes = std::to_array<std::uint32_t>({0x7A, 0x78, 0x63, 0x76, 0x60, 0x61, 0x62, 0x64, 0x65,
+        0x6D, 0x67, 0x6F, 0x69, 0x6B, 0x71, 0x6A, 0x40, 0x4F, 0x50, 0x5A});
     return std::ranges::find(codes, keyCode) != std::end(codes);
 }
 

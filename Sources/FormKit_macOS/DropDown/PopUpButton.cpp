@@ -29,7 +29,7 @@ public:
     {
         if (what == QAccessible::Value)
             return button().title();
-        const QString text = QAccessibleWidget::text(what);
+        QString text = QAccessibleWidget::text(what);
         // As for other drop-downs, the name is what is chosen; the label is a relation of its own.
         if (what != QAccessible::Name || button().title().isEmpty())
             return text;

@@ -123,7 +123,7 @@ void FormViewRenderer::render(Form& form)
     // and end the renderer.
     const auto nextControls = takeFocusFromLeavingView(form, elements);
     if (life)
-        disable(form, titleElements_);
+        disable(form, Form::Elements(titleElements_)); // a copy, since handlers may render again
     if (!life)
         return;
     if (!view_ || !rowLayout_) {
@@ -172,7 +172,7 @@ Form::Elements FormViewRenderer::collect(const Form& form, RenderMode mode)
     return collected;
 }
 
-void FormViewRenderer::disable(const Form& form, Form::Elements titleElements)
+void FormViewRenderer::disable(const Form& form, const Form::Elements& titleElements)
 {
     const bool isEnabled = form.enabled();
     Form::Elements elements;

@@ -72,7 +72,7 @@ private:
     using Views = std::vector<QPointer<QWidget>>;
 
     static Form::Elements collect(const Form& form, RenderMode mode);
-    static void disable(const Form& form, Form::Elements titleElements);
+    static void disable(const Form& form, const Form::Elements& titleElements);
     /// Clears the focus if its view will not stay where it is. Returns the controls that follow it then.
     [[nodiscard]] Views takeFocusFromLeavingView(const Form& form, const Form::Elements& elements) const;
     [[nodiscard]] bool staysInPlace(

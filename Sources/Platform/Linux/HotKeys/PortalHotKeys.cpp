@@ -9,6 +9,7 @@
 #include <QPointer>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -78,9 +79,9 @@ QString PortalHotKeys::freeShortcut(std::uint32_t id) const
 
 QVariantMap PortalHotKeys::properties(const HotKey& hotKey) const
 {
-    const std::pair<std::uint32_t, QString> names[]
-        = {{HotKeyModifier::control, u"CTRL+"_s}, {HotKeyModifier::option, u"ALT+"_s},
-            {HotKeyModifier::shift, u"SHIFT+"_s}, {HotKeyModifier::command, u"LOGO+"_s}};
+    const auto names = std::to_array<std::pair<std::uint32_t, QString>>(
+        {{HotKeyModifier::control, u"CTRL+"_s}, {HotKeyModifier::option, u"ALT+"_s},
+            {HotKeyModifier::shift, u"SHIFT+"_s}, {HotKeyModifier::command, u"LOGO+"_s}});
     QString trigger;
     for (const auto& [bit, name] : names)
         trigger += (hotKey.modifiers & bit) ? name : QString();

@@ -5,12 +5,13 @@
 #include "Platform/Services/HotKeys.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <span>
 
 #include <xkbcommon/xkbcommon-keysyms.h>
 // The header uses a keyword of C++ as a name.
-#define explicit explicit_
+#define explicit explicit_ // NOLINT(clang-diagnostic-keyword-macro)
 #include <xcb/xkb.h>
 #undef explicit
 
@@ -73,9 +74,9 @@ std::uint16_t lowestBit(std::uint16_t mask)
 std::optional<std::uint16_t> X11Modifiers::mask(std::uint32_t hotKeyModifiers) const
 {
     std::uint16_t result = 0;
-    const std::pair<std::uint32_t, std::uint16_t> table[]
-        = {{HotKeyModifier::command, command}, {HotKeyModifier::shift, XCB_MOD_MASK_SHIFT},
-            {HotKeyModifier::option, option}, {HotKeyModifier::control, XCB_MOD_MASK_CONTROL}};
+    const auto table = std::to_array<std::pair<std::uint32_t, std::uint16_t>>(
+        {{HotKeyModifier::command, command}, {HotKeyModifier::shift, XCB_MOD_MASK_SHIFT},
+            {HotKeyModifier::option, option}, {HotKeyModifier::control, XCB_MOD_MASK_CONTROL}});
     for (const auto& [modifier, bit] : table) {
         if ((hotKeyModifiers & modifier) && !bit)
             return std::nullopt;
@@ -99,10 +100,10 @@ std::vector<std::uint16_t> X11Modifiers::lockVariants() const
 
 X11Modifiers x11Modifiers(xcb_connection_t* connection)
 {
-    constexpr xcb_keysym_t options[] = {XKB_KEY_Alt_L, XKB_KEY_Alt_R};
-    constexpr xcb_keysym_t commands[] = {XKB_KEY_Super_L, XKB_KEY_Super_R};
-    constexpr xcb_keysym_t lockKeys[]
-        = {XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock, XKB_KEY_ISO_Level3_Lock, XKB_KEY_ISO_Level5_Lock};
+    constexpr auto options = std::to_array<xcb_keysym_t>({XKB_KEY_Alt_L, XKB_KEY_Alt_R});
+    constexpr auto commands = std::to_array<xcb_keysym_t>({XKB_KEY_Super_L, XKB_KEY_Super_R});
+    constexpr auto lockKeys = std::to_array<xcb_keysym_t>(
+        {XKB_KEY_Num_Lock, XKB_KEY_Scroll_Lock, XKB_KEY_ISO_Level3_Lock, XKB_KEY_ISO_Level5_Lock});
     const auto cookie = xcb_get_modifier_mapping(connection);
     const KeySymbols symbols(connection);
     const auto mapping = x11Reply(xcb_get_modifier_mapping_reply(connection, cookie, nullptr));

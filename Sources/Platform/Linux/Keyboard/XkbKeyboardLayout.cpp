@@ -64,11 +64,11 @@ std::vector<xkb_keysym_t> symbols(
 /// What a dead key shows on a keyboard. It types nothing by itself.
 QString accent(xkb_keysym_t symbol)
 {
-    constexpr std::pair<xkb_keysym_t, char16_t> accents[] = {{XKB_KEY_dead_grave, u'`'},
+    constexpr auto accents = std::to_array<std::pair<xkb_keysym_t, char16_t>>({{XKB_KEY_dead_grave, u'`'},
         {XKB_KEY_dead_acute, u'´'}, {XKB_KEY_dead_circumflex, u'^'}, {XKB_KEY_dead_tilde, u'~'},
         {XKB_KEY_dead_macron, u'¯'}, {XKB_KEY_dead_breve, u'˘'}, {XKB_KEY_dead_abovedot, u'˙'},
         {XKB_KEY_dead_diaeresis, u'¨'}, {XKB_KEY_dead_abovering, u'˚'}, {XKB_KEY_dead_doubleacute, u'˝'},
-        {XKB_KEY_dead_caron, u'ˇ'}, {XKB_KEY_dead_cedilla, u'¸'}, {XKB_KEY_dead_ogonek, u'˛'}};
+        {XKB_KEY_dead_caron, u'ˇ'}, {XKB_KEY_dead_cedilla, u'¸'}, {XKB_KEY_dead_ogonek, u'˛'}});
     const auto* const found = std::ranges::find(accents, symbol, &std::pair<xkb_keysym_t, char16_t>::first);
     return found == std::end(accents) ? QString() : QString(QChar(found->second));
 }
@@ -104,8 +104,7 @@ QString XkbKeyboardLayout::text(std::uint32_t keyCode) const
 {
     for (const auto symbol : symbols(connection_.get(), context_.get(), keyCode)) {
         const auto character = char32_t(xkb_keysym_to_utf32(symbol));
-        const auto shown = accent(symbol);
-        if (!shown.isEmpty())
+        if (auto shown = accent(symbol); !shown.isEmpty())
             return shown;
         if (QChar::isPrint(character))
             return QString::fromUcs4(&character, 1);
