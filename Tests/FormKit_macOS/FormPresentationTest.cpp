@@ -34,6 +34,13 @@ public:
     void activate(QWidget&) override { }
 };
 
+// Deletes `view` as a window of the application would that it was put into.
+void endWithWindow(QWidget& view)
+{
+    QWidget parent;
+    view.setParent(&parent);
+}
+
 class FormPresentationTest : public testing::Test {
 protected:
     FormPresentationTest() { appearance.setDesktopAnimates(false); }
@@ -474,13 +481,13 @@ TEST_F(FormPresentationTest, EveryPartCanEndWithinAHandlerOrWhileSomethingIsUnde
         [&] { // a view that a stack still needs
             for (const bool isWhole : {true, false}) {
                 form->showForm(std::make_shared<OtherForm>(u"Third"_s));
-                delete (isWhole ? &container->view()
-                                : container->formRenderViewControllers().back()->viewIfLoaded());
+                endWithWindow(isWhole ? container->view()
+                                      : *container->formRenderViewControllers().back()->viewIfLoaded());
                 container->pop();
                 EXPECT_EQ(depth(), 1U);
-                delete root().viewIfLoaded();
+                endWithWindow(*root().viewIfLoaded());
                 form->showForm(second);
-                delete root().viewIfLoaded();
+                endWithWindow(*root().viewIfLoaded());
                 container->pop();
                 EXPECT_TRUE(root().viewIfLoaded());
             }
