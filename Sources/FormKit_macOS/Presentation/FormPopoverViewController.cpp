@@ -11,6 +11,7 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <algorithm>
 #include <typeinfo>
 #include <utility>
 
@@ -41,7 +42,7 @@ Anchor anchorOf(QWidget& view)
         const auto* control = dynamic_cast<const SegmentedControl*>(around);
         if (!control)
             continue;
-        const QRect segment = control->segmentRect(control->selectedSegment());
+        const QRect segment = control->segmentRect(std::max(control->selectedSegment(), 0));
         return {*around, segment.isEmpty() ? around->rect() : segment};
     }
     return {view, view.rect()};

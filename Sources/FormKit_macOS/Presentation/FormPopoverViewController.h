@@ -23,7 +23,8 @@ public:
 
     using ViewController::present;
     /// Shows `controller` in a popover on the `preferredEdge` side of `view`, in place of the popover that is
-    /// open. If `view` is a `SegmentedControl` or a part of one, the popover points to the selected segment.
+    /// open. If `view` is a `SegmentedControl` or a part of one, the popover points to the selected
+    /// segment, or to the first one if none is.
     ///
     /// If the open popover and `controller` are both containers that show forms of the same class, only
     /// closes the popover: the second click on a button closes what the first one has opened. Ignored while

@@ -5,6 +5,8 @@
 #include "FormKit_macOS/Presentation/FormContainerViewController.h"
 #include "FormKit_macOS/Presentation/ScreenFit.h"
 
+#include <QResizeEvent>
+
 #include <utility>
 
 namespace quor::formkit {
@@ -39,17 +41,45 @@ FormWindow::~FormWindow()
         view->setParent(nullptr);
 }
 
+QSize FormWindow::wantedSize() const
+{
+    return sizeOnScreen(container_->view().sizeHint(), *this, screenMargin);
+}
+
 void FormWindow::followSize()
 {
+    const QSize size = wantedSize().boundedTo(mostSize_).expandedTo(leastSize_);
+    if (size != size_)
+        formerSize_ = std::exchange(size_, size);
     if (!isMaximized() && !isFullScreen())
-        resize(sizeOnScreen(container_->view().sizeHint(), *this, screenMargin));
+        resize(size);
     container_->view().setGeometry(rect());
 }
 
-void FormWindow::resizeEvent(QResizeEvent*)
+void FormWindow::keepChosen(QSize size)
 {
-    if (auto* view = container_->viewIfLoaded())
-        view->setGeometry(rect());
+    const auto keep = [](int chosen, int wanted, int& least, int& most) {
+        least = chosen > wanted ? chosen : 0;
+        most = chosen < wanted ? chosen : QWIDGETSIZE_MAX;
+    };
+    const QSize wanted = wantedSize();
+    if (size.width() != size_.width())
+        keep(size.width(), wanted.width(), leastSize_.rwidth(), mostSize_.rwidth());
+    if (size.height() != size_.height())
+        keep(size.height(), wanted.height(), leastSize_.rheight(), mostSize_.rheight());
+    formerSize_ = std::exchange(size_, size);
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event)
+{
+    auto* const view = container_->viewIfLoaded();
+    if (!view)
+        return;
+    // A window system can confirm a size only after the next one was asked for.
+    const bool isExpected = event->size() == size_ || (event->spontaneous() && event->size() == formerSize_);
+    if (!isExpected && !isMaximized() && !isFullScreen())
+        keepChosen(event->size());
+    view->setGeometry(rect());
 }
 
 } // namespace quor::formkit
