@@ -38,6 +38,9 @@ TEST_F(FormElements, ButtonsShowTheirTitlesLiterallyAndFitIntoTheirRow)
             EXPECT_LE(button->button()->width(), button->view()->width());
             EXPECT_LT(window_.minimumSizeHint().width(), 300);
         }
+        button->setStyle(FormButtonStyle::rounded);
+        EXPECT_GE(button->button()->sizeHint().width(), window_.fontMetrics().horizontalAdvance(name) + 18)
+            << "the title touches the frame";
         EXPECT_EQ(QAccessible::queryAccessibleInterface(button->button())->text(QAccessible::Name), name);
         EXPECT_TRUE(button->button()->shortcut().isEmpty());
     }

@@ -114,6 +114,10 @@ TEST_F(FormElements, TheTextOfACheckBoxIsPartOfIt)
     click(viewport, {5, 5});
     EXPECT_EQ(changes, before);
     EXPECT_TRUE(box->focusableViews().empty());
+    for (const int width : {row.text().x() + 1, 1, 0}) {
+        row.resize(width, row.heightForWidth(width));
+        EXPECT_GE(row.text().width(), 0) << width;
+    }
 }
 
 TEST_F(FormElements, RadioButtonsThatFollowEachOtherExcludeEachOther)

@@ -7,8 +7,8 @@
 #include "Platform/Views/KeyboardAccess.h"
 #include "RendererFixture.h"
 
-#include <QComboBox>
 #include <QHBoxLayout>
+#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollArea>
@@ -259,6 +259,17 @@ TEST_F(FormRenderer, RenderKeepsFocusCaretAndSelection)
     render(form);
     EXPECT_TRUE(first->view()->isVisible());
     EXPECT_EQ(focusChanges, 0);
+    QInputMethodEvent composing(QStringLiteral("ni"), {});
+    QApplication::sendEvent(field, &composing);
+    const auto composed = [&] { return field->inputMethodQuery(Qt::ImCursorRectangle).toRectF().left(); };
+    const double caret = composed();
+    first->setHidden(true);
+    form.setTitle(QStringLiteral("Title"));
+    render(form);
+    EXPECT_EQ(composed(), caret) << "the text that is being composed";
+    QInputMethodEvent cancelled;
+    QApplication::sendEvent(field, &cancelled);
+    EXPECT_NE(composed(), caret);
     const auto last = form.add(makeViewElement<QLineEdit>(QStringLiteral("Last")));
     render(form);
     form.removeElement(*second);
@@ -356,28 +367,6 @@ TEST_F(FormRenderer, TabGoesThroughTheRowsInTheirOrder)
     form.setElements({first, last});
     render(form);
     EXPECT_EQ(renderer->firstFocusableView(), last->view());
-}
-
-TEST_F(FormRenderer, WheelChangesOnlyAControlWithTheFocus)
-{
-    TestForm form;
-    const auto element = form.add(makeViewElement<QComboBox>(QString()));
-    const auto other = form.add(makeViewElement<QLineEdit>(QString()));
-    render(form);
-    auto* const box = static_cast<QComboBox*>(element->view());
-    box->addItems({QStringLiteral("a"), QStringLiteral("b")});
-    const auto wheel = [&] {
-        const QPoint middle = box->rect().center();
-        QWheelEvent event(middle, box->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
-            Qt::NoScrollPhase, false);
-        QApplication::sendEvent(box, &event);
-        return box->currentIndex();
-    };
-    other->view()->setFocus();
-    EXPECT_EQ(wheel(), 0);
-    EXPECT_EQ(box->focusPolicy(), Qt::StrongFocus) << "the wheel must not focus it either";
-    box->setFocus();
-    EXPECT_EQ(wheel(), 1);
 }
 
 TEST_F(FormRenderer, EveryRatioKeepsInputsBetweenTheMargins)

@@ -17,6 +17,7 @@ ElidedLabel::ElidedLabel(QWidget* parent)
     : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
+    setContentsMargins(0, lineMargin, 0, lineMargin);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
 }
 

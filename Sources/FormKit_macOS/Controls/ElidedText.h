@@ -9,6 +9,9 @@ class QWidget;
 /// Plain texts as controls show them: in one line, cut where they do not fit. Main thread only.
 namespace quor::formkit {
 
+/// Room above and below a line, since marks such as those of "Ä" can be higher than the font says.
+constexpr int lineMargin = 1;
+
 /// Returns `text` in one line: with spaces for line breaks and tabs, and without those at its ends.
 [[nodiscard]] QString singleLine(const QString& text);
 

@@ -17,21 +17,23 @@
 #include <QStyleOptionFrame>
 #include <QTextEdit>
 
+#include <cmath>
+
 namespace quor::formkit {
 
 namespace {
 
-/// Of a line of text that is centred between the top and the bottom of `area`.
-int centredBaseline(const QWidget& view, const QRect& area)
+int baselineIn(const QRect& area, const QWidget& view)
 {
-    const QFontMetrics metrics = view.fontMetrics();
-    return area.y() + (area.height() - metrics.height()) / 2 + metrics.ascent();
+    return area.y() + centredBaseline(view.font(), area.height());
 }
 
 int labelBaseline(const QLabel& label)
 {
     const int margin = label.margin();
     const QRect area = label.contentsRect().adjusted(margin, margin, -margin, -margin);
+    if (label.alignment().testFlag(Qt::AlignVCenter) && !label.wordWrap() && !label.text().contains(u'\n'))
+        return baselineIn(area, label);
     const int hint
         = label.hasHeightForWidth() ? label.heightForWidth(label.width()) : label.sizeHint().height();
     const QSize text(area.width(), hint - (label.height() - area.height()));
@@ -61,12 +63,12 @@ int buttonBaseline(const QAbstractButton& button)
         return button.style()->subElementRect(element, &option, &button);
     };
     if (qobject_cast<const QCheckBox*>(&button))
-        return centredBaseline(button, textArea(QStyle::SE_CheckBoxContents));
+        return baselineIn(textArea(QStyle::SE_CheckBoxContents), button);
     if (qobject_cast<const QRadioButton*>(&button))
-        return centredBaseline(button, textArea(QStyle::SE_RadioButtonContents));
+        return baselineIn(textArea(QStyle::SE_RadioButtonContents), button);
     if (qobject_cast<const QPushButton*>(&button))
-        return centredBaseline(button, textArea(QStyle::SE_PushButtonContents));
-    return centredBaseline(button, button.rect());
+        return baselineIn(textArea(QStyle::SE_PushButtonContents), button);
+    return baselineIn(button.rect(), button);
 }
 
 int comboBoxBaseline(const QComboBox& box)
@@ -75,8 +77,8 @@ int comboBoxBaseline(const QComboBox& box)
     option.initFrom(&box);
     option.editable = box.isEditable();
     option.frame = box.hasFrame();
-    return centredBaseline(
-        box, box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box));
+    return baselineIn(
+        box.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &box), box);
 }
 
 template <class TextEdit>
@@ -114,6 +116,13 @@ std::optional<int> containerBaseline(const QWidget& view)
 
 } // namespace
 
+int centredBaseline(const QFont& font, int height)
+{
+    // Not from the rounded numbers of QFontMetrics, whose sum can be off by a pixel.
+    const QFontMetricsF metrics(font);
+    return int(std::lround((height - metrics.height()) / 2 + metrics.ascent()));
+}
+
 std::optional<int> firstBaseline(QWidget& view)
 {
     if (const auto* provider = dynamic_cast<const FirstBaselineProvider*>(&view))
@@ -123,11 +132,11 @@ std::optional<int> firstBaseline(QWidget& view)
     if (const auto* label = qobject_cast<const QLabel*>(&view))
         return labelBaseline(*label);
     if (const auto* button = qobject_cast<const QAbstractButton*>(&view))
-        return buttonBaseline(*button);
+        return button->text().isEmpty() ? std::nullopt : std::optional(buttonBaseline(*button));
     if (const auto* box = qobject_cast<const QComboBox*>(&view))
         return comboBoxBaseline(*box);
     if (qobject_cast<const QAbstractSpinBox*>(&view))
-        return centredBaseline(view, view.rect());
+        return baselineIn(view.rect(), view);
     if (const auto* edit = qobject_cast<const QPlainTextEdit*>(&view))
         return textEditBaseline(*edit);
     if (const auto* edit = qobject_cast<const QTextEdit*>(&view))

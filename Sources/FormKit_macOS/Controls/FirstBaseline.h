@@ -3,6 +3,7 @@
 
 #include <optional>
 
+class QFont;
 class QWidget;
 
 namespace quor::formkit {
@@ -20,6 +21,10 @@ protected:
     FirstBaselineProvider(const FirstBaselineProvider&) = default;
     FirstBaselineProvider& operator=(const FirstBaselineProvider&) = default;
 };
+
+/// Returns the distance from the top of an area of `height` to the baseline of a line of text that a style
+/// draws in its middle.
+[[nodiscard]] int centredBaseline(const QFont& font, int height);
 
 /// Returns the distance from the top of `view` to the baseline of its first line of text, at its present size
 /// and as its style draws it, in device-independent pixels. Knows labels, buttons, text fields, fields with

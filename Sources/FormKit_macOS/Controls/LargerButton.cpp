@@ -25,6 +25,8 @@ namespace {
 
 /// Around the title of a button without a frame, for the focus.
 constexpr int flatMargin = 2;
+/// At each side of the title in a frame, where the style has less.
+constexpr int leastMargin = 10;
 constexpr int spinnerGap = 6;
 
 QStyleOptionFocusRect focusOption(const QStyleOption& option, const QRect& rect)
@@ -121,7 +123,9 @@ QSize LargerButton::sizeFor(QSize content) const
         return content.grownBy({flatMargin, flatMargin, flatMargin, flatMargin});
     QStyleOptionButton option;
     initStyleOption(&option);
-    return style()->sizeFromContents(QStyle::CT_PushButton, &option, content, this);
+    return style()
+        ->sizeFromContents(QStyle::CT_PushButton, &option, content, this)
+        .expandedTo({content.width() + 2 * leastMargin, 0});
 }
 
 QSize LargerButton::sizeHint() const
@@ -246,8 +250,12 @@ void LargerButton::paintAttributed(
                                            : room.center().x();
     painter.setFont(font());
     painter.setPen(palette().color(isFlat() ? QPalette::WindowText : QPalette::ButtonText));
-    toolkit::drawAttributedText(painter, text, side, toolkit::TextVerticalAlignment::center, false,
-        std::nullopt, x, room.center().y(), room.width());
+    // Where a style draws its texts. Sizes of texts are rounded up, so half of one is not exact enough.
+    const double line = QFontMetricsF(font()).height();
+    const double height = toolkit::textSize(text, font(), false).height();
+    const double top = room.center().y() - (height > toolkit::roundedTextLength(line) ? height : line) / 2;
+    toolkit::drawAttributedText(
+        painter, text, side, toolkit::TextVerticalAlignment::top, false, std::nullopt, x, top, room.width());
 }
 
 } // namespace quor::formkit

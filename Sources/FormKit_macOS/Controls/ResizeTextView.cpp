@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Controls/ResizeTextView.h"
 
+#include "FormKit_macOS/Controls/ElidedText.h"
 #include "FormKit_macOS/Controls/ScaledFont.h"
 #include "FormKit_macOS/Controls/WrapMode.h"
 #include "ToolKit/Markdown/MarkdownParser.h"
@@ -11,6 +12,7 @@
 #include <QScrollBar>
 #include <QStyle>
 #include <QTextBlock>
+#include <QTextFrame>
 
 #include <algorithm>
 #include <cmath>
@@ -115,6 +117,10 @@ void ResizeTextView::render()
         [](const auto& run) { return !run.format.anchorHref().isEmpty(); });
     document()->clear();
     document()->setDefaultFont(font);
+    QTextFrameFormat frame = document()->rootFrame()->frameFormat();
+    frame.setTopMargin(lineMargin);
+    frame.setBottomMargin(lineMargin);
+    document()->rootFrame()->setFrameFormat(frame);
     QTextOption option(QStyle::visualAlignment(layoutDirection(), alignment_ & Qt::AlignHorizontal_Mask)
         | Qt::AlignAbsolute);
     option.setWrapMode(wrapModeFor(content_.string()));
@@ -220,7 +226,7 @@ QSize ResizeTextView::sizeHint() const
 QSize ResizeTextView::minimumSizeHint() const
 {
     constexpr int characters = 4;
-    return {characters * fontMetrics().averageCharWidth(), fontMetrics().height()};
+    return {characters * fontMetrics().averageCharWidth(), fontMetrics().height() + 2 * lineMargin};
 }
 
 void ResizeTextView::changeEvent(QEvent* event)

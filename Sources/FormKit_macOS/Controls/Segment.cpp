@@ -4,6 +4,7 @@
 #include "FormKit_macOS/Controls/ElidedText.h"
 #include "FormKit_macOS/Controls/SegmentRow.h"
 #include "FormKit_macOS/Controls/ToggleAccessible.h"
+#include "ToolKit/Colors/ColorOperations.h"
 
 #include <QHelpEvent>
 #include <QStyleOptionButton>
@@ -113,10 +114,17 @@ void Segment::paintEvent(QPaintEvent*)
     QStylePainter painter(this);
     QStyleOptionButton option;
     initStyleOption(&option);
+    const QPalette colors = option.palette;
     if (isChecked() && isEnabled()) {
-        const QPalette colors = option.palette;
         option.palette.setColor(QPalette::Button, colors.color(QPalette::Highlight));
         option.palette.setColor(QPalette::ButtonText, colors.color(QPalette::HighlightedText));
+    } else if (isChecked()) {
+        // Styles make it darker, which is hardly seen in the dark.
+        constexpr double share = 0.12;
+        option.state.setFlag(QStyle::State_On, false);
+        option.palette.setColor(QPalette::Button,
+            toolkit::mixWithColor(
+                colors.color(QPalette::Button), colors.color(QPalette::Active, QPalette::ButtonText), share));
     }
     // A frame goes on below the neighbours, where it is cut off together with its round corners.
     constexpr int overlap = 12;

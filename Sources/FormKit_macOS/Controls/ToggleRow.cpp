@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "FormKit_macOS/Controls/ToggleRow.h"
 
+#include "FormKit_macOS/Controls/ElidedText.h"
 #include "FormKit_macOS/Controls/ResizeTextView.h"
 #include "FormKit_macOS/Controls/ToggleAccessible.h"
 
@@ -19,8 +20,9 @@ namespace quor::formkit {
 
 namespace {
 
-/// Around the text, for the focus.
+/// At the ends of the text, and above and below it, for the focus.
 constexpr int focusMargin = 2;
+constexpr int textMargin = focusMargin - lineMargin;
 
 /// Hides a text without links, since it is already the name of the box.
 class ToggleRowAccessible final : public QAccessibleWidget {
@@ -101,7 +103,7 @@ int ToggleRow::textLeft() const
 
 int ToggleRow::textTop() const
 {
-    return std::max((boxSize().height() - fontMetrics().height() + 1) / 2, focusMargin);
+    return std::max((boxSize().height() - fontMetrics().height() + 1) / 2 - lineMargin, textMargin);
 }
 
 int ToggleRow::firstBaseline() const
@@ -112,7 +114,7 @@ int ToggleRow::firstBaseline() const
 int ToggleRow::heightForWidth(int width) const
 {
     const int text = text_->heightForWidth(std::max(width - textLeft() - focusMargin, 1));
-    return std::max(boxSize().height(), textTop() + text + focusMargin);
+    return std::max(boxSize().height(), textTop() + text + textMargin);
 }
 
 QSize ToggleRow::sizeHint() const
@@ -124,15 +126,15 @@ QSize ToggleRow::sizeHint() const
 QSize ToggleRow::minimumSizeHint() const
 {
     return {textLeft() + text_->minimumSizeHint().width() + focusMargin,
-        std::max(boxSize().height(), textTop() + text_->minimumSizeHint().height() + focusMargin)};
+        std::max(boxSize().height(), textTop() + text_->minimumSizeHint().height() + textMargin)};
 }
 
 void ToggleRow::place()
 {
     const QSize box = boxSize();
-    const int boxTop = std::max(textTop() + (fontMetrics().height() - box.height()) / 2, 0);
-    const QRect text(QPoint(textLeft(), textTop()),
-        QPoint(width() - 1 - focusMargin, std::max(height() - 1 - focusMargin, textTop())));
+    const int boxTop = std::max(textTop() + lineMargin + (fontMetrics().height() - box.height()) / 2, 0);
+    const QRect text(textLeft(), textTop(), std::max(width() - focusMargin - textLeft(), 0),
+        std::max(height() - textMargin - textTop(), 1));
     box_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), QRect(QPoint(0, boxTop), box)));
     text_->setGeometry(QStyle::visualRect(layoutDirection(), rect(), text));
 }
@@ -177,7 +179,7 @@ void ToggleRow::paintEvent(QPaintEvent*)
     const QSize text(std::min(text_->sizeHint().width(), text_->width()), text_->height());
     option.rect
         = QStyle::alignedRect(layoutDirection(), Qt::AlignLeft | Qt::AlignTop, text, text_->geometry())
-              .adjusted(-focusMargin, -focusMargin, focusMargin, focusMargin);
+              .adjusted(-focusMargin, -textMargin, focusMargin, textMargin);
     painter.drawPrimitive(QStyle::PE_FrameFocusRect, option);
 }
 

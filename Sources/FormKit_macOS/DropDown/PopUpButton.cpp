@@ -164,7 +164,7 @@ QSize PopUpButton::minimumSizeHint() const
 int PopUpButton::firstBaseline() const
 {
     const QRect area = titleRect();
-    return area.y() + (area.height() - fontMetrics().height()) / 2 + fontMetrics().ascent();
+    return area.y() + centredBaseline(font(), area.height());
 }
 
 QVariant PopUpButton::inputMethodQuery(Qt::InputMethodQuery query) const

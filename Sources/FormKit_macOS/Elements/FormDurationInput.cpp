@@ -81,6 +81,8 @@ void FormDurationInput::setup()
     }
     layout->addSpacing(lockSpacing - spacing);
     layout->addWidget(lockButton_);
+    // In a row that is higher than its fields, they and their units are centred differently.
+    lockButton_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     layout->addStretch();
     QObject::connect(lockButton_, &QToolButton::clicked, lockButton_,
         platform::whileAlive(*this, [this] { lockClicked(); }));

@@ -5,7 +5,6 @@
 #include "FormKit_macOS/Rendering/FormMetrics.h"
 #include "FormKit_macOS/Rendering/ReleaseWidget.h"
 
-#include <QFontMetrics>
 #include <QPointer>
 #include <QStyle>
 #include <QWidget>
@@ -264,9 +263,8 @@ void FormRowLayout::place(
 int FormRowLayout::labelOffset(const PlacedRow& row, int viewHeight) const
 {
     const int labelHeight = row.label->sizeHint().height();
-    const QFontMetrics metrics = row.label->widget()->fontMetrics();
     if (const auto baseline = firstBaseline(*row.view->widget()))
-        return *baseline - (labelHeight - metrics.height()) / 2 - metrics.ascent();
+        return *baseline - centredBaseline(row.label->widget()->font(), labelHeight);
     // Without a text: in the middle of a view that is about one line high, at the top of a higher one.
     return viewHeight < 2 * labelHeight ? (viewHeight - labelHeight) / 2 : 0;
 }

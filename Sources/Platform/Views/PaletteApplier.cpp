@@ -26,6 +26,8 @@ QPalette plainPalette(ColorScheme scheme, const QPalette& desktop)
         palette.setColor(QPalette::Disabled, role, faint);
     }
     palette.setColor(QPalette::PlaceholderText, withAlpha(text, 0.6));
+    palette.setColor(
+        QPalette::Disabled, QPalette::PlaceholderText, withAlpha(text, 0.3)); // else the brightest
     // Styles outline fields and boxes in a shade darker than the window. A field that is dark, too, would
     // disappear.
     const QColor base = dark ? QColor(0x40, 0x40, 0x46) : QColor(Qt::white);
