@@ -124,12 +124,13 @@ std::vector<QLineF> PlainTextView::baselines(platform::TextRange range) const
     const int start = placeInLayout(range.location);
     const int end = placeInLayout(range.end());
     std::vector<QLineF> baselines;
-    for (int i = 0; i < layout.lineCount(); ++i) {
+    const QTextLine first = layout.lineForTextPosition(start);
+    for (int i = first.isValid() ? first.lineNumber() : layout.lineCount(); i < layout.lineCount(); ++i) {
         const QTextLine line = layout.lineAt(i);
         const int from = std::max(start, line.textStart());
         const int to = std::min(end, line.textStart() + line.textLength());
         if (from >= to)
-            continue;
+            break;
         const auto [left, right] = std::minmax({line.cursorToX(from), line.cursorToX(to)});
         const double y = line.y() + line.ascent();
         baselines.push_back(QLineF(left, y, right, y).translated(origin));
