@@ -175,6 +175,11 @@ TEST_F(FormMultilineText, TheHintStandsBelowTheTextAndTakesNoRoomIfEmpty)
     EXPECT_GT(hint.y(), view().mapTo(input_->view(), QPoint(0, view().height())).y());
     const int height = input_->view()->height();
     const int textHeight = view().height();
+    for (const int lines : {5, 6}) {
+        input_->setValue(u"x\n"_s.repeated(lines - 1));
+        QCoreApplication::sendPostedEvents();
+        EXPECT_EQ(view().verticalScrollBar()->maximum(), lines - 5);
+    }
     for (const auto& [text, difference] :
         std::initializer_list<std::pair<QString, int>>{{QString(), -1}, {u"Anything\nthat helps"_s, 1}}) {
         form_->setNeedsRender(false);

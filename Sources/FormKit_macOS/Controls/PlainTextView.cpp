@@ -152,9 +152,10 @@ QSize PlainTextView::sizeHint() const
 {
     constexpr int lines = 5;
     constexpr int characters = 17; // as fields of one line
-    const int margins = 2 * int(document()->documentMargin());
-    return {characters * fontMetrics().horizontalAdvance(u'x') + margins,
-        lines * fontMetrics().lineSpacing() + margins};
+    const int margin = int(document()->documentMargin());
+    const int rest = 3 * margin + 1; // else Qt would let the five lines be scrolled
+    return {characters * fontMetrics().horizontalAdvance(u'x') + 2 * margin,
+        lines * fontMetrics().lineSpacing() + rest};
 }
 
 void PlainTextView::changeEvent(QEvent* event)
