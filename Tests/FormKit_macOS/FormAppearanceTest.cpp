@@ -8,6 +8,7 @@
 #include "FormKit/Elements/FormElementDurationInput.h"
 #include "FormKit/Elements/FormElementHintText.h"
 #include "FormKit/Elements/FormElementMoneyInput.h"
+#include "FormKit/Elements/FormElementMultilineTextInput.h"
 #include "FormKit/Elements/FormElementSeparator.h"
 #include "FormKit/Elements/FormElementTextInput.h"
 #include "FormKit/FormItem.h"
@@ -68,6 +69,10 @@ Elements elementsOf(const FormViewFactoryProtocoll& factory)
     hint->setParseMarkdown(true);
     hint->setValue(u"HH [HH](https://example.org)"_s);
     add(u"text"_s, factory.textInput())->setValue(u"HH"_s);
+    const auto notes = add(u"notes"_s, factory.multilineTextInput());
+    notes->setValue(u"HH"_s);
+    notes->setHintText({});
+    notes->setEnableSpellChecking(false); // its waves come later
     const platform::Date moment(std::chrono::seconds(4476683460)); // 11.11.2111, 11:11 UTC
     const auto date = add(u"date"_s, factory.datePicker());
     date->setMode(DatePickerMode::dateTime);
