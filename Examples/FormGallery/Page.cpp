@@ -16,6 +16,7 @@ const std::vector<Page>& pages()
         {u"notices"_s, u"PageNotices"_s, makeNotices},
         {u"disabled"_s, u"PageDisabled"_s, makeDisabled},
         {u"details"_s, u"PageDetails"_s, makeDetails},
+        {u"detail-buttons"_s, u"PageDetailButtons"_s, makeDetailButtons},
         {u"dates"_s, u"PageDates"_s, makeDates},
         {u"navigation"_s, u"PageNavigation"_s, makeNavigation},
         {u"popover-button"_s, u"PagePopoverButton"_s, makePopoverFromButton},

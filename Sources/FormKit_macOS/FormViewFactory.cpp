@@ -6,6 +6,8 @@
 #include "FormKit_macOS/Elements/FormCheckBox.h"
 #include "FormKit_macOS/Elements/FormColorPicker.h"
 #include "FormKit_macOS/Elements/FormDatePicker.h"
+#include "FormKit_macOS/Elements/FormDetailActionButton.h"
+#include "FormKit_macOS/Elements/FormDetailInfoButton.h"
 #include "FormKit_macOS/Elements/FormDistanceInput.h"
 #include "FormKit_macOS/Elements/FormDropDown.h"
 #include "FormKit_macOS/Elements/FormDurationInput.h"
@@ -17,18 +19,7 @@
 #include "FormKit_macOS/Elements/FormStateView.h"
 #include "FormKit_macOS/Elements/FormTextInput.h"
 
-#include <QtGlobal>
-
 namespace quor::formkit {
-
-namespace {
-
-[[noreturn]] void endWithout(const char* element)
-{
-    qFatal("FormViewFactory: %s is missing in this version", element);
-}
-
-} // namespace
 
 std::shared_ptr<FormElementButton> FormViewFactory::button() const
 {
@@ -107,12 +98,12 @@ std::shared_ptr<FormElementState> FormViewFactory::state() const
 
 std::shared_ptr<FormElementDetailActionButton> FormViewFactory::detailActionButton() const
 {
-    endWithout("FormDetailActionButton");
+    return std::make_shared<FormDetailActionButton>();
 }
 
 std::shared_ptr<FormElementDetailInfoButton> FormViewFactory::detailInfoButton() const
 {
-    endWithout("FormDetailInfoButton");
+    return std::make_shared<FormDetailInfoButton>();
 }
 
 } // namespace quor::formkit

@@ -6,8 +6,6 @@
 namespace quor::formkit {
 
 /// Makes the elements of this module. Has no state. Main thread only, after the `QApplication`.
-///
-/// A function whose element this version does not have ends the program with a message that names it.
 class FormViewFactory final : public FormViewFactoryProtocoll {
 public:
     [[nodiscard]] std::shared_ptr<FormElementButton> button() const override;

@@ -184,9 +184,4 @@ TEST_F(FormElements, AHandlerMayEndAnElementThatIsBeingHidden)
     }
 }
 
-TEST(FormViewFactory, EndsTheProgramForAnElementThatIsMissing)
-{
-    EXPECT_DEATH((void)FormViewFactory().detailInfoButton(), "FormDetailInfoButton");
-}
-
 } // namespace

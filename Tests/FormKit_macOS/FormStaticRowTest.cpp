@@ -106,6 +106,13 @@ TEST_F(FormElements, TextsAreExactlyAsHighAsTheyNeed)
     }
     hint->setIsBig(true);
     EXPECT_EQ(view.document()->defaultFont().pointSizeF(), view.font().pointSizeF());
+    ResizeTextView fresh; // measured before it has ever been laid out
+    fresh.setContent(u"word "_s.repeated(30), false);
+    const int height = fresh.heightForWidth(200);
+    fresh.resize(200, height);
+    QApplication::sendPostedEvents();
+    fresh.grab(); // lays it out
+    EXPECT_EQ(std::ceil(fresh.document()->size().height()), height);
     QWheelEvent wheel({5, 5}, {5, 5}, {}, {0, -120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(view.viewport(), &wheel);
     EXPECT_FALSE(wheel.isAccepted());

@@ -12,6 +12,7 @@ namespace quor::gallery {
 [[nodiscard]] std::shared_ptr<formkit::Form> makeNotices(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeDisabled(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeDetails(platform::ColorScheme scheme);
+[[nodiscard]] std::shared_ptr<formkit::Form> makeDetailButtons(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeDates(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makeNavigation(platform::ColorScheme scheme);
 [[nodiscard]] std::shared_ptr<formkit::Form> makePopoverFromButton(platform::ColorScheme scheme);

@@ -204,6 +204,8 @@ int ResizeTextView::heightForWidth(int width) const
     constexpr std::size_t keptHeights = 8;
     if (heights_.size() >= keptHeights)
         heights_.clear();
+    // Else the view would lay out its text for its present width at once, and that would be measured.
+    const QSignalBlocker blocker(document()->documentLayout());
     document()->setTextWidth(std::max(width, 1));
     const int height = static_cast<int>(std::ceil(document()->size().height()));
     document()->setTextWidth(viewport()->width());
@@ -217,6 +219,7 @@ QSize ResizeTextView::sizeHint() const
     const int longest = characters * fontMetrics().averageCharWidth();
     if (content_.length() / 3 > characters)
         return {longest, heightForWidth(longest)};
+    const QSignalBlocker blocker(document()->documentLayout());
     document()->setTextWidth(-1);
     const int width = std::min(static_cast<int>(std::ceil(document()->idealWidth())), longest);
     document()->setTextWidth(viewport()->width());

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "FormKit_macOS/DropDown/PanelPlacement.h"
+#include "FormKit_macOS/Panels/PanelPlacement.h"
 
 #include <algorithm>
 
@@ -37,6 +37,21 @@ QRect placePanel(
     const int top = side == PanelSide::below ? anchor.bottom() + 1 : anchor.top() - height;
     const int highest = std::max(screen.top(), screen.bottom() + 1 - height);
     return {left, std::clamp(top, screen.top(), highest), width, height};
+}
+
+QRect placePanelBeside(
+    const QRect& anchor, QSize size, const QRect& screen, int distance, Qt::LayoutDirection direction)
+{
+    const QSize shown = size.boundedTo(screen.size());
+    const int left = anchor.left() - distance - shown.width();
+    const int right = anchor.right() + 1 + distance;
+    const bool fitsLeft = left >= screen.left();
+    const bool fitsRight = right + shown.width() <= screen.right() + 1;
+    const bool isLeft = direction == Qt::RightToLeft ? fitsLeft && !fitsRight : fitsLeft || !fitsRight;
+    const int middle = anchor.top() + (anchor.height() - shown.height()) / 2;
+    return {QPoint(std::clamp(isLeft ? left : right, screen.left(), screen.right() + 1 - shown.width()),
+                std::clamp(middle, screen.top(), screen.bottom() + 1 - shown.height())),
+        shown};
 }
 
 } // namespace quor::formkit
