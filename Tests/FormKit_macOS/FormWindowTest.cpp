@@ -112,6 +112,16 @@ TEST_F(FormPresentationTest, ASizeThatTheUserHasChosenStays)
     }
 }
 
+TEST_F(FormPresentationTest, ASizeFromAnEarlierSessionStays)
+{
+    FormWindow restored(std::make_shared<FormContainerViewController>(form, services));
+    restored.resize(500, 600);
+    form->addElement(makeElement<test::Input<QLineEdit>>());
+    ASSERT_TRUE(rendered(*form));
+    restored.show();
+    EXPECT_EQ(restored.size(), QSize(500, 600));
+}
+
 TEST_F(FormPresentationTest, AFormInTwoWindowsIsSeenInOneOfThem)
 {
     show();

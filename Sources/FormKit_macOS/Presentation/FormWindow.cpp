@@ -48,10 +48,13 @@ QSize FormWindow::wantedSize() const
 
 void FormWindow::followSize()
 {
+    const bool isOrdinary = !isMaximized() && !isFullScreen();
+    if (isOrdinary && size_.isValid() && !isVisible() && this->size() != size_)
+        keepChosen(this->size()); // there was no event for it yet
     const QSize size = wantedSize().boundedTo(mostSize_).expandedTo(leastSize_);
     if (size != size_)
         formerSize_ = std::exchange(size_, size);
-    if (!isMaximized() && !isFullScreen())
+    if (isOrdinary)
         resize(size);
     container_->view().setGeometry(rect());
 }
