@@ -3,6 +3,7 @@
 #include "FormKit_macOS/Elements/FormDatePicker.h"
 #include "FormKit_macOS/Elements/FormFromToDatePicker.h"
 #include "FormKit_macOS/FormViewFactory.h"
+#include "Support/WaitFor.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -16,7 +17,9 @@
 
 using namespace quor::formkit;
 using namespace Qt::StringLiterals;
+using namespace std::string_literals;
 using quor::platform::Date;
+using quor::test::waitFor;
 
 namespace {
 
@@ -192,7 +195,7 @@ TEST_F(DatePickers, WheelNeedsTheKeyboard)
 TEST_F(DatePickers, CalendarChoosesADayAndEndsWithItsField)
 {
     auto picker = showPicker("2024-02-29T09:30:00+01:00", DatePickerMode::date);
-    const auto popup = [&] { return picker->view()->findChild<CalendarPopup*>(); };
+    const auto popup = [&] { return window_.findChild<CalendarPopup*>(); };
     auto* const button = picker->view()->findChild<QToolButton*>();
     QTest::mouseClick(button, Qt::LeftButton);
     ASSERT_TRUE(popup() && popup()->isVisible());
@@ -211,10 +214,44 @@ TEST_F(DatePickers, CalendarChoosesADayAndEndsWithItsField)
         const QPointer<CalendarPopup> open = popup();
         ASSERT_TRUE(open && open->isVisible());
         closing();
-        EXPECT_FALSE(open->isVisible());
-        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_FALSE(open);
+        EXPECT_TRUE(waitFor([&] { return !open; }));
     }
+}
+
+TEST_F(DatePickers, MayEndInAHandlerWhileTheCalendarIsOpen)
+{
+    std::shared_ptr<FormDatePicker> picker;
+    auto window = std::make_unique<QWidget>();
+    const std::pair<const char*, std::function<void()>> endings[]
+        = {{"element", [&] { picker.reset(); }}, {"view", [&] { delete picker->view(); }},
+            {"parent of the view", [&] { delete picker->view()->parentWidget(); }},
+            {"window", [&] { window.reset(); }}};
+    for (const auto& [name, end] : endings) {
+        SCOPED_TRACE(name);
+        picker = showPicker("2024-02-29T09:30:00+01:00", DatePickerMode::date);
+        auto* const parent = new QWidget(window.get());
+        parent->setLayout(new QVBoxLayout);
+        parent->layout()->addWidget(picker->view());
+        window->show();
+        QTest::keyClick(picker->focusableViews().front(), Qt::Key_F4);
+        const QPointer<CalendarPopup> popup = window->findChild<CalendarPopup*>();
+        ASSERT_TRUE(popup && popup->isVisible());
+        if (name == "window"s) {
+            end(); // which also ends the calendar, so not in its own handler
+        } else {
+            QObject::connect(popup->findChild<MonthCalendar*>(), &QCalendarWidget::currentPageChanged, end);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+        }
+        EXPECT_TRUE(waitFor([&] { return !popup; }));
+    }
+    // A day is chosen, and the handler ends the element.
+    picker = showPicker("2024-02-29T09:30:00+01:00", DatePickerMode::date);
+    picker->setValueChanged([&](FormElement&) { picker.reset(); });
+    QTest::keyClick(picker->focusableViews().front(), Qt::Key_F4);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Right);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(picker);
+    EXPECT_TRUE(waitFor([&] { return !window_.findChild<CalendarPopup*>(); }));
 }
 
 TEST_F(DatePickers, CanHaveNoDate)

@@ -4,15 +4,11 @@
 #include "Platform/Calendar/UserDateLocale.h"
 #include "ToolKit/Dates/SharedCalendar.h"
 
-#include <QMouseEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 namespace quor::formkit {
 
@@ -81,38 +77,20 @@ MonthCalendar::MonthCalendar(QWidget* parent)
 }
 
 CalendarPopup::CalendarPopup(QWidget& anchor, QWidget& button, QDate date)
-    : QFrame(&anchor, Qt::Popup)
-    , button_(&button)
+    : TransientPanel(anchor, button)
     , calendar_(new MonthCalendar(this))
 {
-    setAttribute(Qt::WA_DeleteOnClose);
-    setFrameStyle(QFrame::StyledPanel | QFrame::Raised);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 1, 1, 1);
     layout->addWidget(calendar_);
-    setFocusProxy(calendar_);
     calendar_->setSelectedDate(date);
     connect(calendar_, &QCalendarWidget::clicked, this, &CalendarPopup::choose);
     connect(calendar_, &QCalendarWidget::activated, this, &CalendarPopup::choose);
 }
 
-void CalendarPopup::open()
+QSize CalendarPopup::wantedSize(const QRect&) const
 {
-    const QWidget& anchor = *parentWidget();
-    const QSize size = sizeHint();
-    const QRect screen = anchor.screen()->availableGeometry();
-    const QRect place(anchor.mapToGlobal(QPoint()), anchor.size());
-    const bool isRightToLeft = layoutDirection() == Qt::RightToLeft;
-    const int left = isRightToLeft ? place.right() + 1 - size.width() : place.left();
-    const bool isBelow = place.bottom() + 1 + size.height() <= screen.bottom() + 1
-        || place.top() - size.height() < screen.top();
-    const int top = isBelow ? place.bottom() + 1 : place.top() - size.height();
-    const auto within = [](int value, int least, int most) { return std::max(std::min(value, most), least); };
-    setGeometry(QRect(QPoint(within(left, screen.left(), screen.right() + 1 - size.width()),
-                          within(top, screen.top(), screen.bottom() + 1 - size.height())),
-        size));
-    show();
-    calendar_->setFocus(Qt::PopupFocusReason);
+    return sizeHint();
 }
 
 void CalendarPopup::choose(QDate date)
@@ -121,14 +99,6 @@ void CalendarPopup::choose(QDate date)
         return; // a double click is a click too
     close();
     Q_EMIT chosen(date);
-}
-
-void CalendarPopup::mousePressEvent(QMouseEvent* event)
-{
-    const QPoint place = event->globalPosition().toPoint();
-    // Else the press would reach the button after it has closed the panel, and open it again.
-    setAttribute(Qt::WA_NoMouseReplay, button_ && button_->rect().contains(button_->mapFromGlobal(place)));
-    QFrame::mousePressEvent(event);
 }
 
 } // namespace quor::formkit

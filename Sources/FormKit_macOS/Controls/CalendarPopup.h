@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "FormKit_macOS/Panels/TransientPanel.h"
+
 #include <QCalendarWidget>
 #include <QDate>
-#include <QFrame>
-#include <QPointer>
 
 namespace quor::formkit {
 
@@ -16,16 +16,14 @@ public:
     explicit MonthCalendar(QWidget* parent = nullptr);
 };
 
-/// A calendar in a panel that stands below a view, above it where there is no room, and closes on a press
-/// elsewhere and on Escape. Deletes itself when it has closed. Main thread only.
-class CalendarPopup final : public QFrame {
+/// A calendar in a panel that drops down from a date field. Main thread only.
+class CalendarPopup final : public TransientPanel {
     Q_OBJECT
 
 public:
-    /// `anchor` is also the owner. A press on `button`, which opens the panel, only closes it.
+    /// A press on `button`, which opens the panel, only closes it.
     CalendarPopup(QWidget& anchor, QWidget& button, QDate date);
 
-    void open();
     void setDate(QDate date) { calendar_->setSelectedDate(date); }
 
 Q_SIGNALS:
@@ -33,12 +31,12 @@ Q_SIGNALS:
     void chosen(QDate date);
 
 protected:
-    void mousePressEvent(QMouseEvent* event) override;
+    [[nodiscard]] QSize wantedSize(const QRect& screen) const override;
+    [[nodiscard]] QWidget& keyboardReceiver() const override { return *calendar_; }
 
 private:
     void choose(QDate date);
 
-    QPointer<QWidget> button_;
     MonthCalendar* calendar_;
 };
 

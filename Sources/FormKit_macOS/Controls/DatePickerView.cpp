@@ -236,12 +236,6 @@ bool DatePickerView::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
-void DatePickerView::hideEvent(QHideEvent* event)
-{
-    QWidget::hideEvent(event);
-    closeCalendar();
-}
-
 void DatePickerView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);

@@ -61,7 +61,7 @@ void FormDetailActionButton::showToolTip()
         return;
     platformToolTip_ = new toolkit::PlatformToolTip(superview);
     const QPalette& colors = button()->palette();
-    // The reverse of the form, from which it would not be told apart otherwise.
+    // The reverse of the form, so that it stands out.
     platformToolTip_->setBgColor(colors.color(QPalette::Active, QPalette::WindowText));
     platformToolTip_->setTitleColor(colors.color(QPalette::Active, QPalette::Window));
     platformToolTip_->setLabel(singleLine(shownToolTip()));
@@ -81,7 +81,7 @@ void FormDetailActionButton::updateButton()
     button()->setImage(platform::Bundle::main(), image, image.endsWith(u"Template"_s));
     button()->setTitle(name);
     button()->setToolTip(shownToolTip().isEmpty() ? QString() : plainToolTip(shownToolTip()));
-    // The name stays, as whether the button is on is told beside it.
+    // Constant, since screen readers also say whether the button is on.
     button()->setAccessibleName(singleLine(name.isEmpty() ? toolTip() : name));
     button()->setAccessibleDescription(shownToolTip());
 }
