@@ -11,7 +11,7 @@ DetailButton::DetailButton(Kind kind, const QString& symbol, const QString& tool
     button_->setCheckable(kind == Kind::toggle);
     button_->setFocusPolicy(Qt::TabFocus);
     // Symbols differ in width, the inputs beside them should not.
-    button_->setMinimumWidth(button_->sizeHint().height() * 5 / 4);
+    button_->setMinimumWidth(button_->sizeHint().height() * 4 / 3);
     setToolTip(toolTip);
     QObject::connect(
         button_.get(), &QToolButton::clicked, button_.get(), platform::whileAlive(*this, [this](bool) {
