@@ -21,7 +21,7 @@ ColorChooser::ColorChooser(const QColor& color, QWidget& anchor)
     watched_.lost = [this] { close(); };
 }
 
-void ColorChooser::open()
+void ColorChooser::present()
 {
     setModal(false);
     show();
@@ -34,6 +34,15 @@ void ColorChooser::changeEvent(QEvent* event)
     QColorDialog::changeEvent(event);
     if (event->type() == QEvent::EnabledChange && !isEnabled())
         close(); // it is disabled together with the window
+}
+
+void ColorChooser::done(int result)
+{
+    const bool hadKeyboard = isActiveWindow();
+    QColorDialog::done(result);
+    // Some window managers would give the keyboard to the window below a popover.
+    if (hadKeyboard && parentWidget()->isVisible())
+        parentWidget()->activateWindow();
 }
 
 } // namespace quor::formkit

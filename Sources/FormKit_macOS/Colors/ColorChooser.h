@@ -18,10 +18,11 @@ public:
     ColorChooser(const QColor& color, QWidget& anchor);
 
     /// Shows the dialog, above its window and with the keyboard.
-    void open();
+    void present();
 
 protected:
     void changeEvent(QEvent* event) override;
+    void done(int result) override;
 
 private:
     platform::PopoverAnchor watched_;

@@ -5,6 +5,7 @@
 #include "ToolKit/Colors/ColorOperations.h"
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -31,13 +32,13 @@ const char* hueKey(double degrees)
         double end; ///< not included
         const char* key;
     };
-    static constexpr Range ranges[] = {{10, "FormColorRed"}, {25, "FormColorRedOrange"},
+    static constexpr auto ranges = std::to_array<Range>({{10, "FormColorRed"}, {25, "FormColorRedOrange"},
         {45, "FormColorOrange"}, {70, "FormColorYellow"}, {100, "FormColorYellowGreen"},
         {150, "FormColorGreen"}, {185, "FormColorTurquoise"}, {210, "FormColorSkyBlue"},
-        {245, "FormColorBlue"}, {290, "FormColorViolet"}, {345, "FormColorPink"}};
-    const auto* const found = std::find_if(
-        std::begin(ranges), std::end(ranges), [&](const Range& range) { return degrees < range.end; });
-    return found == std::end(ranges) ? "FormColorRed" : found->key;
+        {245, "FormColorBlue"}, {290, "FormColorViolet"}, {345, "FormColorPink"}});
+    const auto* const found
+        = std::find_if(ranges.begin(), ranges.end(), [&](const Range& range) { return degrees < range.end; });
+    return found == ranges.end() ? "FormColorRed" : found->key;
 }
 
 QString nameOf(const QColor& color)
@@ -49,7 +50,7 @@ QString nameOf(const QColor& color)
     const bool isGray = most - least < leastChroma;
     const double degrees = isGray ? 0 : color.hslHueF() * 360;
     const bool isBrown = !isGray && degrees >= 10 && degrees < 45 && lightness < mostBrown;
-    const QString name = text(isBrown ? "FormColorBrown" : isGray ? grayKey(lightness) : hueKey(degrees));
+    QString name = text(isBrown ? "FormColorBrown" : isGray ? grayKey(lightness) : hueKey(degrees));
     const bool isExtreme = isBrown || (isGray && name != text("FormColorGray"));
     if (isExtreme || (lightness >= mostDark && lightness <= leastLight))
         return name;

@@ -43,7 +43,7 @@ void ColorWell::openChooser()
         // Later, as the dialog still needs itself after it has reported the colour.
         connect(chooser_, &QColorDialog::colorSelected, this, &ColorWell::colorChosen, Qt::QueuedConnection);
     }
-    chooser_->open();
+    chooser_->present();
 }
 
 void ColorWell::changeEvent(QEvent* event)

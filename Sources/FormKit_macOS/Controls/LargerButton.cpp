@@ -46,6 +46,7 @@ LargerButton::LargerButton(QWidget* parent)
     setAutoDefault(true);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     spinnerStart_.setSingleShot(true);
+    spinnerStart_.setTimerType(Qt::PreciseTimer);
     spinnerStart_.setInterval(100ms);
     spinnerStart_.callOnTimeout(this, [this] { progressSpinner_->startSpinning(1); });
 }
