@@ -11,6 +11,11 @@ namespace {
 
 const auto path = "/org/freedesktop/portal/desktop"_L1;
 
+QString nameOf(const QString& group, const QString& key)
+{
+    return group + u'/' + key;
+}
+
 } // namespace
 
 SettingsPortal::SettingsPortal(QVariant value)
@@ -22,15 +27,15 @@ SettingsPortal::SettingsPortal(QVariant value)
 
 void SettingsPortal::change(const QString& key, const QVariant& value, const QString& group)
 {
-    value_ = value;
+    changed_.insert(nameOf(group, key), value);
     auto signal = QDBusMessage::createSignal(path, u"org.freedesktop.portal.Settings"_s, u"SettingChanged"_s);
     signal << group << key << QVariant::fromValue(QDBusVariant(value));
     bus_.connection().send(signal);
 }
 
-QDBusVariant SettingsPortal::Read(const QString&, const QString&) const
+QDBusVariant SettingsPortal::Read(const QString& group, const QString& key) const
 {
-    return QDBusVariant(QVariant::fromValue(QDBusVariant(value_)));
+    return QDBusVariant(QVariant::fromValue(QDBusVariant(changed_.value(nameOf(group, key), value_))));
 }
 
 } // namespace quor::test
