@@ -371,8 +371,8 @@ TEST_F(FormPresentationTest, EveryPartCanEndWithinAHandlerOrWhileSomethingIsUnde
         [&] { // a view that a stack still needs
             for (const bool isWhole : {true, false}) {
                 form->showForm(std::make_shared<OtherForm>(u"Third"_s));
-                endWithWindow(isWhole ? container->view()
-                                      : *container->formRenderViewControllers().back()->viewIfLoaded());
+                endWithWindow(
+                    isWhole ? container->view() : container->formRenderViewControllers().back()->view());
                 container->pop();
                 EXPECT_EQ(depth(), 1U);
                 endWithWindow(*root().viewIfLoaded());

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QPainter>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 using quor::toolkit::BezelType;
 using quor::toolkit::ClickType;
@@ -36,11 +38,11 @@ void addTypes(formkit::Form& form)
 
 void addBezels(formkit::Form& form)
 {
-    const std::pair<BezelType, QString> bezels[] = {
+    const auto bezels = std::to_array<std::pair<BezelType, QString>>({
         {BezelType::filled, u"RoundedFilled"_s},
         {BezelType::mouseOverFill, u"RoundedMouseOver"_s},
         {BezelType::none, u"RoundedNone"_s},
-    };
+    });
     for (const auto& [bezel, labelKey] : bezels) {
         const auto row = addRow(form, labelKey);
         for (const auto* titleKey : {u"RoundedOff", u"RoundedOn", u"RoundedDisabled"}) {

@@ -113,7 +113,12 @@ void FormDropDown::show(QWidget& anchor)
         platform::whileAlive(*this, [this, shown = items_.shared()](int chosen) { choose(shown, chosen); }));
     const auto update = platform::whileAlive(*this, [this] { updateButton(); });
     QObject::connect(panel_, &DropdownPanel::closed, panel_, update);
-    QObject::connect(panel_, &QObject::destroyed, update); // with its window
+    // It can end with its window, and by then another one can be open.
+    QObject::connect(panel_, &QObject::destroyed, platform::whileAlive(*this, [this, ended = panel_] {
+        if (panel_ == ended)
+            panel_ = nullptr;
+        updateButton();
+    }));
     panel_->open();
     updateButton();
 }

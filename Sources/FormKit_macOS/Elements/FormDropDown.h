@@ -57,7 +57,7 @@ private:
     DropdownItems items_;
     platform::WidgetHandle<PopUpButton> button_ = platform::makeWidget<PopUpButton>();
     std::optional<int> selectedIndex_;
-    QPointer<DropdownPanel> panel_;
+    DropdownPanel* panel_ = nullptr; // null once it is destroyed
 };
 
 } // namespace quor::formkit

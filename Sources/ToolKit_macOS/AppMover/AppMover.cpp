@@ -17,7 +17,6 @@
 #include <unistd.h>
 
 using namespace Qt::StringLiterals;
-using quor::platform::ApplicationBundle;
 using quor::platform::ApplicationInstaller;
 using quor::platform::InstallResult;
 

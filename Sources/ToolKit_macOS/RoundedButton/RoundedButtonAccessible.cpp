@@ -25,7 +25,7 @@ RoundedButton& RoundedButtonAccessible::button() const
 
 QString RoundedButtonAccessible::text(QAccessible::Text what) const
 {
-    const QString text = QAccessibleWidget::text(what);
+    QString text = QAccessibleWidget::text(what);
     if (text.isEmpty() && what == QAccessible::Name)
         return button().shownTitle();
     if (text.isEmpty() && what == QAccessible::Description)
