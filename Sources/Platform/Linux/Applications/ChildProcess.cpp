@@ -4,10 +4,12 @@
 #include <QEventLoop>
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <spawn.h>
 #include <sys/mman.h>
 #include <sys/syscall.h>
@@ -19,6 +21,7 @@ namespace quor::platform {
 namespace {
 
 constexpr std::size_t errorLimit = 4096;
+constexpr std::size_t pipeCapacity = 65536; // so that one read empties it
 
 void addFile(posix_spawn_file_actions_t& actions, int file, int standardFile, int openMode)
 {
@@ -28,9 +31,22 @@ void addFile(posix_spawn_file_actions_t& actions, int file, int standardFile, in
         posix_spawn_file_actions_addopen(&actions, standardFile, "/dev/null", openMode, 0);
 }
 
+/// Can be read once the process has ended. Empty if the system offers no such file.
+FileDescriptor endingOf(pid_t process)
+{
+    return FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
+}
+
+int statusAtEnd(pid_t process)
+{
+    int status = 0;
+    while (::waitpid(process, &status, 0) < 0 && errno == EINTR) { }
+    return status;
+}
+
 void waitWithEvents(pid_t process)
 {
-    const FileDescriptor ending(static_cast<int>(::syscall(SYS_pidfd_open, process, 0)));
+    const FileDescriptor ending = endingOf(process);
     if (!ending)
         return; // then waitpid waits without events
     QEventLoop loop;
@@ -51,7 +67,8 @@ Pipe Pipe::make()
     return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
 }
 
-std::error_code startProgram(std::vector<QByteArray> arguments, const StandardFiles& files, pid_t& process)
+std::error_code startProgram(
+    std::vector<QByteArray> arguments, const StandardFiles& files, pid_t& process, const QByteArray& folder)
 {
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -59,6 +76,8 @@ std::error_code startProgram(std::vector<QByteArray> arguments, const StandardFi
     addFile(actions, files.output, STDOUT_FILENO, O_WRONLY);
     addFile(actions, files.error, STDERR_FILENO, O_WRONLY);
     posix_spawn_file_actions_addclosefrom_np(&actions, STDERR_FILENO + 1);
+    if (!folder.isEmpty())
+        posix_spawn_file_actions_addchdir_np(&actions, folder.constData());
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     sigset_t signals;
@@ -80,6 +99,24 @@ std::error_code startProgram(std::vector<QByteArray> arguments, const StandardFi
     return {error, std::generic_category()};
 }
 
+QByteArray outputUntilEnd(pid_t process, const FileDescriptor& output, qsizetype limit)
+{
+    const FileDescriptor ending = endingOf(process);
+    ::fcntl(output.get(), F_SETFL, O_NONBLOCK);
+    QByteArray result;
+    std::array<char, pipeCapacity> part{};
+    for (bool isOpen = true; isOpen;) {
+        std::array<pollfd, 2> files{{{output.get(), POLLIN, 0}, {ending.get(), POLLIN, 0}}};
+        ::poll(files.data(), files.size(), -1);
+        const auto count = ::read(output.get(), part.data(), part.size());
+        if (count > 0)
+            result.append(part.data(), std::min<qsizetype>(count, limit - result.size()));
+        isOpen = count != 0 && files.back().revents == 0;
+    }
+    (void)statusAtEnd(process);
+    return result;
+}
+
 ProgramEnd runProgram(const std::vector<QByteArray>& arguments)
 {
     // A file in memory, since a program that writes more than a pipe holds would wait for a reader.
@@ -88,8 +125,7 @@ ProgramEnd runProgram(const std::vector<QByteArray>& arguments)
     if (const auto error = startProgram(arguments, {-1, -1, errors.get()}, process))
         return {std::nullopt, QByteArray::fromStdString(error.message())};
     waitWithEvents(process);
-    int status = 0;
-    while (::waitpid(process, &status, 0) < 0 && errno == EINTR) { }
+    const int status = statusAtEnd(process);
     ProgramEnd end;
     if (WIFEXITED(status))
         end.exitStatus = WEXITSTATUS(status);

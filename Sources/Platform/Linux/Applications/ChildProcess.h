@@ -31,9 +31,15 @@ struct StandardFiles {
 };
 
 /// Starts a program in a session of its own. `arguments` begins with its name, which is searched for in
-/// `PATH` if it has no slash. Stores its process in `process`. Any thread.
-[[nodiscard]] std::error_code startProgram(
-    std::vector<QByteArray> arguments, const StandardFiles& files, pid_t& process);
+/// `PATH` if it has no slash. Its working folder is `folder`, or that of this process if that is empty.
+/// Stores its process in `process`. Any thread.
+[[nodiscard]] std::error_code startProgram(std::vector<QByteArray> arguments, const StandardFiles& files,
+    pid_t& process, const QByteArray& folder = {});
+
+/// Waits until the program has ended, and returns the first `limit` bytes that come out of the pipe until
+/// then; the rest is read and dropped. Programs that it has started may keep the pipe open for longer. Any
+/// thread.
+[[nodiscard]] QByteArray outputUntilEnd(pid_t process, const FileDescriptor& output, qsizetype limit);
 
 /// How a program has ended.
 struct ProgramEnd {
