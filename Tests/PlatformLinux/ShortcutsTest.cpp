@@ -56,7 +56,7 @@ protected:
     /// A pipe in the home folder. Its readers wait until it has been opened for writing and closed.
     QByteArray makeGate() const
     {
-        const QByteArray gate = QFile::encodeName(home.filePath(u"gate"_s));
+        QByteArray gate = QFile::encodeName(home.filePath(u"gate"_s));
         EXPECT_EQ(::mkfifo(gate.constData(), 0600), 0);
         return gate;
     }
@@ -166,7 +166,7 @@ TEST_F(ShortcutsTest, PassesArgumentsInputAndResult)
         {"Exec=quor-no-such-program", std::nullopt, std::nullopt},
         {"Exec=sh -c \"echo out; exit 3\"", std::nullopt, u"out\n"_s},
         {"Exec=true", QString(5'000'000, u'x'), u""_s},
-        {"Exec=head -c 3000000 /dev/zero", std::nullopt, QString(1024 * 1024, u'\0')},
+        {"Exec=head -c 3000000 /dev/zero", std::nullopt, QString(1'048'576, u'\0')},
         // It leaves a program behind that keeps its output open.
         {R"(Exec=sh -c "cat \\"\\$XDG_DATA_HOME/gate\\" & echo out")", std::nullopt, u"out\n"_s},
     };

@@ -77,10 +77,12 @@ QByteArray unescaped(const QByteArray& value)
 
 QString localized(const Keys& keys, const QByteArray& key, const QByteArrayList& locales)
 {
-    QByteArray value = keys.value(key);
-    for (auto locale = locales.crbegin(); locale != locales.crend(); ++locale)
-        value = keys.value(key + '[' + *locale + ']', value);
-    return QString::fromUtf8(unescaped(value));
+    for (const auto& locale : locales) {
+        const auto found = keys.constFind(key + '[' + locale + ']');
+        if (found != keys.cend())
+            return QString::fromUtf8(unescaped(*found));
+    }
+    return QString::fromUtf8(unescaped(keys.value(key)));
 }
 
 struct Argument {
@@ -187,16 +189,15 @@ private:
             return name_;
         case 'k':
             return path_;
-        case 'f':
+        case 'f': // a file, of which there is none
         case 'u':
-            return ""; // a file, of which there is none
-        case 'd':
+        case 'd': // this one and the rest are not used any more
         case 'D':
         case 'n':
         case 'N':
         case 'v':
         case 'm':
-            return ""; // not used any more
+            return "";
         default:
             return std::nullopt;
         }

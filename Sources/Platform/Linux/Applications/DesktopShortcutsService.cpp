@@ -20,8 +20,8 @@ namespace quor::platform {
 namespace {
 
 constexpr const char* suffix = ".desktop";
-constexpr qint64 fileLimit = 256 * 1024;
-constexpr qsizetype resultLimit = 1024 * 1024;
+constexpr qint64 fileLimit = 262'144;
+constexpr qsizetype resultLimit = 1'048'576;
 constexpr int depthLimit = 16;
 constexpr mode_t folderMode = 0700;
 
